@@ -1,0 +1,75 @@
+#include "app/arranque.h"
+
+#include "shared/archivo.h"
+#include "shared/numeros.h"
+#include "shared/rutas.h"
+#include "shared/texto.h"
+
+#include <cstdlib>
+#include <fcntl.h>
+#include <unistd.h>
+
+std::string fRaizDeOrdenes(const std::vector<std::string> &lstArgumentos,
+                           std::string_view strCarpetaPrograma, std::string_view strCarpetaTrabajo)
+{
+    constexpr std::string_view strMarca = "___";
+    std::string strOrden;
+    for (const std::string &strArgumento : lstArgumentos) {
+        strOrden += strOrden.empty() && &strArgumento == &lstArgumentos.front() ? "" : " ";
+        strOrden += strArgumento;
+    }
+    if (!strOrden.starts_with(strMarca)) {
+        return fBarraFinal(strCarpetaPrograma, false);
+    }
+    return fBarraFinal(fRutaAbsoluta(strOrden.substr(strMarca.size()), strCarpetaTrabajo), false);
+}
+
+bool fProbarEscritura(const std::string &strRaiz)
+{
+    const std::string strPrueba = strRaiz + "prueba_escritura.txt";
+    clsDescriptor prueba{open(strPrueba.c_str(),
+                              O_WRONLY | O_CREAT | O_TRUNC | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC,
+                              0666)};
+    if (!prueba.fAbierto()) {
+        return false;
+    }
+    const bool bolBien = prueba.fCerrar() == 0;
+    unlink(strPrueba.c_str());
+    return bolBien;
+}
+
+std::string fRutaTemporal()
+{
+    const char *const strVariable = std::getenv("TMPDIR");
+    const bool bolVale = strVariable != nullptr && *strVariable == '/';
+    return fBarraFinal(bolVale ? strVariable : "/tmp", false);
+}
+
+std::optional<clsAjusteMalo> fLeerPreferencias(clsAjustes &ajustes, clsPreferencias &preferencias)
+{
+    struct clsFila {
+        const char *strClave;
+        int intDefecto;
+        bool bolIndice; ///< only 0, 1 and 2
+    };
+    static constexpr clsFila lstFilas[] = {
+        {"ANCHO",     3000, false},
+        {"TAM_MINI",  2,    true },
+        {"FOTOVIDEO", 2,    true },
+    };
+    std::vector<int> lstValores;
+    for (const clsFila &fila : lstFilas) {
+        const std::string strValor = ajustes.fConsultar(strSeccionGeneral, fila.strClave);
+        const auto intValor = strValor.empty() ? fila.intDefecto : fLeerEntero(strValor);
+        if (!intValor || (fila.bolIndice && (*intValor < 0 || *intValor > 2))) {
+            return clsAjusteMalo{fila.strClave, fTextoPantalla(strValor)};
+        }
+        lstValores.push_back(*intValor);
+    }
+    for (const clsFila &fila : lstFilas) {
+        static_cast<void>(
+            ajustes.fLeerIni(strSeccionGeneral, fila.strClave, std::to_string(fila.intDefecto)));
+    }
+    preferencias = {lstValores[0], lstValores[1], static_cast<Medios>(lstValores[2])};
+    return {};
+}

@@ -1,0 +1,50 @@
+#pragma once
+
+#include "shared/archivo.h"
+
+#include <string>
+
+/// How building the catalogue ended. Only in the first case was it replaced.
+enum class Construccion {
+    Hecha,        ///< the new catalogue stands
+    Ocupada,      ///< another Miravel builds or corrects in this archive
+    RaizIlegible, ///< the root folder could not be read (the receiver was told)
+    SinEscribir,  ///< writing failed, see intError
+    Interrumpida  ///< the receiver ended the walk
+};
+
+struct clsConstruccion {
+    Construccion construccion = Construccion::Hecha;
+    int intError = 0;
+};
+
+/// What the builder asks of its surroundings while it works.
+class clsObservador {
+public:
+    virtual ~clsObservador() = default;
+    /// The folder that is being recorded (full path with a trailing "/").
+    virtual void fCarpeta(const std::string &strCarpeta) = 0;
+    /// A folder could not be read to its end.
+    virtual void fError(int intError) = 0;
+    /// Lets events run, at least every 50 ms; false ends the build.
+    [[nodiscard]] virtual bool fCeder() = 0;
+};
+
+/// Walks the archive and replaces its catalogue, whole or not at all. Where there is none yet, an
+/// empty one stands during the walk, which records it as a file like any other.
+/// @param strRaiz  root folder with a trailing "/".
+/// @param intHilos threads that read ahead; 0: the usual number.
+[[nodiscard]] clsConstruccion fConstruir(const std::string &strRaiz, clsObservador &observador,
+                                         int intHilos = 0);
+
+/// The right to write an archive's catalogue, held by one program at a time (flock on the root).
+class clsCerrojoArchivo {
+public:
+    /// fTenido tells whether it was free. A file system without locks counts as free.
+    explicit clsCerrojoArchivo(const std::string &strRaiz);
+    [[nodiscard]] bool fTenido() const { return m_bolTenido; }
+
+private:
+    clsDescriptor m_carpeta;
+    bool m_bolTenido = false;
+};

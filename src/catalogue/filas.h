@@ -1,0 +1,86 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <unordered_map>
+#include <vector>
+
+/// Field codes of a row.
+enum class Campo { Ruta = 0, Nombre = 1, Fecha = 2, Tamano = 3, Carpeta = 4 };
+
+/// The list: one row per listed file, in display order, with its tick. It holds the file's name,
+/// date text, size and folder; about 60 bytes a row, since folders are shared and dates packed.
+///
+/// Positions count from 0 in display order. Paths are bytes. Every change of which rows there are
+/// or of their order raises fRevision.
+class clsFilas {
+public:
+    [[nodiscard]] int fCantidad() const { return static_cast<int>(m_lstOrden.size()); }
+    [[nodiscard]] bool fVacia() const { return m_lstOrden.empty(); }
+    [[nodiscard]] std::uint64_t fRevision() const { return m_lngRevision; }
+
+    /// The fields of a row; the position must be below fCantidad.
+    [[nodiscard]] std::string_view fNombre(int lngPos) const;
+    [[nodiscard]] std::string_view fCarpeta(int lngPos) const;
+    [[nodiscard]] std::string fRuta(int lngPos) const;
+    [[nodiscard]] std::string fFecha(int lngPos) const;
+    [[nodiscard]] std::int64_t fTamano(int lngPos) const;
+
+    [[nodiscard]] bool fMarcada(int lngPos) const;
+    void fMarcar(int lngPos, bool bolMarca);
+    [[nodiscard]] int fContarMarcados() const;
+
+    /// The last position whose full path is exactly this one; -1 when there is none.
+    [[nodiscard]] int fBuscarRuta(std::string_view strRuta) const;
+
+    void fVaciar();
+    /// Adds a row at the end. strRuta: full path; strFecha: date text as it stands; lngBytes: size.
+    void fAgregarFila(std::string_view strRuta, std::string_view strFecha, std::int64_t lngBytes);
+    /// Room for texts of that many bytes, so that adding rows moves nothing.
+    void fReservar(std::size_t lngBytesTexto);
+
+    /// What a row is ordered by, without building texts.
+    struct clsClave {
+        std::uint64_t lngFecha; ///< the date's digits as one number; meaningless if not packed
+        bool bolEmpaquetada;    ///< the date text has the form "nnnn/nn/nn nn:nn:nn"
+        std::int64_t lngBytes;
+        std::uint32_t lngCarpeta; ///< number of the folder, see fTextoCarpeta
+    };
+    /// Rows by their fixed number (order of adding), and the display order as such numbers.
+    [[nodiscard]] clsClave fClave(std::uint32_t lngFila) const;
+    [[nodiscard]] std::string_view fTextoNombre(std::uint32_t lngFila) const;
+    [[nodiscard]] std::string fTextoFecha(std::uint32_t lngFila) const;
+    [[nodiscard]] const std::vector<std::string> &fTextosCarpeta() const { return m_lstCarpetas; }
+    [[nodiscard]] const std::vector<std::uint32_t> &fOrden() const { return m_lstOrden; }
+    /// Takes a new display order: a permutation of the row numbers.
+    void fReordenar(std::vector<std::uint32_t> lstOrden);
+
+private:
+    struct clsFila {
+        std::uint64_t lngTexto;   ///< where the name starts in m_strTextos
+        std::uint64_t lngFecha;   ///< packed digits; or, with the top bit, start of the date text
+        std::int64_t lngBytes;    ///< size of the file
+        std::uint32_t lngNombre;  ///< length of the name
+        std::uint32_t lngCarpeta; ///< index into m_lstCarpetas
+    };
+    [[nodiscard]] const clsFila &fFila(int lngPos) const
+    {
+        return m_lstFilas[m_lstOrden[static_cast<std::size_t>(lngPos)]];
+    }
+    std::uint32_t fNumeroCarpeta(std::string_view strCarpeta);
+
+    std::string m_strTextos;
+    std::vector<clsFila> m_lstFilas;
+    std::vector<std::uint32_t> m_lstOrden;
+    std::vector<bool> m_lstMarcas;
+    std::vector<std::string> m_lstCarpetas;
+    std::unordered_map<std::string, std::uint32_t> m_mapCarpetas;
+    std::uint64_t m_lngRevision = 0;
+};
+
+/// A field of a row counted from 1, as the other windows read it; date and size without the blanks
+/// around them. Empty for a row or a code that does not exist.
+/// @param strTamano builds the text of the size column from bytes.
+[[nodiscard]] std::string fCampo(const clsFilas &filas, int lngFila, Campo campo,
+                                 const struct clsSignos &signos);

@@ -1,0 +1,29 @@
+#pragma once
+
+#include "catalogue/filas.h"
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+
+/// Why reading a catalogue stopped.
+struct clsFallo {
+    std::int64_t lngLinea = 0; ///< from 1
+    std::string strTexto;      ///< what stands where a size was expected
+};
+
+/// What reading a catalogue gave besides the rows.
+struct clsLectura {
+    std::int64_t lngTotalKB = 0;   ///< size of all rows, whole kilobytes, rest dropped
+    std::optional<clsFallo> fallo; ///< empty: everything was read
+};
+
+/// Adds a row for every record of the catalogue whose path has one of the extensions (see medios.h)
+/// and is not hidden. The format is described in registro.h.
+///
+/// Nothing is validated: records are told apart by counting lines, a final incomplete one is
+/// ignored, a line too few shifts all that follows. Only a size that is no number stops the
+/// reading; the rows before it stay.
+[[nodiscard]] clsLectura fLeerCatalogo(std::string_view strBytes, std::string_view strExtensiones,
+                                       clsFilas &filas);

@@ -1,0 +1,42 @@
+#pragma once
+
+#include <functional>
+#include <string>
+#include <string_view>
+
+/// Who receives what the walk finds. All calls come from the thread that called fRecorrer.
+class clsReceptor {
+public:
+    virtual ~clsReceptor() = default;
+    /// A folder's records are next (full path with a trailing "/").
+    virtual void fCarpeta(const std::string &strCarpeta) = 0;
+    /// Catalogue lines of some of the folder's files; false ends the walk.
+    [[nodiscard]] virtual bool fRegistros(std::string_view strLineas) = 0;
+    /// Reading the folder failed; its remaining files and all its subfolders are left out.
+    virtual void fError(int intError) = 0;
+    /// Runs between two folders and at least every 50 ms; false ends the walk.
+    [[nodiscard]] virtual bool fCeder() = 0;
+};
+
+/// How a walk ended.
+struct clsRecorrido {
+    bool bolInterrumpido = false; ///< the receiver ended it
+    int intErrorRaiz = 0;         ///< error number when the root folder could not be read whole
+};
+
+struct clsOpcionesRecorrido {
+    int intHilos = 0; ///< threads that read ahead; 0: as many as suit slow disks
+    /// Names in the root folder that are not recorded.
+    std::function<bool(std::string_view)> fOmitirEnRaiz;
+};
+
+/// Walks the tree below strRaiz (with a trailing "/") and hands over a catalogue record of every
+/// file, depth first: a folder's files in the order of the file system, then its subfolders one
+/// after the other.
+///
+/// Folder links are not entered; links to regular files count as files, with their target's date
+/// and size. Links that lead nowhere, pipes, sockets and devices are passed over, and so is a file
+/// that vanished since its folder was listed. Depth of the tree and length of paths have no limit,
+/// and only a few folders are open at a time.
+[[nodiscard]] clsRecorrido fRecorrer(const std::string &strRaiz,
+                                     const clsOpcionesRecorrido &opciones, clsReceptor &receptor);

@@ -1,0 +1,96 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <ctime>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <sys/types.h>
+#include <utility>
+
+/// An open file or folder; closed when it goes out of scope. -1 holds nothing.
+class clsDescriptor {
+public:
+    clsDescriptor() = default;
+    explicit clsDescriptor(int intFd) : m_intFd(intFd) {}
+    clsDescriptor(clsDescriptor &&otro) noexcept : m_intFd(std::exchange(otro.m_intFd, -1)) {}
+    clsDescriptor &operator=(clsDescriptor &&otro) noexcept
+    {
+        std::swap(m_intFd, otro.m_intFd);
+        return *this;
+    }
+    clsDescriptor(const clsDescriptor &) = delete;
+    clsDescriptor &operator=(const clsDescriptor &) = delete;
+    ~clsDescriptor();
+
+    [[nodiscard]] int fFd() const { return m_intFd; }
+    [[nodiscard]] bool fAbierto() const { return m_intFd >= 0; }
+    /// Closes it and forgets it; 0, or the error number that close reported.
+    int fCerrar();
+
+private:
+    int m_intFd = -1;
+};
+
+/// What identifies the content of a regular file without reading it.
+struct clsHuella {
+    std::int64_t lngBytes = 0;
+    std::int64_t lngNanosegundos = 0; ///< modification time since 1970
+    friend bool operator==(const clsHuella &, const clsHuella &) = default;
+};
+
+/// Opens a regular file for reading. Pipes, sockets and devices are refused without waiting for
+/// them (error EINVAL), folders with EISDIR.
+/// @param intError set to the error number when the result is closed.
+/// @param huella   set when the file was opened, may be null.
+[[nodiscard]] clsDescriptor fAbrirRegular(const std::string &strRuta, int &intError,
+                                          clsHuella *huella = nullptr);
+
+/// Size and time of a regular file (links followed); nothing when there is none of that path.
+[[nodiscard]] std::optional<clsHuella> fHuella(const std::string &strRuta);
+
+/// Whether a regular file of that path exists (links followed).
+[[nodiscard]] bool fExisteArchivo(const std::string &strRuta);
+
+/// Whether a folder of that path exists (links followed).
+[[nodiscard]] bool fExisteCarpeta(const std::string &strRuta);
+
+/// Reads a regular file as a whole; nothing on any error, whose number goes to intError.
+[[nodiscard]] std::optional<std::string> fLeerArchivo(const std::string &strRuta, int &intError);
+
+/// Writes all bytes; 0 or the error number.
+[[nodiscard]] int fEscribirTodo(int intFd, std::string_view strBytes);
+
+/// Replaces a file whole or not at all: the bytes go to a temporary file of the same folder, which
+/// takes the final name only in fConfirmar. Without it the destructor deletes the temporary file.
+class clsReemplazo {
+public:
+    /// Creates the temporary file; fError tells whether that worked. The permission bits are those
+    /// of the file that is replaced, else the usual ones.
+    explicit clsReemplazo(std::string strRuta);
+    ~clsReemplazo();
+    clsReemplazo(const clsReemplazo &) = delete;
+    clsReemplazo &operator=(const clsReemplazo &) = delete;
+
+    /// The first error number so far, 0 when all went well. After an error nothing more is written.
+    [[nodiscard]] int fError() const { return m_intError; }
+    void fEscribir(std::string_view strBytes);
+    /// Flushes to the disk and renames into place.
+    /// @param bolCarpeta also flushes the folder, so that the new name survives a power cut.
+    /// @return 0 or the error number; on an error the old file is untouched.
+    [[nodiscard]] int fConfirmar(bool bolCarpeta);
+
+    /// Whether a name is that of a temporary file of this class for a file of name strDestino.
+    [[nodiscard]] static bool fEsTemporal(std::string_view strNombre, std::string_view strDestino);
+
+private:
+    void fDescartar();
+
+    std::string m_strRuta;
+    std::string m_strTemporal;
+    clsDescriptor m_descriptor;
+    int m_intError = 0;
+    std::int64_t m_lngEscritos = 0;
+    std::int64_t m_lngEnviados = 0;
+};

@@ -1,0 +1,69 @@
+#include "shared/formato_fecha.h"
+
+#include "shared/texto.h"
+
+#include <clocale>
+#include <cstdlib>
+#include <langinfo.h>
+
+namespace {
+
+/// The locale name that counts for dates, in the order POSIX gives the variables.
+std::string fNombreLocale()
+{
+    for (const char *const strVariable : {"LC_ALL", "LC_TIME", "LANG"}) {
+        const char *const strValor = std::getenv(strVariable);
+        if (strValor != nullptr && *strValor != '\0') {
+            return strValor;
+        }
+    }
+    return "C";
+}
+
+bool fEsNeutro(std::string_view strNombre)
+{
+    return fIgualSinCaja(strNombre, "C") || fIgualSinCaja(strNombre, "POSIX") ||
+           fIgualSinCaja(strNombre, "C.UTF-8") || fIgualSinCaja(strNombre, "C.utf8");
+}
+
+} // namespace
+
+std::string fFormatoFechaCorto(std::string_view strDFmt)
+{
+    std::string strFormato;
+    for (std::size_t lng = 0; lng < strDFmt.size(); ++lng) {
+        if (strDFmt[lng] != '%' || lng + 1 == strDFmt.size()) {
+            strFormato += strDFmt[lng];
+            continue;
+        }
+        const char chr = strDFmt[++lng];
+        if (chr == 'd') {
+            strFormato += "dd";
+        } else if (chr == 'm') {
+            strFormato += "MM";
+        } else if (chr == 'y' || chr == 'Y') {
+            strFormato += "yyyy";
+        } else {
+            strFormato += chr;
+        }
+    }
+    return strFormato;
+}
+
+std::string fDFmtUsuario()
+{
+    const std::string strNombre = fNombreLocale();
+    const locale_t loc =
+        fEsNeutro(strNombre) ? nullptr : newlocale(LC_TIME_MASK, strNombre.c_str(), nullptr);
+    if (loc == nullptr) {
+        return {};
+    }
+    const std::string strDFmt = nl_langinfo_l(D_FMT, loc);
+    freelocale(loc);
+    return strDFmt;
+}
+
+bool fFormatoFechaValido(std::string_view strDFmt)
+{
+    return strDFmt.empty() || fMayusculasAscii(fFormatoFechaCorto(strDFmt)) == "DD/MM/YYYY";
+}

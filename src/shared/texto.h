@@ -1,0 +1,26 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+/// Texts inside the core are bytes; those that are for the screen are UTF-8.
+
+/// Whether every byte belongs to a well-formed UTF-8 sequence (RFC 3629: no surrogates, no overlong
+/// forms, nothing beyond U+10FFFF).
+[[nodiscard]] bool fEsUtf8(std::string_view strBytes);
+
+/// Bytes that came from the disk, for the screen: valid UTF-8 as it is, anything else read as
+/// Windows-1252 (its five unassigned bytes as the control characters of Latin-1).
+[[nodiscard]] std::string fTextoPantalla(std::string_view strBytes);
+
+/// Number of characters (code points) of a UTF-8 text.
+[[nodiscard]] int fContarCaracteres(std::string_view strUtf8);
+
+/// A to Z for a to z; every other byte unchanged.
+[[nodiscard]] std::string fMayusculasAscii(std::string_view strTexto);
+
+/// Whether two texts are the same but for the case of A to Z.
+[[nodiscard]] bool fIgualSinCaja(std::string_view strUno, std::string_view strOtro);
+
+/// The text without blanks and tabs at both ends.
+[[nodiscard]] std::string_view fSinBlancos(std::string_view strTexto);
