@@ -54,9 +54,9 @@ void fCerrar(clsBytes &avi, quint32 lngInicio)
 void fCabecera(clsBytes &avi, const clsPelicula &pelicula) // AVIMAINHEADER
 {
     const quint32 lngInicio = fAbrir(avi, "avih");
-    avi.fPoner32(1000000 / pelicula.lngPorSegundo); // microseconds per frame
+    avi.fPoner32(1000000 / pelicula.lngPorSegundo);           // microseconds per frame
     avi.fPoner32(pelicula.fMayor() * pelicula.lngPorSegundo); // at most so many bytes per second
-    avi.fPoner32(0); // padding granularity
+    avi.fPoner32(0);                                          // padding granularity
     avi.fPoner32(lngTieneIndice);
     avi.fPoner32(pelicula.fCuantos());
     avi.fPoner32(0); // initial frames
@@ -73,14 +73,14 @@ void fCabeceraFlujo(clsBytes &avi, const clsPelicula &pelicula) // AVISTREAMHEAD
     const quint32 lngInicio = fAbrir(avi, "strh");
     avi.fPonerTexto("vidsMJPG");
     avi.fPonerCeros(12); // flags, priority, language, initial frames
-    avi.fPoner32(1); // scale: rate/scale are the frames per second
+    avi.fPoner32(1);     // scale: rate/scale are the frames per second
     avi.fPoner32(pelicula.lngPorSegundo);
     avi.fPoner32(0); // start
     avi.fPoner32(pelicula.fCuantos());
     avi.fPoner32(pelicula.fMayor());
     avi.fPoner32(0xFFFFFFFF); // quality: the driver's default
-    avi.fPoner32(0); // sample size: varies
-    avi.fPonerCeros(4); // left, top
+    avi.fPoner32(0);          // sample size: varies
+    avi.fPonerCeros(4);       // left, top
     avi.fPoner16(pelicula.lngAncho);
     avi.fPoner16(pelicula.lngAlto);
     fCerrar(avi, lngInicio);
@@ -92,7 +92,7 @@ void fFormatoFlujo(clsBytes &avi, const clsPelicula &pelicula) // BITMAPINFOHEAD
     avi.fPoner32(40); // its own size
     avi.fPoner32(pelicula.lngAncho);
     avi.fPoner32(pelicula.lngAlto);
-    avi.fPoner16(1); // planes
+    avi.fPoner16(1);  // planes
     avi.fPoner16(24); // bits per pixel
     avi.fPonerTexto("MJPG");
     avi.fPoner32(pelicula.lngAncho * pelicula.lngAlto * 3);
@@ -134,10 +134,11 @@ void fCuadros(clsBytes &avi, const clsPelicula &pelicula)
 } // namespace
 
 QByteArray fAvi(const std::vector<QByteArray> &lstCuadros, const QSize &tamCuadro,
-    int intCuadrosPorSegundo)
+                int intCuadrosPorSegundo)
 {
-    const clsPelicula pelicula {lstCuadros, static_cast<quint32>(tamCuadro.width()),
-        static_cast<quint32>(tamCuadro.height()), static_cast<quint32>(intCuadrosPorSegundo)};
+    const clsPelicula pelicula{lstCuadros, static_cast<quint32>(tamCuadro.width()),
+                               static_cast<quint32>(tamCuadro.height()),
+                               static_cast<quint32>(intCuadrosPorSegundo)};
     clsBytes avi(enmOrden::Intel);
     const quint32 lngTodo = fAbrirLista(avi, "RIFF", "AVI ");
     fCabeceras(avi, pelicula);

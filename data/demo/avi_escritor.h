@@ -9,6 +9,6 @@ namespace demo {
 
 /// A whole AVI file from its frames, each of them a complete JPEG of the given size.
 QByteArray fAvi(const std::vector<QByteArray> &lstCuadros, const QSize &tamCuadro,
-    int intCuadrosPorSegundo);
+                int intCuadrosPorSegundo);
 
 } // namespace demo

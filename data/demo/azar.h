@@ -1,5 +1,5 @@
 // A small generator of pseudo-random numbers (SplitMix64, public domain). The standard library's
-// distributions may differ between implementations; this one gives the same pictures everywhere.
+// distributions may differ between implementations; this one gives the same numbers everywhere.
 #pragma once
 
 #include <cstdint>
@@ -9,10 +9,7 @@ namespace demo {
 
 class clsAzar {
 public:
-    explicit clsAzar(std::uint64_t lngSemilla)
-        : lngEstado(lngSemilla)
-    {
-    }
+    explicit clsAzar(std::uint64_t lngSemilla) : lngEstado(lngSemilla) {}
 
     /// The same text always gives the same seed (FNV-1a): a photo's looks hang on its path only, so
     /// that adding a row to the plan does not change the other pictures.

@@ -7,16 +7,13 @@
 namespace demo {
 
 enum class enmOrden {
-    Intel, // least significant byte first ("II" in TIFF; RIFF)
+    Intel,   // least significant byte first ("II" in TIFF; RIFF)
     Motorola // most significant byte first ("MM" in TIFF; QuickTime)
 };
 
 class clsBytes {
 public:
-    explicit clsBytes(enmOrden orden)
-        : ordenBytes(orden)
-    {
-    }
+    explicit clsBytes(enmOrden orden) : ordenBytes(orden) {}
 
     void fPoner8(quint32 lngValor);
     void fPoner16(quint32 lngValor);

@@ -19,10 +19,7 @@ inline constexpr quint32 lngUndefined = 7;
 /// behind the directory (TIFF 6.0 section 2).
 class clsDirectorio {
 public:
-    explicit clsDirectorio(enmOrden orden)
-        : ordenBytes(orden)
-    {
-    }
+    explicit clsDirectorio(enmOrden orden) : ordenBytes(orden) {}
 
     void fTexto(quint32 lngEtiqueta, const std::string &strValor)
     {

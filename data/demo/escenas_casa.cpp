@@ -15,8 +15,10 @@ void fMarco(clsLienzo &l, const QRectF &hueco, const QColor &colMadera)
     l.pintor.setPen(QPen(colMadera, 22, Qt::SolidLine, Qt::SquareCap, Qt::MiterJoin));
     l.pintor.drawRect(hueco);
     l.pintor.setPen(QPen(colMadera, 13));
-    l.pintor.drawLine(QPointF(hueco.center().x(), hueco.top()), QPointF(hueco.center().x(), hueco.bottom()));
-    l.pintor.drawLine(QPointF(hueco.left(), hueco.center().y()), QPointF(hueco.right(), hueco.center().y()));
+    l.pintor.drawLine(QPointF(hueco.center().x(), hueco.top()),
+                      QPointF(hueco.center().x(), hueco.bottom()));
+    l.pintor.drawLine(QPointF(hueco.left(), hueco.center().y()),
+                      QPointF(hueco.right(), hueco.center().y()));
     l.pintor.setPen(Qt::NoPen);
 }
 
@@ -41,26 +43,32 @@ void fVentanaNevada(clsLienzo &l, const QRectF &hueco)
 
 void fRegalo(clsLienzo &l, double dblX, double dblY, double dblTam, const QColor &colPapel)
 {
-    const QColor colCinta = fElegir(l, {QColor(250, 214, 90), QColor(250, 250, 250), QColor(210, 50, 60)});
+    const QColor colCinta =
+        fElegir(l, {QColor(250, 214, 90), QColor(250, 250, 250), QColor(210, 50, 60)});
     const double dblAlto = dblTam * l.azar.fEntre(0.6, 0.95);
     fElipse(l, dblX, dblY, dblTam * 0.62, dblTam * 0.08, QColor(30, 10, 10, 80));
     QLinearGradient degradado(dblX - dblTam / 2, 0, dblX + dblTam / 2, 0);
     degradado.setColorAt(0, colPapel.lighter(112));
     degradado.setColorAt(1, colPapel.darker(118));
     fCaja(l, dblX - dblTam / 2, dblY - dblAlto, dblTam, dblAlto, degradado);
-    fCaja(l, dblX - dblTam * 0.54, dblY - dblAlto, dblTam * 1.08, dblAlto * 0.18, colPapel.darker(108));
+    fCaja(l, dblX - dblTam * 0.54, dblY - dblAlto, dblTam * 1.08, dblAlto * 0.18,
+          colPapel.darker(108));
     fCaja(l, dblX - dblTam * 0.07, dblY - dblAlto, dblTam * 0.14, dblAlto, colCinta);
     for (const double dblLado : {-1.0, 1.0}) {
         fPoligono(l,
-            {{dblX, dblY - dblAlto}, {dblX + dblLado * dblTam * 0.3, dblY - dblAlto - dblTam * 0.24},
-                {dblX + dblLado * dblTam * 0.34, dblY - dblAlto - dblTam * 0.02}},
-            colCinta.darker(106));
+                  {
+                      {dblX,                           dblY - dblAlto                },
+                      {dblX + dblLado * dblTam * 0.3,  dblY - dblAlto - dblTam * 0.24},
+                      {dblX + dblLado * dblTam * 0.34, dblY - dblAlto - dblTam * 0.02}
+        },
+                  colCinta.darker(106));
     }
 }
 
 void fAbeto(clsLienzo &l, double dblX, double dblY, double dblAlto)
 {
-    fCaja(l, dblX - dblAlto * 0.035, dblY - dblAlto * 0.12, dblAlto * 0.07, dblAlto * 0.12, QColor(92, 60, 38));
+    fCaja(l, dblX - dblAlto * 0.035, dblY - dblAlto * 0.12, dblAlto * 0.07, dblAlto * 0.12,
+          QColor(92, 60, 38));
     for (int intPiso = 0; intPiso < 5; ++intPiso) {
         const double dblMitad = dblAlto * (0.33 - 0.055 * intPiso);
         const double dblPie = dblY - dblAlto * (0.09 + 0.17 * intPiso);
@@ -76,16 +84,19 @@ void fAbeto(clsLienzo &l, double dblX, double dblY, double dblAlto)
         std::vector<QPointF> lstEspumillon;
         for (int intI = 0; intI <= 12; ++intI) {
             const double dblParte = intI / 6.0 - 1;
-            lstEspumillon.emplace_back(dblX + dblParte * dblMitad * 0.78, dblPie - dblAlto * (0.035 + 0.03 * dblParte * dblParte));
+            lstEspumillon.emplace_back(dblX + dblParte * dblMitad * 0.78,
+                                       dblPie - dblAlto * (0.035 + 0.03 * dblParte * dblParte));
         }
         fTrazo(l, lstEspumillon, 6, QColor(250, 220, 120, 190));
         for (int intI = 0; intI < 6 - intPiso / 2; ++intI) { // baubles and lights
             const double dblLado = l.azar.fEntre(-0.7, 0.7);
             const double dblBx = dblX + dblLado * dblMitad;
             const double dblBy = dblPie - dblAlto * l.azar.fEntre(0, 0.07);
-            const QColor colBola = fElegir(l, {QColor(214, 40, 48), QColor(244, 190, 60), QColor(60, 120, 210), QColor(220, 90, 170)});
+            const QColor colBola = fElegir(l, {QColor(214, 40, 48), QColor(244, 190, 60),
+                                               QColor(60, 120, 210), QColor(220, 90, 170)});
             fElipse(l, dblBx, dblBy, dblAlto * 0.018, dblAlto * 0.018, colBola);
-            fElipse(l, dblBx - dblAlto * 0.006, dblBy - dblAlto * 0.006, dblAlto * 0.005, dblAlto * 0.005, QColor(255, 255, 255, 220));
+            fElipse(l, dblBx - dblAlto * 0.006, dblBy - dblAlto * 0.006, dblAlto * 0.005,
+                    dblAlto * 0.005, QColor(255, 255, 255, 220));
             const double dblLuzX = dblX - dblLado * dblMitad * 0.8;
             fHalo(l, dblLuzX, dblPie - dblAlto * 0.05, 24, QColor(255, 244, 190, 255));
         }
@@ -98,7 +109,13 @@ void fEstrella(clsLienzo &l, double dblX, double dblY, double dblRadio)
     l.pintor.save();
     l.pintor.translate(dblX, dblY);
     for (int intI = 0; intI < 5; ++intI) {
-        fPoligono(l, {{-dblRadio * 0.33, 0}, {0, -dblRadio}, {dblRadio * 0.33, 0}}, QColor(255, 220, 80));
+        fPoligono(l,
+                  {
+                      {-dblRadio * 0.33, 0        },
+                      {0,                -dblRadio},
+                      {dblRadio * 0.33,  0        }
+        },
+                  QColor(255, 220, 80));
         l.pintor.rotate(72);
     }
     l.pintor.restore();
@@ -121,7 +138,8 @@ void fCortina(clsLienzo &l, double dblX, double dblAncho, const QColor &colTela)
 
 void fPintarNavidad(clsLienzo &l)
 {
-    const QColor colPared = fElegir(l, {QColor(172, 60, 56), QColor(196, 150, 98), QColor(104, 130, 112), QColor(150, 110, 120)});
+    const QColor colPared = fElegir(l, {QColor(172, 60, 56), QColor(196, 150, 98),
+                                        QColor(104, 130, 112), QColor(150, 110, 120)});
     const double dblSuelo = l.dblAlto * 0.78;
     fFondo(l, 0, dblSuelo, colPared.darker(118), colPared);
     for (double dblX = 20; dblX < l.dblAncho; dblX += 80) { // wallpaper
@@ -142,11 +160,14 @@ void fPintarNavidad(clsLienzo &l)
     const int intRegalos = l.azar.fEntero(4, 7);
     for (int intI = 0; intI < intRegalos; ++intI) {
         const double dblX = dblArbol + (intI - intRegalos / 2.0 + 0.5) * 110;
-        const QColor colPapel = fElegir(l, {QColor(206, 46, 54), QColor(40, 110, 90), QColor(54, 90, 170), QColor(190, 90, 170), QColor(240, 170, 70)});
+        const QColor colPapel =
+            fElegir(l, {QColor(206, 46, 54), QColor(40, 110, 90), QColor(54, 90, 170),
+                        QColor(190, 90, 170), QColor(240, 170, 70)});
         fRegalo(l, dblX, l.dblAlto * l.azar.fEntre(0.9, 0.96), l.azar.fEntre(80, 130), colPapel);
     }
     if (l.azar.fMoneda(0.6)) {
-        fPersona(l, dblVentana + (bolDerecha ? 50 : -50), l.dblAlto * 0.94, l.azar.fEntre(330, 470), fRopa(l));
+        fPersona(l, dblVentana + (bolDerecha ? 50 : -50), l.dblAlto * 0.94, l.azar.fEntre(330, 470),
+                 fRopa(l));
     }
 }
 
@@ -156,10 +177,13 @@ void fPintarGato(clsLienzo &l)
     fFondo(l, 0, dblRepisa, QColor(126, 190, 236), QColor(238, 246, 236));
     fNubes(l, l.fCuantos(4), 80, l.dblAlto * 0.35, QColor(255, 255, 255));
     fLoma(l, l.dblAlto * 0.55, 40, QColor(140, 180, 120), QColor(110, 160, 90));
-    fCasa(l, l.dblAncho * l.azar.fEntre(0.35, 0.65), l.dblAlto * 0.6, 190, 150, QColor(250, 240, 220), QColor(90, 110, 130));
+    fCasa(l, l.dblAncho * l.azar.fEntre(0.35, 0.65), l.dblAlto * 0.6, 190, 150,
+          QColor(250, 240, 220), QColor(90, 110, 130));
     fLoma(l, l.dblAlto * 0.66, 30, QColor(126, 176, 96), QColor(84, 140, 66));
-    fMarco(l, QRectF(l.dblAncho * 0.1, 20, l.dblAncho * 0.8, dblRepisa - 10), QColor(250, 246, 238));
-    const QColor colTela = fElegir(l, {QColor(226, 120, 90), QColor(110, 150, 190), QColor(236, 206, 140), QColor(150, 176, 120)});
+    fMarco(l, QRectF(l.dblAncho * 0.1, 20, l.dblAncho * 0.8, dblRepisa - 10),
+           QColor(250, 246, 238));
+    const QColor colTela = fElegir(l, {QColor(226, 120, 90), QColor(110, 150, 190),
+                                       QColor(236, 206, 140), QColor(150, 176, 120)});
     fCortina(l, 0, l.dblAncho * 0.17, colTela);
     fCortina(l, l.dblAncho * 0.83, l.dblAncho * 0.17, colTela);
     fFondo(l, dblRepisa, l.dblAlto, QColor(214, 176, 126), QColor(160, 116, 76));
@@ -167,13 +191,23 @@ void fPintarGato(clsLienzo &l)
     const double dblBorde = dblRepisa + 50;
     for (int intI = 0; intI < 5; ++intI) {
         const double dblAlto = l.azar.fEntre(110, 170);
-        fFlor(l, dblMaceta - 48 + intI * 24.0, dblBorde - 90, dblAlto, fElegir(l, {QColor(226, 60, 70), QColor(250, 150, 180)}));
+        fFlor(l, dblMaceta - 48 + intI * 24.0, dblBorde - 90, dblAlto,
+              fElegir(l, {QColor(226, 60, 70), QColor(250, 150, 180)}));
     }
-    fPoligono(l, {{dblMaceta - 72, dblBorde - 110}, {dblMaceta + 72, dblBorde - 110}, {dblMaceta + 50, dblBorde}, {dblMaceta - 50, dblBorde}}, QColor(196, 102, 62));
+    fPoligono(l,
+              {
+                  {dblMaceta - 72, dblBorde - 110},
+                  {dblMaceta + 72, dblBorde - 110},
+                  {dblMaceta + 50, dblBorde      },
+                  {dblMaceta - 50, dblBorde      }
+    },
+              QColor(196, 102, 62));
     fCaja(l, dblMaceta - 80, dblBorde - 122, 160, 30, QColor(212, 116, 74));
     const double dblGato = l.dblAncho * 0.5;
     fElipse(l, dblGato, dblRepisa + 66, 190, 24, QColor(70, 40, 20, 90));
-    fGato(l, dblGato, dblRepisa + 76, 560, fElegir(l, {QColor(226, 146, 72), QColor(128, 124, 128), QColor(70, 62, 64), QColor(214, 190, 160)}));
+    fGato(l, dblGato, dblRepisa + 76, 560,
+          fElegir(l, {QColor(226, 146, 72), QColor(128, 124, 128), QColor(70, 62, 64),
+                      QColor(214, 190, 160)}));
 }
 
 } // namespace demo

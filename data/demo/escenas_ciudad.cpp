@@ -32,12 +32,19 @@ void fTorre(clsLienzo &l, const clsFachada &fachada, double dblSuelo, const QCol
     fCaja(l, fachada.dblX, dblArriba, fachada.dblAncho, fachada.dblAlto, colMuro);
     if (l.azar.fMoneda(0.3)) {
         const double dblMastil = fachada.dblX + fachada.dblAncho / 2;
-        fTrazo(l, {{dblMastil, dblArriba}, {dblMastil, dblArriba - 50}}, 3, colMuro);
+        fTrazo(l,
+               {
+                   {dblMastil, dblArriba     },
+                   {dblMastil, dblArriba - 50}
+        },
+               3, colMuro);
         fHalo(l, dblMastil, dblArriba - 50, 14, QColor(255, 60, 50, 255));
     }
-    const std::vector<QColor> lstLuces {QColor(255, 222, 140), QColor(255, 200, 104), QColor(252, 244, 206), QColor(180, 214, 255)};
+    const std::vector<QColor> lstLuces{QColor(255, 222, 140), QColor(255, 200, 104),
+                                       QColor(252, 244, 206), QColor(180, 214, 255)};
     for (double dblY = dblArriba + 16; dblY < dblSuelo - 24; dblY += 27) {
-        for (double dblX = fachada.dblX + 12; dblX < fachada.dblX + fachada.dblAncho - 18; dblX += 22) {
+        for (double dblX = fachada.dblX + 12; dblX < fachada.dblX + fachada.dblAncho - 18;
+             dblX += 22) {
             const bool bolLuz = l.azar.fMoneda(0.48);
             fCaja(l, dblX, dblY, 11, 15, bolLuz ? fElegir(l, lstLuces) : colMuro.lighter(128));
         }
@@ -47,7 +54,8 @@ void fTorre(clsLienzo &l, const clsFachada &fachada, double dblSuelo, const QCol
 /// Coloured lights drawn out on the water.
 void fReflejos(clsLienzo &l, double dblY)
 {
-    const std::vector<QColor> lstLuces {QColor(255, 206, 110), QColor(255, 236, 180), QColor(255, 120, 90), QColor(140, 190, 255)};
+    const std::vector<QColor> lstLuces{QColor(255, 206, 110), QColor(255, 236, 180),
+                                       QColor(255, 120, 90), QColor(140, 190, 255)};
     for (int intI = 0; intI < l.fCuantos(90); ++intI) {
         const double dblX = l.azar.fEntre(0, l.dblAncho);
         const double dblLargo = l.azar.fEntre(0.2, 0.95) * (l.dblAlto - dblY);
@@ -55,7 +63,8 @@ void fReflejos(clsLienzo &l, double dblY)
         for (double dblBaja = 0; dblBaja < dblLargo; dblBaja += 9) {
             const double dblCorre = l.azar.fEntre(-4, 4);
             const int intAlfa = static_cast<int>(120 * (1 - dblBaja / dblLargo));
-            fElipse(l, dblX + dblCorre, dblY + dblBaja, 8 + dblBaja * 0.03, 2.4, fConAlfa(colLuz, intAlfa));
+            fElipse(l, dblX + dblCorre, dblY + dblBaja, 8 + dblBaja * 0.03, 2.4,
+                    fConAlfa(colLuz, intAlfa));
         }
     }
 }
@@ -72,12 +81,21 @@ void fCaseta(clsLienzo &l, double dblX, double dblY, double dblAncho, const QCol
         const double dblDe = static_cast<double>(intI) / intRayas;
         const double dblA = static_cast<double>(intI + 1) / intRayas;
         fPoligono(l,
-            {{dblX + dblAncho * dblDe, dblAlero + 14}, {dblX + dblAncho * (0.5 + (dblDe - 0.5) * 0.2), dblAlero - dblAncho * 0.32},
-                {dblX + dblAncho * (0.5 + (dblA - 0.5) * 0.2), dblAlero - dblAncho * 0.32}, {dblX + dblAncho * dblA, dblAlero + 14}},
-            intI % 2 == 0 ? colLona : QColor(250, 246, 236));
+                  {
+                      {dblX + dblAncho * dblDe,                       dblAlero + 14             },
+                      {dblX + dblAncho * (0.5 + (dblDe - 0.5) * 0.2), dblAlero - dblAncho * 0.32},
+                      {dblX + dblAncho * (0.5 + (dblA - 0.5) * 0.2),  dblAlero - dblAncho * 0.32},
+                      {dblX + dblAncho * dblA,                        dblAlero + 14             }
+        },
+                  intI % 2 == 0 ? colLona : QColor(250, 246, 236));
     }
     for (const double dblPoste : {0.02, 0.98}) {
-        fTrazo(l, {{dblX + dblAncho * dblPoste, dblY}, {dblX + dblAncho * dblPoste, dblAlero}}, 6, QColor(90, 60, 50));
+        fTrazo(l,
+               {
+                   {dblX + dblAncho * dblPoste, dblY    },
+                   {dblX + dblAncho * dblPoste, dblAlero}
+        },
+               6, QColor(90, 60, 50));
     }
 }
 
@@ -86,7 +104,12 @@ void fRueda(clsLienzo &l, double dblX, double dblY, double dblRadio, double dblS
 {
     const QColor colHierro(232, 226, 240);
     for (const double dblLado : {-0.45, 0.45}) {
-        fTrazo(l, {{dblX, dblY}, {dblX + dblLado * dblRadio, dblSuelo}}, 12, QColor(150, 140, 170));
+        fTrazo(l,
+               {
+                   {dblX,                      dblY    },
+                   {dblX + dblLado * dblRadio, dblSuelo}
+        },
+               12, QColor(150, 140, 170));
     }
     l.pintor.setBrush(Qt::NoBrush);
     for (const double dblAro : {1.0, 0.9}) {
@@ -100,15 +123,21 @@ void fRueda(clsLienzo &l, double dblX, double dblY, double dblRadio, double dblS
         const double dblGiro = dblVuelta + intI * 6.2832 / intCabinas;
         const double dblCx = dblX + std::cos(dblGiro) * dblRadio;
         const double dblCy = dblY + std::sin(dblGiro) * dblRadio;
-        fTrazo(l, {{dblX, dblY}, {dblCx, dblCy}}, 3, fConAlfa(colHierro, 170));
+        fTrazo(l,
+               {
+                   {dblX,  dblY },
+                   {dblCx, dblCy}
+        },
+               3, fConAlfa(colHierro, 170));
         for (const double dblLejos : {0.3, 0.5, 0.7, 0.9}) {
             fHalo(l, dblX + (dblCx - dblX) * dblLejos, dblY + (dblCy - dblY) * dblLejos, 13,
-                QColor(255, 240, 170, 255));
+                  QColor(255, 240, 170, 255));
         }
         const double dblCab = dblRadio * 0.085;
         l.pintor.setBrush(QColor::fromHsv(intI * 360 / intCabinas, 190, 235));
         l.pintor.drawRoundedRect(QRectF(dblCx - dblCab, dblCy, dblCab * 2, dblCab * 1.8), 8, 8);
-        fCaja(l, dblCx - dblCab * 0.7, dblCy + dblCab * 0.35, dblCab * 1.4, dblCab * 0.6, QColor(255, 248, 210));
+        fCaja(l, dblCx - dblCab * 0.7, dblCy + dblCab * 0.35, dblCab * 1.4, dblCab * 0.6,
+              QColor(255, 248, 210));
     }
     fElipse(l, dblX, dblY, dblRadio * 0.07, dblRadio * 0.07, QColor(250, 200, 80));
 }
@@ -118,7 +147,8 @@ void fRueda(clsLienzo &l, double dblX, double dblY, double dblRadio, double dblS
 void fPintarCiudad(clsLienzo &l)
 {
     const double dblSuelo = l.dblAlto * l.azar.fEntre(0.68, 0.76);
-    const QColor colResplandor = fElegir(l, {QColor(94, 64, 120), QColor(60, 72, 130), QColor(150, 84, 90)});
+    const QColor colResplandor =
+        fElegir(l, {QColor(94, 64, 120), QColor(60, 72, 130), QColor(150, 84, 90)});
     fFondo(l, 0, dblSuelo, QColor(10, 14, 40), colResplandor);
     fEstrellas(l, l.fCuantos(140), dblSuelo * 0.6);
     const double dblLunaX = l.dblAncho * l.azar.fEntre(0.12, 0.88);
@@ -136,7 +166,12 @@ void fPintarCiudad(clsLienzo &l)
     fReflejos(l, dblSuelo + 12);
     fCaja(l, 0, dblSuelo - 4, l.dblAncho, 16, QColor(16, 16, 34));
     for (double dblX = 30; dblX < l.dblAncho; dblX += 120) { // lamps along the river
-        fTrazo(l, {{dblX, dblSuelo}, {dblX, dblSuelo - 46}}, 4, QColor(20, 20, 36));
+        fTrazo(l,
+               {
+                   {dblX, dblSuelo     },
+                   {dblX, dblSuelo - 46}
+        },
+               4, QColor(20, 20, 36));
         fHalo(l, dblX, dblSuelo - 48, 34, QColor(255, 226, 150, 255));
     }
 }
@@ -149,7 +184,8 @@ void fPintarNoria(clsLienzo &l)
     fLoma(l, dblSuelo - 50, 20, QColor(86, 52, 92), QColor(60, 40, 70));
     fFondo(l, dblSuelo, l.dblAlto, QColor(206, 160, 96), QColor(150, 104, 62));
     fRueda(l, l.dblAncho * l.azar.fEntre(0.42, 0.58), l.dblAlto * 0.46, 340, dblSuelo);
-    const std::vector<QColor> lstLonas {QColor(206, 44, 48), QColor(36, 128, 84), QColor(38, 84, 164)};
+    const std::vector<QColor> lstLonas{QColor(206, 44, 48), QColor(36, 128, 84),
+                                       QColor(38, 84, 164)};
     for (double dblX = -40; dblX < l.dblAncho; dblX += 262) {
         fCaseta(l, dblX, dblSuelo + 30, 220, fElegir(l, lstLonas));
     }

@@ -15,8 +15,8 @@ void fOrilla(clsLienzo &l, double dblY)
     std::vector<QPointF> lstEspuma;
     std::vector<QPointF> lstMojada;
     for (double dblX = -20; dblX <= l.dblAncho + 20; dblX += 20) {
-        const double dblOnda = dblY + 12 * std::sin(dblX / 130 + dblFase)
-            + 5 * std::sin(dblX / 47 - dblFase * 0.7);
+        const double dblOnda =
+            dblY + 12 * std::sin(dblX / 130 + dblFase) + 5 * std::sin(dblX / 47 - dblFase * 0.7);
         lstEspuma.emplace_back(dblX, dblOnda);
         lstMojada.emplace_back(dblX, dblOnda + 14);
     }
@@ -31,19 +31,29 @@ void fArena(clsLienzo &l, double dblY)
         const double dblX = l.azar.fEntre(0, l.dblAncho);
         const double dblGrano = l.azar.fEntre(dblY + 20, l.dblAlto);
         const double dblRadio = l.azar.fEntre(1, 2.6);
-        const QColor colGrano = l.azar.fMoneda() ? QColor(190, 156, 108, 120)
-                                                 : QColor(255, 244, 214, 140);
+        const QColor colGrano =
+            l.azar.fMoneda() ? QColor(190, 156, 108, 120) : QColor(255, 244, 214, 140);
         fElipse(l, dblX, dblGrano, dblRadio * 2, dblRadio * 0.8, colGrano);
     }
 }
 
 void fToalla(clsLienzo &l, double dblX, double dblY, const QColor &colTela)
 {
-    fPoligono(l, {{dblX, dblY}, {dblX + 150, dblY}, {dblX + 180, dblY + 62}, {dblX + 8, dblY + 62}},
-        colTela);
+    fPoligono(l,
+              {
+                  {dblX,       dblY     },
+                  {dblX + 150, dblY     },
+                  {dblX + 180, dblY + 62},
+                  {dblX + 8,   dblY + 62}
+    },
+              colTela);
     for (const double dblRaya : {0.25, 0.5, 0.75}) {
-        fTrazo(l, {{dblX + 8 * dblRaya, dblY + 62 * dblRaya}, {dblX + 150 + 30 * dblRaya, dblY + 62 * dblRaya}},
-            5, QColor(255, 255, 255, 190));
+        fTrazo(l,
+               {
+                   {dblX + 8 * dblRaya,        dblY + 62 * dblRaya},
+                   {dblX + 150 + 30 * dblRaya, dblY + 62 * dblRaya}
+        },
+               5, QColor(255, 255, 255, 190));
     }
 }
 
@@ -68,18 +78,18 @@ void fPintarPlaya(clsLienzo &l)
     fNubes(l, l.fCuantos(3), 120, dblMar * 0.7, QColor(255, 255, 255));
     fFondo(l, dblMar, dblArena, QColor(22, 106, 168), QColor(98, 206, 206));
     fBrillos(l, QRectF(0, dblMar + 4, l.dblAncho, dblArena - dblMar - 8), l.fCuantos(160),
-        QColor(255, 255, 255, 120));
+             QColor(255, 255, 255, 120));
     const double dblVela = l.dblAncho * (l.azar.fEntre(0.15, 0.6) + 0.3 * l.dblTiempo);
     fVelero(l, dblVela, dblMar + 26, 130, QColor(190, 60, 54));
     fVelero(l, l.dblAncho * l.azar.fEntre(0.1, 0.9), dblMar + 8, 62, QColor(60, 84, 120));
     fArena(l, dblArena);
     fOrilla(l, dblArena);
 
-    const std::vector<QColor> lstTelas {QColor(222, 70, 62), QColor(40, 124, 184),
-        QColor(246, 178, 50), QColor(60, 158, 112)};
+    const std::vector<QColor> lstTelas{QColor(222, 70, 62), QColor(40, 124, 184),
+                                       QColor(246, 178, 50), QColor(60, 158, 112)};
     const double dblSitio = l.dblAncho * l.azar.fEntre(0.3, 0.7);
     fSombrilla(l, dblSitio - l.dblAncho * 0.22, l.dblAlto * 0.72, 190, fElegir(l, lstTelas));
-    fPersona(l, dblSitio - l.dblAncho * 0.1, l.dblAlto * 0.76, 150, fRopa(l));
+    fPersona(l, dblSitio + l.dblAncho * 0.19, l.dblAlto * 0.79, 190, fRopa(l));
     fToalla(l, dblSitio + 30, l.dblAlto * 0.86, fElegir(l, lstTelas));
     fElipse(l, dblSitio + 40, l.dblAlto * 0.88, 190, 22, QColor(120, 84, 40, 70));
     fSombrilla(l, dblSitio, l.dblAlto * 0.88, 350, fElegir(l, lstTelas));
@@ -93,8 +103,10 @@ void fPintarPlaya(clsLienzo &l)
 void fPintarAtardecer(clsLienzo &l)
 {
     const double dblMar = l.dblAlto * l.azar.fEntre(0.52, 0.62);
-    const QColor colAlto = fElegir(l, {QColor(58, 40, 104), QColor(36, 58, 120), QColor(104, 40, 92)});
-    const QColor colBajo = fElegir(l, {QColor(255, 170, 74), QColor(255, 138, 82), QColor(255, 196, 96)});
+    const QColor colAlto =
+        fElegir(l, {QColor(58, 40, 104), QColor(36, 58, 120), QColor(104, 40, 92)});
+    const QColor colBajo =
+        fElegir(l, {QColor(255, 170, 74), QColor(255, 138, 82), QColor(255, 196, 96)});
     const QColor colMedio = fMezcla(colAlto, colBajo, 0.55);
     fFondo(l, 0, dblMar * 0.55, colAlto, colMedio);
     fFondo(l, dblMar * 0.55, dblMar, colMedio, colBajo);
@@ -108,19 +120,20 @@ void fPintarAtardecer(clsLienzo &l)
         const double dblLargo = l.azar.fEntre(90, 260);
         const double dblGrueso = l.azar.fEntre(4, 13);
         fElipse(l, dblX, dblY, dblLargo, dblGrueso,
-            fConAlfa(fMezcla(colAlto, QColor(255, 150, 120), dblY / dblMar), 90));
+                fConAlfa(fMezcla(colAlto, QColor(255, 150, 120), dblY / dblMar), 90));
     }
-    fFondo(l, dblMar, l.dblAlto, fMezcla(colBajo, colAlto, 0.35), fMezcla(colAlto, Qt::black, 0.45));
+    fFondo(l, dblMar, l.dblAlto, fMezcla(colBajo, colAlto, 0.35),
+           fMezcla(colAlto, Qt::black, 0.45));
     for (int intI = 0; intI < 90; ++intI) { // the path of the sun on the water
         const double dblHondo = intI / 90.0;
         const double dblAncho = 50 + 130 * dblHondo;
         const double dblX = dblSolX + l.azar.fEntre(-0.6, 0.6) * dblAncho;
         const double dblLargo = l.azar.fEntre(0.3, 0.9) * dblAncho;
         fElipse(l, dblX, dblMar + 4 + dblHondo * (l.dblAlto - dblMar), dblLargo,
-            1.5 + 3.5 * dblHondo, QColor(255, 222, 140, 120));
+                1.5 + 3.5 * dblHondo, QColor(255, 222, 140, 120));
     }
     fBrillos(l, QRectF(0, dblMar, l.dblAncho, l.dblAlto - dblMar), l.fCuantos(160),
-        QColor(255, 190, 150, 80));
+             QColor(255, 190, 150, 80));
     const QColor colNegro(28, 18, 36);
     const int intMotivo = l.azar.fEntero(0, 2);
     if (intMotivo == 0) {
@@ -143,15 +156,16 @@ void fPintarBarcas(clsLienzo &l)
     fLoma(l, dblAgua - 90, 60, QColor(112, 150, 112), QColor(90, 130, 96));
     for (double dblX = 30; dblX < l.dblAncho + 60; dblX += 94) { // the houses along the quay
         const double dblAlto = l.azar.fEntre(110, 190);
-        const QColor colPared = fElegir(l,
-            {QColor(250, 246, 236), QColor(246, 214, 150), QColor(226, 150, 120),
-                QColor(170, 200, 214), QColor(236, 228, 200)});
+        const QColor colPared =
+            fElegir(l, {QColor(250, 246, 236), QColor(246, 214, 150), QColor(226, 150, 120),
+                        QColor(170, 200, 214), QColor(236, 228, 200)});
         fCasa(l, dblX, dblAgua - 8, 92, dblAlto, colPared, QColor(78, 106, 132));
     }
     fCaja(l, 0, dblAgua - 10, l.dblAncho, 22, QColor(150, 142, 130));
     fFondo(l, dblAgua + 10, l.dblAlto, QColor(70, 136, 164), QColor(18, 72, 108));
-    const std::vector<QColor> lstCascos {QColor(200, 54, 48), QColor(36, 92, 160),
-        QColor(246, 246, 240), QColor(40, 130, 104), QColor(240, 176, 48)};
+    const std::vector<QColor> lstCascos{QColor(200, 54, 48), QColor(36, 92, 160),
+                                        QColor(246, 246, 240), QColor(40, 130, 104),
+                                        QColor(240, 176, 48)};
     for (int intFila = 0; intFila < 3; ++intFila) {
         const double dblY = dblAgua + (l.dblAlto - dblAgua) * (0.2 + 0.33 * intFila);
         const double dblAlto = 150 + 95 * intFila;
@@ -168,7 +182,7 @@ void fPintarBarcas(clsLienzo &l)
             fVelero(l, dblX, dblMece, dblAlto, colCasco);
         }
         fBrillos(l, QRectF(0, dblY, l.dblAncho, (l.dblAlto - dblAgua) * 0.33), l.fCuantos(90),
-            QColor(220, 244, 255, 120));
+                 QColor(220, 244, 255, 120));
     }
     fPajaros(l, l.dblAncho * 0.6, dblAgua * 0.3, 6);
 }

@@ -26,7 +26,8 @@ void fPinar(clsLienzo &l, double dblY, double dblAlto, const QColor &colHoja, bo
     for (double dblX = -dblAlto * 0.2; dblX < l.dblAncho + dblAlto * 0.3;) {
         const double dblAqui = dblAlto * l.azar.fEntre(0.7, 1.15);
         const double dblPie = dblY + l.azar.fEntre(-0.06, 0.06) * dblAlto;
-        fPino(l, dblX, dblPie, dblAqui, fMezcla(colHoja, Qt::black, l.azar.fEntre(0, 0.25)), bolNevado);
+        fPino(l, dblX, dblPie, dblAqui, fMezcla(colHoja, Qt::black, l.azar.fEntre(0, 0.25)),
+              bolNevado);
         dblX += dblAlto * l.azar.fEntre(0.22, 0.55);
     }
 }
@@ -35,21 +36,32 @@ void fTronco(clsLienzo &l, double dblX, double dblY, double dblGrueso, const QCo
 {
     const double dblTuerce = l.azar.fEntre(-0.5, 0.5) * dblGrueso;
     fPoligono(l,
-        {{dblX - dblGrueso * 0.9, dblY}, {dblX - dblGrueso * 0.4 + dblTuerce, l.dblAlto * 0.3},
-            {dblX - dblGrueso * 0.35, -10}, {dblX + dblGrueso * 0.35, -10},
-            {dblX + dblGrueso * 0.4 + dblTuerce, l.dblAlto * 0.3}, {dblX + dblGrueso * 0.9, dblY}},
-        colTronco);
+              {
+                  {dblX - dblGrueso * 0.9,             dblY           },
+                  {dblX - dblGrueso * 0.4 + dblTuerce, l.dblAlto * 0.3},
+                  {dblX - dblGrueso * 0.35,            -10            },
+                  {dblX + dblGrueso * 0.35,            -10            },
+                  {dblX + dblGrueso * 0.4 + dblTuerce, l.dblAlto * 0.3},
+                  {dblX + dblGrueso * 0.9,             dblY           }
+    },
+              colTronco);
     fPoligono(l,
-        {{dblX + dblGrueso * 0.2, dblY}, {dblX + dblGrueso * 0.1 + dblTuerce, l.dblAlto * 0.3},
-            {dblX + dblGrueso * 0.1, -10}, {dblX + dblGrueso * 0.35, -10},
-            {dblX + dblGrueso * 0.4 + dblTuerce, l.dblAlto * 0.3}, {dblX + dblGrueso * 0.9, dblY}},
-        QColor(0, 0, 0, 50));
+              {
+                  {dblX + dblGrueso * 0.2,             dblY           },
+                  {dblX + dblGrueso * 0.1 + dblTuerce, l.dblAlto * 0.3},
+                  {dblX + dblGrueso * 0.1,             -10            },
+                  {dblX + dblGrueso * 0.35,            -10            },
+                  {dblX + dblGrueso * 0.4 + dblTuerce, l.dblAlto * 0.3},
+                  {dblX + dblGrueso * 0.9,             dblY           }
+    },
+              QColor(0, 0, 0, 50));
 }
 
 const std::vector<QColor> &fOtono()
 {
-    static const std::vector<QColor> lstHojas {QColor(214, 96, 34), QColor(236, 150, 40),
-        QColor(244, 192, 62), QColor(182, 60, 36), QColor(158, 130, 48)};
+    static const std::vector<QColor> lstHojas{QColor(214, 96, 34), QColor(236, 150, 40),
+                                              QColor(244, 192, 62), QColor(182, 60, 36),
+                                              QColor(158, 130, 48)};
     return lstHojas;
 }
 
@@ -67,19 +79,21 @@ void fPintarMontanas(clsLienzo &l)
     if (l.azar.fMoneda(0.65)) {
         fFondo(l, dblLago, l.dblAlto, QColor(118, 170, 196), QColor(28, 84, 124));
         fBrillos(l, QRectF(0, dblLago + 6, l.dblAncho, l.dblAlto - dblLago), l.fCuantos(220),
-            QColor(236, 248, 255, 120));
+                 QColor(236, 248, 255, 120));
     } else {
         fFondo(l, dblLago, l.dblAlto, QColor(132, 176, 84), QColor(64, 126, 50));
     }
     fLoma(l, l.dblAlto * 0.88, 40, QColor(118, 168, 76), QColor(58, 116, 46));
     fHierba(l, l.dblAlto * 0.92, l.dblAlto * 1.02, l.fCuantos(500), QColor(70, 130, 46),
-        QColor(178, 206, 96));
+            QColor(178, 206, 96));
     for (int intI = 0; intI < l.fCuantos(16); ++intI) {
         const double dblX = l.azar.fEntre(0, l.dblAncho);
         const double dblY = l.azar.fEntre(l.dblAlto * 0.95, l.dblAlto * 1.02);
-        fFlor(l, dblX, dblY, 42, fElegir(l, {QColor(250, 250, 250), QColor(236, 120, 160), QColor(160, 110, 210)}));
+        fFlor(l, dblX, dblY, 42,
+              fElegir(l, {QColor(250, 250, 250), QColor(236, 120, 160), QColor(160, 110, 210)}));
     }
-    fPino(l, l.dblAncho * l.azar.fEntre(0.04, 0.12), l.dblAlto * 0.97, 430, QColor(38, 84, 56), false);
+    fPino(l, l.dblAncho * l.azar.fEntre(0.04, 0.12), l.dblAlto * 0.97, 430, QColor(38, 84, 56),
+          false);
 }
 
 void fPintarNieve(clsLienzo &l)
@@ -100,14 +114,14 @@ void fPintarNieve(clsLienzo &l)
     const int intNinos = l.azar.fEntero(0, 2);
     for (int intI = 0; intI < intNinos; ++intI) {
         const double dblX = dblSitio + (intI == 0 ? -230 : 240);
-        fPersona(l, dblX, l.dblAlto * 0.93, l.azar.fEntre(200, 260), fRopa(l));
+        fPersona(l, dblX, l.dblAlto * 0.93, l.azar.fEntre(200, 260), fRopa(l, false));
     }
     for (int intI = 0; intI < l.fCuantos(260); ++intI) { // falling flakes, round and round
         const double dblX = l.azar.fEntre(0, l.dblAncho);
         const double dblRadio = l.azar.fEntre(1.5, 6);
         const double dblCae = l.azar.fEntre(0, 1) + l.dblTiempo * dblRadio / 4;
         fElipse(l, dblX, (dblCae - std::floor(dblCae)) * l.dblAlto, dblRadio, dblRadio,
-            QColor(255, 255, 255, 200));
+                QColor(255, 255, 255, 200));
     }
 }
 
@@ -125,12 +139,13 @@ void fPintarGlobos(clsLienzo &l)
         const double dblY = l.azar.fEntre(0.88, 0.98) * l.dblAlto;
         fArbol(l, dblX, dblY, l.azar.fEntre(70, 120), QColor(80, 130, 62));
     }
-    const std::vector<QColor> lstTelas {QColor(214, 50, 52), QColor(36, 98, 176),
-        QColor(240, 150, 36), QColor(112, 60, 150), QColor(36, 146, 120), QColor(222, 70, 130)};
+    const std::vector<QColor> lstTelas{QColor(214, 50, 52),  QColor(36, 98, 176),
+                                       QColor(240, 150, 36), QColor(112, 60, 150),
+                                       QColor(36, 146, 120), QColor(222, 70, 130)};
     const int intGlobos = l.fCuantos(3.6);
     for (int intI = 0; intI < intGlobos; ++intI) { // far ones first, each in its own column
         const double dblAlto = 150 + 290.0 * (intI + 1) / intGlobos;
-        const int intColumna = (intI * 2 + 1) % intGlobos;
+        const int intColumna = intI % 2 == 0 ? intI / 2 : intGlobos - 1 - intI / 2;
         const double dblX = l.dblAncho * (intColumna + l.azar.fEntre(0.35, 0.65)) / intGlobos;
         const double dblY = l.dblAlto * l.azar.fEntre(0.45, 0.72) - l.dblTiempo * dblAlto * 0.5;
         fGlobo(l, dblX, dblY, dblAlto, fElegir(l, lstTelas));
@@ -140,7 +155,8 @@ void fPintarGlobos(clsLienzo &l)
 void fPintarBosque(clsLienzo &l)
 {
     fFondo(l, 0, l.dblAlto * 0.72, QColor(252, 226, 150), QColor(255, 244, 206));
-    fHalo(l, l.dblAncho * l.azar.fEntre(0.3, 0.7), l.dblAlto * 0.3, 620, QColor(255, 255, 236, 230));
+    fHalo(l, l.dblAncho * l.azar.fEntre(0.3, 0.7), l.dblAlto * 0.3, 620,
+          QColor(255, 255, 236, 230));
     fFondo(l, l.dblAlto * 0.7, l.dblAlto, QColor(206, 140, 62), QColor(120, 66, 30));
     for (int intCapa = 0; intCapa < 4; ++intCapa) { // from the mist to the foreground
         const double dblCerca = intCapa / 3.0;
@@ -154,8 +170,10 @@ void fPintarBosque(clsLienzo &l)
             const double dblX = l.azar.fEntre(0, l.dblAncho);
             const double dblY = l.azar.fEntre(-0.05, 0.42 - 0.08 * intCapa) * l.dblAlto;
             const double dblRadio = l.azar.fEntre(14, 34);
-            fElipse(l, dblX, dblY, dblRadio, dblRadio * 0.7,
-                fConAlfa(fMezcla(QColor(250, 220, 140), fElegir(l, fOtono()), 0.4 + 0.6 * dblCerca), 190));
+            fElipse(
+                l, dblX, dblY, dblRadio, dblRadio * 0.7,
+                fConAlfa(fMezcla(QColor(250, 220, 140), fElegir(l, fOtono()), 0.4 + 0.6 * dblCerca),
+                         190));
         }
     }
     for (int intI = 0; intI < l.fCuantos(700); ++intI) { // fallen leaves

@@ -12,7 +12,7 @@ void fResolucion(clsDirectorio &directorio)
 {
     directorio.fRacional(0x011A, 72, 1); // XResolution
     directorio.fRacional(0x011B, 72, 1); // YResolution
-    directorio.fCorto(0x0128, 2); // ResolutionUnit: inch
+    directorio.fCorto(0x0128, 2);        // ResolutionUnit: inch
 }
 
 clsDirectorio fPrincipal(const clsExif &exif, quint32 lngLugarExif)
@@ -23,23 +23,23 @@ clsDirectorio fPrincipal(const clsExif &exif, quint32 lngLugarExif)
     directorio.fCorto(0x0112, static_cast<quint32>(exif.intOrientacion));
     fResolucion(directorio);
     directorio.fTexto(0x0132, exif.strFecha); // DateTime
-    directorio.fCorto(0x0213, 1); // YCbCrPositioning: centred
-    directorio.fLargo(0x8769, lngLugarExif); // ExifIFD
+    directorio.fCorto(0x0213, 1);             // YCbCrPositioning: centred
+    directorio.fLargo(0x8769, lngLugarExif);  // ExifIFD
     return directorio;
 }
 
 clsDirectorio fToma(const clsExif &exif)
 {
     clsDirectorio directorio(exif.ordenBytes);
-    directorio.fRacional(0x829A, 1, exif.lngExposicionEntre); // ExposureTime
+    directorio.fRacional(0x829A, 1, exif.lngExposicionEntre);   // ExposureTime
     directorio.fRacional(0x829D, exif.lngDiafragmaDecimos, 10); // FNumber
-    directorio.fCorto(0x8827, exif.lngIso); // PhotographicSensitivity
-    directorio.fBruto(0x9000, "0220"); // ExifVersion
-    directorio.fTexto(0x9003, exif.strFecha); // DateTimeOriginal
-    directorio.fTexto(0x9004, exif.strFecha); // DateTimeDigitized
+    directorio.fCorto(0x8827, exif.lngIso);                     // PhotographicSensitivity
+    directorio.fBruto(0x9000, "0220");                          // ExifVersion
+    directorio.fTexto(0x9003, exif.strFecha);                   // DateTimeOriginal
+    directorio.fTexto(0x9004, exif.strFecha);                   // DateTimeDigitized
     directorio.fBruto(0x9101, std::string_view("\1\2\3\0", 4)); // ComponentsConfiguration: YCbCr
-    directorio.fBruto(0xA000, "0100"); // FlashpixVersion
-    directorio.fCorto(0xA001, 1); // ColorSpace: sRGB
+    directorio.fBruto(0xA000, "0100");                          // FlashpixVersion
+    directorio.fCorto(0xA001, 1);                               // ColorSpace: sRGB
     directorio.fLargo(0xA002, static_cast<quint32>(exif.tamGuardado.width()));
     directorio.fLargo(0xA003, static_cast<quint32>(exif.tamGuardado.height()));
     return directorio;

@@ -14,10 +14,10 @@ struct clsExif {
     enmOrden ordenBytes;
     std::string strMarca;
     std::string strModelo;
-    std::string strFecha; // as Exif writes it
-    int intOrientacion; // 1 to 8
-    QSize tamGuardado; // of the stored pixels, before the orientation is applied
-    quint32 lngExposicionEntre; // exposure time: 1/this seconds
+    std::string strFecha;        // as Exif writes it
+    int intOrientacion;          // 1 to 8
+    QSize tamGuardado;           // of the stored pixels, before the orientation is applied
+    quint32 lngExposicionEntre;  // exposure time: 1/this seconds
     quint32 lngDiafragmaDecimos; // f-number times ten
     quint32 lngIso;
     QByteArray datMiniatura; // a small JPEG, or empty for none

@@ -28,7 +28,7 @@ std::time_t fInstante(std::string_view strFecha)
     if (strFecha.size() != lngLargoFecha) {
         throw std::runtime_error("fecha mal escrita en el plan: " + std::string(strFecha));
     }
-    std::tm datPartes {};
+    std::tm datPartes{};
     datPartes.tm_year = fNumero(strFecha, 0, 4) - 1900;
     datPartes.tm_mon = fNumero(strFecha, 5, 2) - 1;
     datPartes.tm_mday = fNumero(strFecha, 8, 2);

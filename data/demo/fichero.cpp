@@ -1,6 +1,7 @@
 #include "fichero.h"
 
 #include <cerrno>
+#include <cstdio>
 #include <cstring>
 #include <fcntl.h>
 #include <stdexcept>
@@ -14,17 +15,14 @@ namespace {
 
 [[noreturn]] void fFallar(const char *strQue, const std::filesystem::path &ruta, int intError)
 {
-    throw std::runtime_error(std::string(strQue) + " " + ruta.string() + ": "
-        + std::strerror(intError));
+    throw std::runtime_error(std::string(strQue) + " " + ruta.string() + ": " +
+                             std::strerror(intError));
 }
 
 /// Closes the descriptor on every way out; the good way closes it itself to see the result.
 class clsDescriptor {
 public:
-    explicit clsDescriptor(int intNumero)
-        : intFd(intNumero)
-    {
-    }
+    explicit clsDescriptor(int intNumero) : intFd(intNumero) {}
     clsDescriptor(const clsDescriptor &) = delete;
     clsDescriptor &operator=(const clsDescriptor &) = delete;
     ~clsDescriptor()
@@ -64,14 +62,17 @@ void fEscribirTodo(int intFd, const QByteArray &datos, const std::filesystem::pa
 } // namespace
 
 void fEscribirFichero(const std::filesystem::path &ruta, const QByteArray &datos,
-    std::time_t datModificacion)
+                      std::time_t datModificacion)
 {
     clsDescriptor fichero(::open(ruta.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666));
     if (fichero.fNumero() < 0) {
         fFallar("no se puede crear", ruta, errno);
     }
     fEscribirTodo(fichero.fNumero(), datos, ruta);
-    const timespec lstTiempos[2] = {{datModificacion, 0}, {datModificacion, 0}};
+    const timespec lstTiempos[2] = {
+        {datModificacion, 0},
+        {datModificacion, 0}
+    };
     if (::futimens(fichero.fNumero(), lstTiempos) != 0) {
         fFallar("no se puede fechar", ruta, errno);
     }
@@ -80,9 +81,26 @@ void fEscribirFichero(const std::filesystem::path &ruta, const QByteArray &datos
     }
 }
 
+void fCrearCarpeta(const std::filesystem::path &ruta)
+{
+    if (::mkdir(ruta.c_str(), 0777) != 0) {
+        fFallar("no se puede crear la carpeta", ruta, errno);
+    }
+}
+
+void fRenombrar(const std::filesystem::path &rutaDe, const std::filesystem::path &rutaA)
+{
+    if (::rename(rutaDe.c_str(), rutaA.c_str()) != 0) {
+        fFallar("no se puede dar su nombre a la carpeta", rutaA, errno);
+    }
+}
+
 void fFecharCarpeta(const std::filesystem::path &ruta, std::time_t datModificacion)
 {
-    const timespec lstTiempos[2] = {{datModificacion, 0}, {datModificacion, 0}};
+    const timespec lstTiempos[2] = {
+        {datModificacion, 0},
+        {datModificacion, 0}
+    };
     if (::utimensat(AT_FDCWD, ruta.c_str(), lstTiempos, 0) != 0) {
         fFallar("no se puede fechar", ruta, errno);
     }

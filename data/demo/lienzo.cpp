@@ -33,9 +33,9 @@ void fNube(clsLienzo &l, double dblX, double dblY, double dblTamano, const QColo
 
 QColor fMezcla(const QColor &colA, const QColor &colB, double dblParte)
 {
-    return QColor(fEntre(colA.red(), colB.red(), dblParte),
-        fEntre(colA.green(), colB.green(), dblParte), fEntre(colA.blue(), colB.blue(), dblParte),
-        fEntre(colA.alpha(), colB.alpha(), dblParte));
+    return QColor(
+        fEntre(colA.red(), colB.red(), dblParte), fEntre(colA.green(), colB.green(), dblParte),
+        fEntre(colA.blue(), colB.blue(), dblParte), fEntre(colA.alpha(), colB.alpha(), dblParte));
 }
 
 QColor fConAlfa(QColor colBase, int intAlfa)
@@ -51,7 +51,7 @@ QColor fElegir(clsLienzo &l, const std::vector<QColor> &lstColores)
 }
 
 void fFondo(clsLienzo &l, double dblY0, double dblY1, const QColor &colArriba,
-    const QColor &colAbajo)
+            const QColor &colAbajo)
 {
     QLinearGradient degradado(0, dblY0, 0, dblY1);
     degradado.setColorAt(0, colArriba);
@@ -61,14 +61,14 @@ void fFondo(clsLienzo &l, double dblY0, double dblY1, const QColor &colArriba,
 }
 
 void fElipse(clsLienzo &l, double dblX, double dblY, double dblRx, double dblRy,
-    const QBrush &brocha)
+             const QBrush &brocha)
 {
     l.pintor.setBrush(brocha);
     l.pintor.drawEllipse(QPointF(dblX, dblY), dblRx, dblRy);
 }
 
 void fCaja(clsLienzo &l, double dblX, double dblY, double dblAncho, double dblAlto,
-    const QBrush &brocha)
+           const QBrush &brocha)
 {
     l.pintor.fillRect(QRectF(dblX, dblY, dblAncho, dblAlto), brocha);
 }
@@ -80,7 +80,7 @@ void fPoligono(clsLienzo &l, const std::vector<QPointF> &lstPuntos, const QBrush
 }
 
 void fTrazo(clsLienzo &l, const std::vector<QPointF> &lstPuntos, double dblGrosor,
-    const QColor &colLinea)
+            const QColor &colLinea)
 {
     l.pintor.setPen(QPen(colLinea, dblGrosor, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
     l.pintor.drawPolyline(lstPuntos.data(), static_cast<int>(lstPuntos.size()));
@@ -117,7 +117,7 @@ void fEstrellas(clsLienzo &l, int intCuantas, double dblHastaY)
 }
 
 void fLoma(clsLienzo &l, double dblY, double dblAltura, const QColor &colArriba,
-    const QColor &colAbajo)
+           const QColor &colAbajo)
 {
     const double dblFaseA = l.azar.fEntre(0, 6.28);
     const double dblFaseB = l.azar.fEntre(0, 6.28);
@@ -125,8 +125,8 @@ void fLoma(clsLienzo &l, double dblY, double dblAltura, const QColor &colArriba,
     const double dblLargoB = l.azar.fEntre(90, 130);
     QPolygonF contorno;
     for (double dblX = -10; dblX < l.dblAncho + 20; dblX += 10) {
-        const double dblOnda = 0.75 * std::sin(dblX / dblLargoA + dblFaseA)
-            + 0.25 * std::sin(dblX / dblLargoB + dblFaseB);
+        const double dblOnda = 0.75 * std::sin(dblX / dblLargoA + dblFaseA) +
+                               0.25 * std::sin(dblX / dblLargoB + dblFaseB);
         contorno << QPointF(dblX, dblY - dblAltura * dblOnda);
     }
     contorno << QPointF(l.dblAncho + 20, l.dblAlto + 10) << QPointF(-10, l.dblAlto + 10);
@@ -145,12 +145,12 @@ void fBrillos(clsLienzo &l, const QRectF &zona, int intCuantos, const QColor &co
         const double dblLargo = l.azar.fEntre(10, 50) * (0.3 + dblHondo);
         const int intAlfa = static_cast<int>(colBrillo.alpha() * l.azar.fEntre(0.3, 1));
         fElipse(l, dblX, zona.top() + dblHondo * zona.height(), dblLargo, 0.8 + 2 * dblHondo,
-            fConAlfa(colBrillo, intAlfa));
+                fConAlfa(colBrillo, intAlfa));
     }
 }
 
 void fHierba(clsLienzo &l, double dblY0, double dblY1, int intCuantas, const QColor &colA,
-    const QColor &colB)
+             const QColor &colB)
 {
     for (int intI = 0; intI < intCuantas; ++intI) {
         const double dblCerca = static_cast<double>(intI) / intCuantas;
@@ -159,8 +159,12 @@ void fHierba(clsLienzo &l, double dblY0, double dblY1, int intCuantas, const QCo
         const double dblLargo = l.azar.fEntre(5, 12) * (0.5 + 2 * dblCerca);
         const double dblLado = l.azar.fEntre(-0.3, 0.3) * dblLargo;
         const double dblTono = l.azar.fEntre(0, 1);
-        fTrazo(l, {{dblX, dblY}, {dblX + dblLado, dblY - dblLargo}}, 1 + 1.6 * dblCerca,
-            fConAlfa(fMezcla(colA, colB, dblTono), 170));
+        fTrazo(l,
+               {
+                   {dblX,           dblY           },
+                   {dblX + dblLado, dblY - dblLargo}
+        },
+               1 + 1.6 * dblCerca, fConAlfa(fMezcla(colA, colB, dblTono), 170));
     }
 }
 
@@ -173,7 +177,7 @@ void fPajaros(clsLienzo &l, double dblX, double dblY, int intCuantos)
         QPainterPath alas(QPointF(dblAqui - dblAla, dblAlto - dblAla * 0.3));
         alas.quadTo(dblAqui - dblAla * 0.4, dblAlto - dblAla * 0.6, dblAqui, dblAlto);
         alas.quadTo(dblAqui + dblAla * 0.4, dblAlto - dblAla * 0.6, dblAqui + dblAla,
-            dblAlto - dblAla * 0.3);
+                    dblAlto - dblAla * 0.3);
         l.pintor.strokePath(alas, QPen(QColor(40, 40, 55, 200), 2.2));
     }
 }

@@ -29,15 +29,15 @@ QColor fElegir(clsLienzo &l, const std::vector<QColor> &lstColores);
 
 /// Over the whole width between two heights, from the upper colour to the lower one.
 void fFondo(clsLienzo &l, double dblY0, double dblY1, const QColor &colArriba,
-    const QColor &colAbajo);
+            const QColor &colAbajo);
 void fElipse(clsLienzo &l, double dblX, double dblY, double dblRx, double dblRy,
-    const QBrush &brocha);
+             const QBrush &brocha);
 void fCaja(clsLienzo &l, double dblX, double dblY, double dblAncho, double dblAlto,
-    const QBrush &brocha);
+           const QBrush &brocha);
 /// A polygon from x, y pairs.
 void fPoligono(clsLienzo &l, const std::vector<QPointF> &lstPuntos, const QBrush &brocha);
 void fTrazo(clsLienzo &l, const std::vector<QPointF> &lstPuntos, double dblGrosor,
-    const QColor &colLinea);
+            const QColor &colLinea);
 /// Light that fades out towards the radius.
 void fHalo(clsLienzo &l, double dblX, double dblY, double dblRadio, const QColor &colLuz);
 
@@ -45,12 +45,12 @@ void fNubes(clsLienzo &l, int intCuantas, double dblY0, double dblY1, const QCol
 void fEstrellas(clsLienzo &l, int intCuantas, double dblHastaY);
 /// A wavy hill over the whole width, filled down to the lower edge.
 void fLoma(clsLienzo &l, double dblY, double dblAltura, const QColor &colArriba,
-    const QColor &colAbajo);
+           const QColor &colAbajo);
 /// Short horizontal glints, as on water; nearer ones (lower) are longer.
 void fBrillos(clsLienzo &l, const QRectF &zona, int intCuantos, const QColor &colBrillo);
 /// Blades of grass, ears, pebbles: short upright strokes, larger towards the lower edge.
 void fHierba(clsLienzo &l, double dblY0, double dblY1, int intCuantas, const QColor &colA,
-    const QColor &colB);
+             const QColor &colB);
 /// A flock of birds far away.
 void fPajaros(clsLienzo &l, double dblX, double dblY, int intCuantos);
 

@@ -12,7 +12,7 @@ struct clsPelicula {
     const std::vector<QByteArray> &lstCuadros;
     quint32 lngAncho;
     quint32 lngAlto;
-    quint32 lngPaso; // time units per frame
+    quint32 lngPaso;     // time units per frame
     quint32 lngCreacion; // seconds since 1904
 
     quint32 fCuantos() const { return static_cast<quint32>(lstCuadros.size()); }
@@ -23,8 +23,7 @@ struct clsPelicula {
 class clsAtomo {
 public:
     clsAtomo(clsBytes &salida, std::string_view strNombre)
-        : bytSalida(salida)
-        , lngInicio(salida.fLargo())
+        : bytSalida(salida), lngInicio(salida.fLargo())
     {
         bytSalida.fPoner32(0);
         bytSalida.fPonerTexto(strNombre);
@@ -44,8 +43,7 @@ private:
 
 void fMatriz(clsBytes &mov) // the identity: 16.16 fixed point, the last column 2.30
 {
-    for (const quint32 lngValor :
-        {0x10000U, 0U, 0U, 0U, 0x10000U, 0U, 0U, 0U, 0x40000000U}) {
+    for (const quint32 lngValor : {0x10000U, 0U, 0U, 0U, 0x10000U, 0U, 0U, 0U, 0x40000000U}) {
         mov.fPoner32(lngValor);
     }
 }
@@ -64,18 +62,18 @@ void fCabecera(clsBytes &mov, const clsPelicula &pelicula)
     mov.fPoner32(lngPorSegundo);
     mov.fPoner32(pelicula.fDuracion());
     mov.fPoner32(0x10000); // preferred rate 1.0
-    mov.fPoner16(0x100); // preferred volume 1.0
+    mov.fPoner16(0x100);   // preferred volume 1.0
     mov.fPonerCeros(10);
     fMatriz(mov);
     mov.fPonerCeros(24); // preview, poster, selection and current time
-    mov.fPoner32(2); // next track
+    mov.fPoner32(2);     // next track
 }
 
 void fCabeceraPista(clsBytes &mov, const clsPelicula &pelicula)
 {
     const clsAtomo atomo(mov, "tkhd");
     fFechas(mov, pelicula, 0xF); // enabled, in movie, in preview, in poster
-    mov.fPoner32(1); // track
+    mov.fPoner32(1);             // track
     mov.fPonerCeros(4);
     mov.fPoner32(pelicula.fDuracion());
     mov.fPonerCeros(16); // reserved, layer, alternate group, volume (no sound), reserved
@@ -98,7 +96,7 @@ void fManejador(clsBytes &mov, std::string_view strClases)
     const clsAtomo atomo(mov, "hdlr");
     mov.fPoner32(0);
     mov.fPonerTexto(strClases); // component type and subtype
-    mov.fPonerCeros(13); // manufacturer, flags, mask and an empty Pascal string as the name
+    mov.fPonerCeros(13);        // manufacturer, flags, mask and an empty Pascal string as the name
 }
 
 void fDatosAqui(clsBytes &mov) // the samples are in this very file
@@ -118,18 +116,18 @@ void fDescripcion(clsBytes &mov, const clsPelicula &pelicula)
     mov.fPoner32(1);
     const clsAtomo entrada(mov, "jpeg");
     mov.fPonerCeros(6);
-    mov.fPoner16(1); // data reference
-    mov.fPonerCeros(8); // version, revision, vendor
-    mov.fPoner32(0); // temporal quality
+    mov.fPoner16(1);     // data reference
+    mov.fPonerCeros(8);  // version, revision, vendor
+    mov.fPoner32(0);     // temporal quality
     mov.fPoner32(0x200); // spatial quality: normal
     mov.fPoner16(pelicula.lngAncho);
     mov.fPoner16(pelicula.lngAlto);
     mov.fPoner32(72U << 16); // dots per inch
     mov.fPoner32(72U << 16);
-    mov.fPoner32(0); // data size
-    mov.fPoner16(1); // frames per sample
-    mov.fPonerCeros(32); // compressor name
-    mov.fPoner16(24); // depth
+    mov.fPoner32(0);      // data size
+    mov.fPoner16(1);      // frames per sample
+    mov.fPonerCeros(32);  // compressor name
+    mov.fPoner16(24);     // depth
     mov.fPoner16(0xFFFF); // no colour table
 }
 
@@ -173,7 +171,7 @@ void fMedio(clsBytes &mov, const clsPelicula &pelicula, quint32 lngLugar)
     const clsAtomo informacion(mov, "minf");
     {
         const clsAtomo video(mov, "vmhd");
-        mov.fPoner32(1); // flags: no lean ahead
+        mov.fPoner32(1);    // flags: no lean ahead
         mov.fPonerCeros(8); // copy mode, colours
     }
     fManejador(mov, "dhlralis");
@@ -184,13 +182,13 @@ void fMedio(clsBytes &mov, const clsPelicula &pelicula, quint32 lngLugar)
 } // namespace
 
 QByteArray fMov(const std::vector<QByteArray> &lstCuadros, const QSize &tamCuadro,
-    int intCuadrosPorSegundo, std::time_t datCreacion)
+                int intCuadrosPorSegundo, std::time_t datCreacion)
 {
     constexpr std::time_t lngDe1904a1970 = 2082844800;
-    const clsPelicula pelicula {lstCuadros, static_cast<quint32>(tamCuadro.width()),
-        static_cast<quint32>(tamCuadro.height()),
-        lngPorSegundo / static_cast<quint32>(intCuadrosPorSegundo),
-        static_cast<quint32>(datCreacion + lngDe1904a1970)};
+    const clsPelicula pelicula{lstCuadros, static_cast<quint32>(tamCuadro.width()),
+                               static_cast<quint32>(tamCuadro.height()),
+                               lngPorSegundo / static_cast<quint32>(intCuadrosPorSegundo),
+                               static_cast<quint32>(datCreacion + lngDe1904a1970)};
     clsBytes mov(enmOrden::Motorola);
     {
         const clsAtomo clase(mov, "ftyp");

@@ -10,6 +10,6 @@ namespace demo {
 
 /// A whole QuickTime file from its frames, each of them a complete JPEG of the given size.
 QByteArray fMov(const std::vector<QByteArray> &lstCuadros, const QSize &tamCuadro,
-    int intCuadrosPorSegundo, std::time_t datCreacion);
+                int intCuadrosPorSegundo, std::time_t datCreacion);
 
 } // namespace demo
