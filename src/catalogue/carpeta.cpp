@@ -3,10 +3,11 @@
 #include "catalogue/registro.h"
 #include "shared/fecha.h"
 
+#include <array>
 #include <cerrno>
 #include <dirent.h>
 #include <fcntl.h>
-#include <memory>
+#include <limits>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -50,30 +51,45 @@ bool fConsultar(int intFd, const clsEntrada &entrada, struct stat &datos, bool &
     return S_ISREG(datos.st_mode);
 }
 
-/// Local dates of many files. Offsets from universal time change on quarters of an hour at the
-/// soonest, and files of one folder are of the same days: asking the zone tables once a quarter
-/// saves most of the conversions.
+/// Local dates of many files. Asking the zone tables is slow, and threads wait for each other
+/// there, but files of one folder are mostly of the same days. On a day whose local time begins and
+/// ends as far apart as it should, clocks were not changed: no zone ever changed forth and back
+/// within one (the shortest time in the zone database is four days, Freetown 1939).
 class clsReloj {
 public:
     clsFecha fLocal(std::time_t lngMomento)
     {
-        constexpr std::time_t lngCuarto = 900;
-        const std::time_t lngResto = ((lngMomento % lngCuarto) + lngCuarto) % lngCuarto;
+        const std::time_t lngResto = ((lngMomento % lngDia) + lngDia) % lngDia;
         const std::time_t lngInicio = lngMomento - lngResto;
-        if (lngInicio != m_lngInicio || !m_datInicio.fHay()) {
+        if (!m_bolVisto || lngInicio != m_lngInicio) {
+            // Measuring a day pays from the second file on.
+            m_bolVisto = true;
+            m_bolMedido = false;
             m_lngInicio = lngInicio;
-            m_datInicio = fFechaLocal(lngInicio);
-        }
-        // Only quarters that lie whole within the valid years are counted on from their start.
-        if (!m_datInicio.fHay() || fPartes(m_datInicio).intAno >= 9999) {
             return fFechaLocal(lngMomento);
         }
-        return {m_datInicio.lngSegundos + lngResto};
+        if (!m_bolMedido) {
+            fMedir();
+        }
+        return m_bolParejo ? clsFecha{m_datInicio.lngSegundos + lngResto} : fFechaLocal(lngMomento);
     }
 
 private:
-    std::time_t m_lngInicio = 0;
-    clsFecha m_datInicio;
+    void fMedir()
+    {
+        m_datInicio = fFechaLocal(m_lngInicio);
+        const clsFecha datFin = fFechaLocal(m_lngInicio + lngDia);
+        m_bolParejo = m_datInicio.fHay() && datFin.fHay() &&
+                      datFin.lngSegundos - m_datInicio.lngSegundos == lngDia;
+        m_bolMedido = true;
+    }
+
+    static constexpr std::time_t lngDia = 86400;
+    std::time_t m_lngInicio = 0; ///< start of the day of the last file, universal time
+    clsFecha m_datInicio;        ///< the same in local time
+    bool m_bolVisto = false;
+    bool m_bolMedido = false;
+    bool m_bolParejo = false; ///< local time runs evenly on that day
 };
 
 } // namespace
@@ -100,24 +116,20 @@ clsDescriptor fAbrirCarpeta(int intFdRaiz, std::string_view strRelativa, int &in
 
 int fListarCarpeta(int intFdCarpeta, std::vector<clsEntrada> &lstEntradas)
 {
-    // The stream closes its descriptor; the caller keeps its own to examine the entries.
-    const int intFd = fcntl(intFdCarpeta, F_DUPFD_CLOEXEC, 0);
-    DIR *const dirAbierta = intFd < 0 ? nullptr : fdopendir(intFd);
-    if (dirAbierta == nullptr) {
-        const int intError = errno;
-        const clsDescriptor cierre{intFd};
-        return intError;
-    }
-    const std::unique_ptr<DIR, int (*)(DIR *)> dir(dirAbierta, closedir);
+    alignas(dirent64) std::array<char, 32768> lstBloque;
     while (true) {
-        errno = 0;
-        const dirent *const dirEntrada = readdir(dir.get());
-        if (dirEntrada == nullptr) {
-            return errno;
+        const ssize_t lngLeidos = getdents64(intFdCarpeta, lstBloque.data(), lstBloque.size());
+        if (lngLeidos <= 0) {
+            // A folder that was deleted after it was opened has no entries any more.
+            return lngLeidos < 0 && errno != ENOENT ? errno : 0;
         }
-        const std::string_view strNombre = dirEntrada->d_name;
-        if (strNombre != "." && strNombre != ".." && fInteresa(dirEntrada->d_type)) {
-            lstEntradas.push_back({std::string(strNombre), fTipo(dirEntrada->d_type)});
+        for (const char *chr = lstBloque.data(); chr < lstBloque.data() + lngLeidos;) {
+            const auto *const dirEntrada = reinterpret_cast<const dirent64 *>(chr);
+            chr += dirEntrada->d_reclen;
+            const std::string_view strNombre = dirEntrada->d_name;
+            if (strNombre != "." && strNombre != ".." && fInteresa(dirEntrada->d_type)) {
+                lstEntradas.push_back({std::string(strNombre), fTipo(dirEntrada->d_type)});
+            }
         }
     }
 }
@@ -127,6 +139,8 @@ clsExamen fExaminar(int intFdCarpeta, const std::string &strCarpeta, const clsEn
 {
     clsExamen examen;
     clsReloj reloj;
+    // The folder, a name of usual length, date, size and signs between them.
+    examen.strLineas.reserve(static_cast<std::size_t>(fin - primera) * (strCarpeta.size() + 64));
     for (const clsEntrada *entrada = primera; entrada != fin && examen.intError == 0; ++entrada) {
         if (entrada->entrada == Entrada::Carpeta) {
             examen.lstCarpetas.push_back(entrada->strNombre);

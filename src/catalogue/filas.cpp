@@ -5,41 +5,65 @@
 #include "shared/texto.h"
 
 #include <algorithm>
+#include <iterator>
 #include <optional>
 
 namespace {
 
-constexpr std::string_view strFormaFecha = "nnnn/nn/nn nn:nn:nn";
-constexpr std::uint64_t lngFechaTexto = std::uint64_t{1} << 63;
+/// The six numbers of a date text: where each starts, its digits, and its bits in the packed date.
+/// The year comes first, in the highest bits, so that packed dates order as their texts do.
+struct clsParte {
+    std::size_t lngPos;
+    int intCifras;
+    unsigned intBits;
+    char chrDespues; ///< what stands behind it
+};
+constexpr clsParte lstPartes[] = {
+    {0,  4, 14, '/' },
+    {5,  2, 4,  '/' },
+    {8,  2, 5,  ' ' },
+    {11, 2, 5,  ':' },
+    {14, 2, 6,  ':' },
+    {17, 2, 6,  '\0'}
+};
+constexpr std::size_t lngLargoFecha = 19;
 
-/// The fourteen digits of a date text as one number; nothing when the text has another form.
+/// A date text "nnnn/nn/nn nn:nn:nn" in 40 bits; nothing when the text has another form, or a
+/// number that its bits do not hold (which no date has).
 std::optional<std::uint64_t> fEmpaquetar(std::string_view strFecha)
 {
-    if (strFecha.size() != strFormaFecha.size()) {
+    if (strFecha.size() != lngLargoFecha) {
         return {};
     }
-    std::uint64_t lngCifras = 0;
-    for (std::size_t lng = 0; lng < strFormaFecha.size(); ++lng) {
-        const unsigned intCifra = static_cast<unsigned char>(strFecha[lng]) - unsigned{'0'};
-        if (strFormaFecha[lng] == 'n') {
-            if (intCifra > 9) {
+    std::uint64_t lngFecha = 0;
+    for (const clsParte &parte : lstPartes) {
+        const char *chr = strFecha.data() + parte.lngPos;
+        unsigned intNumero = 0;
+        for (int intCifra = 0; intCifra < parte.intCifras; ++intCifra) {
+            const unsigned intValor = static_cast<unsigned char>(*chr++) - unsigned{'0'};
+            if (intValor > 9) {
                 return {};
             }
-            lngCifras = lngCifras * 10 + intCifra;
-        } else if (strFecha[lng] != strFormaFecha[lng]) {
+            intNumero = intNumero * 10 + intValor;
+        }
+        if (intNumero >> parte.intBits != 0 ||
+            (parte.chrDespues != 0 && *chr != parte.chrDespues)) {
             return {};
         }
+        lngFecha = lngFecha << parte.intBits | intNumero;
     }
-    return lngCifras;
+    return lngFecha;
 }
 
-std::string fDesempaquetar(std::uint64_t lngCifras)
+std::string fDesempaquetar(std::uint64_t lngFecha)
 {
-    std::string strFecha(strFormaFecha);
-    for (std::size_t lng = strFecha.size(); lng-- > 0;) {
-        if (strFecha[lng] == 'n') {
-            strFecha[lng] = static_cast<char>('0' + lngCifras % 10);
-            lngCifras /= 10;
+    std::string strFecha = "nnnn/nn/nn nn:nn:nn";
+    for (auto parte = std::rbegin(lstPartes); parte != std::rend(lstPartes); ++parte) {
+        std::uint64_t lngNumero = lngFecha & ((std::uint64_t{1} << parte->intBits) - 1);
+        lngFecha >>= parte->intBits;
+        for (int intCifra = parte->intCifras; intCifra-- > 0; lngNumero /= 10) {
+            strFecha[parte->lngPos + static_cast<std::size_t>(intCifra)] =
+                static_cast<char>('0' + lngNumero % 10);
         }
     }
     return strFecha;
@@ -59,8 +83,8 @@ std::string clsFilas::fTextoFecha(std::uint32_t lngFila) const
     if ((fila.lngFecha & lngFechaTexto) == 0) {
         return fDesempaquetar(fila.lngFecha);
     }
-    // A date of another form lies behind the name, ended by a zero byte.
-    return m_strTextos.c_str() + (fila.lngFecha & ~lngFechaTexto);
+    // A date of another form lies behind the name; its length stands in place of the packed date.
+    return m_strTextos.substr(fila.lngTexto + fila.lngNombre, fila.lngFecha & ~lngFechaTexto);
 }
 
 std::string_view clsFilas::fNombre(int lngPos) const
@@ -122,7 +146,13 @@ void clsFilas::fVaciar()
     m_lngRevision = lngRevision + 1;
 }
 
-void clsFilas::fReservar(std::size_t lngBytesTexto) { m_strTextos.reserve(lngBytesTexto); }
+void clsFilas::fReservar(std::size_t lngFilas, std::size_t lngBytesTexto)
+{
+    m_strTextos.reserve(m_strTextos.size() + lngBytesTexto);
+    m_lstFilas.reserve(m_lstFilas.size() + lngFilas);
+    m_lstOrden.reserve(m_lstOrden.size() + lngFilas);
+    m_lstMarcas.reserve(m_lstMarcas.size() + lngFilas);
+}
 
 std::uint32_t clsFilas::fNumeroCarpeta(std::string_view strCarpeta)
 {
@@ -142,13 +172,14 @@ void clsFilas::fAgregarFila(std::string_view strRuta, std::string_view strFecha,
                             std::int64_t lngBytes)
 {
     const std::string_view strNombre = fNombreDe(strRuta);
-    const std::uint32_t lngCarpeta = fNumeroCarpeta(fCarpetaDe(strRuta));
+    const std::uint32_t lngCarpeta =
+        fNumeroCarpeta(strRuta.substr(0, strRuta.size() - strNombre.size()));
     const std::uint64_t lngTexto = m_strTextos.size();
     m_strTextos.append(strNombre);
-    const auto lngCifras = fEmpaquetar(strFecha);
-    const std::uint64_t lngFecha = lngCifras ? *lngCifras : lngFechaTexto | m_strTextos.size();
-    if (!lngCifras) {
-        m_strTextos.append(strFecha).push_back('\0');
+    const auto lngPartes = fEmpaquetar(strFecha);
+    const std::uint64_t lngFecha = lngPartes ? *lngPartes : lngFechaTexto | strFecha.size();
+    if (!lngPartes) {
+        m_strTextos.append(strFecha);
     }
     m_lstOrden.push_back(static_cast<std::uint32_t>(m_lstFilas.size()));
     m_lstFilas.push_back(
@@ -157,10 +188,10 @@ void clsFilas::fAgregarFila(std::string_view strRuta, std::string_view strFecha,
     ++m_lngRevision;
 }
 
-clsFilas::clsClave clsFilas::fClave(std::uint32_t lngFila) const
+int clsFilas::fPosicion(std::uint32_t lngFila) const
 {
-    const clsFila &fila = m_lstFilas[lngFila];
-    return {fila.lngFecha, (fila.lngFecha & lngFechaTexto) == 0, fila.lngBytes, fila.lngCarpeta};
+    const auto it = std::find(m_lstOrden.begin(), m_lstOrden.end(), lngFila);
+    return it == m_lstOrden.end() ? -1 : static_cast<int>(it - m_lstOrden.begin());
 }
 
 void clsFilas::fReordenar(std::vector<std::uint32_t> lstOrden)

@@ -37,29 +37,38 @@ public:
     void fVaciar();
     /// Adds a row at the end. strRuta: full path; strFecha: date text as it stands; lngBytes: size.
     void fAgregarFila(std::string_view strRuta, std::string_view strFecha, std::int64_t lngBytes);
-    /// Room for texts of that many bytes, so that adding rows moves nothing.
-    void fReservar(std::size_t lngBytesTexto);
+    /// Room for that many more rows and bytes of names, so that adding them moves nothing. Memory
+    /// that stays unused costs nothing but addresses.
+    void fReservar(std::size_t lngFilas, std::size_t lngBytesTexto);
 
     /// What a row is ordered by, without building texts.
     struct clsClave {
-        std::uint64_t lngFecha; ///< the date's digits as one number; meaningless if not packed
+        std::uint64_t lngFecha; ///< orders as the date text does; meaningless if not packed
         bool bolEmpaquetada;    ///< the date text has the form "nnnn/nn/nn nn:nn:nn"
         std::int64_t lngBytes;
-        std::uint32_t lngCarpeta; ///< number of the folder, see fTextoCarpeta
+        std::uint32_t lngCarpeta; ///< number of the folder, see fTextosCarpeta
     };
     /// Rows by their fixed number (order of adding), and the display order as such numbers.
-    [[nodiscard]] clsClave fClave(std::uint32_t lngFila) const;
+    [[nodiscard]] clsClave fClave(std::uint32_t lngFila) const
+    {
+        const clsFila &fila = m_lstFilas[lngFila];
+        return {fila.lngFecha, (fila.lngFecha & lngFechaTexto) == 0, fila.lngBytes,
+                fila.lngCarpeta};
+    }
     [[nodiscard]] std::string_view fTextoNombre(std::uint32_t lngFila) const;
     [[nodiscard]] std::string fTextoFecha(std::uint32_t lngFila) const;
     [[nodiscard]] const std::vector<std::string> &fTextosCarpeta() const { return m_lstCarpetas; }
     [[nodiscard]] const std::vector<std::uint32_t> &fOrden() const { return m_lstOrden; }
+    /// The position of a row by its number; -1 when there is no such row.
+    [[nodiscard]] int fPosicion(std::uint32_t lngFila) const;
     /// Takes a new display order: a permutation of the row numbers.
     void fReordenar(std::vector<std::uint32_t> lstOrden);
 
 private:
+    static constexpr std::uint64_t lngFechaTexto = std::uint64_t{1} << 63;
     struct clsFila {
         std::uint64_t lngTexto;   ///< where the name starts in m_strTextos
-        std::uint64_t lngFecha;   ///< packed digits; or, with the top bit, start of the date text
+        std::uint64_t lngFecha;   ///< packed date; or lngFechaTexto + length of its text
         std::int64_t lngBytes;    ///< size of the file
         std::uint32_t lngNombre;  ///< length of the name
         std::uint32_t lngCarpeta; ///< index into m_lstCarpetas

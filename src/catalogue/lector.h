@@ -27,3 +27,10 @@ struct clsLectura {
 /// reading; the rows before it stay.
 [[nodiscard]] clsLectura fLeerCatalogo(std::string_view strBytes, std::string_view strExtensiones,
                                        clsFilas &filas);
+
+/// The same from the catalogue's file, block by block: it is never in memory as a whole.
+/// @return nothing when the file cannot be read to its end, whose error number goes to intError;
+///         the rows before it stay.
+[[nodiscard]] std::optional<clsLectura> fLeerFicheroCatalogo(const std::string &strRuta,
+                                                             std::string_view strExtensiones,
+                                                             clsFilas &filas, int &intError);

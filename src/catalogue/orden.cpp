@@ -7,62 +7,69 @@
 
 namespace {
 
-struct clsPar {
-    std::uint64_t lngClave;
-    std::uint32_t lngFila;
-};
+// A key and a position share one number, so that sorting moves 8 bytes a row.
+constexpr unsigned intBitsClave = 40;
+constexpr unsigned intBitsPosicion = 64 - intBitsClave;
 
-/// Stable radix sort by the low 48 bits of the keys.
-void fOrdenarPares(std::vector<clsPar> &lstPares)
+/// Stable radix sort by the keys, which are the high bits.
+void fOrdenarNumeros(std::vector<std::uint64_t> &lstNumeros)
 {
-    constexpr unsigned intBits = 12;
+    constexpr unsigned intBits = 10;
     constexpr std::uint64_t lngMascara = (1U << intBits) - 1;
-    constexpr std::size_t lngPasos = 4;
-    constexpr std::size_t lngPocos = 4096;
-    if (lstPares.size() < lngPocos) {
-        std::stable_sort(
-            lstPares.begin(), lstPares.end(),
-            [](const clsPar &uno, const clsPar &otro) { return uno.lngClave < otro.lngClave; });
-        return;
-    }
-    std::vector<std::array<std::uint32_t, lngMascara + 1>> lstCuentas(lngPasos);
-    for (const clsPar &par : lstPares) {
+    constexpr std::size_t lngPasos = intBitsClave / intBits;
+    const auto fCifra = [](std::uint64_t lngNumero, std::size_t lngPaso) {
+        return (lngNumero >> (intBitsPosicion + intBits * lngPaso)) & lngMascara;
+    };
+    std::array<std::array<std::uint32_t, lngMascara + 1>, lngPasos> lstCuentas{};
+    for (const std::uint64_t lngNumero : lstNumeros) {
         for (std::size_t lngPaso = 0; lngPaso < lngPasos; ++lngPaso) {
-            ++lstCuentas[lngPaso][(par.lngClave >> (intBits * lngPaso)) & lngMascara];
+            ++lstCuentas[lngPaso][fCifra(lngNumero, lngPaso)];
         }
     }
-    std::vector<clsPar> lstOtros(lstPares.size());
+    std::vector<std::uint64_t> lstOtros(lstNumeros.size());
     for (std::size_t lngPaso = 0; lngPaso < lngPasos; ++lngPaso) {
         auto &lstCuenta = lstCuentas[lngPaso];
-        const auto fCifra = [lngPaso](const clsPar &par) {
-            return (par.lngClave >> (intBits * lngPaso)) & lngMascara;
-        };
-        if (lstCuenta[fCifra(lstPares.front())] == lstPares.size()) {
+        if (lstCuenta[fCifra(lstNumeros.front(), lngPaso)] == lstNumeros.size()) {
             continue; // all alike in this digit
         }
         std::exclusive_scan(lstCuenta.begin(), lstCuenta.end(), lstCuenta.begin(), 0U);
-        for (const clsPar &par : lstPares) {
-            lstOtros[lstCuenta[fCifra(par)]++] = par;
+        for (const std::uint64_t lngNumero : lstNumeros) {
+            lstOtros[lstCuenta[fCifra(lngNumero, lngPaso)]++] = lngNumero;
         }
-        lstPares.swap(lstOtros);
+        lstNumeros.swap(lstOtros);
     }
 }
 
-constexpr std::uint64_t lngMaximo = (std::uint64_t{1} << 48) - 1;
-
-void fOrdenarPorClave(clsFilas &filas, bool bolDescendente,
-                      const std::function<std::uint64_t(std::uint32_t)> &fClave)
+/// Orders by numbers below 2 to the power of intBitsClave.
+template <typename Clave>
+void fOrdenarPorClave(clsFilas &filas, bool bolDescendente, const Clave &fClave)
 {
-    std::vector<clsPar> lstPares;
-    lstPares.reserve(filas.fOrden().size());
-    for (const std::uint32_t lngFila : filas.fOrden()) {
-        const std::uint64_t lngClave = fClave(lngFila);
-        lstPares.push_back({bolDescendente ? lngMaximo - lngClave : lngClave, lngFila});
+    std::vector<std::uint32_t> lstOrden = filas.fOrden();
+    constexpr std::size_t lngPocas = 1024;
+    constexpr std::size_t lngMuchas = std::size_t{1} << intBitsPosicion;
+    if (lstOrden.size() < lngPocas || lstOrden.size() > lngMuchas) {
+        std::stable_sort(lstOrden.begin(), lstOrden.end(),
+                         [&](std::uint32_t lngUna, std::uint32_t lngOtra) {
+                             return bolDescendente ? fClave(lngOtra) < fClave(lngUna)
+                                                   : fClave(lngUna) < fClave(lngOtra);
+                         });
+        filas.fReordenar(std::move(lstOrden));
+        return;
     }
-    fOrdenarPares(lstPares);
-    std::vector<std::uint32_t> lstOrden(lstPares.size());
-    std::transform(lstPares.begin(), lstPares.end(), lstOrden.begin(),
-                   [](const clsPar &par) { return par.lngFila; });
+    constexpr std::uint64_t lngClaveMayor = (std::uint64_t{1} << intBitsClave) - 1;
+    std::vector<std::uint64_t> lstNumeros;
+    lstNumeros.reserve(lstOrden.size());
+    for (const std::uint32_t lngFila : lstOrden) {
+        const std::uint64_t lngClave = fClave(lngFila);
+        lstNumeros.push_back((bolDescendente ? lngClaveMayor - lngClave : lngClave)
+                                 << intBitsPosicion |
+                             lstNumeros.size());
+    }
+    fOrdenarNumeros(lstNumeros);
+    std::transform(lstNumeros.begin(), lstNumeros.end(), lstOrden.begin(),
+                   [&anterior = filas.fOrden()](std::uint64_t lngNumero) {
+                       return anterior[lngNumero & (lngMuchas - 1)];
+                   });
     filas.fReordenar(std::move(lstOrden));
 }
 
@@ -84,7 +91,7 @@ void fOrdenarPorTexto(clsFilas &filas, bool bolDescendente,
     filas.fReordenar(std::move(lstOrden));
 }
 
-bool fTodas(const clsFilas &filas, const std::function<bool(const clsFilas::clsClave &)> &fCumple)
+template <typename Condicion> bool fTodas(const clsFilas &filas, const Condicion &fCumple)
 {
     return std::all_of(filas.fOrden().begin(), filas.fOrden().end(),
                        [&](std::uint32_t lngFila) { return fCumple(filas.fClave(lngFila)); });
@@ -92,7 +99,7 @@ bool fTodas(const clsFilas &filas, const std::function<bool(const clsFilas::clsC
 
 void fOrdenarFechas(clsFilas &filas, bool bolDescendente)
 {
-    // Texts of one form compare as the number their digits make.
+    // Texts of one form compare as the numbers they are packed in.
     if (fTodas(filas, [](const auto &clave) { return clave.bolEmpaquetada; })) {
         fOrdenarPorClave(filas, bolDescendente,
                          [&](std::uint32_t lngFila) { return filas.fClave(lngFila).lngFecha; });
@@ -102,11 +109,12 @@ void fOrdenarFechas(clsFilas &filas, bool bolDescendente)
     }
 }
 
+// As long as the numbers of kilobytes are padded to the same width, their texts compare as they do.
+// The widest padded one has nine digits and two group signs.
+constexpr std::int64_t lngAlineados = 999'999'999;
+
 void fOrdenarTamanos(clsFilas &filas, bool bolDescendente)
 {
-    // As long as the numbers are padded to the same width, their texts compare as they do. The
-    // widest padded one has nine digits and two group signs.
-    constexpr std::int64_t lngAlineados = 999'999'999;
     if (fTodas(filas,
                [](const auto &clave) { return fKilobytes(clave.lngBytes) <= lngAlineados; })) {
         fOrdenarPorClave(filas, bolDescendente, [&](std::uint32_t lngFila) {

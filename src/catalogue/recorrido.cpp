@@ -71,7 +71,7 @@ private:
     std::condition_variable m_hayNodo;
     std::deque<clsTarea> m_lstTareas; ///< first task at the front
     std::int64_t m_lngAdelantados = 0;
-    bool m_bolEsperan = false;
+    const clsNodo *m_esperado = nullptr; ///< what the receiver waits for
     bool m_bolFin = false;
     std::vector<std::thread> m_lstHilos;
 };
@@ -104,10 +104,10 @@ bool clsLectores::fEsperar(const clsNodo &nodo)
 {
     std::unique_lock guarda(m_cerrojo);
     if (!nodo.bolHecho) {
-        m_bolEsperan = true;
+        m_esperado = &nodo;
         m_hayTarea.notify_one();
         m_hayNodo.wait_for(guarda, lngPausa, [&] { return nodo.bolHecho; });
-        m_bolEsperan = false;
+        m_esperado = nullptr;
     }
     return nodo.bolHecho;
 }
@@ -127,8 +127,8 @@ void clsLectores::fTrabajar()
     std::unique_lock guarda(m_cerrojo);
     while (true) {
         m_hayTarea.wait(guarda, [this] {
-            return m_bolFin ||
-                   (!m_lstTareas.empty() && (m_lngAdelantados <= lngAdelanto || m_bolEsperan));
+            return m_bolFin || (!m_lstTareas.empty() &&
+                                (m_lngAdelantados <= lngAdelanto || m_esperado != nullptr));
         });
         if (m_bolFin) {
             return;
@@ -210,10 +210,14 @@ void clsLectores::fTerminarNodo(clsNodo &nodo)
         for (std::size_t lngHijo = nodo.lstHijos.size(); lngHijo-- > 0;) {
             m_lstTareas.push_front({nodo.lstHijos[lngHijo].get(), lngLista});
         }
-        m_hayTarea.notify_all();
+        if (!nodo.lstHijos.empty()) {
+            m_hayTarea.notify_all();
+        }
     }
     nodo.bolHecho = true;
-    m_hayNodo.notify_all();
+    if (m_esperado == &nodo) {
+        m_hayNodo.notify_all();
+    }
 }
 
 /// Hands over the files of a folder that has been read.

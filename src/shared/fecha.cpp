@@ -11,6 +11,14 @@ constexpr std::int64_t lngSegundosDia = 86400;
 constexpr sys_days datDiaCero =
     std::chrono::year{1899} / std::chrono::December / std::chrono::day{30};
 
+/// Seconds from day 0 to the start of a year.
+constexpr std::int64_t fSegundosHasta(int intAno)
+{
+    const sys_days datInicio =
+        std::chrono::year{intAno} / std::chrono::January / std::chrono::day{1};
+    return (datInicio - datDiaCero).count() * lngSegundosDia;
+}
+
 void fEscribir(std::string &strTexto, std::size_t lngPos, int intCifras, int intValor)
 {
     for (std::size_t lng = lngPos + static_cast<std::size_t>(intCifras); lng-- > lngPos;) {
@@ -44,9 +52,9 @@ std::optional<clsFecha> fFechaDe(const clsPartesFecha &partes)
 clsPartesFecha fPartes(clsFecha fecha)
 {
     // Limits of the valid years, so that no number of seconds reaches the calendar unchecked.
-    static const std::int64_t lngPrimero = fFechaDe({100, 1, 1})->lngSegundos;
-    static const std::int64_t lngUltimo = fFechaDe({9999, 12, 31, 23, 59, 59})->lngSegundos;
-    const bool bolValida = fecha.lngSegundos >= lngPrimero && fecha.lngSegundos <= lngUltimo;
+    constexpr std::int64_t lngPrimero = fSegundosHasta(100);
+    constexpr std::int64_t lngFin = fSegundosHasta(10000);
+    const bool bolValida = fecha.lngSegundos >= lngPrimero && fecha.lngSegundos < lngFin;
     const std::chrono::seconds lngSegundos{bolValida ? fecha.lngSegundos : 0};
     const auto lngDias = std::chrono::floor<std::chrono::days>(lngSegundos);
     const std::chrono::year_month_day datDia{datDiaCero + lngDias};

@@ -3,7 +3,7 @@
 #include "shared/rutas.h"
 #include "shared/texto.h"
 
-#include <string>
+#include <cstddef>
 
 namespace {
 constexpr std::string_view strFotos = "/JPG/";
@@ -26,13 +26,19 @@ std::string_view fExtensionesVisibles(Medios medios)
 
 bool fExtensionEn(std::string_view strRuta, std::string_view strExtensiones)
 {
+    // Every extension known here has three characters, between two bars.
+    constexpr std::size_t lngLargo = 3;
     const std::string_view strExtension = fExtensionDe(strRuta);
-    // Every extension known here has three characters: the common "no" costs no allocation.
-    if (strExtension.size() != 3) {
+    if (strExtension.size() != lngLargo) {
         return false;
     }
-    const std::string strBuscada = '/' + fMayusculasAscii(strExtension) + '/';
-    return strExtensiones.find(strBuscada) != std::string_view::npos;
+    for (std::size_t lng = 0; lng + lngLargo + 1 < strExtensiones.size(); ++lng) {
+        if (strExtensiones[lng] == '/' && strExtensiones[lng + lngLargo + 1] == '/' &&
+            fIgualSinCaja(strExtensiones.substr(lng + 1, lngLargo), strExtension)) {
+            return true;
+        }
+    }
+    return false;
 }
 
 bool fEsVideo(std::string_view strRuta) { return fExtensionEn(strRuta, strVideos); }

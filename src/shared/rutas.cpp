@@ -24,9 +24,12 @@ std::string_view fCarpetaDe(std::string_view strRuta)
 
 std::string_view fExtensionDe(std::string_view strRuta)
 {
-    const std::string_view strNombre = fNombreDe(strRuta);
-    const std::size_t lngPunto = strNombre.rfind('.');
-    return lngPunto == std::string_view::npos ? std::string_view() : strNombre.substr(lngPunto + 1);
+    for (std::size_t lng = strRuta.size(); lng-- > 0 && strRuta[lng] != '/';) {
+        if (strRuta[lng] == '.') {
+            return strRuta.substr(lng + 1);
+        }
+    }
+    return {};
 }
 
 bool fRutaOculta(std::string_view strRuta)

@@ -117,10 +117,12 @@ bool fIgualSinCaja(std::string_view strUno, std::string_view strOtro)
 
 std::string_view fSinBlancos(std::string_view strTexto)
 {
-    constexpr std::string_view strBlancos = " \t";
-    const std::size_t lngPrimero = strTexto.find_first_not_of(strBlancos);
-    if (lngPrimero == std::string_view::npos) {
-        return {};
+    const auto fBlanco = [](char chr) { return chr == ' ' || chr == '\t'; };
+    while (!strTexto.empty() && fBlanco(strTexto.front())) {
+        strTexto.remove_prefix(1);
     }
-    return strTexto.substr(lngPrimero, strTexto.find_last_not_of(strBlancos) - lngPrimero + 1);
+    while (!strTexto.empty() && fBlanco(strTexto.back())) {
+        strTexto.remove_suffix(1);
+    }
+    return strTexto;
 }

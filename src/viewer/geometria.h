@@ -1,9 +1,8 @@
 #pragma once
 
-/// Lengths of the main window are twips, 15 to a logical pixel, counted from the top left corner of
-/// its client area.
-inline constexpr int intTwipsPixel = 15;
+#include "shared/twips.h"
 
+/// A rectangle in twips, counted from the top left corner of the main window's client area.
 struct clsRect {
     int lngIzq = 0;
     int lngArriba = 0;
@@ -11,9 +10,6 @@ struct clsRect {
     int lngAlto = 0;
     friend bool operator==(const clsRect &, const clsRect &) = default;
 };
-
-/// The value, or 0 when it is negative.
-[[nodiscard]] constexpr int fNoNegativo(int intValor) { return intValor < 0 ? 0 : intValor; }
 
 /// Sides of a thumbnail box for the three sizes, and what a cell needs beyond it.
 inline constexpr int lstTamMini[] = {1000, 1500, 2000};

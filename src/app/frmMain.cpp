@@ -1,0 +1,336 @@
+#include "app/frmMain.h"
+
+#include "app/barra.h"
+#include "app/ceder.h"
+#include "app/menus.h"
+#include "app/puerta.h"
+#include "catalogue/lstFotos.h"
+#include "catalogue/modelo_fotos.h"
+#include "dates/panel.h"
+#include "shared/qtexto.h"
+#include "shared/sistema.h"
+#include "viewer/cmdAncho.h"
+#include "viewer/encaje.h"
+#include "viewer/geometria.h"
+#include "viewer/visor.h"
+
+#include <QApplication>
+#include <QCloseEvent>
+#include <QHeaderView>
+#include <QLineEdit>
+#include <QMenuBar>
+#include <QScreen>
+#include <QToolBar>
+
+#include <algorithm>
+#include <utility>
+
+namespace {
+
+constexpr int intPausaDisposicion = 150; // milliseconds
+
+/// A flag that is set as long as this lives.
+class clsBandera {
+public:
+    explicit clsBandera(bool &bol) : m_bol(bol) { m_bol = true; }
+    ~clsBandera() { m_bol = false; }
+    clsBandera(const clsBandera &) = delete;
+    clsBandera &operator=(const clsBandera &) = delete;
+
+private:
+    bool &m_bol;
+};
+
+} // namespace
+
+frmMain::frmMain(clsArchivo archivo, clsAjustes &ajustes, clsMensajes &mensajes)
+    : m_archivo(std::move(archivo)), m_ajustes(ajustes), m_mensajes(mensajes),
+      m_signos(fSignosLocales()),
+      m_ocupacion([] { QApplication::setOverrideCursor(Qt::WaitCursor); },
+                  [this] {
+                      QApplication::restoreOverrideCursor();
+                      m_lista->setFocus();
+                      if (m_bolCerrando) {
+                          QTimer::singleShot(0, this, &QWidget::close);
+                      }
+                  }),
+      m_medios(m_archivo.preferencias.medios), m_lngAncho(m_archivo.preferencias.lngAncho),
+      m_cliente(new QWidget(this)), m_modelo(new clsModeloFotos(m_filas, m_signos, this)),
+      m_lista(new lstFotos(m_cliente)), m_visor(new clsVisor(m_cliente)),
+      m_divisor(new cmdAncho(m_cliente))
+{
+    setObjectName(QStringLiteral("frmMain"));
+    setWindowTitle(QStringLiteral("Miravel 1.3"));
+    fCrearControles();
+    fCrearInformacion();
+    fConectar();
+}
+
+frmMain::~frmMain() = default;
+
+void frmMain::fCrearControles()
+{
+    m_cliente->setObjectName(QStringLiteral("frmMainCliente"));
+    setCentralWidget(m_cliente);
+    m_lista->setModel(m_modelo);
+    m_lista->fAnchosIniciales();
+    m_toolBar = fCrearBarra(m_cliente, [this](int intBoton) { fBotonPulsado(intBoton); });
+    m_mnuFoto =
+        fCrearMenus(*menuBar(), [this](const QString &strNombre) { fEntradaElegida(strNombre); });
+    fMarcarEntrada(*menuBar(), "mnuOpcionesThump", m_archivo.preferencias.intTamMini);
+    fMarcarEntrada(*menuBar(), "mnuOpcionesFotosVideos", static_cast<int>(m_medios));
+}
+
+void frmMain::fCrearInformacion()
+{
+    const auto fCaja = [this](const char *strNombre, const char *strAccesible) {
+        auto *const caja = new QLineEdit(m_cliente);
+        caja->setObjectName(QString::fromLatin1(strNombre));
+        caja->setAccessibleName(QString::fromUtf8(strAccesible));
+        caja->setReadOnly(true);
+        caja->setFocusPolicy(Qt::NoFocus);
+        caja->setContextMenuPolicy(Qt::NoContextMenu);
+        return caja;
+    };
+    m_txtInfo1 = fCaja("txtInfo1", "Posición en la lista");
+    m_txtInfo2 = fCaja("txtInfo2", "Archivo actual");
+    m_txtInfo3 = fCaja("txtInfo3", "Aviso de fechas");
+    m_txtInfo1->setAlignment(Qt::AlignCenter);
+    m_txtInfo3->setText(QStringLiteral("CONFLICTO FECHAS"));
+    m_txtInfo3->hide();
+    const int intAlto = m_txtInfo1->sizeHint().height();
+    const int intArriba = m_toolBar->sizeHint().height();
+    const int intAncho1 = fontMetrics().horizontalAdvance(QStringLiteral("  1000000 de 1000000  "));
+    const int intAncho3 = fontMetrics().horizontalAdvance(m_txtInfo3->text()) + intAlto;
+    m_toolBar->setGeometry(0, 0, m_toolBar->sizeHint().width(), intArriba);
+    m_txtInfo1->setGeometry(0, intArriba, intAncho1, intAlto);
+    m_txtInfo2->setGeometry(intAncho1, intArriba, screen()->size().width(), intAlto);
+    m_txtInfo3->setGeometry(0, intArriba, intAncho3, intAlto);
+}
+
+void frmMain::fConectar()
+{
+    m_Timer1.setSingleShot(true);
+    m_Timer1.setInterval(intPausaDisposicion);
+    connect(&m_Timer1, &QTimer::timeout, this, &frmMain::fTemporizador);
+    m_cliente->installEventFilter(this);
+    new clsPuerta(
+        *this, [this] { return m_ocupacion.fEsta(); },
+        [this](int intTecla, int intMayus) {
+            return fTeclaPulsada(intTecla, intMayus, fEstado(), *this);
+        });
+    connect(m_lista, &lstFotos::fFila, this, [this](int lngPos) { fMostrarArchivo(lngPos, true); });
+    connect(m_lista, &lstFotos::fDobleClic, this, &frmMain::fAbrirArchivo);
+    connect(
+        m_lista->horizontalHeader(), &QHeaderView::sectionClicked, this,
+        [this](int intSeccion) { fOrdenarLista(static_cast<Columna>(intSeccion + 1), true, {}); });
+    connect(m_modelo, &clsModeloFotos::fMarcaCambiada, this,
+            [this] { fMostrarArchivo(m_lngActual, true); });
+    connect(m_divisor, &cmdAncho::fSoltado, this,
+            [this](int intX) { fFijarAncho(intX * intTwipsPixel); });
+    connect(m_visor, &clsVisor::fMenuPedido, m_mnuFoto,
+            [this](const QPoint &punto) { m_mnuFoto->popup(punto); });
+}
+
+void frmMain::fIniciar()
+{
+    setGeometry(screen()->availableGeometry());
+    showMaximized();
+    QTimer::singleShot(0, this, [this] {
+        fLlenarLista(false, {});
+        m_bolCargando = false;
+    });
+}
+
+void frmMain::showEvent(QShowEvent *evento)
+{
+    QMainWindow::showEvent(evento);
+    if (m_tamDispuesto.isEmpty()) {
+        fDisponerPanel();
+    }
+}
+
+void frmMain::closeEvent(QCloseEvent *evento)
+{
+    // Whatever runs sees this at its next yield and unwinds; then the window closes.
+    m_bolCerrando = true;
+    evento->setAccepted(!m_ocupacion.fEsta());
+}
+
+bool frmMain::eventFilter(QObject *objeto, QEvent *evento)
+{
+    if (objeto == m_cliente && evento->type() == QEvent::Resize) {
+        fRedimensionar();
+    }
+    return QMainWindow::eventFilter(objeto, evento);
+}
+
+void frmMain::fRedimensionar()
+{
+    if (isMinimized() || m_tamDispuesto.isEmpty() || m_cliente->size() == m_tamDispuesto) {
+        return;
+    }
+    const int intAlto = fNoNegativo(m_cliente->height() - m_lista->y());
+    m_lista->resize(m_lista->width(), intAlto);
+    m_visor->fAltura(intAlto);
+    m_Timer1.start();
+}
+
+void frmMain::fTemporizador()
+{
+    if (m_ocupacion.fEsta() || m_bolOcupado) {
+        m_Timer1.start();
+        return;
+    }
+    if (!isMinimized() && m_cliente->size() != m_tamDispuesto) {
+        fDisponerPanel();
+        fRedibujar();
+    }
+}
+
+void frmMain::fDisponerPanel()
+{
+    ++m_lngGeneracion;
+    m_tamDispuesto = m_cliente->size();
+    const int intArriba = m_txtInfo1->y() + m_txtInfo1->height();
+    const clsDisposicion sitio =
+        fDisponer({m_cliente->width() * intTwipsPixel, m_cliente->height() * intTwipsPixel,
+                   intArriba * intTwipsPixel, m_lngAncho, m_txtInfo3->width() * intTwipsPixel});
+    m_lista->setGeometry(0, intArriba, sitio.lista.lngAncho / intTwipsPixel,
+                         sitio.lista.lngAlto / intTwipsPixel);
+    m_visor->fDisponer(sitio);
+    m_divisor->setGeometry(sitio.divisor.lngIzq / intTwipsPixel, intArriba, cmdAncho::intPixeles,
+                           sitio.divisor.lngAlto / intTwipsPixel);
+    m_divisor->raise();
+    for (QWidget *const control :
+         {static_cast<QWidget *>(m_toolBar), static_cast<QWidget *>(m_txtInfo1),
+          static_cast<QWidget *>(m_txtInfo2), static_cast<QWidget *>(m_txtInfo3)}) {
+        control->raise();
+    }
+    m_txtInfo3->move(sitio.lngInfo3 / intTwipsPixel, m_txtInfo3->y());
+}
+
+void frmMain::fFijarAncho(int lngTwips)
+{
+    m_lngAncho = fAnchoPanel(lngTwips, m_cliente->width() * intTwipsPixel,
+                             lstTamMini[m_archivo.preferencias.intTamMini]);
+    m_ajustes.fGuardarIni(strSeccionGeneral, "ANCHO", std::to_string(m_lngAncho));
+    fDisponerPanel();
+    fRedibujar();
+}
+
+// --- Making a file current ---
+
+void frmMain::fMostrarArchivo(int lngPos, bool bolOcupar)
+{
+    if (m_filas.fVacia()) {
+        return;
+    }
+    if (bolOcupar) {
+        const clsOcupado ocupado(m_ocupacion);
+        fMostrarArchivo(lngPos, false);
+        return;
+    }
+    m_lngActual = std::clamp(lngPos, 0, fUltimoPos());
+    m_visor->fVaciar();
+    fRedibujar();
+}
+
+void frmMain::fRedibujar()
+{
+    if (!m_filas.fVacia() && fDibujar()) {
+        fTerminarMostrar();
+    }
+}
+
+bool frmMain::fDibujar()
+{
+    const std::uint64_t lngGeneracion = ++m_lngGeneracion;
+    clsVisor::clsEntorno entorno;
+    entorno.fProcesando = [this] { fInfo2(QStringLiteral("Procesando...")); };
+    entorno.fCeder = fCederEventos;
+    entorno.fVigente = [this, lngGeneracion] {
+        return lngGeneracion == m_lngGeneracion && !m_bolCerrando;
+    };
+    entorno.fFalta = [this] { fIncidencias(); };
+    return m_visor->fMostrar(m_filas.fRuta(m_lngActual), entorno);
+}
+
+void frmMain::fTerminarMostrar()
+{
+    m_lista->fElegir(m_lngActual);
+    fInformar();
+    m_ajustes.fGuardarIni(strSeccionGeneral, "SELEC", m_filas.fRuta(m_lngActual));
+    std::vector<std::string> lstVecinas;
+    for (const int lngPos : {m_lngActual + 1, m_lngActual - 1}) {
+        if (lngPos >= 0 && lngPos <= fUltimoPos()) {
+            lstVecinas.push_back(m_filas.fRuta(lngPos));
+        }
+    }
+    m_visor->fAdelantar(lstVecinas);
+}
+
+void frmMain::fInformar()
+{
+    m_txtInfo1->setText(fQ(fTextoInfo1(m_lngActual, m_filas.fCantidad())));
+    fInfo2(fQ(fTextoInfo2(fTextoPantalla(m_filas.fRuta(m_lngActual)), m_filas.fFecha(m_lngActual),
+                          fCampo(m_filas, m_lngActual + 1, Campo::Tamano, m_signos))));
+}
+
+void frmMain::fInfo2(const QString &strTexto)
+{
+    m_txtInfo2->setText(strTexto);
+    m_txtInfo2->setCursorPosition(0);
+}
+
+void frmMain::fMover(Movimiento movimiento)
+{
+    if (m_bolOcupado) {
+        return;
+    }
+    const clsBandera bandera(m_bolOcupado);
+    if (const auto lngDestino = fDestino(movimiento, m_lngActual, fUltimoPos())) {
+        fMostrarArchivo(*lngDestino, false);
+    }
+}
+
+// --- Commands ---
+
+clsEstado frmMain::fEstado() const { return {!m_filas.fVacia(), m_ocupacion.fEsta()}; }
+
+void frmMain::fEntradaElegida(const QString &strNombre)
+{
+    const std::string strEntrada = fUtf8(strNombre);
+    if (const clsComando *const comando = fComandoDeMenu(strEntrada.c_str())) {
+        fEjecutar(*comando, fEstado(), *this);
+        return;
+    }
+    const int intIndice = strNombre.right(1).toInt();
+    if (strNombre.startsWith(QLatin1String("mnuOpcionesFotosVideos"))) {
+        fElegirMedios(intIndice);
+    } else if (strNombre.startsWith(QLatin1String("mnuFotoValor")) && !m_ocupacion.fEsta()) {
+        m_visor->fFijarZoom(lstZooms[intIndice]);
+    }
+}
+
+void frmMain::fBotonPulsado(int intBoton)
+{
+    if (const clsComando *const comando = fComandoDeBoton(intBoton)) {
+        fEjecutar(*comando, fEstado(), *this);
+    }
+}
+
+void frmMain::fAbrirArchivo() { fAbrirConSistema(m_filas.fRuta(m_lngActual)); }
+
+void frmMain::fAjustar() { m_visor->fFijarZoom(0); }
+
+void frmMain::fAumentar() { m_visor->fFijarZoom(fZoomMayor(m_visor->fZoom())); }
+
+void frmMain::fReducir() { m_visor->fFijarZoom(fZoomMenor(m_visor->fZoom())); }
+
+void frmMain::fActualizarLista()
+{
+    if (m_mensajes.fSiNo("¿Actualizar lista de archivos?")) {
+        fLlenarLista(true, {});
+    }
+}

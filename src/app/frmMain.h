@@ -1,0 +1,126 @@
+#pragma once
+
+#include "app/arranque.h"
+#include "browse/comandos.h"
+#include "browse/mover.h"
+#include "catalogue/filas.h"
+#include "catalogue/orden.h"
+#include "shared/ajustes.h"
+#include "shared/mensajes.h"
+#include "shared/numeros.h"
+#include "shared/ocupado.h"
+
+#include <QMainWindow>
+#include <QTimer>
+
+#include <cstdint>
+#include <string>
+
+class clsModeloFotos;
+class clsVisor;
+class cmdAncho;
+class lstFotos;
+class QLineEdit;
+class QToolBar;
+
+/// What start-up found out about the archive.
+struct clsArchivo {
+    std::string strRaiz; ///< root folder with a trailing "/"
+    bool bolEscritura;   ///< files can be made in it
+    clsPreferencias preferencias;
+};
+
+/// The main window: the list of files on the left, the viewing panel on the right.
+class frmMain : public QMainWindow, private clsAcciones {
+    Q_OBJECT
+public:
+    frmMain(clsArchivo archivo, clsAjustes &ajustes, clsMensajes &mensajes);
+    ~frmMain() override;
+
+    /// Shows the window and, as soon as events run, fills the list.
+    void fIniciar();
+
+protected:
+    void showEvent(QShowEvent *evento) override;
+    void closeEvent(QCloseEvent *evento) override;
+    bool eventFilter(QObject *objeto, QEvent *evento) override;
+
+private:
+    // Building the window
+    void fCrearControles();
+    void fCrearInformacion();
+    void fConectar();
+
+    // Layout
+    void fRedimensionar();
+    void fDisponerPanel();
+    void fTemporizador();
+    void fFijarAncho(int lngTwips);
+
+    // The list
+    void fLlenarLista(bool bolForzar, const std::string &strRuta);
+    void fCargarCatalogo(bool bolForzar);
+    void fConstruirCatalogo();
+    void fLeerCatalogoEnLista();
+    void fOrdenarLista(Columna columna, bool bolReelegir, const std::string &strRuta);
+    void fElegirMedios(int intIndice);
+    void fIncidencias();
+
+    // Making a file current
+    void fMostrarArchivo(int lngPos, bool bolOcupar);
+    bool fDibujar();
+    void fTerminarMostrar();
+    void fRedibujar();
+    void fInformar();
+    void fMover(Movimiento movimiento);
+
+    // Commands
+    [[nodiscard]] clsEstado fEstado() const;
+    void fEntradaElegida(const QString &strNombre);
+    void fBotonPulsado(int intBoton);
+    void fPrimero() override { fMover(Movimiento::Primero); }
+    void fRetroceder() override { fMover(Movimiento::Anterior); }
+    void fAvanzar() override { fMover(Movimiento::Siguiente); }
+    void fUltimo() override { fMover(Movimiento::Ultimo); }
+    void fAbrirArchivo() override;
+    void fAjustar() override;
+    void fAumentar() override;
+    void fReducir() override;
+    void fActualizarLista() override;
+
+    [[nodiscard]] int fUltimoPos() const { return m_filas.fCantidad() - 1; }
+    void fInfo2(const QString &strTexto);
+
+    const clsArchivo m_archivo;
+    clsAjustes &m_ajustes;
+    clsMensajes &m_mensajes;
+    const clsSignos m_signos;
+    clsOcupacion m_ocupacion;
+
+    clsFilas m_filas;
+    int m_lngActual = 0;
+    Medios m_medios;
+    Columna m_columna = Columna::Fecha;
+    bool m_bolDescendente = false;
+    std::int64_t m_dblTotalKB = 0;
+    bool m_bolIncidenciasAvisadas = false;
+    bool m_bolCargando = true; ///< until the first fill ends
+    bool m_bolOcupado = false; ///< a navigation command runs
+    bool m_bolCerrando = false;
+    std::uint64_t m_lngGeneracion = 0; ///< raised by every layout, draw and list change
+
+    int m_lngAncho;       ///< panel width in twips
+    QSize m_tamDispuesto; ///< client size last laid out
+    QTimer m_Timer1;
+
+    QWidget *m_cliente;
+    clsModeloFotos *m_modelo;
+    lstFotos *m_lista;
+    clsVisor *m_visor;
+    cmdAncho *m_divisor;
+    QToolBar *m_toolBar;
+    QLineEdit *m_txtInfo1;
+    QLineEdit *m_txtInfo2;
+    QLineEdit *m_txtInfo3;
+    QMenu *m_mnuFoto;
+};

@@ -1,0 +1,158 @@
+// Filling and ordering the list of the main window.
+
+#include "app/frmMain.h"
+
+#include "app/ceder.h"
+#include "app/menus.h"
+#include "catalogue/carga.h"
+#include "catalogue/constructor.h"
+#include "catalogue/cotejo.h"
+#include "catalogue/frmBusqueda.h"
+#include "catalogue/lector.h"
+#include "catalogue/lstFotos.h"
+#include "catalogue/modelo_fotos.h"
+#include "catalogue/registro.h"
+#include "shared/archivo.h"
+#include "shared/errores.h"
+#include "shared/qtexto.h"
+#include "viewer/visor.h"
+
+#include <QHeaderView>
+#include <QLineEdit>
+#include <QMenuBar>
+
+#include <cerrno>
+
+void frmMain::fLlenarLista(bool bolForzar, const std::string &strRuta)
+{
+    const clsOcupado ocupado(m_ocupacion);
+    std::string strReelegir;
+    if (m_bolCargando) {
+        strReelegir = m_ajustes.fLeerIni(strSeccionGeneral, "SELEC", "");
+    } else if (!m_filas.fVacia()) {
+        strReelegir = strRuta.empty() ? m_filas.fRuta(m_lngActual) : strRuta;
+    }
+    ++m_lngGeneracion;
+    fInfo2(QStringLiteral("Analizando..."));
+    m_visor->fVaciar();
+    m_modelo->fRellenar([](clsFilas &filas) { filas.fVaciar(); });
+    m_lista->fAnchosIniciales();
+    fCargarCatalogo(bolForzar);
+    m_lngActual = 0;
+    if (m_bolCerrando) {
+        return;
+    }
+    m_columna = Columna::Fecha;
+    m_bolDescendente = true; // ordering by the same column turns it round
+    if (m_filas.fVacia()) {
+        m_txtInfo1->clear();
+        fInfo2({});
+        m_mensajes.fAviso(Icono::Problema, "No se ha encontrado ningún archivo.");
+    } else {
+        fOrdenarLista(Columna::Fecha, !strReelegir.empty(), strReelegir);
+    }
+}
+
+void frmMain::fCargarCatalogo(bool bolForzar)
+{
+    const auto huella = fHuella(m_archivo.strRaiz + std::string(strFicheroCatalogo));
+    const bool bolExiste = huella && huella->lngBytes > 0;
+    const clsDecision decision = fDecidirCarga(bolForzar, bolExiste, m_archivo.bolEscritura);
+    if (decision.bolAnunciar) {
+        m_mensajes.fAviso(Icono::Aviso, "Se va a crear el fichero de información de las imágenes.");
+    }
+    if (decision.bolConstruir) {
+        fConstruirCatalogo();
+    }
+    if (decision.bolSinPermiso) {
+        m_mensajes.fAviso(
+            Icono::Problema,
+            "No se puede generar la lista de ficheros.\r\nNo tienes permiso de escritura.");
+    }
+    fLeerCatalogoEnLista();
+}
+
+void frmMain::fConstruirCatalogo()
+{
+    m_bolIncidenciasAvisadas = false;
+    frmBusqueda busqueda(this, m_mensajes, [this] {
+        fCederEventos(false);
+        return !m_bolCerrando;
+    });
+    const clsConstruccion construccion = busqueda.fBuscar(m_archivo.strRaiz);
+    if (construccion.construccion == Construccion::Ocupada) {
+        m_mensajes.fAviso(
+            Icono::Problema,
+            "Otro Miravel está trabajando con estos archivos. Inténtalo cuando termine.");
+    } else if (construccion.construccion == Construccion::SinEscribir) {
+        m_mensajes.fAviso(Icono::Problema, "No se puede generar la lista de ficheros.\r\n" +
+                                               fTextoError(construccion.intError));
+    }
+}
+
+void frmMain::fLeerCatalogoEnLista()
+{
+    const std::string strCatalogo = m_archivo.strRaiz + std::string(strFicheroCatalogo);
+    int intError = 0;
+    const auto strBytes = fLeerArchivo(strCatalogo, intError);
+    if (!strBytes) {
+        if (intError != ENOENT) {
+            m_mensajes.fAviso(Icono::Problema,
+                              fTextoPantalla(strCatalogo) + "\r\n" + fTextoError(intError));
+        }
+        return;
+    }
+    clsLectura lectura;
+    m_modelo->fRellenar([&](clsFilas &filas) {
+        lectura = fLeerCatalogo(*strBytes, fExtensionesVisibles(m_medios), filas);
+    });
+    m_dblTotalKB = lectura.lngTotalKB;
+    if (lectura.fallo) {
+        m_mensajes.fAviso(Icono::Problema, fTextoPantalla(strCatalogo) + "\r\nLínea " +
+                                               std::to_string(lectura.fallo->lngLinea) + ": '" +
+                                               lectura.fallo->strTexto + "' no es un tamaño.\r\n" +
+                                               "Actualiza la lista de archivos.");
+    }
+}
+
+void frmMain::fOrdenarLista(Columna columna, bool bolReelegir, const std::string &strRuta)
+{
+    if (m_filas.fVacia()) {
+        return;
+    }
+    const clsOcupado ocupado(m_ocupacion);
+    m_bolDescendente = columna == m_columna && !m_bolDescendente;
+    m_columna = columna;
+    const std::uint32_t lngFila = m_filas.fOrden()[static_cast<std::size_t>(m_lngActual)];
+    ++m_lngGeneracion;
+    m_modelo->fReordenar(
+        [&](clsFilas &filas) { fOrdenar(filas, m_columna, m_bolDescendente, fRangosEspanol); });
+    m_lista->horizontalHeader()->setSortIndicatorShown(true);
+    m_lista->horizontalHeader()->setSortIndicator(
+        static_cast<int>(columna) - 1, m_bolDescendente ? Qt::DescendingOrder : Qt::AscendingOrder);
+    const int lngEncontrada = strRuta.empty() ? -1 : m_filas.fBuscarRuta(strRuta);
+    fMostrarArchivo(
+        fElegida(bolReelegir, !strRuta.empty(), lngEncontrada, m_filas.fPosicion(lngFila)), false);
+}
+
+void frmMain::fElegirMedios(int intIndice)
+{
+    fMarcarEntrada(*menuBar(), "mnuOpcionesFotosVideos", intIndice);
+    if (m_ocupacion.fEsta()) {
+        return;
+    }
+    m_medios = static_cast<Medios>(intIndice);
+    m_ajustes.fGuardarIni(strSeccionGeneral, "FOTOVIDEO", std::to_string(intIndice));
+    fLlenarLista(false, {});
+}
+
+void frmMain::fIncidencias()
+{
+    if (m_bolIncidenciasAvisadas) {
+        return;
+    }
+    // Set before the box: while it is open, a resize can draw the same file again.
+    m_bolIncidenciasAvisadas = true;
+    m_mensajes.fAviso(Icono::Problema,
+                      "Actualiza la lista de archivos. Se han detectado incidencias.");
+}

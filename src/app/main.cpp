@@ -1,0 +1,61 @@
+#include "app/aplicacion.h"
+#include "app/arranque.h"
+#include "app/frmMain.h"
+#include "app/mensajes_qt.h"
+#include "shared/ajustes.h"
+#include "shared/archivo.h"
+#include "shared/formato_fecha.h"
+#include "shared/sistema.h"
+
+#include <QApplication>
+
+#include <string>
+#include <vector>
+
+namespace {
+
+constexpr int intSalidaMal = 1;
+
+/// Checks what has to hold before a window is shown; says what does not.
+bool fComprobar(const std::string &strRaiz, clsMensajes &mensajes)
+{
+    if (!fFormatoFechaValido(fDFmtUsuario())) {
+        mensajes.fAviso(
+            Icono::Critico,
+            "Para que el programa funcione correctamente el formato de la fecha debe ser "
+            "'dd/MM/yyyy'.");
+        return false;
+    }
+    if (!fExisteCarpeta(strRaiz)) {
+        mensajes.fAviso(Icono::Problema, "Ruta no válida.");
+        return false;
+    }
+    return true;
+}
+
+} // namespace
+
+int main(int intArgumentos, char **lstArgumentos)
+{
+    QApplication aplicacion(intArgumentos, lstArgumentos);
+    fPrepararAplicacion(aplicacion);
+    clsMensajesQt mensajes;
+    const std::string strRaiz =
+        fRaizDeOrdenes(std::vector<std::string>(lstArgumentos + 1, lstArgumentos + intArgumentos),
+                       fCarpetaPrograma(), fCarpetaTrabajo());
+    if (!fComprobar(strRaiz, mensajes)) {
+        return intSalidaMal;
+    }
+    const bool bolEscritura = fProbarEscritura(strRaiz);
+    clsAjustes ajustes(strRaiz + "Miravel.ini", bolEscritura);
+    clsPreferencias preferencias;
+    if (const auto malo = fLeerPreferencias(ajustes, preferencias)) {
+        mensajes.fAviso(Icono::Critico, "El ajuste " + malo->strClave +
+                                            " de Miravel.ini no es válido: '" + malo->strValor +
+                                            "'.");
+        return intSalidaMal;
+    }
+    frmMain ventana({strRaiz, bolEscritura, preferencias}, ajustes, mensajes);
+    ventana.fIniciar();
+    return QApplication::exec();
+}

@@ -1,0 +1,79 @@
+#include "app/puerta.h"
+
+#include "browse/teclas.h"
+
+#include <QCoreApplication>
+#include <QKeyEvent>
+#include <QMenuBar>
+#include <QWidget>
+
+#include <utility>
+
+namespace {
+
+/// Events by which the user acts on a window.
+bool fEsAccion(QEvent::Type tipo)
+{
+    switch (tipo) {
+    case QEvent::KeyPress:
+    case QEvent::KeyRelease:
+    case QEvent::Shortcut:
+    case QEvent::ShortcutOverride:
+    case QEvent::MouseButtonPress:
+    case QEvent::MouseButtonRelease:
+    case QEvent::MouseButtonDblClick:
+    case QEvent::MouseMove:
+    case QEvent::Wheel:
+    case QEvent::ContextMenu:
+    case QEvent::DragEnter:
+    case QEvent::DragMove:
+    case QEvent::Drop:
+        return true;
+    default:
+        return false;
+    }
+}
+
+int fEstadoMayus(Qt::KeyboardModifiers teclas)
+{
+    return (teclas & Qt::ShiftModifier ? intMayus : 0) |
+           (teclas & Qt::ControlModifier ? intCtrl : 0) | (teclas & Qt::AltModifier ? intAlt : 0) |
+           (teclas & Qt::MetaModifier ? intSuper : 0);
+}
+
+} // namespace
+
+clsPuerta::clsPuerta(QWidget &ventana, std::function<bool()> fOcupada,
+                     std::function<bool(int, int)> fTecla)
+    : QObject(&ventana), m_ventana(ventana), m_fOcupada(std::move(fOcupada)),
+      m_fTecla(std::move(fTecla))
+{
+    QCoreApplication::instance()->installEventFilter(this);
+}
+
+bool clsPuerta::eventFilter(QObject *objeto, QEvent *evento)
+{
+    if (!objeto->isWidgetType() || !fEsAccion(evento->type()) ||
+        static_cast<QWidget *>(objeto)->window() != &m_ventana) {
+        return false;
+    }
+    if (m_fOcupada()) {
+        return true;
+    }
+    return evento->type() == QEvent::KeyPress &&
+           fTecla(*objeto, static_cast<const QKeyEvent &>(*evento));
+}
+
+bool clsPuerta::fTecla(const QObject &objeto, const QKeyEvent &evento) const
+{
+    // A key that its control leaves unused comes by again for each parent: only the first counts.
+    // Whoever walks through the menu bar with the arrows must be able to.
+    const QWidget *const control = m_ventana.focusWidget();
+    if (&objeto != (control != nullptr ? control : &m_ventana) ||
+        qobject_cast<const QMenuBar *>(&objeto) != nullptr) {
+        return false;
+    }
+    const int intTecla = fNumeroTecla(evento.key(), evento.modifiers() & Qt::KeypadModifier,
+                                      evento.nativeScanCode());
+    return m_fTecla(intTecla, fEstadoMayus(evento.modifiers()));
+}

@@ -1,0 +1,30 @@
+#pragma once
+
+#include <QObject>
+
+#include <functional>
+
+class QKeyEvent;
+class QWidget;
+
+/// The gate before the main window: while it is busy, what the user does to it is dropped; else its
+/// keys are seen here before its controls see them.
+class clsPuerta : public QObject {
+    Q_OBJECT
+public:
+    /// @param ventana  the main window; events of other windows pass.
+    /// @param fOcupada whether the window is busy.
+    /// @param fTecla   handles a key press; true when the controls must not see it.
+    clsPuerta(QWidget &ventana, std::function<bool()> fOcupada,
+              std::function<bool(int intTecla, int intMayus)> fTecla);
+
+protected:
+    bool eventFilter(QObject *objeto, QEvent *evento) override;
+
+private:
+    [[nodiscard]] bool fTecla(const QObject &objeto, const QKeyEvent &evento) const;
+
+    QWidget &m_ventana;
+    std::function<bool()> m_fOcupada;
+    std::function<bool(int, int)> m_fTecla;
+};

@@ -1,0 +1,79 @@
+#include "catalogue/frmBusqueda.h"
+
+#include "shared/errores.h"
+#include "shared/qtexto.h"
+
+#include <QCloseEvent>
+#include <QLabel>
+#include <QPainter>
+#include <QVBoxLayout>
+
+namespace {
+
+/// A label that shows a path too long for it with its middle left out.
+class clsEtiquetaRuta : public QLabel {
+public:
+    using QLabel::QLabel;
+    [[nodiscard]] QSize minimumSizeHint() const override { return {0, fontMetrics().height()}; }
+    [[nodiscard]] QSize sizeHint() const override { return minimumSizeHint(); }
+
+protected:
+    void paintEvent(QPaintEvent *) override
+    {
+        QPainter pintor(this);
+        pintor.drawText(rect(), Qt::AlignLeft | Qt::AlignVCenter,
+                        fontMetrics().elidedText(text(), Qt::ElideMiddle, width()));
+    }
+};
+
+} // namespace
+
+frmBusqueda::frmBusqueda(QWidget *padre, clsMensajes &mensajes, std::function<bool()> fCeder)
+    : QDialog(padre), m_mensajes(mensajes), m_fCeder(std::move(fCeder)),
+      m_lblMsg(new clsEtiquetaRuta(tr("Buscando..."), this))
+{
+    setObjectName(QStringLiteral("frmBusqueda"));
+    setWindowTitle(tr("Analizando..."));
+    setModal(true);
+    m_lblMsg->setObjectName(QStringLiteral("lblMsg"));
+    m_lblMsg->setTextFormat(Qt::PlainText);
+    auto *const caja = new QVBoxLayout(this);
+    caja->addWidget(m_lblMsg);
+    setFixedSize(fontMetrics().averageCharWidth() * 80, fontMetrics().height() * 5);
+}
+
+clsConstruccion frmBusqueda::fBuscar(const std::string &strRaiz)
+{
+    m_lblMsg->clear();
+    show();
+    // The build starts once the window can be seen; one that is never shown (minimised) is not
+    // waited for long.
+    for (int intTurno = 0; intTurno < 100 && !m_bolPintado && m_fCeder(); ++intTurno) {
+    }
+    const clsConstruccion construccion = fConstruir(strRaiz, *this);
+    hide();
+    static_cast<void>(m_fCeder());
+    return construccion;
+}
+
+void frmBusqueda::closeEvent(QCloseEvent *evento) { evento->ignore(); }
+
+void frmBusqueda::paintEvent(QPaintEvent *evento)
+{
+    m_bolPintado = true;
+    QDialog::paintEvent(evento);
+}
+
+void frmBusqueda::fCarpeta(const std::string &strCarpeta) { m_strCarpeta = strCarpeta; }
+
+void frmBusqueda::fError(int intError)
+{
+    m_lblMsg->setText(fQPantalla(m_strCarpeta));
+    m_mensajes.fAviso(Icono::Problema, fTextoError(intError));
+}
+
+bool frmBusqueda::fCeder()
+{
+    m_lblMsg->setText(fQPantalla(m_strCarpeta));
+    return m_fCeder();
+}

@@ -1,0 +1,38 @@
+#pragma once
+
+#include "catalogue/constructor.h"
+#include "shared/mensajes.h"
+
+#include <QDialog>
+
+#include <functional>
+
+class QLabel;
+
+/// The small window of the catalogue build: shows the folder being read. It cannot be cancelled.
+class frmBusqueda : public QDialog, private clsObservador {
+    Q_OBJECT
+public:
+    /// @param fCeder lets events run and tells whether to go on (false: the program is closing).
+    frmBusqueda(QWidget *padre, clsMensajes &mensajes, std::function<bool()> fCeder);
+
+    /// Shows the window, builds the catalogue of the root folder and closes it again.
+    clsConstruccion fBuscar(const std::string &strRaiz);
+
+    void reject() override {} // Esc
+
+protected:
+    void closeEvent(QCloseEvent *evento) override;
+    void paintEvent(QPaintEvent *evento) override;
+
+private:
+    void fCarpeta(const std::string &strCarpeta) override;
+    void fError(int intError) override;
+    bool fCeder() override;
+
+    clsMensajes &m_mensajes;
+    std::function<bool()> m_fCeder;
+    QLabel *m_lblMsg;
+    std::string m_strCarpeta;
+    bool m_bolPintado = false;
+};

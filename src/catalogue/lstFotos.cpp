@@ -1,0 +1,106 @@
+#include "catalogue/lstFotos.h"
+
+#include "shared/twips.h"
+
+#include <QHeaderView>
+#include <QMouseEvent>
+
+namespace {
+constexpr int lstAnchos[] = {3000, 1800, 1500, 1700}; // twips
+}
+
+lstFotos::lstFotos(QWidget *padre) : QTableView(padre)
+{
+    setObjectName(QStringLiteral("lstFotos"));
+    setAccessibleName(tr("Lista de archivos"));
+    setSelectionBehavior(SelectRows);
+    setSelectionMode(SingleSelection);
+    setEditTriggers(NoEditTriggers);
+    setTabKeyNavigation(false);
+    setShowGrid(false);
+    setWordWrap(false);
+    setFrameShape(NoFrame);
+    setHorizontalScrollMode(ScrollPerPixel);
+    verticalHeader()->hide();
+    verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
+    verticalHeader()->setMinimumSectionSize(1);
+    verticalHeader()->setDefaultSectionSize(fontMetrics().height() + 4);
+    horizontalHeader()->setSectionsClickable(true);
+    horizontalHeader()->setHighlightSections(false);
+}
+
+void lstFotos::fAnchosIniciales()
+{
+    for (int intColumna = 0; intColumna < static_cast<int>(std::size(lstAnchos)); ++intColumna) {
+        setColumnWidth(intColumna, lstAnchos[intColumna] / intTwipsPixel);
+    }
+}
+
+void lstFotos::fElegir(int lngPos)
+{
+    const QModelIndex indice = model()->index(lngPos, 0);
+    setCurrentIndex(indice);
+    scrollTo(indice);
+}
+
+bool lstFotos::fEnCasilla(const QModelIndex &indice, const QPoint &punto) const
+{
+    if (!indice.isValid() || indice.column() != 0) {
+        return false;
+    }
+    QStyleOptionViewItem opcion;
+    initViewItemOption(&opcion);
+    opcion.rect = visualRect(indice);
+    opcion.features |= QStyleOptionViewItem::HasCheckIndicator;
+    return style()
+        ->subElementRect(QStyle::SE_ItemViewItemCheckIndicator, &opcion, this)
+        .contains(punto);
+}
+
+/// Toggles the check box under the mouse, if there is one.
+bool lstFotos::fAlternarCasilla(const QMouseEvent &evento)
+{
+    const QPoint punto = evento.position().toPoint();
+    const QModelIndex indice = indexAt(punto);
+    if (evento.button() != Qt::LeftButton || !fEnCasilla(indice, punto)) {
+        return false;
+    }
+    const bool bolMarcada = indice.data(Qt::CheckStateRole).toInt() == Qt::Checked;
+    model()->setData(indice, bolMarcada ? Qt::Unchecked : Qt::Checked, Qt::CheckStateRole);
+    return true;
+}
+
+void lstFotos::mousePressEvent(QMouseEvent *evento)
+{
+    // A click in a check box never changes the current row.
+    if (fAlternarCasilla(*evento)) {
+        return;
+    }
+    const QModelIndex indice = indexAt(evento->position().toPoint());
+    if (!indice.isValid() || evento->button() != Qt::LeftButton) {
+        return; // nor does one beside the rows
+    }
+    setCurrentIndex(indice.siblingAtColumn(0));
+    emit fFila(indice.row());
+}
+
+void lstFotos::mouseDoubleClickEvent(QMouseEvent *evento)
+{
+    if (fAlternarCasilla(*evento)) {
+        return;
+    }
+    const QModelIndex indice = indexAt(evento->position().toPoint());
+    if (indice.isValid() && evento->button() == Qt::LeftButton) {
+        emit fDobleClic(indice.row());
+    }
+}
+
+void lstFotos::keyPressEvent(QKeyEvent *evento)
+{
+    const int lngAntes = currentIndex().row();
+    QTableView::keyPressEvent(evento);
+    const int lngPos = currentIndex().row();
+    if (lngPos != lngAntes && lngPos >= 0) {
+        emit fFila(lngPos);
+    }
+}

@@ -1,0 +1,35 @@
+#pragma once
+
+#include <QTableView>
+
+/// The file list. It selects what the user clicks or steps to and tells it; making a file current
+/// is the window's work.
+class lstFotos : public QTableView {
+    Q_OBJECT
+public:
+    explicit lstFotos(QWidget *padre);
+
+    /// Column widths as they are at every fill.
+    void fAnchosIniciales();
+    /// Selects a row (from 0) and scrolls it into view, without telling anybody.
+    void fElegir(int lngPos);
+    /// No type-ahead search: letters are commands.
+    void keyboardSearch(const QString &) override {}
+
+signals:
+    /// A row was clicked, or reached with a key.
+    void fFila(int lngPos);
+    void fDobleClic(int lngPos);
+
+protected:
+    void mousePressEvent(QMouseEvent *evento) override;
+    // Rows are chosen by a press alone: dragging over them chooses none.
+    void mouseMoveEvent(QMouseEvent *) override {}
+    void mouseReleaseEvent(QMouseEvent *) override {}
+    void mouseDoubleClickEvent(QMouseEvent *evento) override;
+    void keyPressEvent(QKeyEvent *evento) override;
+
+private:
+    [[nodiscard]] bool fEnCasilla(const QModelIndex &indice, const QPoint &punto) const;
+    bool fAlternarCasilla(const QMouseEvent &evento);
+};

@@ -1,0 +1,131 @@
+#include "viewer/fuente.h"
+
+#include "shared/archivo.h"
+
+#include <QFile>
+#include <QImageReader>
+#include <QPainter>
+#include <QPainterPath>
+
+#include <algorithm>
+#include <cmath>
+
+namespace {
+
+/// An open file that stops giving bytes when its picture is no longer wanted.
+class clsArchivoAnulable : public QFile {
+public:
+    explicit clsArchivoAnulable(const std::atomic<bool> &bolAnulado) : m_bolAnulado(bolAnulado) {}
+
+protected:
+    qint64 readData(char *chrDatos, qint64 lngMaximo) override
+    {
+        return m_bolAnulado ? -1 : QFile::readData(chrDatos, lngMaximo);
+    }
+
+private:
+    const std::atomic<bool> &m_bolAnulado;
+};
+
+/// Size the JPEG decoder can deliver by itself, without a second scaling, for that many eighths.
+QSize fTamEscalado(QSize tam, int intOctavos)
+{
+    const auto fLado = [intOctavos](int intLado) {
+        return static_cast<int>(std::max<qint64>(1, qint64{intLado} * intOctavos / 8));
+    };
+    return {fLado(tam.width()), fLado(tam.height())};
+}
+
+} // namespace
+
+int fOctavos(QSize tam, const clsPedido &pedido)
+{
+    const double dblAncho = tam.width();
+    const double dblAlto = tam.height();
+    const double dblEscala = pedido.intZoom != 0 ? pedido.intZoom / 100.0
+                                                 : std::min(pedido.recuadro.width() / dblAncho,
+                                                            pedido.recuadro.height() / dblAlto);
+    // A hair below a whole eighth is that eighth.
+    int intOctavos = std::clamp(static_cast<int>(std::ceil(dblEscala * 8 - 0.001)), 1, 8);
+    const auto fBytes = [&](int int8) { return dblAncho * dblAlto * 4 * int8 * int8 / 64; };
+    while (intOctavos > 0 && fBytes(intOctavos) > static_cast<double>(pedido.lngMaximo)) {
+        --intOctavos;
+    }
+    return intOctavos;
+}
+
+clsFuente fDecodificar(const clsPedido &pedido, const std::atomic<bool> &bolAnulado)
+{
+    int intError = 0;
+    const clsDescriptor descriptor = fAbrirRegular(pedido.strRuta, intError);
+    clsArchivoAnulable archivo(bolAnulado);
+    if (!descriptor.fAbierto() || !archivo.open(descriptor.fFd(), QIODevice::ReadOnly)) {
+        return {};
+    }
+    QImageReader lector(&archivo);
+    const QSize tam = lector.size();
+    if (!tam.isValid() || tam.isEmpty()) {
+        return {};
+    }
+    const bool bolGirada = lector.transformation() & QImageIOHandler::TransformationRotate90;
+    clsPedido pedidoGirado = pedido;
+    if (bolGirada) {
+        pedidoGirado.recuadro.transpose();
+    }
+    const int intOctavos = fOctavos(tam, pedidoGirado);
+    if (intOctavos == 0) {
+        return {};
+    }
+    if (intOctavos < 8) {
+        lector.setScaledSize(fTamEscalado(tam, intOctavos));
+    }
+    lector.setAutoTransform(true);
+    clsFuente fuente;
+    fuente.imagen = lector.read();
+    if (fuente.imagen.isNull() || bolAnulado) {
+        return {};
+    }
+    if (fuente.imagen.format() != QImage::Format_RGB32 &&
+        fuente.imagen.format() != QImage::Format_ARGB32_Premultiplied) {
+        // Formats the screen does not have would be converted at every painting.
+        fuente.imagen = std::move(fuente.imagen)
+                            .convertToFormat(fuente.imagen.hasAlphaChannel()
+                                                 ? QImage::Format_ARGB32_Premultiplied
+                                                 : QImage::Format_RGB32);
+    }
+    // One device pixel per pixel of the picture, whatever density the file claims.
+    fuente.imagen.setDevicePixelRatio(1);
+    fuente.natural = bolGirada ? tam.transposed() : tam;
+    return fuente;
+}
+
+clsFuente fNoImagen()
+{
+    constexpr int intAncho = 640;
+    constexpr int intAlto = 480;
+    constexpr int intFinura = 3; // drawn finer than its size, since fit enlarges it
+    const QColor colTrazo(0x8a, 0x8a, 0x8a);
+    QImage imagen(intAncho * intFinura, intAlto * intFinura, QImage::Format_RGB32);
+    imagen.fill(QColor(0x3a, 0x3a, 0x3a));
+    QPainter pintor(&imagen);
+    pintor.setRenderHint(QPainter::Antialiasing);
+    pintor.scale(intFinura, intFinura);
+    pintor.setPen(QPen(colTrazo, 6, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+    // A picture frame with sun and hills, struck through.
+    pintor.drawRoundedRect(QRectF(230, 175, 180, 130), 10, 10);
+    pintor.drawEllipse(QPointF(285, 215), 13, 13);
+    QPainterPath colinas(QPointF(240, 290));
+    colinas.lineTo(295, 245);
+    colinas.lineTo(325, 270);
+    colinas.lineTo(360, 230);
+    colinas.lineTo(402, 285);
+    pintor.drawPath(colinas);
+    pintor.setPen(QPen(imagen.pixelColor(0, 0), 18, Qt::SolidLine, Qt::RoundCap));
+    pintor.drawLine(QPointF(235, 320), QPointF(405, 160));
+    pintor.setPen(QPen(colTrazo, 6, Qt::SolidLine, Qt::RoundCap));
+    pintor.drawLine(QPointF(235, 320), QPointF(405, 160));
+    pintor.end();
+    return {
+        imagen, {intAncho, intAlto}
+    };
+}

@@ -1,0 +1,41 @@
+#pragma once
+
+#include <QImage>
+#include <QSize>
+
+#include <atomic>
+#include <memory>
+#include <string>
+
+/// A picture ready to be painted: pixels, perhaps fewer than the file holds, and the size it has by
+/// right.
+struct clsFuente {
+    QImage imagen; ///< upright; null when the file could not be shown
+    QSize natural; ///< size of the upright picture in picture pixels
+};
+
+/// What a picture is decoded for.
+struct clsPedido {
+    std::string strRuta;
+    QSize recuadro;       ///< size of the frame in device pixels
+    int intZoom = 0;      ///< percentage of the natural size; 0: fit to the frame
+    qint64 lngMaximo = 0; ///< bytes of pixels it may take; larger ones come out null
+};
+
+/// Bytes of pixels a shown picture may take. A picture that would need more at its natural size is
+/// decoded smaller and painted enlarged.
+inline constexpr qint64 lngMaximoFoto = qint64{512} << 20;
+
+/// Decodes a picture in the smallest size that is enough for the request, upright by its EXIF
+/// orientation. Works on any thread. Only regular files are read.
+/// @param bolAnulado may become true meanwhile: the result is then of no use.
+[[nodiscard]] clsFuente fDecodificar(const clsPedido &pedido, const std::atomic<bool> &bolAnulado);
+
+/// How many eighths of its size a picture of that size has to be decoded in.
+/// @param tam     size of the picture as it is stored.
+/// @param pedido  frame and zoom; the frame turned as the stored picture is.
+/// @return 1 to 8; 0 when even one eighth takes more than pedido.lngMaximo.
+[[nodiscard]] int fOctavos(QSize tam, const clsPedido &pedido);
+
+/// The picture shown in place of one that cannot be shown.
+[[nodiscard]] clsFuente fNoImagen();

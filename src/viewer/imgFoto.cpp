@@ -1,0 +1,111 @@
+#include "viewer/imgFoto.h"
+
+#include "shared/twips.h"
+
+#include <QMouseEvent>
+#include <QPainter>
+
+#include <algorithm>
+#include <cmath>
+
+imgFoto::imgFoto(QWidget *recuadro) : QWidget(recuadro)
+{
+    setObjectName(QStringLiteral("imgFoto"));
+    setAccessibleName(tr("Fotografía"));
+    setFocusPolicy(Qt::NoFocus);
+    hide();
+}
+
+void imgFoto::fPoner(std::shared_ptr<const clsFuente> fuente)
+{
+    m_fuente = std::move(fuente);
+    update();
+}
+
+clsTam imgFoto::fRecuadro() const
+{
+    return {double{intTwipsPixel} * parentWidget()->width(),
+            double{intTwipsPixel} * parentWidget()->height()};
+}
+
+void imgFoto::fColocar(int intZoom)
+{
+    fTerminarArrastre();
+    if (!m_fuente) {
+        return;
+    }
+    const double dblTwips = intTwipsPixel / devicePixelRatioF();
+    m_encaje = fEncajar(
+        fRecuadro(), {m_fuente->natural.width() * dblTwips, m_fuente->natural.height() * dblTwips},
+        intZoom);
+    m_intZoom = intZoom;
+    setCursor(m_encaje.bolArrastrable ? Qt::OpenHandCursor : Qt::ArrowCursor);
+    fAplicar();
+}
+
+void imgFoto::fAplicar()
+{
+    const auto fPixeles = [](double dblTwips) {
+        return static_cast<int>(std::lround(dblTwips / intTwipsPixel));
+    };
+    // A picture of 20,000 x 2 points fitted to the frame is still a line.
+    setGeometry(fPixeles(m_encaje.dblIzq), fPixeles(m_encaje.dblArriba),
+                std::max(1, fPixeles(m_encaje.dblAncho)), std::max(1, fPixeles(m_encaje.dblAlto)));
+    update();
+}
+
+void imgFoto::paintEvent(QPaintEvent *)
+{
+    if (!m_fuente || m_fuente->imagen.isNull()) {
+        return;
+    }
+    QPainter pintor(this);
+    const bool bolExacta = m_intZoom == 100 && m_fuente->imagen.size() == m_fuente->natural;
+    if (!bolExacta) {
+        pintor.setRenderHint(QPainter::SmoothPixmapTransform);
+        pintor.drawImage(QRectF(rect()), m_fuente->imagen);
+        return;
+    }
+    // On a scaled screen the control can begin between two device pixels; the picture must not.
+    const QPointF origen = pintor.deviceTransform().map(QPointF(0, 0));
+    const double dblRazon = devicePixelRatioF();
+    pintor.translate((std::round(origen.x()) - origen.x()) / dblRazon,
+                     (std::round(origen.y()) - origen.y()) / dblRazon);
+    pintor.scale(1 / dblRazon, 1 / dblRazon);
+    pintor.drawImage(0, 0, m_fuente->imagen);
+}
+
+void imgFoto::mousePressEvent(QMouseEvent *evento)
+{
+    if (evento->button() == Qt::RightButton) {
+        emit fMenuPedido(evento->globalPosition().toPoint());
+    } else if (evento->button() == Qt::LeftButton && fSePuedeArrastrar(fRecuadro(), m_encaje)) {
+        m_bolArrastrando = true;
+        m_pulsado = mapToParent(evento->position());
+        setCursor(Qt::ClosedHandCursor);
+    }
+}
+
+void imgFoto::mouseMoveEvent(QMouseEvent *evento)
+{
+    if (!m_bolArrastrando) {
+        return;
+    }
+    if (!(evento->buttons() & Qt::LeftButton)) {
+        fTerminarArrastre();
+        return;
+    }
+    const QPointF delta = (mapToParent(evento->position()) - m_pulsado) * intTwipsPixel;
+    m_encaje = fArrastrar(fRecuadro(), m_encaje, delta.x(), delta.y());
+    fAplicar();
+}
+
+void imgFoto::mouseReleaseEvent(QMouseEvent *) { fTerminarArrastre(); }
+
+void imgFoto::fTerminarArrastre()
+{
+    if (m_bolArrastrando) {
+        m_bolArrastrando = false;
+        setCursor(m_encaje.bolArrastrable ? Qt::OpenHandCursor : Qt::ArrowCursor);
+    }
+}

@@ -1,0 +1,175 @@
+#include "viewer/visor.h"
+
+#include "shared/medios.h"
+#include "viewer/imgFoto.h"
+
+#include <QFrame>
+#include <QLabel>
+#include <QMouseEvent>
+
+#include <algorithm>
+
+namespace {
+
+QRect fPixeles(const clsRect &rect)
+{
+    return {rect.lngIzq / intTwipsPixel, rect.lngArriba / intTwipsPixel,
+            rect.lngAncho / intTwipsPixel, rect.lngAlto / intTwipsPixel};
+}
+
+/// A neutral dark ground, the same on light and dark desktops: colours of photos read best on it.
+void fFondoNeutro(QWidget &control)
+{
+    QPalette paleta = control.palette();
+    paleta.setColor(QPalette::Window, QColor(0x2b, 0x2b, 0x2b));
+    control.setPalette(paleta);
+    control.setAutoFillBackground(true);
+}
+
+} // namespace
+
+clsVisor::clsVisor(QWidget *cliente)
+    : QObject(cliente), m_lblFondo(new QLabel(cliente)), m_frmRecuadro(new QFrame(cliente)),
+      m_imgFoto(new imgFoto(m_frmRecuadro))
+{
+    m_lblFondo->setObjectName(QStringLiteral("lblFondo"));
+    m_lblFondo->setAccessibleName(tr("Panel de visualización"));
+    m_frmRecuadro->setObjectName(QStringLiteral("frmRecuadro"));
+    m_frmRecuadro->setAccessibleName(tr("Marco de la fotografía"));
+    for (QWidget *const control :
+         {static_cast<QWidget *>(m_lblFondo), static_cast<QWidget *>(m_frmRecuadro)}) {
+        fFondoNeutro(*control);
+        control->installEventFilter(this);
+    }
+    connect(m_imgFoto, &imgFoto::fMenuPedido, this, &clsVisor::fMenuPedido);
+    connect(&m_almacen, &clsAlmacenFotos::fLlegada, this, &clsVisor::fAfinar);
+}
+
+void clsVisor::fDisponer(const clsDisposicion &sitio)
+{
+    m_imgFoto->hide();
+    m_lblFondo->setGeometry(fPixeles(sitio.fondo));
+    m_frmRecuadro->setGeometry(fPixeles(sitio.recuadro));
+    m_frmRecuadro->raise();
+    m_frmRecuadro->show();
+    m_imgFoto->setGeometry(m_frmRecuadro->rect());
+}
+
+void clsVisor::fVaciar()
+{
+    m_imgPuente.reset();
+    m_strRuta.clear();
+    m_imgFoto->fPoner(nullptr);
+}
+
+void clsVisor::fAltura(int intPixeles) { m_lblFondo->resize(m_lblFondo->width(), intPixeles); }
+
+clsPedido clsVisor::fPedido(const std::string &strRuta, qint64 lngMaximo) const
+{
+    // Only fit depends on the frame, and beyond 100 % there are no more pixels to decode.
+    const QSize recuadro =
+        m_intZoom == 0 ? m_frmRecuadro->size() * m_frmRecuadro->devicePixelRatioF() : QSize();
+    return {strRuta, recuadro, std::min(m_intZoom, 100), lngMaximo};
+}
+
+std::shared_ptr<const clsFuente> clsVisor::fCargar(const std::string &strRuta,
+                                                   const clsEntorno &entorno)
+{
+    const auto huella = fHuella(strRuta);
+    if (!huella) {
+        entorno.fFalta();
+        return m_imgNoImagen;
+    }
+    if (fEsVideo(strRuta)) {
+        return m_imgNoImagen;
+    }
+    m_strRuta = strRuta;
+    m_huella = *huella;
+    const clsPedido pedido = fPedido(strRuta, lngMaximoFoto);
+    auto fuente = m_almacen.fTomar(pedido, *huella);
+    if (!fuente) {
+        // Painted before the load: the user sees that something is under way.
+        m_imgFoto->hide();
+        entorno.fCeder(false);
+        m_almacen.fAnularSalvo({pedido});
+        m_almacen.fPedir(pedido, *huella);
+    }
+    while (!fuente && entorno.fVigente()) {
+        entorno.fCeder(true);
+        fuente = m_almacen.fTomar(pedido, *huella);
+    }
+    return fuente && fuente->imagen.isNull() ? m_imgNoImagen : fuente;
+}
+
+bool clsVisor::fMostrar(const std::string &strRuta, const clsEntorno &entorno)
+{
+    if (!m_imgNoImagen) {
+        m_imgNoImagen = std::make_shared<const clsFuente>(fNoImagen());
+    }
+    entorno.fProcesando();
+    auto fuente = fCargar(strRuta, entorno);
+    if (!entorno.fVigente()) {
+        return false;
+    }
+    m_imgPuente = std::move(fuente);
+    m_imgFoto->fPoner(m_imgPuente);
+    m_imgFoto->fColocar(m_intZoom);
+    m_imgFoto->show();
+    return true;
+}
+
+void clsVisor::fAdelantar(const std::vector<std::string> &lstRutas)
+{
+    std::vector<clsPedido> lstPedidos;
+    for (const std::string &strRuta : lstRutas) {
+        if (!fEsVideo(strRuta)) {
+            lstPedidos.push_back(fPedido(strRuta, clsAlmacenFotos::lngMaximoVecina));
+        }
+    }
+    m_almacen.fAnularSalvo(lstPedidos);
+    for (const clsPedido &pedido : lstPedidos) {
+        const auto huella = fHuella(pedido.strRuta);
+        if (huella && !m_almacen.fTomar(pedido, *huella)) {
+            m_almacen.fPedir(pedido, *huella);
+        }
+    }
+}
+
+void clsVisor::fFijarZoom(int intZoom)
+{
+    m_intZoom = intZoom;
+    if (m_imgPuente == nullptr) {
+        return;
+    }
+    m_imgFoto->fColocar(intZoom);
+    if (m_imgPuente != m_imgNoImagen) {
+        // Placed at once with the pixels there are; the missing ones follow.
+        m_almacen.fPedir(fPedido(m_strRuta, lngMaximoFoto), m_huella);
+        fAfinar();
+    }
+}
+
+/// Takes over more pixels of the picture that is shown, when they have come.
+void clsVisor::fAfinar()
+{
+    if (m_imgPuente == nullptr || m_imgPuente == m_imgNoImagen) {
+        return;
+    }
+    const auto fuente = m_almacen.fTomar(fPedido(m_strRuta, lngMaximoFoto), m_huella);
+    if (fuente && fuente != m_imgPuente && !fuente->imagen.isNull()) {
+        m_imgPuente = fuente;
+        m_imgFoto->fPoner(fuente);
+    }
+}
+
+bool clsVisor::eventFilter(QObject *objeto, QEvent *evento)
+{
+    if (evento->type() == QEvent::MouseButtonPress) {
+        const auto *const raton = static_cast<QMouseEvent *>(evento);
+        if (raton->button() == Qt::RightButton) {
+            emit fMenuPedido(raton->globalPosition().toPoint());
+            return true;
+        }
+    }
+    return QObject::eventFilter(objeto, evento);
+}

@@ -1,0 +1,69 @@
+#pragma once
+
+#include "viewer/almacen.h"
+#include "viewer/geometria.h"
+
+#include <QObject>
+
+#include <functional>
+#include <memory>
+#include <string>
+#include <vector>
+
+class QFrame;
+class QLabel;
+class imgFoto;
+
+/// The viewing panel: its background, the frame and the one picture in it.
+class clsVisor : public QObject {
+    Q_OBJECT
+public:
+    /// What showing a picture needs from above.
+    struct clsEntorno {
+        std::function<void()> fProcesando; ///< says that a picture is being loaded
+        std::function<void(bool)> fCeder;  ///< lets events run; true: waits for the next one
+        std::function<bool()> fVigente;    ///< whether this showing is still wanted
+        std::function<void()> fFalta;      ///< the file is not on the disk
+    };
+    explicit clsVisor(QWidget *cliente);
+
+    /// Places background and frame and hides the picture, which fills the frame until it is drawn.
+    void fDisponer(const clsDisposicion &sitio);
+    /// Gives the background a new height in pixels, ahead of the next layout.
+    void fAltura(int intPixeles);
+    /// Empties the picture.
+    void fVaciar();
+    /// Shows a file as one picture: loads, places and shows it. Missing files, videos and what
+    /// cannot be decoded show the no-image picture.
+    /// @return false when it was superseded or the window closes: nothing of it is shown then.
+    [[nodiscard]] bool fMostrar(const std::string &strRuta, const clsEntorno &entorno);
+    /// Has the files that are likely to come next decoded ahead.
+    void fAdelantar(const std::vector<std::string> &lstRutas);
+
+    [[nodiscard]] int fZoom() const { return m_intZoom; }
+    /// Percentage of the natural size; 0 fits.
+    void fFijarZoom(int intZoom);
+
+signals:
+    /// Right button on panel, frame or picture, in screen coordinates.
+    void fMenuPedido(const QPoint &punto);
+
+protected:
+    bool eventFilter(QObject *objeto, QEvent *evento) override;
+
+private:
+    [[nodiscard]] clsPedido fPedido(const std::string &strRuta, qint64 lngMaximo) const;
+    [[nodiscard]] std::shared_ptr<const clsFuente> fCargar(const std::string &strRuta,
+                                                           const clsEntorno &entorno);
+    void fAfinar();
+
+    QLabel *m_lblFondo;
+    QFrame *m_frmRecuadro;
+    imgFoto *m_imgFoto;
+    clsAlmacenFotos m_almacen;
+    std::shared_ptr<const clsFuente> m_imgPuente; ///< the picture that is shown
+    std::string m_strRuta;                        ///< its file
+    clsHuella m_huella;                           ///< the file's content
+    std::shared_ptr<const clsFuente> m_imgNoImagen;
+    int m_intZoom = 100;
+};
