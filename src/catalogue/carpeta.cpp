@@ -5,6 +5,7 @@
 
 #include <array>
 #include <cerrno>
+#include <cstdint>
 #include <dirent.h>
 #include <fcntl.h>
 #include <limits>
@@ -52,44 +53,52 @@ bool fConsultar(int intFd, const clsEntrada &entrada, struct stat &datos, bool &
 }
 
 /// Local dates of many files. Asking the zone tables is slow, and threads wait for each other
-/// there, but files of one folder are mostly of the same days. On a day whose local time begins and
-/// ends as far apart as it should, clocks were not changed: no zone ever changed forth and back
+/// there, but the files of one folder are mostly of a few days. On a day whose local time begins
+/// and ends as far apart as it should, clocks were not changed: no zone ever changed forth and back
 /// within one (the shortest time in the zone database is four days, Freetown 1939).
 class clsReloj {
 public:
     clsFecha fLocal(std::time_t lngMomento)
     {
-        const std::time_t lngResto = ((lngMomento % lngDia) + lngDia) % lngDia;
+        using clsLimites = std::numeric_limits<std::time_t>;
+        if (lngMomento < clsLimites::min() + lngSegundosDia ||
+            lngMomento > clsLimites::max() - lngSegundosDia) {
+            return fFechaLocal(lngMomento); // its day has no start or no end
+        }
+        const std::time_t lngResto =
+            ((lngMomento % lngSegundosDia) + lngSegundosDia) % lngSegundosDia;
         const std::time_t lngInicio = lngMomento - lngResto;
-        if (!m_bolVisto || lngInicio != m_lngInicio) {
-            // Measuring a day pays from the second file on.
-            m_bolVisto = true;
-            m_bolMedido = false;
-            m_lngInicio = lngInicio;
-            return fFechaLocal(lngMomento);
+        const auto lngNumero = static_cast<std::uint64_t>(lngInicio / lngSegundosDia);
+        clsDia &dia = m_lstDias[lngNumero % m_lstDias.size()];
+        if (dia.estado == Estado::Vacio || dia.lngInicio != lngInicio) {
+            // Measuring a day pays from its second file on.
+            dia = {lngInicio, {}, Estado::Visto};
+        } else if (dia.estado == Estado::Visto) {
+            fMedir(dia);
         }
-        if (!m_bolMedido) {
-            fMedir();
-        }
-        return m_bolParejo ? clsFecha{m_datInicio.lngSegundos + lngResto} : fFechaLocal(lngMomento);
+        return dia.estado == Estado::Parejo ? clsFecha{dia.datInicio.lngSegundos + lngResto}
+                                            : fFechaLocal(lngMomento);
     }
 
 private:
-    void fMedir()
+    enum class Estado { Vacio, Visto, Parejo, Desigual };
+    struct clsDia {
+        std::time_t lngInicio = 0; ///< its start, universal time
+        clsFecha datInicio;        ///< the same in local time, once it has been measured
+        Estado estado = Estado::Vacio;
+    };
+    static constexpr std::time_t lngSegundosDia = 86400;
+
+    static void fMedir(clsDia &dia)
     {
-        m_datInicio = fFechaLocal(m_lngInicio);
-        const clsFecha datFin = fFechaLocal(m_lngInicio + lngDia);
-        m_bolParejo = m_datInicio.fHay() && datFin.fHay() &&
-                      datFin.lngSegundos - m_datInicio.lngSegundos == lngDia;
-        m_bolMedido = true;
+        dia.datInicio = fFechaLocal(dia.lngInicio);
+        const clsFecha datFin = fFechaLocal(dia.lngInicio + lngSegundosDia);
+        const bool bolParejo = dia.datInicio.fHay() && datFin.fHay() &&
+                               datFin.lngSegundos - dia.datInicio.lngSegundos == lngSegundosDia;
+        dia.estado = bolParejo ? Estado::Parejo : Estado::Desigual;
     }
 
-    static constexpr std::time_t lngDia = 86400;
-    std::time_t m_lngInicio = 0; ///< start of the day of the last file, universal time
-    clsFecha m_datInicio;        ///< the same in local time
-    bool m_bolVisto = false;
-    bool m_bolMedido = false;
-    bool m_bolParejo = false; ///< local time runs evenly on that day
+    std::array<clsDia, 64> m_lstDias{};
 };
 
 } // namespace

@@ -58,7 +58,7 @@ std::string fDFmtUsuario()
     if (loc == nullptr) {
         return {};
     }
-    const std::string strDFmt = nl_langinfo_l(D_FMT, loc);
+    std::string strDFmt = nl_langinfo_l(D_FMT, loc);
     freelocale(loc);
     return strDFmt;
 }

@@ -4,6 +4,9 @@
 
 namespace {
 
+/// The byte-order mark of UTF-8. In front of the first line it is no part of it.
+constexpr std::string_view strMarca = "\xEF\xBB\xBF";
+
 /// One line of the text: where it stands, and what it says.
 struct clsLinea {
     std::size_t lngInicio = 0;
@@ -49,8 +52,7 @@ struct clsSitio {
 clsSitio fBuscar(std::string_view strIni, std::string_view strSeccion, std::string_view strClave)
 {
     clsSitio sitio;
-    // A byte-order mark in front of the first line is no part of it.
-    std::size_t lngPos = strIni.starts_with("\xEF\xBB\xBF") ? 3 : 0;
+    std::size_t lngPos = strIni.starts_with(strMarca) ? strMarca.size() : 0;
     while (lngPos < strIni.size()) {
         const clsLinea linea = fLineaEn(strIni, lngPos);
         lngPos = linea.lngSiguiente;
@@ -110,7 +112,8 @@ std::string fCambiarClave(std::string_view strIni, std::string_view strSeccion,
     }
     const std::string strLinea = std::string(strClave) + '=' + strEscrito + "\r\n";
     std::size_t lngHueco = sitio.bolSeccion ? sitio.lngHueco : strNuevo.size();
-    if (lngHueco > 0 && strNuevo[lngHueco - 1] != '\n' && (lngHueco > 3 || strIni[0] != '\xEF')) {
+    const std::string_view strDelante = strIni.substr(0, lngHueco);
+    if (!strDelante.empty() && !strDelante.ends_with('\n') && strDelante != strMarca) {
         strNuevo.insert(lngHueco, "\r\n");
         lngHueco += 2;
     }

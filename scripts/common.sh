@@ -1,0 +1,41 @@
+# What scripts/run and scripts/test share. Sourced, not run.
+
+# The program: compiler, Qt with its SVG plug-in and Spanish texts, a font, and xdg-open.
+packages_program=(cmake g++ ninja-build qt6-base-dev libqt6svg6 qt6-translations-l10n
+    fonts-dejavu-core xdg-utils)
+# The tests besides: GoogleTest, a display without a screen, the checkers, libFuzzer.
+packages_tests=(libgtest-dev xvfb xauth xdotool locales util-linux procps
+    clang clang-format clang-tidy libclang-rt-14-dev)
+
+say() { printf '== %s\n' "$*"; }
+
+# Installs the Debian packages of these names that are missing. Does nothing when all are there.
+install_packages() {
+    local name missing=()
+    for name in "$@"; do
+        dpkg-query -W -f '${Status}' "$name" 2>/dev/null | grep -q '^install ok installed$' \
+            || missing+=("$name")
+    done
+    [ ${#missing[@]} -eq 0 ] && return 0
+    say "Installing Debian packages: ${missing[*]}"
+    local as_root=()
+    if [ "$(id -u)" -ne 0 ]; then
+        if ! command -v sudo >/dev/null; then
+            echo "These packages are missing, and installing them needs root or sudo: ${missing[*]}" >&2
+            return 1
+        fi
+        as_root=(sudo)
+    fi
+    "${as_root[@]}" apt-get update -qq
+    "${as_root[@]}" env DEBIAN_FRONTEND=noninteractive \
+        apt-get install -y -qq --no-install-recommends "${missing[@]}" >/dev/null
+}
+
+# Configures and builds a preset; further arguments go to the build (targets).
+build_preset() {
+    local preset=$1
+    shift
+    say "Building ($preset)"
+    cmake --preset "$preset" >/dev/null
+    cmake --build --preset "$preset" "$@"
+}
