@@ -4,6 +4,7 @@
 #include <QIcon>
 #include <QImageReader>
 #include <QLocale>
+#include <QLoggingCategory>
 #include <QTranslator>
 
 void fPrepararAplicacion(QApplication &aplicacion)
@@ -16,6 +17,8 @@ void fPrepararAplicacion(QApplication &aplicacion)
     if (textosQt->load(QStringLiteral(":/textos/qtbase_es.qm"))) {
         QApplication::installTranslator(textosQt);
     }
+    // Damaged photos are the user's business, shown in the window, not the terminal's.
+    QLoggingCategory::setFilterRules(QStringLiteral("qt.gui.imageio*=false"));
     // Photos of 50 megapixels and more; how much is really decoded the viewer decides.
     QImageReader::setAllocationLimit(0);
 }

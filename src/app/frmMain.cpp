@@ -59,6 +59,7 @@ frmMain::frmMain(clsArchivo archivo, clsAjustes &ajustes, clsMensajes &mensajes)
       m_lista(new lstFotos(m_cliente)), m_visor(new clsVisor(m_cliente)),
       m_divisor(new cmdAncho(m_cliente))
 {
+    m_visor->fAnticipar(m_ajustes.fConsultar(strSeccionGeneral, "SELEC"));
     setObjectName(QStringLiteral("frmMain"));
     setWindowTitle(QStringLiteral("Miravel 1.3"));
     fCrearControles();

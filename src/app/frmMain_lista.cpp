@@ -137,11 +137,14 @@ void frmMain::fOrdenarLista(Columna columna, bool bolReelegir, const std::string
 
 void frmMain::fElegirMedios(int intIndice)
 {
-    fMarcarEntrada(*menuBar(), "mnuOpcionesFotosVideos", intIndice);
+    if (!m_ocupacion.fEsta()) {
+        m_medios = static_cast<Medios>(intIndice);
+    }
+    // The entry has taken the mark by itself, wanted or not.
+    fMarcarEntrada(*menuBar(), "mnuOpcionesFotosVideos", static_cast<int>(m_medios));
     if (m_ocupacion.fEsta()) {
         return;
     }
-    m_medios = static_cast<Medios>(intIndice);
     m_ajustes.fGuardarIni(strSeccionGeneral, "FOTOVIDEO", std::to_string(intIndice));
     fLlenarLista(false, {});
 }

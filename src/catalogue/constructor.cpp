@@ -74,7 +74,8 @@ clsConstruccion fConstruir(const std::string &strRaiz, clsObservador &observador
     fQuitarRestos(strRaiz);
     const std::string strCatalogo = strRaiz + std::string(strFicheroCatalogo);
     // Exclusive: a catalogue that is there is not touched before its successor is whole.
-    const clsDescriptor vacio{open(strCatalogo.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666)};
+    const clsDescriptor vacio{
+        open(strCatalogo.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666)};
     clsReemplazo archivo(strCatalogo);
     if (archivo.fError() != 0) {
         return {Construccion::SinEscribir, archivo.fError()};

@@ -5,9 +5,25 @@
 #include <QHeaderView>
 #include <QMouseEvent>
 
+#include <algorithm>
+#include <iterator>
+
 namespace {
-constexpr int lstAnchos[] = {3000, 1800, 1500, 1700}; // twips
-}
+
+/// A column: its width in twips, and a text that must fit where the desktop's font is wider than
+/// the one the width was made for.
+struct clsColumna {
+    int lngTwips;
+    const char *strMuestra;
+};
+constexpr clsColumna lstColumnas[] = {
+    {3000, ""                   },
+    {1800, "2009/07/14 18:03:22"},
+    {1500, "1.234.567 KB"       },
+    {1700, ""                   },
+};
+
+} // namespace
 
 lstFotos::lstFotos(QWidget *padre) : QTableView(padre)
 {
@@ -31,8 +47,13 @@ lstFotos::lstFotos(QWidget *padre) : QTableView(padre)
 
 void lstFotos::fAnchosIniciales()
 {
-    for (int intColumna = 0; intColumna < static_cast<int>(std::size(lstAnchos)); ++intColumna) {
-        setColumnWidth(intColumna, lstAnchos[intColumna] / intTwipsPixel);
+    const int intMargen =
+        2 * (style()->pixelMetric(QStyle::PM_FocusFrameHMargin, nullptr, this) + 1);
+    for (int intColumna = 0; intColumna < static_cast<int>(std::size(lstColumnas)); ++intColumna) {
+        const clsColumna &columna = lstColumnas[intColumna];
+        const int intTexto =
+            fontMetrics().horizontalAdvance(QString::fromLatin1(columna.strMuestra)) + intMargen;
+        setColumnWidth(intColumna, std::max(columna.lngTwips / intTwipsPixel, intTexto));
     }
 }
 

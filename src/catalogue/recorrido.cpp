@@ -18,7 +18,9 @@ namespace {
 
 constexpr auto lngPausa = std::chrono::milliseconds(50);
 constexpr std::size_t lngEntradasTanda = 512;
-constexpr std::int64_t lngAdelanto = 64 << 20;
+// Bytes that are read ahead at most, and how many are worth waking the receiver for.
+constexpr std::int64_t lngAdelanto = 32 << 20;
+constexpr std::int64_t lngEntrega = 256 << 10;
 
 /// A folder of the tree. Its files are examined in batches, since one folder can hold most of an
 /// archive.
@@ -42,8 +44,8 @@ struct clsTarea {
 };
 constexpr std::size_t lngLista = static_cast<std::size_t>(-1);
 
-/// Reads folders ahead on worker threads. Tasks are taken in the order of the walk, so what the
-/// receiver waits for is always the first to be taken.
+/// Reads folders ahead on worker threads. Tasks are taken about in the order of the walk, so what
+/// the receiver waits for is among the first to be taken.
 class clsLectores {
 public:
     clsLectores(std::string strRaiz, const clsOpcionesRecorrido &opciones,
@@ -62,6 +64,8 @@ private:
     void fHacer(const clsTarea &tarea);
     void fListar(clsNodo &nodo);
     void fTerminarNodo(clsNodo &nodo);
+    [[nodiscard]] std::deque<clsTarea>::iterator fSiguiente();
+    [[nodiscard]] bool fConvieneEntregar() const;
 
     const std::string m_strRaiz;
     const clsOpcionesRecorrido &m_opciones;
@@ -69,8 +73,9 @@ private:
     std::mutex m_cerrojo;
     std::condition_variable m_hayTarea;
     std::condition_variable m_hayNodo;
-    std::deque<clsTarea> m_lstTareas; ///< first task at the front
-    std::int64_t m_lngAdelantados = 0;
+    std::deque<clsTarea> m_lstTareas;    ///< first task at the front
+    int m_intEnCurso = 0;                ///< tasks being done
+    std::int64_t m_lngAdelantados = 0;   ///< bytes read and not handed over
     const clsNodo *m_esperado = nullptr; ///< what the receiver waits for
     bool m_bolFin = false;
     std::vector<std::thread> m_lstHilos;
@@ -106,7 +111,7 @@ bool clsLectores::fEsperar(const clsNodo &nodo)
     if (!nodo.bolHecho) {
         m_esperado = &nodo;
         m_hayTarea.notify_one();
-        m_hayNodo.wait_for(guarda, lngPausa, [&] { return nodo.bolHecho; });
+        m_hayNodo.wait_for(guarda, lngPausa, [this] { return fConvieneEntregar(); });
         m_esperado = nullptr;
     }
     return nodo.bolHecho;
@@ -122,22 +127,47 @@ void clsLectores::fEntregado(std::int64_t lngBytes)
     }
 }
 
+/// With the lock held: the task to do next, the end when there is none to do now.
+std::deque<clsTarea>::iterator clsLectores::fSiguiente()
+{
+    if (m_lngAdelantados <= lngAdelanto) {
+        return m_lstTareas.begin();
+    }
+    // Enough was read ahead: only what the receiver waits for goes on.
+    return std::find_if(m_lstTareas.begin(), m_lstTareas.end(),
+                        [this](const clsTarea &tarea) { return tarea.nodo == m_esperado; });
+}
+
+/// With the lock held: whether the receiver has something to do. It is not woken for every folder,
+/// since threads that take turns cost as much as the work.
+bool clsLectores::fConvieneEntregar() const
+{
+    return m_esperado != nullptr && m_esperado->bolHecho &&
+           (m_lngAdelantados >= lngEntrega || (m_intEnCurso == 0 && m_lstTareas.empty()));
+}
+
 void clsLectores::fTrabajar()
 {
     std::unique_lock guarda(m_cerrojo);
     while (true) {
-        m_hayTarea.wait(guarda, [this] {
-            return m_bolFin || (!m_lstTareas.empty() &&
-                                (m_lngAdelantados <= lngAdelanto || m_esperado != nullptr));
+        auto siguiente = m_lstTareas.end();
+        m_hayTarea.wait(guarda, [&] {
+            siguiente = fSiguiente();
+            return m_bolFin || siguiente != m_lstTareas.end();
         });
         if (m_bolFin) {
             return;
         }
-        const clsTarea tarea = m_lstTareas.front();
-        m_lstTareas.pop_front();
+        const clsTarea tarea = *siguiente;
+        m_lstTareas.erase(siguiente);
+        ++m_intEnCurso;
         guarda.unlock();
         fHacer(tarea);
         guarda.lock();
+        --m_intEnCurso;
+        if (fConvieneEntregar()) {
+            m_hayNodo.notify_all();
+        }
     }
 }
 
@@ -215,9 +245,6 @@ void clsLectores::fTerminarNodo(clsNodo &nodo)
         }
     }
     nodo.bolHecho = true;
-    if (m_esperado == &nodo) {
-        m_hayNodo.notify_all();
-    }
 }
 
 /// Hands over the files of a folder that has been read.

@@ -51,7 +51,7 @@ void clsAlmacenFotos::fPedir(const clsPedido &pedido, const clsHuella &huella)
             return fMisma(trabajo.pedido, pedido) && trabajo.huella == huella &&
                    trabajo.pedido.lngMaximo >= pedido.lngMaximo && !*trabajo.bolAnulado;
         });
-    if (bolEnMarcha) {
+    if (bolEnMarcha || fTomar(pedido, huella)) {
         return;
     }
     const clsTrabajo trabajo{pedido, huella, std::make_shared<std::atomic<bool>>(false)};

@@ -24,7 +24,7 @@ public:
     /// A picture that was decoded for this request; nullptr when there is none yet.
     [[nodiscard]] std::shared_ptr<const clsFuente> fTomar(const clsPedido &pedido,
                                                           const clsHuella &huella);
-    /// Has a picture decoded unless that is under way. fLlegada follows.
+    /// Has a picture decoded unless it is kept or under way. fLlegada follows.
     void fPedir(const clsPedido &pedido, const clsHuella &huella);
     /// Gives up every request that is not one of these.
     void fAnularSalvo(const std::vector<clsPedido> &lstPedidos);

@@ -8,6 +8,7 @@
 #include <QMouseEvent>
 
 #include <algorithm>
+#include <iterator>
 
 namespace {
 
@@ -118,19 +119,33 @@ bool clsVisor::fMostrar(const std::string &strRuta, const clsEntorno &entorno)
     return true;
 }
 
+void clsVisor::fAnticipar(const std::string &strRuta)
+{
+    const auto huella = fEsVideo(strRuta) ? std::nullopt : fHuella(strRuta);
+    if (huella) {
+        m_almacen.fPedir(fPedido(strRuta, lngMaximoFoto), *huella);
+    }
+}
+
 void clsVisor::fAdelantar(const std::vector<std::string> &lstRutas)
 {
-    std::vector<clsPedido> lstPedidos;
-    for (const std::string &strRuta : lstRutas) {
-        if (!fEsVideo(strRuta)) {
-            lstPedidos.push_back(fPedido(strRuta, clsAlmacenFotos::lngMaximoVecina));
-        }
+    m_lstVecinas.clear();
+    std::copy_if(lstRutas.begin(), lstRutas.end(), std::back_inserter(m_lstVecinas),
+                 [](const std::string &strRuta) { return !fEsVideo(strRuta); });
+    fPedirVecinas();
+}
+
+/// Requests what the neighbours lack for the present zoom and frame; the shown picture comes first.
+void clsVisor::fPedirVecinas()
+{
+    std::vector<clsPedido> lstPedidos{fPedido(m_strRuta, lngMaximoFoto)};
+    for (const std::string &strRuta : m_lstVecinas) {
+        lstPedidos.push_back(fPedido(strRuta, clsAlmacenFotos::lngMaximoVecina));
     }
     m_almacen.fAnularSalvo(lstPedidos);
-    for (const clsPedido &pedido : lstPedidos) {
-        const auto huella = fHuella(pedido.strRuta);
-        if (huella && !m_almacen.fTomar(pedido, *huella)) {
-            m_almacen.fPedir(pedido, *huella);
+    for (auto pedido = lstPedidos.begin() + 1; pedido != lstPedidos.end(); ++pedido) {
+        if (const auto huella = fHuella(pedido->strRuta)) {
+            m_almacen.fPedir(*pedido, *huella);
         }
     }
 }
@@ -147,6 +162,7 @@ void clsVisor::fFijarZoom(int intZoom)
         m_almacen.fPedir(fPedido(m_strRuta, lngMaximoFoto), m_huella);
         fAfinar();
     }
+    fPedirVecinas();
 }
 
 /// Takes over more pixels of the picture that is shown, when they have come.

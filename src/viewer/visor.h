@@ -37,6 +37,8 @@ public:
     /// cannot be decoded show the no-image picture.
     /// @return false when it was superseded or the window closes: nothing of it is shown then.
     [[nodiscard]] bool fMostrar(const std::string &strRuta, const clsEntorno &entorno);
+    /// Begins to decode the file that is going to be shown first, while the window is being built.
+    void fAnticipar(const std::string &strRuta);
     /// Has the files that are likely to come next decoded ahead.
     void fAdelantar(const std::vector<std::string> &lstRutas);
 
@@ -56,6 +58,7 @@ private:
     [[nodiscard]] std::shared_ptr<const clsFuente> fCargar(const std::string &strRuta,
                                                            const clsEntorno &entorno);
     void fAfinar();
+    void fPedirVecinas();
 
     QLabel *m_lblFondo;
     QFrame *m_frmRecuadro;
@@ -65,5 +68,6 @@ private:
     std::string m_strRuta;                        ///< its file
     clsHuella m_huella;                           ///< the file's content
     std::shared_ptr<const clsFuente> m_imgNoImagen;
+    std::vector<std::string> m_lstVecinas;
     int m_intZoom = 100;
 };
