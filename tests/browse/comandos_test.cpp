@@ -1,0 +1,131 @@
+#include "browse/comandos.h"
+
+#include "browse/teclas.h"
+
+#include <gtest/gtest.h>
+#include <set>
+#include <string>
+
+namespace {
+
+/// Writes down what it was asked to do.
+class clsGrabadora : public clsAcciones {
+public:
+    void fPrimero() override { strHecho = "primero"; }
+    void fRetroceder() override { strHecho = "retroceder"; }
+    void fAvanzar() override { strHecho = "avanzar"; }
+    void fUltimo() override { strHecho = "ultimo"; }
+    void fAbrirArchivo() override { strHecho = "abrir"; }
+    void fAjustar() override { strHecho = "ajustar"; }
+    void fAumentar() override { strHecho = "aumentar"; }
+    void fReducir() override { strHecho = "reducir"; }
+    void fActualizarLista() override { strHecho = "actualizar"; }
+
+    std::string strHecho;
+};
+
+TEST(Comandos, HaveNamesMenusAndButtonsOfTheirOwn)
+{
+    std::set<std::string> lstNombres;
+    std::set<std::string> lstMenus;
+    std::set<int> lstBotones;
+    for (const clsComando &comando : fComandos()) {
+        SCOPED_TRACE(comando.strNombre);
+        EXPECT_TRUE(lstNombres.insert(comando.strNombre).second);
+        EXPECT_TRUE(comando.strMenu == nullptr || lstMenus.insert(comando.strMenu).second);
+        EXPECT_TRUE(comando.intBoton == 0 || lstBotones.insert(comando.intBoton).second);
+        EXPECT_NE(comando.fPermitido, nullptr);
+        EXPECT_NE(comando.fEjecutar, nullptr);
+    }
+}
+
+TEST(Comandos, NeverClaimTheSameKeyAndShift)
+{
+    for (const clsComando &uno : fComandos()) {
+        for (const clsComando &otro : fComandos()) {
+            if (&uno != &otro && uno.intTecla != 0 && uno.intTecla == otro.intTecla) {
+                SCOPED_TRACE(std::string(uno.strNombre) + " and " + otro.strNombre);
+                EXPECT_NE(uno.mayus, otro.mayus);
+                EXPECT_NE(uno.mayus, Mayus::Indiferente);
+            }
+        }
+    }
+}
+
+TEST(Comandos, DoWhatTheirNameSays)
+{
+    for (const clsComando &comando : fComandos()) {
+        clsGrabadora grabadora;
+        fEjecutar(comando, {true, false}, grabadora);
+        EXPECT_EQ(grabadora.strHecho, comando.strNombre);
+        grabadora.strHecho.clear();
+        fEjecutar(comando, {true, true}, grabadora);
+        EXPECT_EQ(grabadora.strHecho, "") << comando.strNombre << " while busy";
+    }
+}
+
+TEST(Comandos, AnswerToTheirKeys)
+{
+    struct clsCaso {
+        const char *strFrase;
+        int intTecla;
+        int intMayus;
+        const char *strHecho;
+        bool bolTragada;
+    };
+    const clsCaso lstCasos[] = {
+        {"F11",                           intTeclaF11,   0,                  "retroceder", false},
+        {"Shift+F11",                     intTeclaF11,   intMayus,           "primero",    false},
+        {"Ctrl+Shift is not Shift",       intTeclaF11,   intMayus | intCtrl, "retroceder", false},
+        {"Alt is not Shift",              intTeclaF12,   intAlt,             "avanzar",    true },
+        {"Shift+F12",                     intTeclaF12,   intMayus,           "ultimo",     true },
+        {"Enter with any Shift",          intTeclaEnter, intMayus,           "abrir",      false},
+        {"J",                             intTeclaJ,     0,                  "ajustar",    true },
+        {"+ of the pad",                  intTeclaMas,   0,                  "aumentar",   false},
+        {"- of the pad",                  intTeclaMenos, intCtrl,            "reducir",    false},
+        {"the system's own combinations", intTeclaJ,     intSuper,           "",           true },
+        {"a letter without a command",    90,            0,                  "",           true },
+        {"Page Up, by its number",        33,            0,                  "",           true },
+        {"Page Down reaches the list",    34,            0,                  "",           false},
+        {"Space reaches the list",        32,            0,                  "",           false},
+        {"Esc never reaches it",          intTeclaEsc,   0,                  "",           true },
+        {"the key left of Z neither",     intTeclaMenor, intMayus,           "",           true },
+        {"a key without a number",        0,             0,                  "",           false},
+    };
+    for (const clsCaso &caso : lstCasos) {
+        SCOPED_TRACE(caso.strFrase);
+        clsGrabadora grabadora;
+        EXPECT_EQ(fTeclaPulsada(caso.intTecla, caso.intMayus, {true, false}, grabadora),
+                  caso.bolTragada);
+        EXPECT_EQ(grabadora.strHecho, caso.strHecho);
+        grabadora.strHecho.clear();
+        EXPECT_FALSE(fTeclaPulsada(caso.intTecla, caso.intMayus, {false, false}, grabadora));
+        EXPECT_EQ(grabadora.strHecho, "") << "with an empty list no key does anything";
+    }
+}
+
+TEST(Comandos, AnswerToTheirButtonsAndMenus)
+{
+    EXPECT_STREQ(fComandoDeBoton(3)->strNombre, "primero");
+    EXPECT_STREQ(fComandoDeBoton(4)->strNombre, "retroceder");
+    EXPECT_STREQ(fComandoDeBoton(5)->strNombre, "avanzar");
+    EXPECT_STREQ(fComandoDeBoton(6)->strNombre, "ultimo");
+    EXPECT_EQ(fComandoDeBoton(0), nullptr);
+    EXPECT_EQ(fComandoDeBoton(99), nullptr);
+    EXPECT_STREQ(fComandoDeMenu("mnuOpcionesActualizar")->strNombre, "actualizar");
+    EXPECT_EQ(fComandoDeMenu("mnuNada"), nullptr);
+    ASSERT_EQ(fTextosTeclas().size(), 22U);
+    EXPECT_STREQ(fTextosTeclas()[14], "Shit + [F11]: Ir al final."); // to the letter
+}
+
+TEST(Comandos, CanUpdateAnEmptyList)
+{
+    clsGrabadora grabadora;
+    fEjecutar(*fComandoDeMenu("mnuOpcionesActualizar"), {false, false}, grabadora);
+    EXPECT_EQ(grabadora.strHecho, "actualizar");
+    grabadora.strHecho.clear();
+    fEjecutar(*fComandoDeBoton(5), {false, false}, grabadora);
+    EXPECT_EQ(grabadora.strHecho, "");
+}
+
+} // namespace

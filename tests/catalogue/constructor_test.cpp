@@ -1,0 +1,222 @@
+#include "catalogue/constructor.h"
+
+#include "soporte/arbol.h"
+#include "soporte/proceso.h"
+
+#include <algorithm>
+#include <cerrno>
+#include <chrono>
+#include <csignal>
+#include <fcntl.h>
+#include <gtest/gtest.h>
+#include <random>
+#include <sys/file.h>
+#include <sys/resource.h>
+#include <sys/stat.h>
+#include <thread>
+#include <unistd.h>
+
+namespace {
+
+using Textos = std::vector<std::string>;
+constexpr const char *strDat = "Miravel.dat";
+
+/// Lets every build run to its end and counts the errors.
+class clsPaciente : public clsObservador {
+public:
+    void fCarpeta(const std::string &) override {}
+    void fError(int intError) override { lstErrores.push_back(intError); }
+    bool fCeder() override { return true; }
+
+    std::vector<int> lstErrores;
+};
+
+Construccion fConstruirEn(const clsArbol &arbol)
+{
+    clsPaciente observador;
+    return fConstruir(arbol.fRaiz(), observador).construccion;
+}
+
+/// Number of records of a whole catalogue; -1 when it is not one.
+int fRegistros(const std::string &strBytes)
+{
+    const auto lngLineas = std::count(strBytes.begin(), strBytes.end(), '\n');
+    const bool bolEntero = strBytes.empty() || strBytes.ends_with(" \r\n");
+    return bolEntero && lngLineas % 3 == 0 ? static_cast<int>(lngLineas / 3) : -1;
+}
+
+/// A catalogue without the record of the catalogue itself, which differs from build to build.
+std::string fSinPropio(const clsArbol &arbol, std::string strBytes)
+{
+    const std::string strPropio = arbol.fRuta(strDat) + "\r\n";
+    const std::size_t lngInicio = strBytes.find(strPropio);
+    if (lngInicio != std::string::npos) {
+        const std::size_t lngFin = strBytes.find(" \r\n", lngInicio + strPropio.size() + 21);
+        strBytes.erase(lngInicio, lngFin + 3 - lngInicio);
+    }
+    return strBytes;
+}
+
+TEST(Constructor, RecordsItselfAsAnEmptyFileTheFirstTime)
+{
+    const clsArbol arbol;
+    EXPECT_EQ(fConstruirEn(arbol), Construccion::Hecha);
+    const std::string strPrimero = arbol.fLeer(strDat);
+    EXPECT_EQ(fRegistros(strPrimero), 1);
+    EXPECT_TRUE(strPrimero.starts_with(arbol.fRuta(strDat) + "\r\n"));
+    EXPECT_TRUE(strPrimero.ends_with("\r\n 0 \r\n"));
+    EXPECT_EQ(fConstruirEn(arbol), Construccion::Hecha);
+    EXPECT_TRUE(
+        arbol.fLeer(strDat).ends_with("\r\n " + std::to_string(strPrimero.size()) + " \r\n"));
+    EXPECT_EQ(arbol.fNombres(), Textos{strDat});
+}
+
+TEST(Constructor, RemovesWhatKilledBuildsLeftAndDoesNotRecordIt)
+{
+    const clsArbol arbol;
+    arbol.fCrear("a.jpg");
+    arbol.fCrear(".Miravel.dat.123.0.tmp");
+    arbol.fCrear(".Miravel.dat.tmp");
+    arbol.fCrear("c/.Miravel.dat.123.0.tmp");
+    EXPECT_EQ(fConstruirEn(arbol), Construccion::Hecha);
+    EXPECT_EQ(arbol.fNombres(), (Textos{".Miravel.dat.tmp", strDat, "a.jpg", "c"}));
+    EXPECT_EQ(fRegistros(arbol.fLeer(strDat)), 4);
+}
+
+TEST(Constructor, ChangesNothingWhileAnotherProgramHoldsTheArchive)
+{
+    const clsArbol arbol;
+    arbol.fCrear("a.jpg");
+    arbol.fCrear(strDat, "viejo");
+    arbol.fCrear(".Miravel.dat.123.0.tmp"); // may be what the other one writes
+    int lstListo[2];
+    ASSERT_EQ(pipe(lstListo), 0);
+    const clsHijo hijo([&] {
+        const clsCerrojoArchivo cerrojo(arbol.fRaiz());
+        EXPECT_TRUE(cerrojo.fTenido());
+        EXPECT_EQ(write(lstListo[1], "x", 1), 1);
+        pause();
+    });
+    char chrListo = 0;
+    ASSERT_EQ(read(lstListo[0], &chrListo, 1), 1);
+    EXPECT_FALSE(clsCerrojoArchivo(arbol.fRaiz()).fTenido());
+    EXPECT_EQ(fConstruirEn(arbol), Construccion::Ocupada);
+    EXPECT_EQ(arbol.fLeer(strDat), "viejo");
+    EXPECT_EQ(arbol.fNombres(), (Textos{".Miravel.dat.123.0.tmp", strDat, "a.jpg"}));
+    close(lstListo[0]);
+    close(lstListo[1]);
+}
+
+/// Takes longer over each folder than events may wait, and ends the build when it is asked.
+class clsImpaciente : public clsPaciente {
+public:
+    void fCarpeta(const std::string &) override
+    {
+        const auto lngHasta = std::chrono::steady_clock::now() + std::chrono::milliseconds(51);
+        std::this_thread::sleep_until(lngHasta);
+    }
+    bool fCeder() override { return false; }
+};
+
+TEST(Constructor, KeepsTheOldCatalogueWhenItIsInterrupted)
+{
+    const clsArbol arbol;
+    arbol.fCrear("a/b/c.jpg");
+    arbol.fCrear(strDat, "viejo");
+    clsImpaciente observador;
+    EXPECT_EQ(fConstruir(arbol.fRaiz(), observador).construccion, Construccion::Interrumpida);
+    EXPECT_EQ(arbol.fLeer(strDat), "viejo");
+    EXPECT_EQ(arbol.fNombres(), (Textos{strDat, "a"}));
+}
+
+TEST(Constructor, KeepsTheOldCatalogueWhenTheRootCannotBeRead)
+{
+    const clsArbol arbol;
+    arbol.fCrear("r/a.jpg");
+    arbol.fCrear("r/Miravel.dat", "viejo");
+    for (const mode_t modo : {0333U, 0U}) { // files can be made in the first
+        SCOPED_TRACE(modo);
+        ASSERT_EQ(chmod(arbol.fRuta("r").c_str(), modo), 0);
+        EXPECT_EQ(fEnHijo([&] {
+                      ASSERT_TRUE(fSoltarRaiz());
+                      clsPaciente observador;
+                      const clsConstruccion fin = fConstruir(arbol.fRuta("r/"), observador);
+                      EXPECT_NE(fin.construccion, Construccion::Hecha);
+                      EXPECT_EQ(fin.intError, EACCES);
+                  }),
+                  0);
+        ASSERT_EQ(chmod(arbol.fRuta("r").c_str(), 0755), 0);
+        EXPECT_EQ(arbol.fLeer("r/Miravel.dat"), "viejo");
+        EXPECT_EQ(arbol.fNombres("r"), (Textos{strDat, "a.jpg"}));
+    }
+}
+
+TEST(Constructor, MakesNothingWhereTheRootIsGone)
+{
+    const clsArbol arbol;
+    clsPaciente observador;
+    const clsConstruccion fin = fConstruir(arbol.fRuta("falta/"), observador);
+    EXPECT_NE(fin.construccion, Construccion::Hecha);
+    EXPECT_EQ(fin.intError, ENOENT);
+    EXPECT_TRUE(arbol.fNombres().empty());
+}
+
+TEST(Constructor, KeepsTheOldCatalogueWhenTheNewOneCannotBeWritten)
+{
+    const clsArbol arbol;
+    arbol.fCrear(strDat, "viejo");
+    for (int intArchivo = 0; intArchivo < 200; ++intArchivo) {
+        arbol.fCrear("carpeta/" + std::to_string(intArchivo) + ".jpg");
+    }
+    EXPECT_EQ(fEnHijo([&] {
+                  std::signal(SIGXFSZ, SIG_IGN);
+                  const rlimit limite{4096, RLIM_INFINITY};
+                  ASSERT_EQ(setrlimit(RLIMIT_FSIZE, &limite), 0);
+                  clsPaciente observador;
+                  const clsConstruccion fin = fConstruir(arbol.fRaiz(), observador);
+                  EXPECT_EQ(fin.construccion, Construccion::SinEscribir);
+                  EXPECT_EQ(fin.intError, EFBIG);
+              }),
+              0);
+    EXPECT_EQ(arbol.fLeer(strDat), "viejo");
+    EXPECT_EQ(arbol.fNombres(), (Textos{strDat, "carpeta"}));
+}
+
+TEST(Constructor, LeavesTheOldOrTheNewCatalogueWhenItIsKilled)
+{
+    const clsArbol arbol;
+    constexpr int intArchivos = 3000;
+    for (int intArchivo = 0; intArchivo < intArchivos; ++intArchivo) {
+        arbol.fCrear(std::to_string(intArchivo % 40) + '/' + std::to_string(intArchivo) + ".jpg");
+    }
+    arbol.fCrear("cambia.jpg");
+    const auto lngInicio = std::chrono::steady_clock::now();
+    ASSERT_EQ(fConstruirEn(arbol), Construccion::Hecha);
+    const auto lngDuracion = std::chrono::duration_cast<std::chrono::microseconds>(
+        std::chrono::steady_clock::now() - lngInicio);
+    std::mt19937 azar(std::random_device{}());
+    std::uniform_int_distribution<std::int64_t> reparto(0, lngDuracion.count() * 3 / 2);
+    for (int intVez = 0; intVez < 20; ++intVez) {
+        const std::string strViejo = arbol.fLeer(strDat);
+        arbol.fCrear("cambia.jpg", std::string(static_cast<std::size_t>(intVez) + 2, 'x'));
+        const std::chrono::microseconds lngEspera(reparto(azar));
+        SCOPED_TRACE(lngEspera.count());
+        clsHijo hijo([&] { static_cast<void>(fConstruirEn(arbol)); });
+        std::this_thread::sleep_for(lngEspera); // any moment will do
+        hijo.fMatar();
+        hijo.fEsperar();
+        const std::string strQueda = arbol.fLeer(strDat);
+        // The next build cleans up and tells what a whole new one looks like.
+        ASSERT_EQ(fConstruirEn(arbol), Construccion::Hecha);
+        const std::string strNuevo = arbol.fLeer(strDat);
+        ASSERT_EQ(fRegistros(strNuevo), intArchivos + 2);
+        ASSERT_NE(fSinPropio(arbol, strNuevo), fSinPropio(arbol, strViejo));
+        if (strQueda != strViejo) {
+            EXPECT_EQ(fRegistros(strQueda), intArchivos + 2);
+            EXPECT_TRUE(fSinPropio(arbol, strQueda) == fSinPropio(arbol, strNuevo));
+        }
+        EXPECT_EQ(arbol.fNombres().size(), 42U); // 40 folders, the catalogue and one file
+    }
+}
+
+} // namespace

@@ -1,0 +1,89 @@
+#include "catalogue/filas.h"
+
+#include "shared/numeros.h"
+
+#include <gtest/gtest.h>
+
+namespace {
+
+const std::string strFecha = "2009/07/14 18:03:22";
+
+clsFilas fTres()
+{
+    clsFilas filas;
+    filas.fAgregarFila("/f/a.jpg", strFecha, 600);
+    filas.fAgregarFila("/f/g/a.jpg", " otra forma ", 3LL << 40);
+    filas.fAgregarFila("/f/a.jpg", "", 0);
+    return filas;
+}
+
+TEST(Filas, KeepDateTextsThatOnlyLookAlmostRight)
+{
+    for (const char *const strTexto :
+         {"0000/00/00 00:00:00", "9999/99/99 99:99:99", "2009/07/14 18:03:2", "2009-07-14 18:03:22",
+          "2009/07/14 18:03:2x", "2009/07/14 18:03:222", "\xFF"}) {
+        SCOPED_TRACE(strTexto);
+        clsFilas filas;
+        filas.fAgregarFila("/f/a.jpg", strTexto, 1);
+        filas.fAgregarFila("/f/b.jpg", strFecha, 1);
+        EXPECT_EQ(filas.fFecha(0), strTexto);
+        EXPECT_EQ(filas.fNombre(1), "b.jpg");
+    }
+}
+
+TEST(Filas, FindTheLastRowOfExactlyThePath)
+{
+    const clsFilas filas = fTres();
+    EXPECT_EQ(filas.fBuscarRuta("/f/a.jpg"), 2);
+    EXPECT_EQ(filas.fBuscarRuta("/f/g/a.jpg"), 1);
+    for (const char *const strRuta : {"/f/A.jpg", "/f/a.jp", "/f/", "a.jpg", "", "/h/a.jpg"}) {
+        SCOPED_TRACE(strRuta);
+        EXPECT_EQ(filas.fBuscarRuta(strRuta), -1);
+    }
+}
+
+TEST(Filas, CarryTheirTicksIntoANewOrder)
+{
+    clsFilas filas = fTres();
+    filas.fMarcar(0, true);
+    filas.fMarcar(1, true);
+    filas.fMarcar(1, false);
+    const std::uint64_t lngRevision = filas.fRevision();
+    filas.fReordenar({2, 1, 0});
+    EXPECT_GT(filas.fRevision(), lngRevision);
+    EXPECT_TRUE(filas.fMarcada(2));
+    EXPECT_FALSE(filas.fMarcada(0));
+    EXPECT_EQ(filas.fContarMarcados(), 1);
+    EXPECT_EQ(filas.fBuscarRuta("/f/a.jpg"), 2);
+    EXPECT_EQ(filas.fFecha(2), strFecha);
+}
+
+TEST(Filas, StartAgainWithAHigherRevision)
+{
+    clsFilas filas = fTres();
+    const std::uint64_t lngRevision = filas.fRevision();
+    filas.fVaciar();
+    EXPECT_GT(filas.fRevision(), lngRevision);
+    EXPECT_TRUE(filas.fVacia());
+    EXPECT_EQ(filas.fBuscarRuta("/f/a.jpg"), -1);
+    filas.fAgregarFila("/f/b.jpg", strFecha, 1);
+    EXPECT_EQ(filas.fRuta(0), "/f/b.jpg");
+}
+
+TEST(Filas, AreReadByFieldCodesFromRowOne)
+{
+    const clsFilas filas = fTres();
+    const clsSignos signos;
+    EXPECT_EQ(fCampo(filas, 2, Campo::Ruta, signos), "/f/g/a.jpg");
+    EXPECT_EQ(fCampo(filas, 2, Campo::Nombre, signos), "a.jpg");
+    EXPECT_EQ(fCampo(filas, 2, Campo::Fecha, signos), "otra forma");
+    EXPECT_EQ(fCampo(filas, 1, Campo::Tamano, signos), "1 KB");
+    EXPECT_EQ(fCampo(filas, 3, Campo::Tamano, signos), "0 KB");
+    EXPECT_EQ(fCampo(filas, 2, Campo::Tamano, signos), "3.221.225.472 KB");
+    EXPECT_EQ(fCampo(filas, 2, Campo::Carpeta, signos), "/f/g/");
+    EXPECT_EQ(fCampo(filas, 1, static_cast<Campo>(5), signos), "");
+    EXPECT_EQ(fCampo(filas, 0, Campo::Ruta, signos), "");
+    EXPECT_EQ(fCampo(filas, 4, Campo::Ruta, signos), "");
+}
+
+} // namespace

@@ -1,0 +1,102 @@
+#include "shared/ajustes.h"
+
+#include "soporte/arbol.h"
+#include "soporte/proceso.h"
+
+#include <gtest/gtest.h>
+#include <sys/stat.h>
+
+namespace {
+
+constexpr const char *strIni = "Miravel.ini";
+
+/// What changes when a file is replaced, even by an equal one.
+ino_t fInodo(const clsArbol &arbol)
+{
+    struct stat datos {};
+    return stat(arbol.fRuta(strIni).c_str(), &datos) == 0 ? datos.st_ino : 0;
+}
+
+TEST(Ajustes, WriteTheDefaultOfAnAbsentOrEmptyKeyBackUnlessItIsBlank)
+{
+    const clsArbol arbol;
+    clsAjustes ajustes(arbol.fRuta(strIni), true);
+    EXPECT_EQ(ajustes.fLeerIni("GENERAL", "SELEC", " "), " ");
+    ajustes.fEsperar();
+    EXPECT_TRUE(arbol.fNombres().empty());
+    arbol.fCrear(strIni, "[GENERAL]\r\nTAM_MINI=\r\n");
+    EXPECT_EQ(ajustes.fLeerIni("GENERAL", "ANCHO", "3000"), "3000");
+    EXPECT_EQ(ajustes.fLeerIni("GENERAL", "TAM_MINI", "2"), "2");
+    ajustes.fEsperar();
+    EXPECT_EQ(arbol.fLeer(strIni), "[GENERAL]\r\nTAM_MINI=2\r\nANCHO=3000\r\n");
+}
+
+TEST(Ajustes, NeitherReadNorWriteWhenTheRootIsNotWritable)
+{
+    const clsArbol arbol;
+    clsAjustes ajustes(arbol.fRuta(strIni), false);
+    ajustes.fGuardarIni("GENERAL", "ANCHO", "5");
+    EXPECT_EQ(ajustes.fLeerIni("GENERAL", "ANCHO", "3000"), "3000");
+    ajustes.fEsperar();
+    EXPECT_TRUE(arbol.fNombres().empty());
+    arbol.fCrear(strIni, "[GENERAL]\r\nANCHO=7\r\n");
+    EXPECT_EQ(ajustes.fLeerIni("GENERAL", "ANCHO", "3000"), "3000");
+}
+
+TEST(Ajustes, LeaveTheFileAloneWhenTheValueIsTheSame)
+{
+    const clsArbol arbol;
+    arbol.fCrear(strIni, "[GENERAL]\nancho = \"7\"");
+    const ino_t lngInodo = fInodo(arbol);
+    clsAjustes ajustes(arbol.fRuta(strIni), true);
+    ajustes.fGuardarIni("GENERAL", "ANCHO", "7");
+    ajustes.fEsperar();
+    EXPECT_EQ(fInodo(arbol), lngInodo);
+    ajustes.fGuardarIni("GENERAL", "ANCHO", "8");
+    ajustes.fEsperar();
+    EXPECT_NE(fInodo(arbol), lngInodo);
+}
+
+TEST(Ajustes, KeepWhatAnotherProgramWroteMeanwhile)
+{
+    const clsArbol arbol;
+    arbol.fCrear(strIni, "[GENERAL]\r\nANCHO=7\r\nTAM_MINI=1\r\n");
+    clsAjustes ajustes(arbol.fRuta(strIni), true);
+    EXPECT_EQ(ajustes.fConsultar("GENERAL", "ANCHO"), "7");
+    arbol.fCrear(strIni, "; nota\r\n[GENERAL]\r\nANCHO=7\r\nTAM_MINI=0\r\n");
+    ajustes.fGuardarIni("GENERAL", "ANCHO", "8");
+    ajustes.fEsperar();
+    EXPECT_EQ(arbol.fLeer(strIni), "; nota\r\n[GENERAL]\r\nANCHO=8\r\nTAM_MINI=0\r\n");
+}
+
+TEST(Ajustes, EndWithTheLastOfManyChanges)
+{
+    const clsArbol arbol;
+    {
+        clsAjustes ajustes(arbol.fRuta(strIni), true);
+        for (int intVez = 0; intVez <= 50; ++intVez) {
+            ajustes.fGuardarIni("GENERAL", "SELEC", "/f/" + std::to_string(intVez));
+        }
+        EXPECT_EQ(ajustes.fConsultar("GENERAL", "SELEC"), "/f/50");
+        ajustes.fGuardarIni("GENERAL", "SELEC", "/f/fin");
+    }
+    EXPECT_EQ(arbol.fLeer(strIni), "[GENERAL]\r\nSELEC=/f/fin\r\n");
+    EXPECT_EQ(arbol.fNombres(), std::vector<std::string>{strIni});
+}
+
+TEST(Ajustes, DoNotReplaceAFileThatCannotBeRead)
+{
+    const clsArbol arbol;
+    arbol.fCrear(strIni, "[GENERAL]\r\nANCHO=7\r\n");
+    const ino_t lngInodo = fInodo(arbol);
+    ASSERT_EQ(chmod(arbol.fRuta(strIni).c_str(), 0), 0);
+    EXPECT_EQ(fEnHijo([&] {
+                  ASSERT_TRUE(fSoltarRaiz());
+                  clsAjustes ajustes(arbol.fRuta(strIni), true);
+                  EXPECT_EQ(ajustes.fLeerIni("GENERAL", "ANCHO", "3000"), "3000");
+              }),
+              0);
+    EXPECT_EQ(fInodo(arbol), lngInodo);
+}
+
+} // namespace
