@@ -15,8 +15,8 @@ struct clsEntrada {
     Entrada entrada = Entrada::Archivo;
 };
 
-/// Opens the folder strRelativa ("" or "a/b/") below an open one, however long the path is. Links
-/// on the way are not followed.
+/// Opens the folder strRelativa ("" or "a/b/") below an open one, however long the path is. It
+/// is not opened when it is a link.
 [[nodiscard]] clsDescriptor fAbrirCarpeta(int intFdRaiz, std::string_view strRelativa,
                                           int &intError);
 

@@ -48,9 +48,12 @@ clsConstruccion frmBusqueda::fBuscar(const std::string &strRaiz)
     show();
     // The build starts once the window can be seen; one that is never shown (minimised) is not
     // waited for long.
-    for (int intTurno = 0; intTurno < 100 && !m_bolPintado && m_fCeder(); ++intTurno) {
+    bool bolSeguir = true;
+    for (int intTurno = 0; intTurno < 100 && !m_bolPintado && bolSeguir; ++intTurno) {
+        bolSeguir = m_fCeder();
     }
-    const clsConstruccion construccion = fConstruir(strRaiz, *this);
+    const clsConstruccion construccion =
+        bolSeguir ? fConstruir(strRaiz, *this) : clsConstruccion{Construccion::Interrumpida, 0};
     hide();
     static_cast<void>(m_fCeder());
     return construccion;

@@ -4,6 +4,7 @@
 
 #include <QHeaderView>
 #include <QMouseEvent>
+#include <QScrollBar>
 
 #include <algorithm>
 #include <iterator>
@@ -62,6 +63,13 @@ void lstFotos::fElegir(int lngPos)
     const QModelIndex indice = model()->index(lngPos, 0);
     setCurrentIndex(indice);
     scrollTo(indice);
+}
+
+void lstFotos::scrollTo(const QModelIndex &indice, ScrollHint modo)
+{
+    const int intHorizontal = horizontalScrollBar()->value();
+    QTableView::scrollTo(indice, modo);
+    horizontalScrollBar()->setValue(intHorizontal);
 }
 
 bool lstFotos::fEnCasilla(const QModelIndex &indice, const QPoint &punto) const

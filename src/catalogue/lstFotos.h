@@ -13,6 +13,8 @@ public:
     void fAnchosIniciales();
     /// Selects a row (from 0) and scrolls it into view, without telling anybody.
     void fElegir(int lngPos);
+    /// Up and down only: who has scrolled to a column keeps seeing it.
+    void scrollTo(const QModelIndex &indice, ScrollHint modo = EnsureVisible) override;
     /// No type-ahead search: letters are commands.
     void keyboardSearch(const QString &) override {}
 

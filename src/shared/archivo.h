@@ -78,7 +78,8 @@ public:
     void fEscribir(std::string_view strBytes);
     /// Flushes to the disk and renames into place.
     /// @param bolCarpeta also flushes the folder, so that the new name survives a power cut.
-    /// @return 0 or the error number; on an error the old file is untouched.
+    /// @return 0 or the error number. On an error the old file is untouched, unless only the
+    ///         flush of the folder failed, after the new one had taken its place.
     [[nodiscard]] int fConfirmar(bool bolCarpeta);
 
     /// Whether a name is that of a temporary file of this class for a file of name strDestino.
