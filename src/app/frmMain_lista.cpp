@@ -93,25 +93,21 @@ void frmMain::fConstruirCatalogo()
 void frmMain::fLeerCatalogoEnLista()
 {
     const std::string strCatalogo = m_archivo.strRaiz + std::string(strFicheroCatalogo);
+    const std::string strMostrado = fTextoPantalla(strCatalogo) + "\r\n";
     int intError = 0;
-    const auto strBytes = fLeerArchivo(strCatalogo, intError);
-    if (!strBytes) {
-        if (intError != ENOENT) {
-            m_mensajes.fAviso(Icono::Problema,
-                              fTextoPantalla(strCatalogo) + "\r\n" + fTextoError(intError));
-        }
-        return;
-    }
-    clsLectura lectura;
+    std::optional<clsLectura> lectura;
     m_modelo->fRellenar([&](clsFilas &filas) {
-        lectura = fLeerCatalogo(*strBytes, fExtensionesVisibles(m_medios), filas);
+        lectura =
+            fLeerFicheroCatalogo(strCatalogo, fExtensionesVisibles(m_medios), filas, intError);
     });
-    m_dblTotalKB = lectura.lngTotalKB;
-    if (lectura.fallo) {
-        m_mensajes.fAviso(Icono::Problema, fTextoPantalla(strCatalogo) + "\r\nLínea " +
-                                               std::to_string(lectura.fallo->lngLinea) + ": '" +
-                                               lectura.fallo->strTexto + "' no es un tamaño.\r\n" +
-                                               "Actualiza la lista de archivos.");
+    m_dblTotalKB = lectura ? lectura->lngTotalKB : 0;
+    if (!lectura && intError != ENOENT) {
+        m_mensajes.fAviso(Icono::Problema, strMostrado + fTextoError(intError));
+    } else if (lectura && lectura->fallo) {
+        m_mensajes.fAviso(Icono::Problema,
+                          strMostrado + "Línea " + std::to_string(lectura->fallo->lngLinea) +
+                              ": '" + lectura->fallo->strTexto +
+                              "' no es un tamaño.\r\nActualiza la lista de archivos.");
     }
 }
 

@@ -1,0 +1,20 @@
+#pragma once
+
+#include <functional>
+#include <vector>
+
+/// One of the things that are compared.
+struct clsPrueba {
+    const char *strNombre;
+    std::function<void()> fHacer;
+};
+
+/// Runs the tests in turn, each time in a child process of its own, so that none finds the memory
+/// of another; prints for each the best and the median time, and the median and the best of the
+/// ratios to the first one, which is the reference. What a test prints to standard output shows
+/// once, in the first round.
+/// @return 0, or 1 when a child failed.
+int fComparar(const std::vector<clsPrueba> &lstPruebas, int intVueltas);
+
+/// Kilobytes of a line of /proc/self/status, such as "VmRSS"; -1 when there is none.
+[[nodiscard]] long fMemoria(const char *strLinea);
