@@ -98,6 +98,11 @@ void frmMain::fCrearInformacion()
     m_txtInfo3 = fCaja("txtInfo3", "Aviso de fechas");
     m_txtInfo1->setAlignment(Qt::AlignCenter);
     m_txtInfo3->setText(QStringLiteral("CONFLICTO FECHAS"));
+    QPalette aviso = m_txtInfo3->palette();
+    aviso.setColor(QPalette::Base, QColor(0xb3, 0x26, 0x1e));
+    aviso.setColor(QPalette::Text, Qt::white);
+    m_txtInfo3->setPalette(aviso);
+    m_txtInfo3->setAlignment(Qt::AlignCenter);
     m_txtInfo3->hide();
     const int intAlto = m_txtInfo1->sizeHint().height();
     const int intArriba = m_toolBar->sizeHint().height();
@@ -115,11 +120,12 @@ void frmMain::fConectar()
     m_Timer1.setInterval(intPausaDisposicion);
     connect(&m_Timer1, &QTimer::timeout, this, &frmMain::fTemporizador);
     m_cliente->installEventFilter(this);
-    new clsPuerta(
+    auto *const puerta = new clsPuerta(
         *this, [this] { return m_ocupacion.fEsta(); },
         [this](int intTecla, int intMayus) {
             return fTeclaPulsada(intTecla, intMayus, fEstado(), *this);
         });
+    connect(puerta, &clsPuerta::fEscOcupada, this, [this] { m_bolEsc = true; });
     connect(m_lista, &lstFotos::fFila, this, [this](int lngPos) { fMostrarArchivo(lngPos, true); });
     connect(m_lista, &lstFotos::fDobleClic, this, &frmMain::fAbrirArchivo);
     connect(
@@ -168,7 +174,7 @@ bool frmMain::eventFilter(QObject *objeto, QEvent *evento)
 
 void frmMain::fRedimensionar()
 {
-    if (isMinimized() || m_tamDispuesto.isEmpty() || m_cliente->size() == m_tamDispuesto) {
+    if (isMinimized() || m_tamDispuesto.isEmpty()) {
         return;
     }
     const int intAlto = fNoNegativo(m_cliente->height() - m_lista->y());
@@ -273,6 +279,8 @@ void frmMain::fTerminarMostrar()
 
 void frmMain::fInformar()
 {
+    m_fichero.fCargar(m_filas.fRuta(m_lngActual));
+    m_txtInfo3->setVisible(!m_fichero.bolFechaCorrecta());
     m_txtInfo1->setText(fQ(fTextoInfo1(m_lngActual, m_filas.fCantidad())));
     fInfo2(fQ(fTextoInfo2(fTextoPantalla(m_filas.fRuta(m_lngActual)), m_filas.fFecha(m_lngActual),
                           fCampo(m_filas, m_lngActual + 1, Campo::Tamano, m_signos))));

@@ -5,6 +5,7 @@
 #include "browse/mover.h"
 #include "catalogue/filas.h"
 #include "catalogue/orden.h"
+#include "dates/clsFile.h"
 #include "shared/ajustes.h"
 #include "shared/mensajes.h"
 #include "shared/numeros.h"
@@ -15,7 +16,9 @@
 
 #include <cstdint>
 #include <string>
+#include <vector>
 
+struct clsCorregido;
 class clsModeloFotos;
 class clsVisor;
 class cmdAncho;
@@ -58,11 +61,12 @@ private:
     void fFijarAncho(int lngTwips);
 
     // The list
-    void fLlenarLista(bool bolForzar, const std::string &strRuta);
+    void fLlenarLista(bool bolForzar, const std::string &strRuta, int lngSiFalta = 0);
     void fCargarCatalogo(bool bolForzar);
     void fConstruirCatalogo();
     void fLeerCatalogoEnLista();
-    void fOrdenarLista(Columna columna, bool bolReelegir, const std::string &strRuta);
+    void fOrdenarLista(Columna columna, bool bolReelegir, const std::string &strRuta,
+                       int lngSiFalta = 0);
     void fElegirMedios(int intIndice);
     void fIncidencias();
 
@@ -87,6 +91,15 @@ private:
     void fAumentar() override;
     void fReducir() override;
     void fActualizarLista() override;
+    void fMostrarExif() override;
+    void fBuscarFecha() override;
+    void fModificarFecha(bool bolSiempre) override;
+
+    // Dates
+    [[nodiscard]] std::vector<int> fMarcadasOActual() const;
+    [[nodiscard]] bool fCargarFicheros(std::vector<clsFile> &lstFicheros);
+    [[nodiscard]] bool fCorregirFicheros(std::vector<clsCorregido> &lstFicheros, clsFecha fecha);
+    void fAvisarOcupada();
 
     [[nodiscard]] int fUltimoPos() const { return m_filas.fCantidad() - 1; }
     void fInfo2(const QString &strTexto);
@@ -99,6 +112,7 @@ private:
 
     clsFilas m_filas;
     int m_lngActual = 0;
+    clsFile m_fichero; ///< the current file's record
     Medios m_medios;
     Columna m_columna = Columna::Fecha;
     bool m_bolDescendente = false;
@@ -107,6 +121,7 @@ private:
     bool m_bolCargando = true; ///< until the first fill ends
     bool m_bolOcupado = false; ///< a navigation command runs
     bool m_bolCerrando = false;
+    bool m_bolEsc = false;             ///< Esc was pressed during a search
     std::uint64_t m_lngGeneracion = 0; ///< raised by every layout, draw and list change
 
     int m_lngAncho;       ///< panel width in twips

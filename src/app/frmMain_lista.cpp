@@ -23,7 +23,7 @@
 
 #include <cerrno>
 
-void frmMain::fLlenarLista(bool bolForzar, const std::string &strRuta)
+void frmMain::fLlenarLista(bool bolForzar, const std::string &strRuta, int lngSiFalta)
 {
     const clsOcupado ocupado(m_ocupacion);
     std::string strReelegir;
@@ -46,10 +46,11 @@ void frmMain::fLlenarLista(bool bolForzar, const std::string &strRuta)
     m_bolDescendente = true; // ordering by the same column turns it round
     if (m_filas.fVacia()) {
         m_txtInfo1->clear();
+        m_txtInfo3->hide();
         fInfo2({});
         m_mensajes.fAviso(Icono::Problema, "No se ha encontrado ningún archivo.");
     } else {
-        fOrdenarLista(Columna::Fecha, !strReelegir.empty(), strReelegir);
+        fOrdenarLista(Columna::Fecha, !strReelegir.empty(), strReelegir, lngSiFalta);
     }
 }
 
@@ -81,13 +82,17 @@ void frmMain::fConstruirCatalogo()
     });
     const clsConstruccion construccion = busqueda.fBuscar(m_archivo.strRaiz);
     if (construccion.construccion == Construccion::Ocupada) {
-        m_mensajes.fAviso(
-            Icono::Problema,
-            "Otro Miravel está trabajando con estos archivos. Inténtalo cuando termine.");
+        fAvisarOcupada();
     } else if (construccion.construccion == Construccion::SinEscribir) {
         m_mensajes.fAviso(Icono::Problema, "No se puede generar la lista de ficheros.\r\n" +
                                                fTextoError(construccion.intError));
     }
+}
+
+void frmMain::fAvisarOcupada()
+{
+    m_mensajes.fAviso(Icono::Problema,
+                      "Otro Miravel está trabajando con estos archivos. Inténtalo cuando termine.");
 }
 
 void frmMain::fLeerCatalogoEnLista()
@@ -111,7 +116,8 @@ void frmMain::fLeerCatalogoEnLista()
     }
 }
 
-void frmMain::fOrdenarLista(Columna columna, bool bolReelegir, const std::string &strRuta)
+void frmMain::fOrdenarLista(Columna columna, bool bolReelegir, const std::string &strRuta,
+                            int lngSiFalta)
 {
     if (m_filas.fVacia()) {
         return;
@@ -127,8 +133,9 @@ void frmMain::fOrdenarLista(Columna columna, bool bolReelegir, const std::string
     m_lista->horizontalHeader()->setSortIndicator(
         static_cast<int>(columna) - 1, m_bolDescendente ? Qt::DescendingOrder : Qt::AscendingOrder);
     const int lngEncontrada = strRuta.empty() ? -1 : m_filas.fBuscarRuta(strRuta);
-    fMostrarArchivo(
-        fElegida(bolReelegir, !strRuta.empty(), lngEncontrada, m_filas.fPosicion(lngFila)), false);
+    fMostrarArchivo(fElegida(bolReelegir, !strRuta.empty(), lngEncontrada,
+                             m_filas.fPosicion(lngFila), lngSiFalta),
+                    false);
 }
 
 void frmMain::fElegirMedios(int intIndice)

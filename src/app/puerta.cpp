@@ -57,11 +57,14 @@ bool clsPuerta::eventFilter(QObject *objeto, QEvent *evento)
         static_cast<QWidget *>(objeto)->window() != &m_ventana) {
         return false;
     }
+    const bool bolPulsada = evento->type() == QEvent::KeyPress;
     if (m_fOcupada()) {
+        if (bolPulsada && static_cast<const QKeyEvent *>(evento)->key() == Qt::Key_Escape) {
+            emit fEscOcupada();
+        }
         return true;
     }
-    return evento->type() == QEvent::KeyPress &&
-           fTecla(*objeto, static_cast<const QKeyEvent &>(*evento));
+    return bolPulsada && fTecla(*objeto, static_cast<const QKeyEvent &>(*evento));
 }
 
 bool clsPuerta::fTecla(const QObject &objeto, const QKeyEvent &evento) const

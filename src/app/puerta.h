@@ -18,6 +18,10 @@ public:
     clsPuerta(QWidget &ventana, std::function<bool()> fOcupada,
               std::function<bool(int intTecla, int intMayus)> fTecla);
 
+signals:
+    /// Esc was pressed while the window is busy.
+    void fEscOcupada();
+
 protected:
     bool eventFilter(QObject *objeto, QEvent *evento) override;
 

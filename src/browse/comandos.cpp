@@ -11,19 +11,25 @@ namespace {
 bool fConLista(const clsEstado &estado) { return estado.bolHayLista && !estado.bolOcupado; }
 bool fLibre(const clsEstado &estado) { return !estado.bolOcupado; }
 
+using A = clsAcciones;
+constexpr Mayus Con = Mayus::Con;
+constexpr Mayus Sin = Mayus::Sin;
+constexpr Mayus Da = Mayus::Indiferente;
+
 constexpr clsComando lstComandos[] = {
-    {"abrir",      intTeclaEnter, Mayus::Indiferente, nullptr,                 0, fConLista,
-     &clsAcciones::fAbrirArchivo                                                                                      },
-    {"ajustar",    intTeclaJ,     Mayus::Indiferente, "mnuFotoAjustar",        0, fConLista,
-     &clsAcciones::fAjustar                                                                                           },
-    {"aumentar",   intTeclaMas,   Mayus::Indiferente, nullptr,                 0, fConLista, &clsAcciones::fAumentar  },
-    {"reducir",    intTeclaMenos, Mayus::Indiferente, nullptr,                 0, fConLista, &clsAcciones::fReducir   },
-    {"primero",    intTeclaF11,   Mayus::Con,         nullptr,                 3, fConLista, &clsAcciones::fPrimero   },
-    {"retroceder", intTeclaF11,   Mayus::Sin,         nullptr,                 4, fConLista, &clsAcciones::fRetroceder},
-    {"ultimo",     intTeclaF12,   Mayus::Con,         nullptr,                 6, fConLista, &clsAcciones::fUltimo    },
-    {"avanzar",    intTeclaF12,   Mayus::Sin,         nullptr,                 5, fConLista, &clsAcciones::fAvanzar   },
-    {"actualizar", 0,             Mayus::Indiferente, "mnuOpcionesActualizar", 0, fLibre,
-     &clsAcciones::fActualizarLista                                                                                   },
+    {"abrir",       intTeclaEnter, Da,  nullptr,                 0, fConLista, &A::fAbrirArchivo   },
+    {"ajustar",     intTeclaJ,     Da,  "mnuFotoAjustar",        0, fConLista, &A::fAjustar        },
+    {"aumentar",    intTeclaMas,   Da,  nullptr,                 0, fConLista, &A::fAumentar       },
+    {"reducir",     intTeclaMenos, Da,  nullptr,                 0, fConLista, &A::fReducir        },
+    {"primero",     intTeclaF11,   Con, nullptr,                 3, fConLista, &A::fPrimero        },
+    {"retroceder",  intTeclaF11,   Sin, nullptr,                 4, fConLista, &A::fRetroceder     },
+    {"ultimo",      intTeclaF12,   Con, nullptr,                 6, fConLista, &A::fUltimo         },
+    {"avanzar",     intTeclaF12,   Sin, nullptr,                 5, fConLista, &A::fAvanzar        },
+    {"exif",        intTeclaI,     Da,  nullptr,                 8, fConLista, &A::fMostrarExif    },
+    {"buscarFecha", intTeclaE,     Da,  nullptr,                 0, fConLista, &A::fBuscarFecha    },
+    {"corregir",    intTeclaW,     Sin, nullptr,                 0, fConLista, &A::fCorregirSiMal  },
+    {"corregirMas", intTeclaW,     Con, nullptr,                 0, fConLista, &A::fCorregirSiempre},
+    {"actualizar",  0,             Da,  "mnuOpcionesActualizar", 0, fLibre,    &A::fActualizarLista},
 };
 
 // Kept to the letter, also the two that read "Shit" and the fifteenth, which names F11 for F12.

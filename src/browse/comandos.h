@@ -15,6 +15,11 @@ public:
     virtual void fAumentar() = 0;
     virtual void fReducir() = 0;
     virtual void fActualizarLista() = 0;
+    virtual void fMostrarExif() = 0;
+    virtual void fBuscarFecha() = 0;
+    virtual void fModificarFecha(bool bolSiempre) = 0;
+    void fCorregirSiMal() { fModificarFecha(false); }
+    void fCorregirSiempre() { fModificarFecha(true); }
 };
 
 /// What decides whether a command may run.

@@ -6,7 +6,10 @@
 /// (letters and digits by their capital's code).
 inline constexpr int intTeclaEnter = 13;
 inline constexpr int intTeclaEsc = 27;
+inline constexpr int intTeclaE = 69;
+inline constexpr int intTeclaI = 73;
 inline constexpr int intTeclaJ = 74;
+inline constexpr int intTeclaW = 87;
 inline constexpr int intTeclaMas = 107;   ///< numeric pad
 inline constexpr int intTeclaMenos = 109; ///< numeric pad
 inline constexpr int intTeclaF11 = 122;

@@ -27,11 +27,11 @@ bool fEsNumero(std::string_view strTexto)
 }
 
 /// Flushes a folder; file systems that cannot flush one (EINVAL) count as done.
-int fVolcarCarpeta(const std::string &strCarpeta)
+int fVolcarCarpeta(const std::string &strCarpeta, const clsDisco &disco)
 {
     const clsDescriptor carpeta{
         open(strCarpeta.empty() ? "." : strCarpeta.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC)};
-    if (!carpeta.fAbierto() || (fsync(carpeta.fFd()) != 0 && errno != EINVAL)) {
+    if (!carpeta.fAbierto() || (disco.fVolcar(carpeta.fFd()) != 0 && errno != EINVAL)) {
         return errno;
     }
     return 0;
@@ -114,10 +114,10 @@ std::optional<std::string> fLeerArchivo(const std::string &strRuta, int &intErro
     return strBytes;
 }
 
-int fEscribirTodo(int intFd, std::string_view strBytes)
+int fEscribirTodo(int intFd, std::string_view strBytes, const clsDisco &disco)
 {
     while (!strBytes.empty()) {
-        const ssize_t lngEscritos = write(intFd, strBytes.data(), strBytes.size());
+        const ssize_t lngEscritos = disco.fEscribir(intFd, strBytes.data(), strBytes.size());
         if (lngEscritos < 0 && errno != EINTR) {
             return errno;
         }
@@ -126,7 +126,8 @@ int fEscribirTodo(int intFd, std::string_view strBytes)
     return 0;
 }
 
-clsReemplazo::clsReemplazo(std::string strRuta) : m_strRuta(std::move(strRuta))
+clsReemplazo::clsReemplazo(std::string strRuta, const clsDisco &disco)
+    : m_disco(disco), m_strRuta(std::move(strRuta))
 {
     static std::atomic<unsigned> lngSiguiente{0};
     struct stat datos {};
@@ -137,7 +138,7 @@ clsReemplazo::clsReemplazo(std::string strRuta) : m_strRuta(std::move(strRuta))
                                 std::to_string(getpid()) + '.';
     for (int intIntento = 0; intIntento < 1000 && !m_descriptor.fAbierto(); ++intIntento) {
         m_strTemporal = strBase + std::to_string(lngSiguiente++) + std::string(strFinTemporal);
-        m_descriptor = clsDescriptor{open(
+        m_descriptor = clsDescriptor{m_disco.fAbrir(
             m_strTemporal.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, 0666)};
         if (!m_descriptor.fAbierto() && errno != EEXIST) {
             break;
@@ -158,7 +159,7 @@ void clsReemplazo::fDescartar()
 {
     m_descriptor.fCerrar();
     if (!m_strTemporal.empty()) {
-        unlink(m_strTemporal.c_str());
+        m_disco.fBorrar(m_strTemporal.c_str());
         m_strTemporal.clear();
     }
 }
@@ -168,7 +169,7 @@ void clsReemplazo::fEscribir(std::string_view strBytes)
     if (m_intError != 0) {
         return;
     }
-    m_intError = fEscribirTodo(m_descriptor.fFd(), strBytes);
+    m_intError = fEscribirTodo(m_descriptor.fFd(), strBytes, m_disco);
     m_lngEscritos += static_cast<std::int64_t>(strBytes.size());
     // Starts the disk early, so that the final flush has little left to wait for.
     constexpr std::int64_t lngTramo = 1 << 20;
@@ -179,15 +180,23 @@ void clsReemplazo::fEscribir(std::string_view strBytes)
     }
 }
 
-int clsReemplazo::fConfirmar(bool bolCarpeta)
+int clsReemplazo::fVolcar()
 {
-    if (m_intError == 0 && fsync(m_descriptor.fFd()) != 0) {
+    if (m_intError == 0 && m_disco.fVolcar(m_descriptor.fFd()) != 0) {
         m_intError = errno;
     }
     if (m_intError == 0) {
         m_intError = m_descriptor.fCerrar();
     }
-    if (m_intError == 0 && rename(m_strTemporal.c_str(), m_strRuta.c_str()) != 0) {
+    return m_intError;
+}
+
+int clsReemplazo::fConfirmar(bool bolCarpeta)
+{
+    if (m_intError == 0 && m_descriptor.fAbierto()) {
+        static_cast<void>(fVolcar());
+    }
+    if (m_intError == 0 && m_disco.fRenombrar(m_strTemporal.c_str(), m_strRuta.c_str()) != 0) {
         m_intError = errno;
     }
     if (m_intError != 0) {
@@ -196,7 +205,7 @@ int clsReemplazo::fConfirmar(bool bolCarpeta)
     }
     m_strTemporal.clear();
     if (bolCarpeta) {
-        m_intError = fVolcarCarpeta(std::string(fCarpetaDe(m_strRuta)));
+        m_intError = fVolcarCarpeta(std::string(fCarpetaDe(m_strRuta)), m_disco);
     }
     return m_intError;
 }

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "shared/disco.h"
+
 #include <cstddef>
 #include <cstdint>
 #include <ctime>
@@ -60,7 +62,8 @@ struct clsHuella {
 [[nodiscard]] std::optional<std::string> fLeerArchivo(const std::string &strRuta, int &intError);
 
 /// Writes all bytes; 0 or the error number.
-[[nodiscard]] int fEscribirTodo(int intFd, std::string_view strBytes);
+[[nodiscard]] int fEscribirTodo(int intFd, std::string_view strBytes,
+                                const clsDisco &disco = discoReal);
 
 /// Replaces a file whole or not at all: the bytes go to a temporary file of the same folder, which
 /// takes the final name only in fConfirmar. Without it the destructor deletes the temporary file.
@@ -68,7 +71,8 @@ class clsReemplazo {
 public:
     /// Creates the temporary file; fError tells whether that worked. The permission bits are those
     /// of the file that is replaced, else the usual ones.
-    explicit clsReemplazo(std::string strRuta);
+    /// @param disco must outlive it.
+    explicit clsReemplazo(std::string strRuta, const clsDisco &disco = discoReal);
     ~clsReemplazo();
     clsReemplazo(const clsReemplazo &) = delete;
     clsReemplazo &operator=(const clsReemplazo &) = delete;
@@ -76,7 +80,10 @@ public:
     /// The first error number so far, 0 when all went well. After an error nothing more is written.
     [[nodiscard]] int fError() const { return m_intError; }
     void fEscribir(std::string_view strBytes);
-    /// Flushes to the disk and renames into place.
+    /// Flushes to the disk, so that only the renaming is left; 0 or the error number. Nothing more
+    /// can be written then. For those who have something to do between the two; see fConfirmar.
+    [[nodiscard]] int fVolcar();
+    /// Flushes to the disk, if that is not done yet, and renames into place.
     /// @param bolCarpeta also flushes the folder, so that the new name survives a power cut.
     /// @return 0 or the error number. On an error the old file is untouched, unless only the
     ///         flush of the folder failed, after the new one had taken its place.
@@ -88,6 +95,7 @@ public:
 private:
     void fDescartar();
 
+    const clsDisco &m_disco;
     std::string m_strRuta;
     std::string m_strTemporal;
     clsDescriptor m_descriptor;

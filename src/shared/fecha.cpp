@@ -80,6 +80,23 @@ clsFecha fFechaLocal(std::time_t lngMomento)
         .value_or(clsFecha{});
 }
 
+std::optional<std::time_t> fMomento(clsFecha fecha)
+{
+    const clsPartesFecha partes = fPartes(fecha);
+    std::tm tm{};
+    tm.tm_year = partes.intAno - 1900;
+    tm.tm_mon = partes.intMes - 1;
+    tm.tm_mday = partes.intDia;
+    tm.tm_hour = partes.intHora;
+    tm.tm_min = partes.intMinuto;
+    tm.tm_sec = partes.intSegundo;
+    tm.tm_isdst = -1;
+    // -1 is a moment like any other; only the weekday tells whether mktime found one.
+    tm.tm_wday = -1;
+    const std::time_t lngMomento = std::mktime(&tm);
+    return tm.tm_wday == -1 ? std::optional<std::time_t>{} : lngMomento;
+}
+
 std::string fTextoCatalogo(clsFecha fecha)
 {
     const clsPartesFecha partes = fPartes(fecha);
@@ -99,6 +116,17 @@ std::string fTextoUsuario(clsFecha fecha)
     return strTexto.substr(8, 2) + '/' + strTexto.substr(5, 2) + '/' + strTexto.substr(0, 4) +
            strTexto.substr(10);
 }
+
+std::string fTextoDia(clsFecha fecha) { return fTextoUsuario(fecha).substr(0, 10); }
+
+std::string fTextoSello(clsFecha fecha)
+{
+    std::string strTexto = fTextoCatalogo(fecha);
+    std::erase_if(strTexto, [](char chr) { return chr < '0' || chr > '9'; });
+    return strTexto;
+}
+
+std::string fPrefijoNombre(clsFecha fecha) { return fTextoSello(fecha).substr(0, 8) + '_'; }
 
 std::optional<clsFecha> fLeerTextoCatalogo(std::string_view strTexto)
 {

@@ -36,11 +36,25 @@ struct clsPartesFecha {
 /// fall outside the valid years give the zero date.
 [[nodiscard]] clsFecha fFechaLocal(std::time_t lngMomento);
 
+/// A local date as a moment of the file system; the system decides whether daylight saving holds,
+/// which of the two moments a repeated hour means, and where a skipped hour ends up. Nothing when
+/// it has no such moment.
+[[nodiscard]] std::optional<std::time_t> fMomento(clsFecha fecha);
+
 /// "yyyy/MM/dd HH:mm:ss", as the catalogue and the list hold it.
 [[nodiscard]] std::string fTextoCatalogo(clsFecha fecha);
 
 /// "dd/mm/yyyy hh:mm:ss", as the user reads it.
 [[nodiscard]] std::string fTextoUsuario(clsFecha fecha);
+
+/// "dd/mm/yyyy".
+[[nodiscard]] std::string fTextoDia(clsFecha fecha);
+
+/// "yyyyMMddHHmmss", as the catalogue's backups end.
+[[nodiscard]] std::string fTextoSello(clsFecha fecha);
+
+/// "yyyyMMdd_", as the names of corrected files begin.
+[[nodiscard]] std::string fPrefijoNombre(clsFecha fecha);
 
 /// Reads exactly the form of fTextoCatalogo; nothing for any other text.
 [[nodiscard]] std::optional<clsFecha> fLeerTextoCatalogo(std::string_view strTexto);

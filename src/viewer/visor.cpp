@@ -73,6 +73,27 @@ clsPedido clsVisor::fPedido(const std::string &strRuta, qint64 lngMaximo) const
     return {strRuta, recuadro, std::min(m_intZoom, 100), lngMaximo};
 }
 
+/// What to decode first of a large photo that is not fitted: enough pixels to recognise it.
+std::optional<clsPedido> clsVisor::fPrevia(const std::string &strRuta,
+                                           const clsHuella &huella) const
+{
+    constexpr qint64 lngGrande = qint64{2} << 20; // bytes of the file
+    constexpr QSize recuadro(1280, 1280);
+    if (m_intZoom == 0 || huella.lngBytes < lngGrande) {
+        return {};
+    }
+    return clsPedido{strRuta, recuadro, 0, lngMaximoFoto};
+}
+
+void clsVisor::fPedirCon(const std::optional<clsPedido> &previa, const clsPedido &pedido,
+                         const clsHuella &huella)
+{
+    if (previa) {
+        m_almacen.fPedir(*previa, huella);
+    }
+    m_almacen.fPedir(pedido, huella);
+}
+
 std::shared_ptr<const clsFuente> clsVisor::fCargar(const std::string &strRuta,
                                                    const clsEntorno &entorno)
 {
@@ -87,17 +108,22 @@ std::shared_ptr<const clsFuente> clsVisor::fCargar(const std::string &strRuta,
     m_strRuta = strRuta;
     m_huella = *huella;
     const clsPedido pedido = fPedido(strRuta, lngMaximoFoto);
+    const auto previa = fPrevia(strRuta, *huella);
     auto fuente = m_almacen.fTomar(pedido, *huella);
     if (!fuente) {
         // Painted before the load: the user sees that something is under way.
         m_imgFoto->hide();
         entorno.fCeder(false);
-        m_almacen.fAnularSalvo({pedido});
-        m_almacen.fPedir(pedido, *huella);
+        m_almacen.fAnularSalvo({pedido, previa.value_or(pedido)});
+        fPedirCon(previa, pedido, *huella);
     }
     while (!fuente && entorno.fVigente()) {
         entorno.fCeder(true);
         fuente = m_almacen.fTomar(pedido, *huella);
+        if (!fuente && previa) {
+            // Fewer pixels in the right place now; fAfinar brings the others.
+            fuente = m_almacen.fTomar(*previa, *huella);
+        }
     }
     return fuente && fuente->imagen.isNull() ? m_imgNoImagen : fuente;
 }
@@ -116,6 +142,7 @@ bool clsVisor::fMostrar(const std::string &strRuta, const clsEntorno &entorno)
     m_imgFoto->fPoner(m_imgPuente);
     m_imgFoto->fColocar(m_intZoom);
     m_imgFoto->show();
+    fCompletar(); // the zoom may have changed while the picture was decoded
     return true;
 }
 
@@ -123,7 +150,7 @@ void clsVisor::fAnticipar(const std::string &strRuta)
 {
     const auto huella = fEsVideo(strRuta) ? std::nullopt : fHuella(strRuta);
     if (huella) {
-        m_almacen.fPedir(fPedido(strRuta, lngMaximoFoto), *huella);
+        fPedirCon(fPrevia(strRuta, *huella), fPedido(strRuta, lngMaximoFoto), *huella);
     }
 }
 
@@ -157,12 +184,17 @@ void clsVisor::fFijarZoom(int intZoom)
         return;
     }
     m_imgFoto->fColocar(intZoom);
+    fCompletar();
+    fPedirVecinas();
+}
+
+/// The picture is placed at once with the pixels there are; requests those that are missing.
+void clsVisor::fCompletar()
+{
     if (m_imgPuente != m_imgNoImagen) {
-        // Placed at once with the pixels there are; the missing ones follow.
         m_almacen.fPedir(fPedido(m_strRuta, lngMaximoFoto), m_huella);
         fAfinar();
     }
-    fPedirVecinas();
 }
 
 /// Takes over more pixels of the picture that is shown, when they have come.

@@ -7,6 +7,7 @@
 
 #include <functional>
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -57,6 +58,11 @@ private:
     [[nodiscard]] clsPedido fPedido(const std::string &strRuta, qint64 lngMaximo) const;
     [[nodiscard]] std::shared_ptr<const clsFuente> fCargar(const std::string &strRuta,
                                                            const clsEntorno &entorno);
+    void fCompletar();
+    [[nodiscard]] std::optional<clsPedido> fPrevia(const std::string &strRuta,
+                                                   const clsHuella &huella) const;
+    void fPedirCon(const std::optional<clsPedido> &previa, const clsPedido &pedido,
+                   const clsHuella &huella);
     void fAfinar();
     void fPedirVecinas();
 

@@ -20,6 +20,12 @@ public:
     void fAumentar() override { strHecho = "aumentar"; }
     void fReducir() override { strHecho = "reducir"; }
     void fActualizarLista() override { strHecho = "actualizar"; }
+    void fMostrarExif() override { strHecho = "exif"; }
+    void fBuscarFecha() override { strHecho = "buscarFecha"; }
+    void fModificarFecha(bool bolSiempre) override
+    {
+        strHecho = bolSiempre ? "corregirMas" : "corregir";
+    }
 
     std::string strHecho;
 };
@@ -74,23 +80,28 @@ TEST(Comandos, AnswerToTheirKeys)
         bool bolTragada;
     };
     const clsCaso lstCasos[] = {
-        {"F11",                           intTeclaF11,   0,                  "retroceder", false},
-        {"Shift+F11",                     intTeclaF11,   intMayus,           "primero",    false},
-        {"Ctrl+Shift is not Shift",       intTeclaF11,   intMayus | intCtrl, "retroceder", false},
-        {"Alt is not Shift",              intTeclaF12,   intAlt,             "avanzar",    true },
-        {"Shift+F12",                     intTeclaF12,   intMayus,           "ultimo",     true },
-        {"Enter with any Shift",          intTeclaEnter, intMayus,           "abrir",      false},
-        {"J",                             intTeclaJ,     0,                  "ajustar",    true },
-        {"+ of the pad",                  intTeclaMas,   0,                  "aumentar",   false},
-        {"- of the pad",                  intTeclaMenos, intCtrl,            "reducir",    false},
-        {"the system's own combinations", intTeclaJ,     intSuper,           "",           true },
-        {"a letter without a command",    90,            0,                  "",           true },
-        {"Page Up, by its number",        33,            0,                  "",           true },
-        {"Page Down reaches the list",    34,            0,                  "",           false},
-        {"Space reaches the list",        32,            0,                  "",           false},
-        {"Esc never reaches it",          intTeclaEsc,   0,                  "",           true },
-        {"the key left of Z neither",     intTeclaMenor, intMayus,           "",           true },
-        {"a key without a number",        0,             0,                  "",           false},
+        {"F11",                           intTeclaF11,   0,                  "retroceder",  false},
+        {"Shift+F11",                     intTeclaF11,   intMayus,           "primero",     false},
+        {"Ctrl+Shift is not Shift",       intTeclaF11,   intMayus | intCtrl, "retroceder",  false},
+        {"Alt is not Shift",              intTeclaF12,   intAlt,             "avanzar",     true },
+        {"Shift+F12",                     intTeclaF12,   intMayus,           "ultimo",      true },
+        {"Enter with any Shift",          intTeclaEnter, intMayus,           "abrir",       false},
+        {"J",                             intTeclaJ,     0,                  "ajustar",     true },
+        {"+ of the pad",                  intTeclaMas,   0,                  "aumentar",    false},
+        {"- of the pad",                  intTeclaMenos, intCtrl,            "reducir",     false},
+        {"W",                             intTeclaW,     0,                  "corregir",    true },
+        {"Shift+W",                       intTeclaW,     intMayus,           "corregirMas", true },
+        {"Ctrl+Shift+W is not Shift+W",   intTeclaW,     intMayus | intCtrl, "corregir",    true },
+        {"E with Shift",                  intTeclaE,     intMayus,           "buscarFecha", true },
+        {"I",                             intTeclaI,     0,                  "exif",        true },
+        {"the system's own combinations", intTeclaJ,     intSuper,           "",            true },
+        {"a letter without a command",    90,            0,                  "",            true },
+        {"Page Up, by its number",        33,            0,                  "",            true },
+        {"Page Down reaches the list",    34,            0,                  "",            false},
+        {"Space reaches the list",        32,            0,                  "",            false},
+        {"Esc never reaches it",          intTeclaEsc,   0,                  "",            true },
+        {"the key left of Z neither",     intTeclaMenor, intMayus,           "",            true },
+        {"a key without a number",        0,             0,                  "",            false},
     };
     for (const clsCaso &caso : lstCasos) {
         SCOPED_TRACE(caso.strFrase);

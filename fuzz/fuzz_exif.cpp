@@ -1,0 +1,99 @@
+// The EXIF reader takes any bytes; the short way to the dates agrees with the table. A name's dates
+// are whole days.
+
+#include "dates/exif.h"
+#include "dates/exif_fecha.h"
+#include "dates/fecha_nombre.h"
+#include "dates/ifd.h"
+#include "dates/valor.h"
+#include "shared/texto.h"
+
+#include <cstdlib>
+
+namespace {
+
+void fExigir(bool bolCierto)
+{
+    if (!bolCierto) {
+        std::abort();
+    }
+}
+
+/// A beginning that leads the rest of the bytes to the IFD reader, drawn by the first byte.
+std::string fPrincipio(unsigned intCual)
+{
+    const std::string strII("II*\0\x08\0\0\0", 8);
+    const std::string strMM("MM\0*\0\0\0\x08", 8);
+    const std::string strJpeg("\xFF\xD8\xFF\xE1\x10\0Exif\0\0", 12);
+    // IFD0 with nothing but the dates and a pointer; the Exif IFD is what follows.
+    const std::string strIfd("\0\x02\x01\x32\0\x02\0\0\0\x14\0\0\0\x2A\x87\x69\0\x04\0\0\0\x01"
+                             "\0\0\0\x26\0\0\0\x26",
+                             30);
+    switch (intCual % 8) {
+    case 0:
+        return strII;
+    case 1:
+        return strMM;
+    case 2:
+        return strJpeg + strII;
+    case 3:
+        return strJpeg + strMM;
+    case 4:
+        return strMM + strIfd;
+    case 5:
+        return "\xFF\xD8";
+    default:
+        return {};
+    }
+}
+
+clsFecha fFecha(const clsTablaExif &tabla, std::string_view strCodigo)
+{
+    const auto valor = GetExifValue(tabla, strCodigo, true);
+    const auto *const fecha = valor ? std::get_if<clsFecha>(&*valor) : nullptr;
+    return fecha != nullptr ? *fecha : clsFecha();
+}
+
+void fComprobarExif(std::string_view strBytes)
+{
+    clsOrigenMemoria origen(strBytes);
+    clsTablaExif tabla;
+    clsMarcas marcas;
+    const bool bolLeido = ReadExifTable(origen, tabla, marcas).empty();
+    fExigir(bolLeido || tabla.lstFilas.empty());
+    fExigir(!bolLeido || (marcas.lngInicioTiff >= 0 && marcas.lngIfd0 >= 0));
+    fExigir(tabla.lstFilas.size() <= std::size_t{intMaximoFilas});
+    for (const clsFilaExif &fila : tabla.lstFilas) {
+        fExigir(fila.strValor.size() <= lngMaximoValor && fila.strCodigo.size() == 4);
+        fExigir(fEsUtf8(fTextoExif(std::string_view(fila.strValor).substr(0, 1000))));
+    }
+    const clsFechasExif fechas = fLeerFechasExif(origen);
+    fExigir(fechas.datFecha == fFecha(tabla, "0132"));
+    fExigir(fechas.datTomada == fFecha(tabla, "9003"));
+}
+
+void fComprobarFechas(std::string_view strTexto)
+{
+    const clsFechasNombre nombre = fFechasDeNombre(strTexto);
+    for (const clsFecha fecha : {nombre.datAnoPrimero, nombre.datDiaPrimero}) {
+        fExigir(fecha.lngSegundos % 86400 == 0);
+        fExigir(fLeerTextoCatalogo(fTextoCatalogo(fecha)) == fecha);
+    }
+    if (const auto fecha = fLeerFechaExif(strTexto)) {
+        fExigir(fLeerFechaExif(fTextoCatalogo(*fecha).replace(4, 1, ":").replace(7, 1, ":")) ==
+                fecha);
+    }
+}
+
+} // namespace
+
+/// The first byte chooses the beginning, the rest is the file.
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *bytDatos, std::size_t lngBytes)
+{
+    const std::string_view strTodo(reinterpret_cast<const char *>(bytDatos), lngBytes);
+    fComprobarFechas(strTodo);
+    if (!strTodo.empty()) {
+        fComprobarExif(fPrincipio(bytDatos[0]) + std::string(strTodo.substr(1)));
+    }
+    return 0;
+}

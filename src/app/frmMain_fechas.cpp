@@ -1,0 +1,147 @@
+// What the main window does about the dates of files.
+
+#include "app/frmMain.h"
+
+#include "app/ceder.h"
+#include "dates/busqueda.h"
+#include "dates/correccion.h"
+#include "dates/exif.h"
+#include "dates/fecha_tecleada.h"
+#include "dates/formulario_fecha.h"
+#include "dates/frmExif.h"
+#include "dates/frmFecha.h"
+#include "dates/panel.h"
+#include "shared/errores.h"
+#include "shared/qtexto.h"
+#include "viewer/visor.h"
+
+#include <QElapsedTimer>
+#include <QLineEdit>
+
+namespace {
+
+constexpr qint64 lngPausaProgreso = 50; // milliseconds
+
+} // namespace
+
+void frmMain::fMostrarExif()
+{
+    frmExif ventana(this);
+    ventana.setWindowIcon(windowIcon());
+    ventana.fbolShow(fQ(GetExifText(m_filas.fRuta(m_lngActual))));
+}
+
+void frmMain::fBuscarFecha()
+{
+    const clsOcupado ocupado(m_ocupacion);
+    m_bolEsc = false;
+    ++m_lngGeneracion;
+    m_visor->fVaciar();
+    fCederEventos(false);
+    QElapsedTimer reloj;
+    reloj.start();
+    qint64 lngUltima = -lngPausaProgreso;
+    clsPreguntas preguntas;
+    preguntas.fRuta = [this](int lngPos) { return m_filas.fRuta(lngPos); };
+    preguntas.fCorrecta = [](const std::string &strRuta) {
+        clsFile fichero;
+        fichero.fCargar(strRuta);
+        return fichero.bolFechaCorrecta();
+    };
+    preguntas.fPaso = [&](int lngPos) {
+        if (reloj.elapsed() - lngUltima >= lngPausaProgreso) {
+            lngUltima = reloj.elapsed();
+            m_txtInfo1->setText(fQ(fTextoInfo1(lngPos, m_filas.fCantidad())));
+            fCederEventos(false);
+        }
+        return !m_bolEsc && !m_bolCerrando;
+    };
+    const auto lngHallada = fBuscarIncorrecta(m_lngActual, preguntas);
+    if (!m_bolCerrando) {
+        fMostrarArchivo(lngHallada.value_or(m_lngActual), false);
+    }
+}
+
+std::vector<int> frmMain::fMarcadasOActual() const
+{
+    std::vector<int> lstPosiciones;
+    for (int lngPos = 0; lngPos < m_filas.fCantidad(); ++lngPos) {
+        if (m_filas.fMarcada(lngPos)) {
+            lstPosiciones.push_back(lngPos);
+        }
+    }
+    if (lstPosiciones.empty()) {
+        lstPosiciones.push_back(m_lngActual);
+    }
+    return lstPosiciones;
+}
+
+bool frmMain::fCargarFicheros(std::vector<clsFile> &lstFicheros)
+{
+    const clsOcupado ocupado(m_ocupacion);
+    QElapsedTimer reloj;
+    reloj.start();
+    for (const int lngPos : fMarcadasOActual()) {
+        const std::string strRuta = m_filas.fRuta(lngPos);
+        lstFicheros.emplace_back().fCargar(strRuta);
+        if (!lstFicheros.back().bolDatos()) {
+            m_mensajes.fAviso(Icono::Problema, fAvisoFichero(fTextoPantalla(strRuta)));
+            return false;
+        }
+        if (reloj.elapsed() >= lngPausaProgreso) {
+            fCederEventos(false);
+            reloj.restart();
+        }
+        if (m_bolCerrando) {
+            return false;
+        }
+    }
+    return true;
+}
+
+void frmMain::fModificarFecha(bool bolSiempre)
+{
+    std::vector<clsFile> lstFicheros;
+    if (!fCargarFicheros(lstFicheros) || !fSeCorrige(lstFicheros, bolSiempre)) {
+        return;
+    }
+    if (!m_archivo.bolEscritura) {
+        m_mensajes.fAviso(Icono::Problema, "No tienes permiso de escritura.");
+        return;
+    }
+    std::vector<clsCorregido> lstCorregidos;
+    for (const clsFile &fichero : lstFicheros) {
+        lstCorregidos.push_back({fichero.strFilePath(), {}, 0, 0});
+    }
+    bool bolCambiado = false;
+    frmFecha dialogo(this, fFormularioFecha(lstFicheros), m_mensajes, [&](clsFecha fecha) {
+        bolCambiado = fCorregirFicheros(lstCorregidos, fecha);
+    });
+    const frmFecha::Cierre cierre = dialogo.fMostrar();
+    if (!bolCambiado) {
+        return;
+    }
+    // Moving on: when the current file has a new name, the row that takes its place is current.
+    const int lngAntes = m_lngActual;
+    const std::string strActual = m_filas.fRuta(m_lngActual);
+    const bool bolQuedarse = cierre == frmFecha::Cierre::Quedarse;
+    fLlenarLista(false, bolQuedarse ? lstCorregidos.back().strFilePathNew : strActual, lngAntes);
+}
+
+bool frmMain::fCorregirFicheros(std::vector<clsCorregido> &lstFicheros, clsFecha fecha)
+{
+    const clsOcupado ocupado(m_ocupacion);
+    const clsFinCorreccion fin =
+        fCorregir(m_archivo.strRaiz, m_archivo.bolEscritura, lstFicheros, fecha,
+                  [this](const std::string &strRuta, int intError) {
+                      m_mensajes.fAviso(Icono::Problema,
+                                        fTextoPantalla(strRuta) + "\r\n" + fTextoError(intError));
+                  });
+    if (fin.correccion == Correccion::Ocupada) {
+        fAvisarOcupada();
+    } else if (fin.correccion == Correccion::SinCatalogo) {
+        m_mensajes.fAviso(Icono::Problema, "No se puede generar la lista de ficheros.\r\n" +
+                                               fTextoError(fin.intError));
+    }
+    return fin.correccion == Correccion::Hecha || fin.correccion == Correccion::SinCatalogo;
+}

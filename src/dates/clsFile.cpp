@@ -1,0 +1,78 @@
+#include "dates/clsFile.h"
+
+#include "dates/exif_fecha.h"
+#include "dates/fecha_nombre.h"
+#include "shared/archivo.h"
+#include "shared/rutas.h"
+
+#include <cstdlib>
+
+namespace {
+
+constexpr std::int64_t lngMinutosHolgura = 60;
+constexpr std::int64_t lngNanosegundos = 1'000'000'000;
+
+/// Whole units of a date since the zero date, rounded towards the past.
+std::int64_t fUnidades(clsFecha fecha, std::int64_t lngUnidad)
+{
+    const std::int64_t lngResto = fecha.lngSegundos % lngUnidad;
+    return fecha.lngSegundos / lngUnidad - (lngResto < 0 ? 1 : 0);
+}
+
+/// Deliberate: exactly one hour apart, seconds dropped, still agrees.
+bool fCoincideExif(clsFecha datFile, clsFecha datExif)
+{
+    return datExif.fHay() &&
+           std::abs(fUnidades(datFile, 60) - fUnidades(datExif, 60)) <= lngMinutosHolgura;
+}
+
+bool fCoincideNombre(clsFecha datFile, clsFecha datNombre)
+{
+    return datNombre.fHay() && fUnidades(datFile, 86400) == fUnidades(datNombre, 86400);
+}
+
+clsFecha fFechaDe(const clsHuella &huella)
+{
+    const std::int64_t lngResto = huella.lngNanosegundos % lngNanosegundos;
+    return fFechaLocal(huella.lngNanosegundos / lngNanosegundos - (lngResto < 0 ? 1 : 0));
+}
+
+} // namespace
+
+void clsFile::fReset() { *this = clsFile(); }
+
+void clsFile::fCargar(const std::string &strRuta)
+{
+    clsFile file; // apart, since the path may be the one this record holds
+    int intError = 0;
+    clsHuella huella;
+    const clsDescriptor archivo = fAbrirRegular(strRuta, intError, &huella);
+    if (archivo.fAbierto()) {
+        clsOrigenArchivo origen(archivo, huella.lngBytes);
+        const clsFechasExif fechas = fLeerFechasExif(origen);
+        file.m_datExifFecha = fechas.datFecha;
+        file.m_datExifTomada = fechas.datTomada;
+    } else if (const auto cerrado = fHuella(strRuta)) {
+        huella = *cerrado; // It exists and may not be read: no EXIF dates.
+    } else {
+        fReset();
+        return;
+    }
+    file.m_strFilePath = strRuta;
+    file.m_datFile = fFechaDe(huella);
+    const clsFechasNombre nombre = fFechasDeNombre(fNombreDe(strRuta));
+    file.m_datNombre1 = nombre.datAnoPrimero;
+    file.m_datNombre2 = nombre.datDiaPrimero;
+    file.m_bolExifCoincide = fCoincideExif(file.m_datFile, file.datExif());
+    file.m_bolNombreCoincide = fCoincideNombre(file.m_datFile, file.m_datNombre1) ||
+                               fCoincideNombre(file.m_datFile, file.m_datNombre2);
+    file.m_bolDatos = true;
+    *this = std::move(file);
+}
+
+std::string clsFile::strFileName() const { return std::string(fNombreDe(m_strFilePath)); }
+
+clsFecha clsFile::datExif() const
+{
+    return m_datExifTomada.fHay() ? m_datExifTomada : m_datExifFecha;
+}

@@ -1,0 +1,50 @@
+#pragma once
+
+#include "shared/fecha.h"
+
+#include <string>
+#include <utility>
+
+/// One media file and all its dates: that of the file, those in the photo, those in the name; and
+/// whether the file's own date agrees with one of the others. Loading has no state outside the
+/// record, so worker threads may load records of their own.
+class clsFile {
+public:
+    void fReset();
+
+    /// Gathers the dates of the file at that path and judges. bolDatos tells whether it exists.
+    void fCargar(const std::string &strRuta);
+
+    [[nodiscard]] bool bolDatos() const { return m_bolDatos; }
+    /// Whether the file's date agrees with the EXIF date (to one hour) or with a date of its name
+    /// (to the day). False when there is no such date.
+    [[nodiscard]] bool bolFechaCorrecta() const { return m_bolExifCoincide || m_bolNombreCoincide; }
+
+    [[nodiscard]] const std::string &strFilePath() const { return m_strFilePath; }
+    /// The path after a correction; empty until it is set.
+    [[nodiscard]] const std::string &strFilePathNew() const { return m_strFilePathNew; }
+    void strFilePathNew(std::string strRuta) { m_strFilePathNew = std::move(strRuta); }
+    [[nodiscard]] std::string strFileName() const;
+
+    // Zero dates mean that there is none.
+    /// Last modification in local time.
+    [[nodiscard]] clsFecha datFile() const { return m_datFile; }
+    /// When the photo was taken, else the date of its image data.
+    [[nodiscard]] clsFecha datExif() const;
+    /// The first eight digits of the name as year, month, day.
+    [[nodiscard]] clsFecha datNombre1() const { return m_datNombre1; }
+    /// The same digits as day, month, year.
+    [[nodiscard]] clsFecha datNombre2() const { return m_datNombre2; }
+
+private:
+    bool m_bolDatos = false;
+    bool m_bolExifCoincide = false;
+    bool m_bolNombreCoincide = false;
+    clsFecha m_datFile;
+    clsFecha m_datExifFecha;
+    clsFecha m_datExifTomada;
+    clsFecha m_datNombre1;
+    clsFecha m_datNombre2;
+    std::string m_strFilePath;
+    std::string m_strFilePathNew;
+};

@@ -1,0 +1,51 @@
+#pragma once
+
+#include "shared/disco.h"
+#include "shared/fecha.h"
+
+#include <functional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+/// One file of a correction: its path going in, what became of it coming out.
+struct clsCorregido {
+    std::string strFilePath;    ///< as the catalogue has it, byte by byte
+    std::string strFilePathNew; ///< where it is now; its old path when it keeps its name
+    int intErrorFecha = 0;      ///< why its time could not be set; it is renamed all the same
+    int intErrorNombre = 0;     ///< why it could not be renamed
+};
+
+/// How a correction ended.
+enum class Correccion {
+    Hecha,      ///< files and catalogue are corrected, a backup stands beside the catalogue
+    SinPermiso, ///< the root was not writable at start-up; nothing was touched
+    Ocupada,    ///< another Miravel builds or corrects in this archive; nothing was touched
+    SinCatalogo ///< the files are corrected, the catalogue is not, see intError
+};
+
+struct clsFinCorreccion {
+    Correccion correccion = Correccion::Hecha;
+    int intError = 0;
+    std::string strCopia; ///< full path of the backup, empty when there is none
+};
+
+/// Called once for every file that could not be renamed, with its path, while the others still
+/// wait. The list of files must not be changed meanwhile.
+using clsFalloNombre = std::function<void(const std::string &strRuta, int intError)>;
+
+/// The path a file gets by a correction: "yyyyMMdd_" before its name, whatever that begins with.
+[[nodiscard]] std::string fRutaCorregida(std::string_view strRuta, clsFecha fecha);
+
+/// Gives the files their new date and name, one after the other, then rewrites the catalogue.
+/// A file that cannot be renamed keeps its path in the catalogue, too, and gets the new date there.
+///
+/// Killed in the middle: files that were already renamed still have their old path in the
+/// catalogue, until it is built anew. The catalogue itself is whole at every moment, under its name
+/// or, between two renames, under that of its newest backup.
+/// @param strRaiz      root folder with a trailing "/".
+/// @param bolEscritura whether the root was writable at start-up.
+[[nodiscard]] clsFinCorreccion fCorregir(const std::string &strRaiz, bool bolEscritura,
+                                         std::vector<clsCorregido> &lstFicheros, clsFecha fecha,
+                                         const clsFalloNombre &fFallo,
+                                         const clsDisco &disco = discoReal);

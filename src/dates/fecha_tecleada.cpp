@@ -1,0 +1,48 @@
+#include "dates/fecha_tecleada.h"
+
+#include "shared/texto.h"
+
+std::string fNormalizarTecleada(std::string_view strTexto)
+{
+    std::string strCompleto(strTexto);
+    const int intCaracteres = fContarCaracteres(strTexto);
+    if (intCaracteres == 10) {
+        strCompleto += " 12:00:00";
+    } else if (intCaracteres == 16) {
+        strCompleto += ":00";
+    }
+    return strCompleto;
+}
+
+std::optional<clsFecha> fLeerTecleada(std::string_view strTexto)
+{
+    constexpr std::string_view strForma = "dd/mm/yyyy hh:mm:ss";
+    if (strTexto.size() != strForma.size()) {
+        return {};
+    }
+    // The catalogue's form holds the same digits, year first; its reader checks every position.
+    std::string strCatalogo;
+    strCatalogo.append(strTexto.substr(6, 4)).append(strTexto.substr(2, 1));
+    strCatalogo.append(strTexto.substr(3, 2)).append(strTexto.substr(5, 1));
+    strCatalogo.append(strTexto.substr(0, 2)).append(strTexto.substr(10));
+    return fLeerTextoCatalogo(strCatalogo);
+}
+
+std::string fAvisoFechaNoValida(std::string_view strTexto)
+{
+    std::string strAviso(1, '\'');
+    strAviso.append(strTexto);
+    return strAviso +
+           "' no es una fecha válida.\r\n\r\nFormato permitidos:\r\n- 'dd/mm/yyyy hh:mm:ss'\r\n"
+           "- 'dd/mm/yyyy hh:mm'\r\n- 'dd/mm/yyyy'";
+}
+
+std::string fAvisoFichero(std::string_view strRuta)
+{
+    return "Hay algún problema con el fichero: \r\n" + std::string(strRuta);
+}
+
+std::string fTextoFicheros(int lngFicheros)
+{
+    return '(' + std::to_string(lngFicheros) + " FICHEROS)";
+}

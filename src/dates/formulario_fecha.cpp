@@ -1,0 +1,47 @@
+#include "dates/formulario_fecha.h"
+
+#include "dates/fecha_tecleada.h"
+#include "shared/fecha.h"
+
+#include <algorithm>
+
+namespace {
+
+constexpr clsColor colVerde{128, 255, 128};
+constexpr clsColor colRojo{255, 128, 128};
+constexpr clsColor colAmarillo{255, 255, 128};
+
+/// Names tell the day only: noon is offered, the middle of what is not known.
+std::string fAMediodia(clsFecha fecha) { return fTextoUsuario(fecha).substr(0, 10) + " 12:00:00"; }
+
+} // namespace
+
+clsFormularioFecha fFormularioFecha(const std::vector<clsFile> &lstFicheros)
+{
+    clsFormularioFecha formulario;
+    formulario.strActual = fTextoFicheros(static_cast<int>(lstFicheros.size()));
+    formulario.fondo = colAmarillo;
+    if (lstFicheros.size() == 1) {
+        formulario.strActual = fTextoUsuario(lstFicheros.front().datFile());
+        formulario.fondo = lstFicheros.front().bolFechaCorrecta() ? colVerde : colRojo;
+    }
+    for (const clsFile &fichero : lstFicheros) {
+        if (fichero.datExif().fHay()) {
+            formulario.lstFechas[0] = fTextoUsuario(fichero.datExif());
+        }
+        if (fichero.datNombre1().fHay()) {
+            formulario.lstFechas[1] = fAMediodia(fichero.datNombre1());
+        }
+        if (fichero.datNombre2().fHay()) {
+            formulario.lstFechas[2] = fAMediodia(fichero.datNombre2());
+        }
+    }
+    return formulario;
+}
+
+bool fSeCorrige(const std::vector<clsFile> &lstFicheros, bool bolSiempre)
+{
+    return bolSiempre ||
+           std::none_of(lstFicheros.begin(), lstFicheros.end(),
+                        [](const clsFile &fichero) { return fichero.bolFechaCorrecta(); });
+}

@@ -1,0 +1,36 @@
+#pragma once
+
+#include "dates/formulario_fecha.h"
+#include "shared/mensajes.h"
+
+#include <QDialog>
+
+#include <functional>
+
+class QLineEdit;
+
+/// The date correction: shows what is known about the files' dates and takes the new one.
+class frmFecha : public QDialog {
+    Q_OBJECT
+public:
+    /// How the dialog was closed.
+    enum class Cierre { Cancelada, Moverse, Quedarse };
+
+    /// @param fAplicar corrects the files to a date, before the dialog closes.
+    frmFecha(QWidget *padre, const clsFormularioFecha &formulario, clsMensajes &mensajes,
+             std::function<void(clsFecha)> fAplicar);
+
+    /// Shows it and waits until it is closed.
+    Cierre fMostrar();
+
+private:
+    void fAceptar(Cierre cierre);
+    QWidget *fCrearActual(const clsFormularioFecha &formulario);
+    QWidget *fCrearBotonFecha(int intIndice, const std::string &strFecha);
+    QLayout *fCrearBotones();
+
+    clsMensajes &m_mensajes;
+    std::function<void(clsFecha)> m_fAplicar;
+    QLineEdit *m_txtDateTime;
+    Cierre m_cierre = Cierre::Cancelada;
+};

@@ -1,0 +1,300 @@
+// Kills corrections of 50 files half-way and looks at what is left.
+//
+//   matar_correccion [points]
+//
+// A child process corrects; SIGKILL ends it before the k-th system call that changes the disk, or
+// in the middle of a write. The points are spread over the whole correction; 0 takes all there are.
+// The kill comes from inside, so that a point that fails once fails every time.
+
+#include "catalogue/constructor.h"
+#include "catalogue/registro.h"
+#include "dates/correccion.h"
+#include "soporte/arbol.h"
+#include "soporte/proceso.h"
+
+#include <algorithm>
+#include <cerrno>
+#include <csignal>
+#include <cstdio>
+#include <cstdlib>
+#include <set>
+#include <sys/stat.h>
+#include <unistd.h>
+
+namespace {
+
+constexpr int intFicheros = 50;
+constexpr const char *strCopiaVieja = "Miravel.dat.20000101000000";
+const clsFecha fechaNueva = fFechaDe({2009, 7, 15, 12, 0, 0}).value_or(clsFecha{});
+
+int intPaso = 0;   // points passed in this process
+int intMuerte = 0; // the one to die at; 0: none
+int intFallos = 0;
+
+void fPunto()
+{
+    if (++intPaso == intMuerte) {
+        kill(getpid(), SIGKILL);
+    }
+}
+
+/// A primitive that may be the last one. What is killed behind it is killed before the next.
+template <auto fMiembro, class... Argumentos> auto fMortal(Argumentos... argumentos)
+{
+    fPunto();
+    return (discoReal.*fMiembro)(argumentos...);
+}
+
+ssize_t fEscribirAMedias(int intFd, const void *bytDatos, std::size_t lngBytes)
+{
+    fPunto();
+    const bool bolUltimo = intPaso + 1 == intMuerte;
+    const ssize_t lngEscritos =
+        discoReal.fEscribir(intFd, bytDatos, bolUltimo ? lngBytes / 2 : lngBytes);
+    fPunto();
+    return lngEscritos;
+}
+
+int fSinRenombrarLibre(const char *, const char *)
+{
+    errno = EINVAL;
+    return -1;
+}
+
+int fSinEnlaces(const char *, const char *)
+{
+    errno = EPERM;
+    return -1;
+}
+
+clsDisco fDiscoMortal()
+{
+    clsDisco disco = discoReal;
+    disco.fAbrir = fMortal<&clsDisco::fAbrir>;
+    disco.fEscribir = fEscribirAMedias;
+    disco.fVolcar = fMortal<&clsDisco::fVolcar>;
+    disco.fFechar = fMortal<&clsDisco::fFechar>;
+    disco.fRenombrar = fMortal<&clsDisco::fRenombrar>;
+    disco.fRenombrarLibre = fMortal<&clsDisco::fRenombrarLibre>;
+    disco.fEnlazar = fMortal<&clsDisco::fEnlazar>;
+    disco.fBorrar = fMortal<&clsDisco::fBorrar>;
+    return disco;
+}
+
+void fExigir(bool bolCierto, const std::string &strQue)
+{
+    if (!bolCierto) {
+        ++intFallos;
+        std::printf("  point %d: %s\n", intMuerte, strQue.c_str());
+    }
+}
+
+std::string fContenido(int intFichero)
+{
+    return std::string(static_cast<std::size_t>(100 + intFichero * 37),
+                       static_cast<char>('A' + intFichero % 26));
+}
+
+/// The archive of one try: 50 files in five folders, a catalogue with more than those.
+class clsCampo {
+public:
+    clsCampo()
+    {
+        m_arbol.fCrear("Miravel.ini");
+        m_arbol.fCrear(strCopiaVieja, "una copia de otro dia\r\n");
+        fAnotar(m_strViejo, m_arbol.fRuta("Miravel.ini"), clsFecha{}, 1);
+        m_strNuevo = m_strViejo;
+        for (int intFichero = 0; intFichero < intFicheros; ++intFichero) {
+            const std::string strNombre =
+                "c" + std::to_string(intFichero % 5) + "/IMG_" + std::to_string(intFichero);
+            m_arbol.fCrear(strNombre, fContenido(intFichero));
+            m_lstFicheros.push_back({m_arbol.fRuta(strNombre), {}, 0, 0});
+            const std::string &strRuta = m_lstFicheros.back().strFilePath;
+            fAnotar(m_strViejo, strRuta, clsFecha{}, intFichero);
+            fAnotar(m_strNuevo, fRutaCorregida(strRuta, fechaNueva), fechaNueva, intFichero);
+        }
+        m_strViejo += "un registro a medias\r\n2009";
+        m_strNuevo += "un registro a medias\r\n2009";
+        m_arbol.fCrear("Miravel.dat", m_strViejo);
+    }
+
+    void fCorregirTodo(const clsDisco &disco)
+    {
+        const clsFinCorreccion fin =
+            fCorregir(m_arbol.fRaiz(), true, m_lstFicheros, fechaNueva, {}, disco);
+        fExigir(fin.correccion == Correccion::Hecha, "the correction failed");
+    }
+
+    void fComprobar(bool bolEntera) const
+    {
+        int intCorregidos = 0;
+        for (int intFichero = 0; intFichero < intFicheros; ++intFichero) {
+            intCorregidos += fComprobarFichero(intFichero, intFichero == intCorregidos) ? 1 : 0;
+        }
+        fExigir(!bolEntera || intCorregidos == intFicheros, "a file kept its name");
+        fComprobarCatalogo(intCorregidos, bolEntera);
+        fComprobarNombres();
+        fReconstruir();
+    }
+
+private:
+    static void fAnotar(std::string &strCatalogo, std::string_view strRuta, clsFecha fecha,
+                        int intBytes)
+    {
+        fAnadirRegistro(strCatalogo, {}, strRuta, fecha, intBytes);
+    }
+
+    /// @return whether it has its new name.
+    bool fComprobarFichero(int intFichero, bool bolPuede) const
+    {
+        const std::string &strVieja =
+            m_lstFicheros[static_cast<std::size_t>(intFichero)].strFilePath;
+        const std::string strNueva = fRutaCorregida(strVieja, fechaNueva);
+        std::vector<std::string> lstRutas;
+        for (const std::string &strRuta : {strVieja, strNueva}) {
+            struct stat datos {};
+            if (lstat(strRuta.c_str(), &datos) != 0) {
+                continue;
+            }
+            lstRutas.push_back(strRuta);
+            const bool bolFecha = datos.st_mtim.tv_sec == clsArbol::lngMomento ||
+                                  datos.st_mtim.tv_sec == fMomento(fechaNueva);
+            fExigir(bolFecha && datos.st_atim.tv_sec == clsArbol::lngMomento &&
+                        (datos.st_mode & 07777) == 0644,
+                    strRuta + " has other times or permissions");
+        }
+        // Not before: reading one of two names of a file sets the access time of both.
+        for (const std::string &strRuta : lstRutas) {
+            fExigir(m_arbol.fLeer(strRuta.substr(m_arbol.fRaiz().size())) == fContenido(intFichero),
+                    strRuta + " has another content");
+        }
+        fExigir(!lstRutas.empty(), strVieja + " is lost");
+        const bool bolNueva = access(strNueva.c_str(), F_OK) == 0;
+        fExigir(!bolNueva || bolPuede, strNueva + " was corrected out of turn");
+        return bolNueva;
+    }
+
+    void fComprobarCatalogo(int intCorregidos, bool bolEntera) const
+    {
+        const std::vector<std::string> lstNombres = m_arbol.fNombres();
+        const bool bolEsta = std::count(lstNombres.begin(), lstNombres.end(), "Miravel.dat") == 1;
+        const std::string strEsta = m_arbol.fLeer("Miravel.dat");
+        fExigir(!bolEsta || strEsta == m_strViejo || strEsta == m_strNuevo,
+                "Miravel.dat is not whole");
+        fExigir(strEsta != m_strNuevo || intCorregidos == intFicheros,
+                "Miravel.dat is ahead of the files");
+        fExigir(!bolEntera || strEsta == m_strNuevo, "Miravel.dat is not the new one");
+        std::string strUltima;
+        for (const std::string &strNombre : lstNombres) {
+            if (strNombre.starts_with("Miravel.dat.") && strNombre != strCopiaVieja) {
+                strUltima = strNombre;
+                fExigir(m_arbol.fLeer(strNombre) == m_strViejo, strNombre + " is not whole");
+            }
+        }
+        fExigir(bolEsta || !strUltima.empty(), "neither Miravel.dat nor a backup of it");
+        fExigir(strEsta != m_strNuevo || !strUltima.empty(), "no backup");
+        fExigir(m_arbol.fLeer(strCopiaVieja) == "una copia de otro dia\r\n",
+                "an older backup was touched");
+    }
+
+    /// Nothing but what belongs there, and temporary files of the catalogue.
+    void fComprobarNombres() const
+    {
+        for (const std::string &strNombre : m_arbol.fNombres()) {
+            fExigir(strNombre == "Miravel.ini" || strNombre.starts_with("Miravel.dat") ||
+                        clsReemplazo::fEsTemporal(strNombre, "Miravel.dat") ||
+                        (strNombre.size() == 2 && strNombre[0] == 'c'),
+                    strNombre + " was left in the root");
+        }
+        for (int intCarpeta = 0; intCarpeta < 5; ++intCarpeta) {
+            for (const std::string &strNombre :
+                 m_arbol.fNombres("c" + std::to_string(intCarpeta))) {
+                fExigir(strNombre.starts_with("IMG_") || strNombre.starts_with("20090715_IMG_"),
+                        strNombre + " was left beside the files");
+            }
+        }
+    }
+
+    /// The next start finds the archive free and can build its catalogue anew.
+    void fReconstruir() const
+    {
+        class clsMudo : public clsObservador {
+            void fCarpeta(const std::string &) override {}
+            void fError(int) override {}
+            bool fCeder() override { return true; }
+        } mudo;
+        fExigir(fConstruir(m_arbol.fRaiz(), mudo).construccion == Construccion::Hecha,
+                "the catalogue cannot be built anew");
+        const std::string strNuevo = m_arbol.fLeer("Miravel.dat");
+        for (const clsCorregido &fichero : m_lstFicheros) {
+            const bool bolEsta = strNuevo.find(fichero.strFilePath + "\r\n") != std::string::npos ||
+                                 strNuevo.find(fRutaCorregida(fichero.strFilePath, fechaNueva) +
+                                               "\r\n") != std::string::npos;
+            fExigir(bolEsta, fichero.strFilePath + " is in no record");
+        }
+    }
+
+    clsArbol m_arbol;
+    std::vector<clsCorregido> m_lstFicheros;
+    std::string m_strViejo;
+    std::string m_strNuevo;
+};
+
+/// So many points, evenly spread, and always the last ones, where the catalogues change places.
+std::set<int> fPuntos(int intTodos, int intCuantos)
+{
+    constexpr int intFinales = 8;
+    std::set<int> lstPuntos;
+    if (intCuantos == 0 || intCuantos >= intTodos) {
+        intCuantos = intTodos;
+    }
+    for (int intPunto = intTodos; intPunto > 0 && intPunto > intTodos - intFinales; --intPunto) {
+        lstPuntos.insert(intPunto);
+    }
+    const int intResto = std::max(intCuantos - intFinales, 0);
+    for (int intPunto = 0; intPunto < intResto; ++intPunto) {
+        lstPuntos.insert(1 + intPunto * (intTodos - intFinales) / intResto);
+    }
+    return lstPuntos;
+}
+
+void fMatarEn(int intPunto, const clsDisco &disco)
+{
+    clsCampo campo;
+    intPaso = 0;
+    intMuerte = intPunto;
+    clsHijo hijo([&] { campo.fCorregirTodo(disco); });
+    fExigir(hijo.fEsperar() == -SIGKILL, "it was not killed");
+    campo.fComprobar(false);
+}
+
+void fProbar(const char *strFrase, int intCuantos, const clsDisco &disco)
+{
+    intMuerte = 0;
+    intPaso = 0;
+    clsCampo campo;
+    campo.fCorregirTodo(disco);
+    const int intTodos = intPaso;
+    campo.fComprobar(true);
+    const std::set<int> lstPuntos = fPuntos(intTodos, intCuantos);
+    const int intAntes = intFallos;
+    for (const int intPunto : lstPuntos) {
+        fMatarEn(intPunto, disco);
+    }
+    std::printf("%s: killed at %zu of %d points, %d faults\n", strFrase, lstPuntos.size(), intTodos,
+                intFallos - intAntes);
+}
+
+} // namespace
+
+int main(int intArgumentos, char **strArgumentos)
+{
+    const int intCuantos = intArgumentos > 1 ? std::atoi(strArgumentos[1]) : 200;
+    clsDisco disco = fDiscoMortal();
+    fProbar("renames that refuse taken names", intCuantos, disco);
+    disco.fRenombrarLibre = fSinRenombrarLibre;
+    fProbar("links", intCuantos, disco);
+    disco.fEnlazar = fSinEnlaces;
+    fProbar("plain renames", intCuantos, disco);
+    return intFallos == 0 ? 0 : 1;
+}
