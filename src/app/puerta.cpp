@@ -2,7 +2,7 @@
 
 #include "browse/teclas.h"
 
-#include <QCoreApplication>
+#include <QApplication>
 #include <QKeyEvent>
 #include <QMenuBar>
 #include <QWidget>
@@ -71,7 +71,7 @@ bool clsPuerta::fTecla(const QObject &objeto, const QKeyEvent &evento) const
 {
     // A key that its control leaves unused comes by again for each parent: only the first counts.
     // Whoever walks through the menu bar with the arrows must be able to.
-    const QWidget *const control = m_ventana.focusWidget();
+    const QWidget *const control = QApplication::focusWidget();
     if (&objeto != (control != nullptr ? control : &m_ventana) ||
         qobject_cast<const QMenuBar *>(&objeto) != nullptr) {
         return false;

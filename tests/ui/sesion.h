@@ -1,0 +1,138 @@
+#pragma once
+
+#include "app/aplicacion.h"
+#include "app/frmMain.h"
+#include "shared/ajustes.h"
+#include "shared/mensajes.h"
+#include "soporte/arbol.h"
+
+#include <QApplication>
+#include <QImage>
+#include <QList>
+#include <QSize>
+#include <QStringList>
+#include <QTableView>
+#include <QTimer>
+#include <QtTest>
+
+#include <ctime>
+#include <functional>
+#include <memory>
+#include <string>
+
+/// Seconds since 1970 of a moment "yyyy-MM-dd HH:mm:ss"; the tests run in universal time.
+[[nodiscard]] std::time_t fMomento(const char *strMomento);
+
+/// A picture of four plain quarters: red, green / blue, yellow.
+[[nodiscard]] QImage fCuartos(QSize tam);
+/// A picture in which hardly two pixels are alike.
+[[nodiscard]] QImage fDibujo(QSize tam);
+
+/// The bytes of a JPEG file.
+/// @param intOrientacion EXIF orientation 1 to 8; 0: no EXIF segment.
+[[nodiscard]] std::string fJpeg(const QImage &imagen, int intOrientacion = 0);
+
+/// A catalogue record of a file of 2,048 bytes.
+[[nodiscard]] std::string fRegistro(const std::string &strRuta, const char *strFecha);
+
+/// Four files the list shows, one hidden and one that is no media file. By date: 2008/playa.jpg,
+/// 2009/boda.JPG, 2009/brindis.mov (not a film in truth), 2010/nieve.jpg.
+void fLlenarArbol(const clsArbol &arbol);
+
+/// Records what the program says and asks, and answers from a script.
+class clsMensajesGuion : public clsMensajes {
+public:
+    void fAviso(Icono icono, const std::string &strTexto) override;
+    [[nodiscard]] bool fSiNo(const std::string &strTexto) override;
+    /// What was said since the last call.
+    [[nodiscard]] QStringList fDichos();
+
+    QStringList lstTextos;
+    QList<Icono> lstIconos;
+    QList<bool> lstRespuestas;       ///< to the next questions; afterwards No
+    std::function<void()> fMientras; ///< runs while a box is open
+};
+
+/// Runs something once, at the first chance after a condition holds, also in the middle of other
+/// work.
+class clsCuando : public QTimer {
+public:
+    clsCuando(const std::function<bool()> &fCondicion, const std::function<void()> &fHacer);
+    [[nodiscard]] bool fHecho() const { return m_bolHecho; }
+
+private:
+    bool m_bolHecho = false;
+};
+
+/// One run of the program on an archive: from the settings to the end of the main window.
+class clsSesion {
+public:
+    explicit clsSesion(const clsArbol &arbol, bool bolEscritura = true);
+
+    /// Shows the window and waits until the list is filled and the first file shown.
+    [[nodiscard]] bool fAbrir();
+    /// Waits until nothing is being done and a file is shown, or the program said there is none.
+    [[nodiscard]] bool fEsperarLista();
+    /// Gives the window a size and waits for the layout that follows.
+    [[nodiscard]] bool fTamano(int intAncho, int intAlto);
+
+    template <typename Control> [[nodiscard]] Control *fControl(const char *strNombre)
+    {
+        return ventana->findChild<Control *>(QString::fromUtf8(strNombre));
+    }
+    [[nodiscard]] QWidget *fControl(const char *strNombre) { return fControl<QWidget>(strNombre); }
+    [[nodiscard]] QTableView *fLista();
+    [[nodiscard]] QString fTexto(const char *strCaja);
+    /// Text of the list in a row and a column, both from 0.
+    [[nodiscard]] QString fCelda(int lngFila, int intColumna);
+    [[nodiscard]] QStringList fNombres();
+    [[nodiscard]] bool fMarcada(int lngFila);
+    /// The selected row, from 0; -1 when the boxes above the panel tell another one.
+    [[nodiscard]] int fPosicion();
+    /// A key of section GENERAL in the settings file.
+    [[nodiscard]] std::string fAjuste(const char *strClave);
+    /// Size of the picture in picture pixels, as far as the screen shows it at that zoom.
+    [[nodiscard]] QSize fTamFoto();
+    [[nodiscard]] bool fSinImagen();
+    /// Whether the window of the catalogue build can be seen, or a picture is being loaded.
+    [[nodiscard]] bool fConstruyendo();
+    [[nodiscard]] bool fProcesando()
+    {
+        return fTexto("txtInfo2") == QLatin1String("Procesando...");
+    }
+    /// The frame as it is on the screen, in device pixels.
+    [[nodiscard]] QImage fRecuadro();
+
+    // What the user does. Keys go where the focus is, the mouse to what lies under it.
+    void fTecla(Qt::Key tecla, Qt::KeyboardModifiers mayus = Qt::NoModifier);
+    void fElegirEntrada(const char *strNombre);
+    void fClic(QWidget *control, QPoint punto, Qt::MouseButton boton = Qt::LeftButton);
+    void fClicFila(int lngFila, int intColumna = 0);
+    void fClicCasilla(int lngFila);
+    void fPulsar(QWidget *control, QPoint punto);
+    void fMoverRaton(QWidget *control, QPoint punto);
+    void fSoltar(QWidget *control, QPoint punto);
+
+    clsMensajesGuion mensajes;
+    clsAjustes ajustes;
+    std::unique_ptr<frmMain> ventana;
+
+private:
+    [[nodiscard]] QPoint fEnVentana(const QWidget *control, QPoint punto) const;
+    [[nodiscard]] clsPreferencias fPreferencias();
+    [[nodiscard]] bool fEsperarDisposicion();
+};
+
+/// The main function of a test program.
+template <typename Pruebas> int fPrincipal(int intArgumentos, char **lstArgumentos)
+{
+    setenv("QT_QPA_PLATFORM", "offscreen", 0);
+    setenv("TZ", "UTC", 1);
+    setenv("LC_ALL", "C.UTF-8", 1);
+    tzset();
+    QApplication aplicacion(intArgumentos, lstArgumentos);
+    fPrepararAplicacion(aplicacion);
+    QApplication::setQuitOnLastWindowClosed(false);
+    Pruebas pruebas;
+    return QTest::qExec(&pruebas, intArgumentos, lstArgumentos);
+}
