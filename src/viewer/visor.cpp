@@ -107,22 +107,26 @@ std::shared_ptr<const clsFuente> clsVisor::fCargar(const std::string &strRuta,
     }
     m_strRuta = strRuta;
     m_huella = *huella;
-    const clsPedido pedido = fPedido(strRuta, lngMaximoFoto);
-    const auto previa = fPrevia(strRuta, *huella);
-    auto fuente = m_almacen.fTomar(pedido, *huella);
+    auto fuente = m_almacen.fTomar(fPedido(strRuta, lngMaximoFoto), *huella);
     if (!fuente) {
         // Painted before the load: the user sees that something is under way.
         m_imgFoto->hide();
         entorno.fCeder(false);
-        m_almacen.fAnularSalvo({pedido, previa.value_or(pedido)});
-        fPedirCon(previa, pedido, *huella);
     }
     while (!fuente && entorno.fVigente()) {
-        entorno.fCeder(true);
+        // Looked for and requested at every turn: while events run, the picture can have come, its
+        // request can have been given up, and zoom and frame can have changed.
+        const clsPedido pedido = fPedido(strRuta, lngMaximoFoto);
+        const auto previa = fPrevia(strRuta, *huella);
         fuente = m_almacen.fTomar(pedido, *huella);
         if (!fuente && previa) {
             // Fewer pixels in the right place now; fAfinar brings the others.
             fuente = m_almacen.fTomar(*previa, *huella);
+        }
+        if (!fuente) {
+            m_almacen.fAnularSalvo({pedido, previa.value_or(pedido)});
+            fPedirCon(previa, pedido, *huella);
+            entorno.fCeder(true);
         }
     }
     return fuente && fuente->imagen.isNull() ? m_imgNoImagen : fuente;

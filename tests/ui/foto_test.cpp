@@ -48,6 +48,7 @@ private slots:
     void fAHundredPerCentShowsEveryPixelAsItIs();
     void fALargePictureShowsItsMiddle();
     void fAZoomChosenWhileAPictureLoadsGetsItsPixels();
+    void fAZoomChosenWhileTheFrameChangesGetsItsPixels();
     void fOrientationIsAppliedToPictureAndSize();
     void fAHundredMegapixelsFit();
     void fDraggingMovesInSteps();
@@ -240,6 +241,22 @@ void clsPruebasFoto::fAZoomChosenWhileAPictureLoadsGetsItsPixels()
     QTRY_COMPARE(sesion.fPosicion(), 1);
     const QImage fuente = fDescifrar(m_strGrande);
     QTRY_VERIFY(fExacta(sesion, fuente));
+}
+
+void clsPruebasFoto::fAZoomChosenWhileTheFrameChangesGetsItsPixels()
+{
+    const clsArbol arbol;
+    arbol.fCrear("a.jpg", m_strGrande);
+    clsSesion sesion(arbol);
+    QVERIFY(sesion.fAbrir());
+    sesion.fTecla(Qt::Key_J);
+    // The layout decodes it anew for the size of the frame; that is given up for the zoom.
+    const clsCuando cargando([&] { return sesion.fProcesando(); },
+                             [&] { sesion.fElegirEntrada("mnuFotoValor2"); });
+    QVERIFY(sesion.fTamano(700, 600));
+    QVERIFY(cargando.fHecho());
+    QTRY_COMPARE(sesion.fPosicion(), 0);
+    QTRY_VERIFY(fExacta(sesion, fDescifrar(m_strGrande)));
 }
 
 void clsPruebasFoto::fOrientationIsAppliedToPictureAndSize()
