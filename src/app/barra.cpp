@@ -36,7 +36,8 @@ QMenu *fMenuTeclas(QWidget *padre)
     auto *const menu = new QMenu(padre);
     menu->setObjectName(QStringLiteral("mnuTeclas"));
     for (const char *const strTexto : fTextosTeclas()) {
-        menu->addAction(QString::fromUtf8(strTexto)); // choosing one does nothing
+        QAction *const entrada = menu->addAction(QString::fromUtf8(strTexto)); // it does nothing
+        entrada->setObjectName(QStringLiteral("mnuTeclas%1").arg(menu->actions().size() - 1));
     }
     return menu;
 }

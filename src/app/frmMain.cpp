@@ -72,6 +72,7 @@ frmMain::~frmMain() = default;
 void frmMain::fCrearControles()
 {
     m_cliente->setObjectName(QStringLiteral("frmMainCliente"));
+    menuBar()->setObjectName(QStringLiteral("menuBar"));
     setCentralWidget(m_cliente);
     m_lista->setModel(m_modelo);
     m_lista->fAnchosIniciales();
@@ -282,7 +283,10 @@ void frmMain::fInformar()
     m_fichero.fCargar(m_filas.fRuta(m_lngActual));
     m_txtInfo3->setVisible(!m_fichero.bolFechaCorrecta());
     m_txtInfo1->setText(fQ(fTextoInfo1(m_lngActual, m_filas.fCantidad())));
-    fInfo2(fQ(fTextoInfo2(fTextoPantalla(m_filas.fRuta(m_lngActual)), m_filas.fFecha(m_lngActual),
+    // Folder and name each in its own encoding, as the list shows them.
+    const std::string strRuta = fTextoPantalla(m_filas.fCarpeta(m_lngActual)) +
+                                fTextoPantalla(m_filas.fNombre(m_lngActual));
+    fInfo2(fQ(fTextoInfo2(strRuta, m_filas.fFecha(m_lngActual),
                           fCampo(m_filas, m_lngActual + 1, Campo::Tamano, m_signos))));
 }
 

@@ -110,6 +110,7 @@ void frmMain::fModificarFecha(bool bolSiempre)
         return;
     }
     std::vector<clsCorregido> lstCorregidos;
+    lstCorregidos.reserve(lstFicheros.size());
     for (const clsFile &fichero : lstFicheros) {
         lstCorregidos.push_back({fichero.strFilePath(), {}, 0, 0});
     }

@@ -78,6 +78,7 @@ void fLlenar(QMenu &menu, const clsMenu &datos,
              const std::function<void(const QString &)> &fElegida)
 {
     menu.setObjectName(QString::fromUtf8(datos.strNombre));
+    menu.menuAction()->setObjectName(menu.objectName());
     for (const clsEntrada &entrada : datos.lstEntradas) {
         if (entrada.strNombre == nullptr) {
             menu.addSeparator();
