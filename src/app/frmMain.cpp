@@ -41,6 +41,18 @@ private:
     bool &m_bol;
 };
 
+/// Counts how many of these live.
+class clsCuenta {
+public:
+    explicit clsCuenta(int &intCuenta) : m_intCuenta(intCuenta) { ++m_intCuenta; }
+    ~clsCuenta() { --m_intCuenta; }
+    clsCuenta(const clsCuenta &) = delete;
+    clsCuenta &operator=(const clsCuenta &) = delete;
+
+private:
+    int &m_intCuenta;
+};
+
 } // namespace
 
 frmMain::frmMain(clsArchivo archivo, clsAjustes &ajustes, clsMensajes &mensajes)
@@ -50,6 +62,9 @@ frmMain::frmMain(clsArchivo archivo, clsAjustes &ajustes, clsMensajes &mensajes)
                   [this] {
                       QApplication::restoreOverrideCursor();
                       m_lista->setFocus();
+                      if (std::exchange(m_bolDobleClic, false) && !m_bolCerrando) {
+                          QTimer::singleShot(0, this, &frmMain::fAbrirArchivo);
+                      }
                       if (m_bolCerrando) {
                           QTimer::singleShot(0, this, &QWidget::close);
                       }
@@ -126,6 +141,12 @@ void frmMain::fConectar()
         [this](int intTecla, int intMayus) {
             return fTeclaPulsada(intTecla, intMayus, fEstado(), *this);
         });
+    // The first click of a double click shows the row, and the second falls into that.
+    connect(puerta, &clsPuerta::fDobleClicOcupada, this,
+            [this](const QWidget *control, const QPoint &punto) {
+                m_bolDobleClic =
+                    control == m_lista->viewport() && m_lista->indexAt(punto).row() == m_lngActual;
+            });
     connect(puerta, &clsPuerta::fEscOcupada, this, [this] { m_bolEsc = true; });
     connect(m_lista, &lstFotos::fFila, this, [this](int lngPos) { fMostrarArchivo(lngPos, true); });
     connect(m_lista, &lstFotos::fDobleClic, this, &frmMain::fAbrirArchivo);
@@ -240,6 +261,7 @@ void frmMain::fMostrarArchivo(int lngPos, bool bolOcupar)
         return;
     }
     m_lngActual = std::clamp(lngPos, 0, fUltimoPos());
+    m_bolGuardarSelec = true;
     m_visor->fVaciar();
     fRedibujar();
 }
@@ -254,6 +276,7 @@ void frmMain::fRedibujar()
 bool frmMain::fDibujar()
 {
     const std::uint64_t lngGeneracion = ++m_lngGeneracion;
+    const clsCuenta cuenta(m_intDibujos);
     clsVisor::clsEntorno entorno;
     entorno.fProcesando = [this] { fInfo2(QStringLiteral("Procesando...")); };
     entorno.fCeder = fCederEventos;
@@ -268,7 +291,10 @@ void frmMain::fTerminarMostrar()
 {
     m_lista->fElegir(m_lngActual);
     fInformar();
-    m_ajustes.fGuardarIni(strSeccionGeneral, "SELEC", m_filas.fRuta(m_lngActual));
+    if (m_bolGuardarSelec) {
+        m_bolGuardarSelec = false;
+        m_ajustes.fGuardarIni(strSeccionGeneral, "SELEC", m_filas.fRuta(m_lngActual));
+    }
     std::vector<std::string> lstVecinas;
     for (const int lngPos : {m_lngActual + 1, m_lngActual - 1}) {
         if (lngPos >= 0 && lngPos <= fUltimoPos()) {
@@ -309,7 +335,10 @@ void frmMain::fMover(Movimiento movimiento)
 
 // --- Commands ---
 
-clsEstado frmMain::fEstado() const { return {!m_filas.fVacia(), m_ocupacion.fEsta()}; }
+clsEstado frmMain::fEstado() const
+{
+    return {!m_filas.fVacia(), m_ocupacion.fEsta(), m_intDibujos > 0};
+}
 
 void frmMain::fEntradaElegida(const QString &strNombre)
 {

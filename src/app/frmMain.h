@@ -118,8 +118,11 @@ private:
     bool m_bolDescendente = false;
     std::int64_t m_dblTotalKB = 0;
     bool m_bolIncidenciasAvisadas = false;
-    bool m_bolCargando = true; ///< until the first fill ends
-    bool m_bolOcupado = false; ///< a navigation command runs
+    bool m_bolCargando = true;      ///< until the first fill ends
+    bool m_bolOcupado = false;      ///< a navigation command runs
+    int m_intDibujos = 0;           ///< draws that are under way
+    bool m_bolGuardarSelec = false; ///< the current file is still to be stored
+    bool m_bolDobleClic = false;    ///< a row was double-clicked while it was being shown
     bool m_bolCerrando = false;
     bool m_bolEsc = false;             ///< Esc was pressed during a search
     std::uint64_t m_lngGeneracion = 0; ///< raised by every layout, draw and list change

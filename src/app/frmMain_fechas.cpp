@@ -114,12 +114,10 @@ void frmMain::fModificarFecha(bool bolSiempre)
     for (const clsFile &fichero : lstFicheros) {
         lstCorregidos.push_back({fichero.strFilePath(), {}, 0, 0});
     }
-    bool bolCambiado = false;
-    frmFecha dialogo(this, fFormularioFecha(lstFicheros), m_mensajes, [&](clsFecha fecha) {
-        bolCambiado = fCorregirFicheros(lstCorregidos, fecha);
-    });
+    frmFecha dialogo(this, fFormularioFecha(lstFicheros), m_mensajes,
+                     [&](clsFecha fecha) { return fCorregirFicheros(lstCorregidos, fecha); });
     const frmFecha::Cierre cierre = dialogo.fMostrar();
-    if (!bolCambiado) {
+    if (cierre == frmFecha::Cierre::Cancelada) {
         return;
     }
     // Moving on: when the current file has a new name, the row that takes its place is current.
@@ -132,12 +130,20 @@ void frmMain::fModificarFecha(bool bolSiempre)
 bool frmMain::fCorregirFicheros(std::vector<clsCorregido> &lstFicheros, clsFecha fecha)
 {
     const clsOcupado ocupado(m_ocupacion);
+    QElapsedTimer reloj;
+    reloj.start();
+    const auto fFallo = [this](const std::string &strRuta, int intError) {
+        m_mensajes.fAviso(Icono::Problema,
+                          fTextoPantalla(strRuta) + "\r\n" + fTextoError(intError));
+    };
+    const auto fPaso = [&reloj] {
+        if (reloj.elapsed() >= lngPausaProgreso) {
+            fCederEventos(false);
+            reloj.restart();
+        }
+    };
     const clsFinCorreccion fin =
-        fCorregir(m_archivo.strRaiz, m_archivo.bolEscritura, lstFicheros, fecha,
-                  [this](const std::string &strRuta, int intError) {
-                      m_mensajes.fAviso(Icono::Problema,
-                                        fTextoPantalla(strRuta) + "\r\n" + fTextoError(intError));
-                  });
+        fCorregir(m_archivo.strRaiz, m_archivo.bolEscritura, lstFicheros, fecha, fFallo, fPaso);
     if (fin.correccion == Correccion::Ocupada) {
         fAvisarOcupada();
     } else if (fin.correccion == Correccion::SinCatalogo) {

@@ -47,7 +47,7 @@ int main(int intArgumentos, char **lstArgumentos)
         return intSalidaMal;
     }
     const bool bolEscritura = fProbarEscritura(strRaiz);
-    clsAjustes ajustes(strRaiz + "Miravel.ini", bolEscritura);
+    clsAjustes ajustes(strRaiz + std::string(strFicheroAjustes), bolEscritura);
     clsPreferencias preferencias;
     if (const auto malo = fLeerPreferencias(ajustes, preferencias)) {
         mensajes.fAviso(Icono::Critico, "El ajuste " + malo->strClave +

@@ -5,6 +5,7 @@
 #include <QApplication>
 #include <QKeyEvent>
 #include <QMenuBar>
+#include <QMouseEvent>
 #include <QWidget>
 
 #include <utility>
@@ -61,6 +62,9 @@ bool clsPuerta::eventFilter(QObject *objeto, QEvent *evento)
     if (m_fOcupada()) {
         if (bolPulsada && static_cast<const QKeyEvent *>(evento)->key() == Qt::Key_Escape) {
             emit fEscOcupada();
+        } else if (evento->type() == QEvent::MouseButtonDblClick) {
+            emit fDobleClicOcupada(static_cast<QWidget *>(objeto),
+                                   static_cast<QMouseEvent *>(evento)->position().toPoint());
         }
         return true;
     }
@@ -78,5 +82,8 @@ bool clsPuerta::fTecla(const QObject &objeto, const QKeyEvent &evento) const
     }
     const int intTecla = fNumeroTecla(evento.key(), evento.modifiers() & Qt::KeypadModifier,
                                       evento.nativeScanCode());
+    if (intTecla == intTeclaEnter && evento.isAutoRepeat()) {
+        return true; // a key held too long opens its file once
+    }
     return m_fTecla(intTecla, fEstadoMayus(evento.modifiers()));
 }

@@ -21,6 +21,8 @@ public:
 signals:
     /// Esc was pressed while the window is busy.
     void fEscOcupada();
+    /// A control was double-clicked while the window is busy.
+    void fDobleClicOcupada(QWidget *control, const QPoint &punto);
 
 protected:
     bool eventFilter(QObject *objeto, QEvent *evento) override;

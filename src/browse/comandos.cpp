@@ -9,7 +9,9 @@
 namespace {
 
 bool fConLista(const clsEstado &estado) { return estado.bolHayLista && !estado.bolOcupado; }
-bool fLibre(const clsEstado &estado) { return !estado.bolOcupado; }
+bool fLibre(const clsEstado &estado) { return !estado.bolOcupado && !estado.bolDibujando; }
+/// What acts on the current file must not do so before the user sees which one that is.
+bool fALaVista(const clsEstado &estado) { return fConLista(estado) && fLibre(estado); }
 
 using A = clsAcciones;
 constexpr Mayus Con = Mayus::Con;
@@ -17,7 +19,7 @@ constexpr Mayus Sin = Mayus::Sin;
 constexpr Mayus Da = Mayus::Indiferente;
 
 constexpr clsComando lstComandos[] = {
-    {"abrir",       intTeclaEnter, Da,  nullptr,                 0, fConLista, &A::fAbrirArchivo   },
+    {"abrir",       intTeclaEnter, Da,  nullptr,                 0, fALaVista, &A::fAbrirArchivo   },
     {"ajustar",     intTeclaJ,     Da,  "mnuFotoAjustar",        0, fConLista, &A::fAjustar        },
     {"aumentar",    intTeclaMas,   Da,  nullptr,                 0, fConLista, &A::fAumentar       },
     {"reducir",     intTeclaMenos, Da,  nullptr,                 0, fConLista, &A::fReducir        },
@@ -25,10 +27,10 @@ constexpr clsComando lstComandos[] = {
     {"retroceder",  intTeclaF11,   Sin, nullptr,                 4, fConLista, &A::fRetroceder     },
     {"ultimo",      intTeclaF12,   Con, nullptr,                 6, fConLista, &A::fUltimo         },
     {"avanzar",     intTeclaF12,   Sin, nullptr,                 5, fConLista, &A::fAvanzar        },
-    {"exif",        intTeclaI,     Da,  nullptr,                 8, fConLista, &A::fMostrarExif    },
-    {"buscarFecha", intTeclaE,     Da,  nullptr,                 0, fConLista, &A::fBuscarFecha    },
-    {"corregir",    intTeclaW,     Sin, nullptr,                 0, fConLista, &A::fCorregirSiMal  },
-    {"corregirMas", intTeclaW,     Con, nullptr,                 0, fConLista, &A::fCorregirSiempre},
+    {"exif",        intTeclaI,     Da,  nullptr,                 8, fALaVista, &A::fMostrarExif    },
+    {"buscarFecha", intTeclaE,     Da,  nullptr,                 0, fALaVista, &A::fBuscarFecha    },
+    {"corregir",    intTeclaW,     Sin, nullptr,                 0, fALaVista, &A::fCorregirSiMal  },
+    {"corregirMas", intTeclaW,     Con, nullptr,                 0, fALaVista, &A::fCorregirSiempre},
     {"actualizar",  0,             Da,  "mnuOpcionesActualizar", 0, fLibre,    &A::fActualizarLista},
 };
 

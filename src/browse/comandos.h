@@ -24,8 +24,9 @@ public:
 
 /// What decides whether a command may run.
 struct clsEstado {
-    bool bolHayLista = false; ///< the list has rows
-    bool bolOcupado = false;  ///< the window is busy
+    bool bolHayLista = false;  ///< the list has rows
+    bool bolOcupado = false;   ///< the window is busy
+    bool bolDibujando = false; ///< a picture is being waited for: what is current is not yet shown
 };
 
 /// Shift state a key asks for. "With" means Shift alone: Ctrl+Shift or Alt+Shift does not count.

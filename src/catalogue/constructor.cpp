@@ -3,6 +3,7 @@
 #include "catalogue/carpeta.h"
 #include "catalogue/recorrido.h"
 #include "catalogue/registro.h"
+#include "shared/ajustes.h"
 
 #include <cerrno>
 #include <fcntl.h>
@@ -17,6 +18,12 @@ bool fEsTemporal(std::string_view strNombre)
     return clsReemplazo::fEsTemporal(strNombre, strFicheroCatalogo);
 }
 
+/// Names in the root that exist for a moment only: those above, and those of the settings.
+bool fEsPasajero(std::string_view strNombre)
+{
+    return fEsTemporal(strNombre) || clsReemplazo::fEsTemporal(strNombre, strFicheroAjustes);
+}
+
 /// Hands the walk's lines to the new catalogue and the rest to the observer.
 class clsEscribano : public clsReceptor {
 public:
@@ -28,6 +35,7 @@ public:
     bool fRegistros(std::string_view strLineas) override
     {
         constexpr std::size_t lngTramo = 1 << 18;
+        m_bolAlgo = true;
         m_strPendiente.append(strLineas);
         if (m_strPendiente.size() >= lngTramo) {
             fVaciar();
@@ -36,6 +44,8 @@ public:
     }
     void fError(int intError) override { m_observador.fError(intError); }
     bool fCeder() override { return m_observador.fCeder(); }
+    /// Whether any file was recorded.
+    [[nodiscard]] bool fAlgo() const { return m_bolAlgo; }
     void fVaciar()
     {
         m_archivo.fEscribir(m_strPendiente);
@@ -46,6 +56,7 @@ private:
     clsReemplazo &m_archivo;
     clsObservador &m_observador;
     std::string m_strPendiente;
+    bool m_bolAlgo = false;
 };
 
 /// Deletes what builds that were killed have left; nobody else writes while the lock is held.
@@ -73,6 +84,8 @@ clsConstruccion fConstruir(const std::string &strRaiz, clsObservador &observador
     }
     fQuitarRestos(strRaiz);
     const std::string strCatalogo = strRaiz + std::string(strFicheroCatalogo);
+    const auto huella = fHuella(strCatalogo);
+    const bool bolHabia = huella && huella->lngBytes > 0;
     // Exclusive: a catalogue that is there is not touched before its successor is whole.
     const clsDescriptor vacio{
         open(strCatalogo.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666)};
@@ -81,8 +94,9 @@ clsConstruccion fConstruir(const std::string &strRaiz, clsObservador &observador
         return {Construccion::SinEscribir, archivo.fError()};
     }
     clsEscribano escribano(archivo, observador);
-    const clsRecorrido recorrido = fRecorrer(strRaiz, {intHilos, fEsTemporal}, escribano);
-    if (recorrido.intErrorRaiz != 0) {
+    const clsRecorrido recorrido = fRecorrer(strRaiz, {intHilos, fEsPasajero}, escribano);
+    // With a failing root folder what was there before is worth more than what could be read now.
+    if (recorrido.intErrorRaiz != 0 && (bolHabia || !escribano.fAlgo())) {
         return {Construccion::RaizIlegible, recorrido.intErrorRaiz};
     }
     if (recorrido.bolInterrumpido && archivo.fError() == 0) {

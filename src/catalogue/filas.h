@@ -90,6 +90,6 @@ private:
 
 /// A field of a row counted from 1, as the other windows read it; date and size without the blanks
 /// around them. Empty for a row or a code that does not exist.
-/// @param strTamano builds the text of the size column from bytes.
+/// @param signos for the text of the size column.
 [[nodiscard]] std::string fCampo(const clsFilas &filas, int lngFila, Campo campo,
                                  const struct clsSignos &signos);

@@ -4,8 +4,10 @@
 #include "shared/qtexto.h"
 
 #include <QCloseEvent>
+#include <QElapsedTimer>
 #include <QLabel>
 #include <QPainter>
+#include <QThread>
 #include <QVBoxLayout>
 
 namespace {
@@ -34,7 +36,6 @@ frmBusqueda::frmBusqueda(QWidget *padre, clsMensajes &mensajes, std::function<bo
 {
     setObjectName(QStringLiteral("frmBusqueda"));
     setWindowTitle(tr("Analizando..."));
-    setModal(true);
     m_lblMsg->setObjectName(QStringLiteral("lblMsg"));
     m_lblMsg->setTextFormat(Qt::PlainText);
     auto *const caja = new QVBoxLayout(this);
@@ -48,9 +49,13 @@ clsConstruccion frmBusqueda::fBuscar(const std::string &strRaiz)
     show();
     // The build starts once the window can be seen; one that is never shown (minimised) is not
     // waited for long.
+    constexpr int intEspera = 500; // milliseconds
     bool bolSeguir = true;
-    for (int intTurno = 0; intTurno < 100 && !m_bolPintado && bolSeguir; ++intTurno) {
+    QElapsedTimer reloj;
+    reloj.start();
+    while (!m_bolPintado && bolSeguir && reloj.elapsed() < intEspera) {
         bolSeguir = m_fCeder();
+        QThread::msleep(1);
     }
     const clsConstruccion construccion =
         bolSeguir ? fConstruir(strRaiz, *this) : clsConstruccion{Construccion::Interrumpida, 0};

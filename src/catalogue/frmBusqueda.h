@@ -10,6 +10,8 @@
 class QLabel;
 
 /// The small window of the catalogue build: shows the folder being read. It cannot be cancelled.
+/// It is not modal in Qt's sense, which would also refuse to close the main window; the busy gate
+/// keeps everything else away from that.
 class frmBusqueda : public QDialog, private clsObservador {
     Q_OBJECT
 public:

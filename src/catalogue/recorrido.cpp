@@ -294,12 +294,13 @@ clsRecorrido fEntregarTodo(clsPila &lstPila, const std::string &strRaiz, clsLect
         lstPila.pop_back();
         int intError = 0;
         recorrido.bolInterrumpido = !fEntregar(*nodo, strRaiz, receptor, intError);
+        recorrido.intErrorRaiz = nodo->strRelativa.empty() ? intError : recorrido.intErrorRaiz;
+        lectores.fEntregado(nodo->lngPeso);
+        // Also when the walk ends here: the threads may be working on them.
+        std::move(nodo->lstHijos.rbegin(), nodo->lstHijos.rend(), std::back_inserter(lstPila));
         if (recorrido.bolInterrumpido) {
             break;
         }
-        recorrido.intErrorRaiz = nodo->strRelativa.empty() ? intError : recorrido.intErrorRaiz;
-        lectores.fEntregado(nodo->lngPeso);
-        std::move(nodo->lstHijos.rbegin(), nodo->lstHijos.rend(), std::back_inserter(lstPila));
     }
     return recorrido;
 }

@@ -4,9 +4,10 @@
 #include <array>
 #include <chrono>
 #include <condition_variable>
+#include <memory>
 #include <mutex>
 #include <thread>
-#include <vector>
+#include <utility>
 
 namespace {
 
@@ -21,86 +22,94 @@ struct clsPregunta {
     Respuesta respuesta = Respuesta::Ninguna;
 };
 
+/// What the searching thread and those that ask share.
+struct clsMesa {
+    std::function<bool(const std::string &)> fCorrecta;
+    std::mutex cerrojo;
+    std::condition_variable hayPregunta;
+    std::condition_variable hayRespuesta;
+    std::array<clsPregunta, intAdelanto> lstPreguntas;
+    int lngDada = 0;   ///< files given
+    int lngHecha = 0;  ///< files some thread has begun with
+    int lngTomada = 0; ///< answers taken
+    bool bolFin = false;
+
+    clsPregunta &fPregunta(int lngNumero)
+    {
+        return lstPreguntas[static_cast<std::size_t>(lngNumero % intAdelanto)];
+    }
+};
+
+void fPreguntar(const std::shared_ptr<clsMesa> &mesa)
+{
+    std::unique_lock guarda(mesa->cerrojo);
+    while (true) {
+        mesa->hayPregunta.wait(guarda,
+                               [&] { return mesa->bolFin || mesa->lngHecha < mesa->lngDada; });
+        if (mesa->bolFin) {
+            return;
+        }
+        clsPregunta &pregunta = mesa->fPregunta(mesa->lngHecha++);
+        guarda.unlock();
+        const bool bolCorrecta = mesa->fCorrecta(pregunta.strRuta);
+        guarda.lock();
+        pregunta.respuesta = bolCorrecta ? Respuesta::Correcta : Respuesta::Incorrecta;
+        mesa->hayRespuesta.notify_one();
+    }
+}
+
 /// Asks files on worker threads, in the order in which they were given.
+///
+/// The threads are not waited for at the end: one can hang in a read of a disk that wakes up or of
+/// a server that is gone, and whoever has pressed Esc must not hang with it. They share nothing but
+/// the table, and end by themselves.
 class clsPreguntadores {
 public:
     clsPreguntadores(const std::function<bool(const std::string &)> &fCorrecta, int intHilos)
-        : m_fCorrecta(fCorrecta)
+        : m_mesa(std::make_shared<clsMesa>())
     {
+        m_mesa->fCorrecta = fCorrecta;
         for (int intHilo = 0; intHilo < intHilos; ++intHilo) {
-            m_lstHilos.emplace_back([this] { fTrabajar(); });
+            std::thread([mesa = m_mesa] { fPreguntar(mesa); }).detach();
         }
     }
     ~clsPreguntadores()
     {
         {
-            const std::lock_guard guarda(m_cerrojo);
-            m_bolFin = true;
+            const std::lock_guard guarda(m_mesa->cerrojo);
+            m_mesa->bolFin = true;
         }
-        m_hayPregunta.notify_all();
-        for (std::thread &hilo : m_lstHilos) {
-            hilo.join();
-        }
+        m_mesa->hayPregunta.notify_all();
     }
     clsPreguntadores(const clsPreguntadores &) = delete;
     clsPreguntadores &operator=(const clsPreguntadores &) = delete;
 
-    [[nodiscard]] bool fCabe() const { return m_lngDada - m_lngTomada < intAdelanto; }
+    [[nodiscard]] bool fCabe() const { return m_mesa->lngDada - m_mesa->lngTomada < intAdelanto; }
     void fDar(std::string strRuta)
     {
         {
-            const std::lock_guard guarda(m_cerrojo);
-            m_lstPreguntas[fSitio(m_lngDada)] = {std::move(strRuta), Respuesta::Ninguna};
-            ++m_lngDada;
+            const std::lock_guard guarda(m_mesa->cerrojo);
+            m_mesa->fPregunta(m_mesa->lngDada) = {std::move(strRuta), Respuesta::Ninguna};
+            ++m_mesa->lngDada;
         }
-        m_hayPregunta.notify_one();
+        m_mesa->hayPregunta.notify_one();
     }
     /// Waits a short while for the answer to the oldest file; takes it if it is there.
     Respuesta fTomar()
     {
         constexpr auto lngPausa = std::chrono::milliseconds(50);
-        std::unique_lock guarda(m_cerrojo);
-        const Respuesta &respuesta = m_lstPreguntas[fSitio(m_lngTomada)].respuesta;
-        if (!m_hayRespuesta.wait_for(guarda, lngPausa,
-                                     [&] { return respuesta != Respuesta::Ninguna; })) {
+        std::unique_lock guarda(m_mesa->cerrojo);
+        const Respuesta &respuesta = m_mesa->fPregunta(m_mesa->lngTomada).respuesta;
+        if (!m_mesa->hayRespuesta.wait_for(guarda, lngPausa,
+                                           [&] { return respuesta != Respuesta::Ninguna; })) {
             return Respuesta::Ninguna;
         }
-        ++m_lngTomada;
+        ++m_mesa->lngTomada;
         return respuesta;
     }
 
 private:
-    static std::size_t fSitio(int lngNumero)
-    {
-        return static_cast<std::size_t>(lngNumero % intAdelanto);
-    }
-    void fTrabajar()
-    {
-        std::unique_lock guarda(m_cerrojo);
-        while (true) {
-            m_hayPregunta.wait(guarda, [this] { return m_bolFin || m_lngHecha < m_lngDada; });
-            if (m_bolFin) {
-                return;
-            }
-            clsPregunta &pregunta = m_lstPreguntas[fSitio(m_lngHecha++)];
-            guarda.unlock();
-            const bool bolCorrecta = m_fCorrecta(pregunta.strRuta);
-            guarda.lock();
-            pregunta.respuesta = bolCorrecta ? Respuesta::Correcta : Respuesta::Incorrecta;
-            m_hayRespuesta.notify_one();
-        }
-    }
-
-    const std::function<bool(const std::string &)> &m_fCorrecta;
-    std::mutex m_cerrojo;
-    std::condition_variable m_hayPregunta;
-    std::condition_variable m_hayRespuesta;
-    std::array<clsPregunta, intAdelanto> m_lstPreguntas;
-    int m_lngDada = 0;   ///< files given
-    int m_lngHecha = 0;  ///< files some thread has begun with
-    int m_lngTomada = 0; ///< answers taken
-    bool m_bolFin = false;
-    std::vector<std::thread> m_lstHilos;
+    std::shared_ptr<clsMesa> m_mesa;
 };
 
 } // namespace

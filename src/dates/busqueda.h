@@ -8,7 +8,8 @@
 struct clsPreguntas {
     /// Full path of the file at a position. Called in the searching thread.
     std::function<std::string(int)> fRuta;
-    /// Whether a file is right. Called on several threads at once.
+    /// Whether a file is right. Called on several threads at once, and perhaps still when the
+    /// search is over: it must not refer to anything that ends with it.
     std::function<bool(const std::string &)> fCorrecta;
     /// Runs before a file's answer is looked at, again every 50 ms while it is waited for; false
     /// ends the search. Called in the searching thread.

@@ -10,7 +10,6 @@
 namespace {
 
 constexpr std::int64_t lngMinutosHolgura = 60;
-constexpr std::int64_t lngNanosegundos = 1'000'000'000;
 
 /// Whole units of a date since the zero date, rounded towards the past.
 std::int64_t fUnidades(clsFecha fecha, std::int64_t lngUnidad)
@@ -31,11 +30,7 @@ bool fCoincideNombre(clsFecha datFile, clsFecha datNombre)
     return datNombre.fHay() && fUnidades(datFile, 86400) == fUnidades(datNombre, 86400);
 }
 
-clsFecha fFechaDe(const clsHuella &huella)
-{
-    const std::int64_t lngResto = huella.lngNanosegundos % lngNanosegundos;
-    return fFechaLocal(huella.lngNanosegundos / lngNanosegundos - (lngResto < 0 ? 1 : 0));
-}
+clsFecha fFechaDe(const clsHuella &huella) { return fFechaLocal(huella.lngSegundos); }
 
 } // namespace
 

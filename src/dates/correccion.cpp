@@ -144,7 +144,8 @@ std::string fRutaCorregida(std::string_view strRuta, clsFecha fecha)
 
 clsFinCorreccion fCorregir(const std::string &strRaiz, bool bolEscritura,
                            std::vector<clsCorregido> &lstFicheros, clsFecha fecha,
-                           const clsFalloNombre &fFallo, const clsDisco &disco)
+                           const clsFalloNombre &fFallo, const std::function<void()> &fPaso,
+                           const clsDisco &disco)
 {
     if (!bolEscritura) {
         return {Correccion::SinPermiso, 0, {}};
@@ -155,6 +156,9 @@ clsFinCorreccion fCorregir(const std::string &strRaiz, bool bolEscritura,
     }
     for (clsCorregido &fichero : lstFicheros) {
         fCorregirFichero(fichero, fecha, fFallo, disco);
+        if (fPaso) {
+            fPaso();
+        }
     }
     return fCorregirCatalogo(strRaiz + std::string(strFicheroCatalogo), fDestinos(lstFicheros),
                              fecha, disco);

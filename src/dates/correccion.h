@@ -45,7 +45,9 @@ using clsFalloNombre = std::function<void(const std::string &strRuta, int intErr
 /// or, between two renames, under that of its newest backup.
 /// @param strRaiz      root folder with a trailing "/".
 /// @param bolEscritura whether the root was writable at start-up.
+/// @param fPaso        runs after every file, to let events run; may be empty.
 [[nodiscard]] clsFinCorreccion fCorregir(const std::string &strRaiz, bool bolEscritura,
                                          std::vector<clsCorregido> &lstFicheros, clsFecha fecha,
                                          const clsFalloNombre &fFallo,
+                                         const std::function<void()> &fPaso = {},
                                          const clsDisco &disco = discoReal);

@@ -18,7 +18,7 @@ constexpr const char *lstEtiquetas[] = {"Fecha EXIF:", "Fecha Nombre1:", "Fecha 
 } // namespace
 
 frmFecha::frmFecha(QWidget *padre, const clsFormularioFecha &formulario, clsMensajes &mensajes,
-                   std::function<void(clsFecha)> fAplicar)
+                   std::function<bool(clsFecha)> fAplicar)
     : QDialog(padre), m_mensajes(mensajes), m_fAplicar(std::move(fAplicar)),
       m_txtDateTime(new QLineEdit(this))
 {
@@ -101,9 +101,12 @@ void frmFecha::fAceptar(Cierre cierre)
     }
     // Pressing again while the files are being corrected must not correct them twice.
     setEnabled(false);
-    m_fAplicar(*fecha);
-    m_cierre = cierre;
-    accept();
+    const bool bolHecho = m_fAplicar(*fecha);
+    setEnabled(true);
+    if (bolHecho) {
+        m_cierre = cierre;
+        accept();
+    }
 }
 
 frmFecha::Cierre frmFecha::fMostrar()

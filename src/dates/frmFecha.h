@@ -16,9 +16,10 @@ public:
     /// How the dialog was closed.
     enum class Cierre { Cancelada, Moverse, Quedarse };
 
-    /// @param fAplicar corrects the files to a date, before the dialog closes.
+    /// @param fAplicar corrects the files to a date, before the dialog closes; false: nothing was
+    ///                 done, and the dialog stays open.
     frmFecha(QWidget *padre, const clsFormularioFecha &formulario, clsMensajes &mensajes,
-             std::function<void(clsFecha)> fAplicar);
+             std::function<bool(clsFecha)> fAplicar);
 
     /// Shows it and waits until it is closed.
     Cierre fMostrar();
@@ -30,7 +31,7 @@ private:
     QLayout *fCrearBotones();
 
     clsMensajes &m_mensajes;
-    std::function<void(clsFecha)> m_fAplicar;
+    std::function<bool(clsFecha)> m_fAplicar;
     QLineEdit *m_txtDateTime;
     Cierre m_cierre = Cierre::Cancelada;
 };

@@ -8,6 +8,9 @@
 #include <thread>
 #include <vector>
 
+/// Its name in an archive's root.
+inline constexpr std::string_view strFicheroAjustes = "Miravel.ini";
+
 /// The settings file: every key is read when asked for and written at once, one by one.
 ///
 /// Writing happens on a thread of its own, in the order of the calls, because every change of the

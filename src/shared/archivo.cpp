@@ -16,8 +16,7 @@ constexpr std::string_view strFinTemporal = ".tmp";
 
 clsHuella fHuellaDe(const struct stat &datos)
 {
-    return {datos.st_size,
-            std::int64_t{datos.st_mtim.tv_sec} * 1'000'000'000 + datos.st_mtim.tv_nsec};
+    return {datos.st_size, datos.st_mtim.tv_sec, datos.st_mtim.tv_nsec};
 }
 
 bool fEsNumero(std::string_view strTexto)

@@ -38,7 +38,8 @@ private:
 /// What identifies the content of a regular file without reading it.
 struct clsHuella {
     std::int64_t lngBytes = 0;
-    std::int64_t lngNanosegundos = 0; ///< modification time since 1970
+    std::int64_t lngSegundos = 0; ///< modification time since 1970
+    long lngNanosegundos = 0;     ///< and the rest of it
     friend bool operator==(const clsHuella &, const clsHuella &) = default;
 };
 

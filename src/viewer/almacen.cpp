@@ -3,6 +3,7 @@
 #include <QMetaObject>
 
 #include <algorithm>
+#include <iterator>
 
 namespace {
 
@@ -90,14 +91,11 @@ void clsAlmacenFotos::fRecibir(const clsTrabajo &trabajo, std::shared_ptr<const 
 void clsAlmacenFotos::fRecortar()
 {
     qint64 lngBytes = 0;
-    auto it = m_lstGuardadas.begin();
-    while (it != m_lstGuardadas.end()) {
-        lngBytes += it->fuente->imagen.sizeInBytes();
-        // The newest one stays: somebody waits for it.
-        if (lngBytes > lngMaximoGuardado && it != m_lstGuardadas.begin()) {
-            m_lstGuardadas.erase(it, m_lstGuardadas.end());
-            return;
-        }
-        ++it;
+    for (auto it = m_lstGuardadas.begin(); it != m_lstGuardadas.end();) {
+        // The newest one stays, somebody waits for it; and so does the one on screen.
+        const bool bolEnUso = it == m_lstGuardadas.begin() || it->fuente.use_count() > 1;
+        lngBytes += bolEnUso ? 0 : it->fuente->imagen.sizeInBytes();
+        const bool bolSobra = !bolEnUso && lngBytes > lngMaximoGuardado;
+        it = bolSobra ? m_lstGuardadas.erase(it) : std::next(it);
     }
 }

@@ -13,8 +13,8 @@
 /// Decodes pictures on worker threads and keeps the last ones, by path, content (time and size) and
 /// decoded size. Belongs to the user-interface thread.
 ///
-/// Memory: the kept pictures together take at most lngMaximoGuardado bytes, the one on screen
-/// apart; a picture decoded ahead takes at most lngMaximoVecina.
+/// Memory: the kept pictures together take at most lngMaximoGuardado bytes, the one on screen and
+/// the newest apart; a picture decoded ahead takes at most lngMaximoVecina.
 class clsAlmacenFotos : public QObject {
     Q_OBJECT
 public:

@@ -32,6 +32,9 @@ void cmdAncho::mousePressEvent(QMouseEvent *evento)
 
 void cmdAncho::mouseMoveEvent(QMouseEvent *evento)
 {
+    if (!(evento->buttons() & Qt::LeftButton)) {
+        fTerminar(); // the release went astray
+    }
     if (!m_bolPulsado) {
         return;
     }

@@ -48,6 +48,9 @@ int fOctavos(QSize tam, const clsPedido &pedido)
     // A hair below a whole eighth is that eighth.
     int intOctavos = std::clamp(static_cast<int>(std::ceil(dblEscala * 8 - 0.001)), 1, 8);
     const auto fBytes = [&](int int8) { return dblAncho * dblAlto * 4 * int8 * int8 / 64; };
+    if (pedido.bolVecina && fBytes(intOctavos) > static_cast<double>(pedido.lngMaximo)) {
+        return 0;
+    }
     while (intOctavos > 0 && fBytes(intOctavos) > static_cast<double>(pedido.lngMaximo)) {
         --intOctavos;
     }

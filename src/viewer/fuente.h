@@ -17,9 +17,10 @@ struct clsFuente {
 /// What a picture is decoded for.
 struct clsPedido {
     std::string strRuta;
-    QSize recuadro;       ///< size of the frame in device pixels
-    int intZoom = 0;      ///< percentage of the natural size; 0: fit to the frame
-    qint64 lngMaximo = 0; ///< bytes of pixels it may take; larger ones come out null
+    QSize recuadro;         ///< size of the frame in device pixels
+    int intZoom = 0;        ///< percentage of the natural size; 0: fit to the frame
+    qint64 lngMaximo = 0;   ///< bytes of pixels it may take
+    bool bolVecina = false; ///< decoded ahead: nothing rather than fewer pixels beyond lngMaximo
 };
 
 /// Bytes of pixels a shown picture may take. A picture that would need more at its natural size is
@@ -34,7 +35,8 @@ inline constexpr qint64 lngMaximoFoto = qint64{512} << 20;
 /// How many eighths of its size a picture of that size has to be decoded in.
 /// @param tam     size of the picture as it is stored.
 /// @param pedido  frame and zoom; the frame turned as the stored picture is.
-/// @return 1 to 8; 0 when even one eighth takes more than pedido.lngMaximo.
+/// @return 1 to 8, fewer than asked for when that takes more than pedido.lngMaximo; 0 when that is
+///         not allowed or even one eighth takes more.
 [[nodiscard]] int fOctavos(QSize tam, const clsPedido &pedido);
 
 /// The picture shown in place of one that cannot be shown.

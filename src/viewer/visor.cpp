@@ -172,6 +172,7 @@ void clsVisor::fPedirVecinas()
     std::vector<clsPedido> lstPedidos{fPedido(m_strRuta, lngMaximoFoto)};
     for (const std::string &strRuta : m_lstVecinas) {
         lstPedidos.push_back(fPedido(strRuta, clsAlmacenFotos::lngMaximoVecina));
+        lstPedidos.back().bolVecina = true;
     }
     m_almacen.fAnularSalvo(lstPedidos);
     for (auto pedido = lstPedidos.begin() + 1; pedido != lstPedidos.end(); ++pedido) {

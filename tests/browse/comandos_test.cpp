@@ -70,6 +70,18 @@ TEST(Comandos, DoWhatTheirNameSays)
     }
 }
 
+TEST(Comandos, WaitForThePictureWhenTheyActOnTheCurrentFile)
+{
+    const std::set<std::string> lstALaVista = {"abrir",    "exif",        "buscarFecha",
+                                               "corregir", "corregirMas", "actualizar"};
+    for (const clsComando &comando : fComandos()) {
+        clsGrabadora grabadora;
+        fEjecutar(comando, {true, false, true}, grabadora);
+        EXPECT_EQ(grabadora.strHecho.empty(), lstALaVista.count(comando.strNombre) > 0)
+            << comando.strNombre;
+    }
+}
+
 TEST(Comandos, AnswerToTheirKeys)
 {
     struct clsCaso {

@@ -278,4 +278,19 @@ TEST(Examen, GivesNoDateToTimesThatNoCalendarHas)
     EXPECT_EQ(std::count(lstLineas.begin(), lstLineas.end(), "1899/12/30 00:00:00"), 4);
 }
 
+TEST(Recorrido, EndsWhenItsLinesAreRefusedAndThreadsAreStillReading)
+{
+    // The refused folder has many subfolders: the threads are at work on them at that moment.
+    const clsArbol arbol;
+    for (int intCarpeta = 0; intCarpeta < 400; ++intCarpeta) {
+        arbol.fCrear("a/" + std::to_string(intCarpeta) + "/x.jpg");
+    }
+    arbol.fCrear("a/primera.jpg");
+    for (int intVez = 0; intVez < 20; ++intVez) {
+        clsOyente oyente;
+        oyente.bolParar = true;
+        EXPECT_TRUE(fRecorrer(arbol.fRaiz(), {}, oyente).bolInterrumpido);
+    }
+}
+
 } // namespace

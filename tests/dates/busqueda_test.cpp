@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <atomic>
+#include <memory>
 #include <set>
 #include <string>
 #include <vector>
@@ -19,9 +20,10 @@ public:
     {
         clsPreguntas preguntas;
         preguntas.fRuta = [](int lngPos) { return std::to_string(lngPos); };
-        preguntas.fCorrecta = [this](const std::string &strRuta) {
-            ++lngPreguntadas;
-            return m_lstMalas.count(std::stoi(strRuta)) == 0;
+        preguntas.fCorrecta = [cuenta = lngPreguntadas,
+                               lstMalas = m_lstMalas](const std::string &strRuta) {
+            ++*cuenta;
+            return lstMalas.count(std::stoi(strRuta)) == 0;
         };
         preguntas.fPaso = [this](int lngPos) {
             if (lstPasos.empty() || lstPasos.back() != lngPos) {
@@ -33,7 +35,7 @@ public:
     }
 
     std::vector<int> lstPasos;
-    std::atomic<int> lngPreguntadas{0};
+    std::shared_ptr<std::atomic<int>> lngPreguntadas = std::make_shared<std::atomic<int>>(0);
     int lngFinEn = -1;
 
 private:
@@ -73,7 +75,7 @@ TEST(Busqueda, TellsEveryFileInOrderAndAsksEachOnce)
     ASSERT_EQ(busqueda.lstPasos.size(), 200U);
     EXPECT_EQ(busqueda.lstPasos.front(), 199);
     EXPECT_TRUE(std::is_sorted(busqueda.lstPasos.rbegin(), busqueda.lstPasos.rend()));
-    EXPECT_EQ(busqueda.lngPreguntadas, 200);
+    EXPECT_EQ(*busqueda.lngPreguntadas, 200);
 }
 
 TEST(Busqueda, StopsWhenToldTo)
@@ -82,5 +84,5 @@ TEST(Busqueda, StopsWhenToldTo)
     busqueda.lngFinEn = 150;
     EXPECT_FALSE(busqueda.fBuscar(199));
     EXPECT_EQ(busqueda.lstPasos.back(), 150);
-    EXPECT_LT(busqueda.lngPreguntadas, 199) << "it does not ask on behind the user's back";
+    EXPECT_LT(*busqueda.lngPreguntadas, 199) << "it does not ask on behind the user's back";
 }

@@ -218,4 +218,18 @@ TEST_F(File, ThatMayNotBeReadHasItsOtherDates)
               0);
 }
 
+TEST_F(File, HasItsDateInEveryCentury)
+{
+    for (const char *const strFecha : {"1700/01/02 03:04:05", "2400/01/02 03:04:05"}) {
+        const auto lngMomento = fMomento(fLeerTextoCatalogo(strFecha).value()).value();
+        arbol.fCrear("siglo.jpg", "x", lngMomento);
+        struct stat datos {};
+        ASSERT_EQ(stat(arbol.fRuta("siglo.jpg").c_str(), &datos), 0);
+        clsFile file;
+        file.fCargar(arbol.fRuta("siglo.jpg"));
+        // The file system may not have that year; whatever it has is what the file has.
+        EXPECT_EQ(file.datFile(), fFechaLocal(datos.st_mtim.tv_sec)) << strFecha;
+    }
+}
+
 } // namespace

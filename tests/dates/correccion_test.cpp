@@ -44,9 +44,10 @@ struct clsIntento {
                 strAvisos +=
                     strRuta.substr(arbol.fRaiz().size()) + ' ' + std::to_string(intError) + '\n';
             },
-            disco);
+            [&] { ++lngPasos; }, disco);
     }
 
+    int lngPasos = 0;
     std::vector<clsCorregido> lstFicheros;
     clsFinCorreccion fin;
     std::string strAvisos; ///< "name error" a line
@@ -410,7 +411,7 @@ TEST(Correccion, RoundsNothingInTheCatalogueOnDisksWithCoarseTimes)
         {arbol.fRuta("a.jpg"), {}, 0, 0}
     };
     const clsFecha fechaImpar{fechaNueva.lngSegundos + 1};
-    EXPECT_EQ(fCorregir(arbol.fRaiz(), true, lstFicheros, fechaImpar, {}, disco).correccion,
+    EXPECT_EQ(fCorregir(arbol.fRaiz(), true, lstFicheros, fechaImpar, {}, {}, disco).correccion,
               Correccion::Hecha);
     EXPECT_EQ(fFechaLocal(clsIntacto(arbol, "20090715_a.jpg").lngFecha), fechaNueva);
     EXPECT_EQ(arbol.fLeer(strDat), fTexto(arbol, "@20090715_a.jpg|2009/07/15 12:00:01| 1 |"));
@@ -465,7 +466,7 @@ TEST(Correccion, WorksOnARealFatDisk)
         };
         const clsFecha fechaImpar{fechaNueva.lngSegundos + 1};
         const clsFinCorreccion fin =
-            fCorregir(arbol.fRuta("disco/"), true, lstFicheros, fechaImpar, {}, discoQuieto);
+            fCorregir(arbol.fRuta("disco/"), true, lstFicheros, fechaImpar, {}, {}, discoQuieto);
         EXPECT_EQ(fin.correccion, Correccion::Hecha);
         EXPECT_EQ(arbol.fNombres("disco"), (Textos{strDat, strCopia, "20090715_a.jpg"}));
         EXPECT_EQ(arbol.fLeer("disco/20090715_a.jpg"), "foto");

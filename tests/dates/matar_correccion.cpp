@@ -121,7 +121,7 @@ public:
     void fCorregirTodo(const clsDisco &disco)
     {
         const clsFinCorreccion fin =
-            fCorregir(m_arbol.fRaiz(), true, m_lstFicheros, fechaNueva, {}, disco);
+            fCorregir(m_arbol.fRaiz(), true, m_lstFicheros, fechaNueva, {}, {}, disco);
         fExigir(fin.correccion == Correccion::Hecha, "the correction failed");
     }
 

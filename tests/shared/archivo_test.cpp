@@ -24,7 +24,7 @@ TEST(AbrirRegular, OpensFilesAndLinksToThem)
     int intError = 0;
     clsHuella huella;
     EXPECT_TRUE(fAbrirRegular(arbol.fRuta("b.jpg"), intError, &huella).fAbierto());
-    EXPECT_EQ(huella, (clsHuella{5, std::int64_t{clsArbol::lngMomento} * 1'000'000'000}));
+    EXPECT_EQ(huella, (clsHuella{5, clsArbol::lngMomento, 0}));
     EXPECT_TRUE(fExisteArchivo(arbol.fRuta("b.jpg")));
     EXPECT_FALSE(fExisteCarpeta(arbol.fRuta("b.jpg")));
 }

@@ -1,6 +1,8 @@
 // The one picture: fit and zoom, sharpness, orientation, dragging, its menu.
 #include "sesion.h"
 
+#include "viewer/almacen.h"
+
 #include <QMenu>
 #include <QTableView>
 
@@ -40,6 +42,7 @@ bool fExacta(clsSesion &sesion, const QImage &fuente)
 class clsPruebasFoto : public QObject {
     Q_OBJECT
 private slots:
+    void fALargeNeighbourIsNotDecodedSmallerThanItIsShown();
     void initTestCase();
     void fZoomStepsFollowTheScript();
     void fZoomEntriesSetTheirValue();
@@ -452,6 +455,18 @@ void clsPruebasFoto::fTheRightButtonOpensTheMenuEverywhere()
         QVERIFY(!menu->isVisible());
     }
     QCOMPARE(sesion.fTamFoto(), QSize(160, 100));
+}
+
+void clsPruebasFoto::fALargeNeighbourIsNotDecodedSmallerThanItIsShown()
+{
+    const QSize tam(7000, 5000); // 140 MB of pixels
+    clsPedido pedido{"", {}, 100, lngMaximoFoto, false};
+    QCOMPARE(fOctavos(tam, pedido), 8);
+    pedido.lngMaximo = clsAlmacenFotos::lngMaximoVecina;
+    pedido.bolVecina = true;
+    QCOMPARE(fOctavos(tam, pedido), 0);
+    pedido.intZoom = 50;
+    QCOMPARE(fOctavos(tam, pedido), 4);
 }
 
 int main(int intArgumentos, char **lstArgumentos)

@@ -1,0 +1,191 @@
+/// Does without windows what the program does with them. What its boxes would say goes to standard
+/// output. Ends with 0 when everything was done, 1 when not, 2 when it was called wrongly.
+
+#include "app/arranque.h"
+#include "catalogue/constructor.h"
+#include "dates/clsFile.h"
+#include "dates/correccion.h"
+#include "dates/fecha_tecleada.h"
+#include "shared/archivo.h"
+#include "shared/errores.h"
+#include "shared/rutas.h"
+#include "shared/sistema.h"
+#include "shared/texto.h"
+
+#include <cstdio>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace {
+
+constexpr int intSalidaBien = 0;
+constexpr int intSalidaMal = 1;
+constexpr int intSalidaUso = 2;
+
+using clsArgumentos = std::vector<std::string>;
+
+/// Prints the text of a box; its line breaks become line feeds.
+void fAvisar(std::string_view strTexto)
+{
+    std::string strLineas;
+    for (const char chrLetra : strTexto) {
+        if (chrLetra != '\r') {
+            strLineas += chrLetra;
+        }
+    }
+    std::puts(strLineas.c_str());
+    std::fflush(stdout);
+}
+
+void fAvisarOcupada()
+{
+    fAvisar("Otro Miravel está trabajando con estos archivos. Inténtalo cuando termine.");
+}
+
+void fAvisarSinLista(const std::string &strMotivo)
+{
+    fAvisar("No se puede generar la lista de ficheros.\r\n" + strMotivo);
+}
+
+/// The root folder as the program takes it from its command line.
+std::string fRaiz(const std::string &strArgumento)
+{
+    return fBarraFinal(fRutaAbsoluta(strArgumento, fCarpetaTrabajo()), false);
+}
+
+class clsAvisador : public clsObservador {
+public:
+    void fCarpeta(const std::string & /*strCarpeta*/) override {}
+    void fError(int intError) override { fAvisar(fTextoError(intError)); }
+    bool fCeder() override { return true; }
+};
+
+int fOrdenBuild(const clsArgumentos &lstArgumentos)
+{
+    const std::string strRaiz = fRaiz(lstArgumentos[0]);
+    if (!fExisteCarpeta(strRaiz)) {
+        fAvisar("Ruta no válida.");
+        return intSalidaMal;
+    }
+    if (!fProbarEscritura(strRaiz)) {
+        fAvisarSinLista("No tienes permiso de escritura.");
+        return intSalidaMal;
+    }
+    clsAvisador avisador;
+    const clsConstruccion hecha = fConstruir(strRaiz, avisador);
+    if (hecha.construccion == Construccion::Ocupada) {
+        fAvisarOcupada();
+    } else if (hecha.construccion == Construccion::SinEscribir) {
+        fAvisarSinLista(fTextoError(hecha.intError));
+    }
+    return hecha.construccion == Construccion::Hecha ? intSalidaBien : intSalidaMal;
+}
+
+/// Loads the files as the date window does before it opens. False when one is missing.
+bool fCargarFicheros(const clsArgumentos &lstArgumentos, std::vector<clsCorregido> &lstCorregidos)
+{
+    for (std::size_t lngPos = 2; lngPos < lstArgumentos.size(); ++lngPos) {
+        const std::string &strRuta = lstArgumentos[lngPos];
+        clsFile fichero;
+        fichero.fCargar(strRuta);
+        if (!fichero.bolDatos()) {
+            fAvisar(fAvisoFichero(fTextoPantalla(strRuta)));
+            return false;
+        }
+        lstCorregidos.push_back({fichero.strFilePath(), {}, 0, 0});
+    }
+    return true;
+}
+
+bool fTodosCorregidos(const std::vector<clsCorregido> &lstCorregidos)
+{
+    for (const clsCorregido &fichero : lstCorregidos) {
+        if (fichero.intErrorNombre != 0 || fichero.intErrorFecha != 0) {
+            return false;
+        }
+    }
+    return true;
+}
+
+int fCorregirFicheros(const std::string &strRaiz, std::vector<clsCorregido> &lstCorregidos,
+                      clsFecha fecha)
+{
+    const clsFinCorreccion fin = fCorregir(
+        strRaiz, true, lstCorregidos, fecha, [](const std::string &strRuta, int intError) {
+            fAvisar(fTextoPantalla(strRuta) + "\r\n" + fTextoError(intError));
+        });
+    if (fin.correccion == Correccion::Ocupada) {
+        fAvisarOcupada();
+    } else if (fin.correccion == Correccion::SinCatalogo) {
+        fAvisarSinLista(fTextoError(fin.intError));
+    }
+    const bool bolHecha = fin.correccion == Correccion::Hecha;
+    return bolHecha && fTodosCorregidos(lstCorregidos) ? intSalidaBien : intSalidaMal;
+}
+
+/// In the order of the program: the files, the right to write, the typed date.
+int fOrdenCorrect(const clsArgumentos &lstArgumentos)
+{
+    const std::string strRaiz = fRaiz(lstArgumentos[0]);
+    if (!fExisteCarpeta(strRaiz)) {
+        fAvisar("Ruta no válida.");
+        return intSalidaMal;
+    }
+    std::vector<clsCorregido> lstCorregidos;
+    if (!fCargarFicheros(lstArgumentos, lstCorregidos)) {
+        return intSalidaMal;
+    }
+    if (!fProbarEscritura(strRaiz)) {
+        fAvisar("No tienes permiso de escritura.");
+        return intSalidaMal;
+    }
+    const std::string strTecleada = fNormalizarTecleada(lstArgumentos[1]);
+    const auto fecha = fLeerTecleada(strTecleada);
+    if (!fecha) {
+        fAvisar(fAvisoFechaNoValida(strTecleada));
+        return intSalidaMal;
+    }
+    return fCorregirFicheros(strRaiz, lstCorregidos, *fecha);
+}
+
+struct clsOrden {
+    std::string_view strNombre;
+    const char *strArgumentos;
+    std::size_t lngMinimo; ///< arguments behind the name
+    std::size_t lngMaximo;
+    int (*fHacer)(const clsArgumentos &);
+};
+
+constexpr std::size_t lngCualquiera = static_cast<std::size_t>(-1);
+
+constexpr clsOrden lstOrdenes[] = {
+    {"build",   "ROOT",              1, 1,             fOrdenBuild  },
+    {"correct", "ROOT DATE FILE...", 3, lngCualquiera, fOrdenCorrect},
+};
+
+int fUso()
+{
+    for (const clsOrden &orden : lstOrdenes) {
+        std::fprintf(stderr, "driver %s %s\n", std::string(orden.strNombre).c_str(),
+                     orden.strArgumentos);
+    }
+    return intSalidaUso;
+}
+
+} // namespace
+
+int main(int intArgumentos, char **lstArgumentos)
+{
+    if (intArgumentos < 2) {
+        return fUso();
+    }
+    const clsArgumentos lstResto(lstArgumentos + 2, lstArgumentos + intArgumentos);
+    for (const clsOrden &orden : lstOrdenes) {
+        if (orden.strNombre == lstArgumentos[1] && lstResto.size() >= orden.lngMinimo &&
+            lstResto.size() <= orden.lngMaximo) {
+            return orden.fHacer(lstResto);
+        }
+    }
+    return fUso();
+}

@@ -1,0 +1,107 @@
+#!/usr/bin/env bash
+# The programs that stand in for the windows. herramientas_test.sh DRIVER EXIF_TEXT
+# shellcheck disable=SC2317 # most functions are called through variables
+set -uo pipefail
+export TZ=Europe/Madrid LC_ALL=C.UTF-8
+
+driver=$1
+exif_text=$2
+intFallos=0
+carpeta=$(mktemp -d)
+trap 'rm -rf "$carpeta"' EXIT
+raiz="$carpeta/Mis fotos"
+salida=$carpeta/salida
+readonly strNada='(No se ha encontrado información)'
+
+fExigir() { # text, command...: the command must succeed
+    local strFrase=$1
+    shift
+    "$@" && return
+    echo "FAIL: $strFrase" >&2
+    sed 's/^/    /' "$salida" >&2
+    intFallos=$((intFallos + 1))
+}
+
+fSale() { # expected exit status, command...: its output goes to a file
+    local intEsperado=$1
+    shift
+    "$@" >"$salida" 2>"$carpeta/errores"
+    [ $? -eq "$intEsperado" ]
+}
+
+fEstado() { # everything below the root, with contents and times
+    (cd "$raiz" && find . -type f -printf '%p %s %T@\n' -exec sha256sum {} + | sort)
+}
+
+fDice() { [ "$(<"$salida")" = "$1" ]; }
+fHayLinea() { tr -d '\r' <"$raiz/Miravel.dat" | grep -qxF -- "$1"; }
+fFaltaLinea() { ! fHayLinea "$1"; }
+
+mkdir -p "$raiz/año"
+printf 'one' >"$raiz/uno.jpg"
+printf 'two' >"$raiz/año/dos.jpg"
+printf 'text' >"$raiz/nota.txt"
+
+# build: three files and the catalogue that stood empty during the walk
+fExigir "build" fSale 0 "$driver" build "$raiz"
+fExigir "build says nothing" test ! -s "$salida"
+fExigir "four records" test "$(wc -l <"$raiz/Miravel.dat")" -eq 12
+fExigir "a path" fHayLinea "$raiz/año/dos.jpg"
+fExigir "a relative root" fSale 0 env -C "$carpeta" "$driver" build 'Mis fotos'
+fExigir "absolute paths" fHayLinea "$raiz/año/dos.jpg"
+fExigir "build without the root" fSale 1 "$driver" build "$carpeta/no"
+fExigir "what the box says" fDice 'Ruta no válida.'
+exec 9<"$raiz"
+flock 9
+fExigir "build beside another program" fSale 1 "$driver" build "$raiz"
+exec 9<&-
+fExigir "what the box says then" fDice \
+    'Otro Miravel está trabajando con estos archivos. Inténtalo cuando termine.'
+
+# correct: what cannot be done touches nothing
+estado=$(fEstado)
+fExigir "a day that does not exist" fSale 1 "$driver" correct "$raiz" 31/02/2003 "$raiz/uno.jpg"
+fExigir "the warning" test "$(head -n 1 "$salida")" = \
+    "'31/02/2003 12:00:00' no es una fecha válida."
+fExigir "a missing file" fSale 1 "$driver" correct "$raiz" 05/03/2003 "$raiz/uno.jpg" "$raiz/no"
+fExigir "its warning" fDice "Hay algún problema con el fichero: 
+$raiz/no"
+fExigir "nothing is changed" test "$estado" = "$(fEstado)"
+
+# correct: two files, one of them with a name that is taken
+fExigir "correct" fSale 0 "$driver" correct "$raiz" 05/03/2003 "$raiz/año/dos.jpg"
+fExigir "correct says nothing" test ! -s "$salida"
+nuevo="$raiz/año/20030305_dos.jpg"
+fExigir "renamed" test -f "$nuevo" -a ! -e "$raiz/año/dos.jpg"
+fExigir "its time" test "$(date -r "$nuevo" '+%F %T')" = '2003-03-05 12:00:00'
+fExigir "its path in the catalogue" fHayLinea "$nuevo"
+fExigir "its date in the catalogue" fHayLinea '2003/03/05 12:00:00'
+fExigir "the old path is gone" fFaltaLinea "$raiz/año/dos.jpg"
+fExigir "one backup" test "$(find "$raiz" -name 'Miravel.dat.*' | wc -l)" -eq 1
+printf 'taken' >"$raiz/20030305_uno.jpg"
+fExigir "a taken name" fSale 1 "$driver" correct "$raiz" '05/03/2003 10:20' "$raiz/uno.jpg"
+fExigir "path and error" test "$(head -n 1 "$salida")" = "$raiz/uno.jpg"
+fExigir "the other file is as it was" test "$(<"$raiz/20030305_uno.jpg")" = taken
+
+# wrong usage
+fExigir "no command" fSale 2 "$driver"
+fExigir "usage" grep -q '^driver build ROOT$' "$carpeta/errores"
+fExigir "an unknown command" fSale 2 "$driver" nada "$raiz"
+fExigir "no file" fSale 2 "$driver" correct "$raiz" 05/03/2003
+
+# exif_text
+fExigir "a text file" fSale 0 "$exif_text" "$raiz/nota.txt"
+fExigir "no information" test "$(od -c "$salida")" = "$(printf %s "$strNada" | od -c)"
+fExigir "dates" fSale 0 "$exif_text" --dates "$raiz/nota.txt"
+fExigir "no dates" fDice $'0132 -\n9003 -\nexif -'
+printf '%s\0' "$raiz/nota.txt" "$nuevo" >"$carpeta/rutas"
+fExigir "batch" fSale 0 "$exif_text" --batch <"$carpeta/rutas"
+fExigir "two answers" fDice "34
+${strNada}34
+$strNada"
+fExigir "batch of dates" fSale 0 "$exif_text" --dates --batch <"$carpeta/rutas"
+fExigir "two answers of dates" fDice $'21\n0132 -\n9003 -\nexif -\n21\n0132 -\n9003 -\nexif -'
+fExigir "no file for the text" fSale 2 "$exif_text"
+
+[ "$intFallos" -gt 0 ] || echo "PASS"
+exit $((intFallos > 0))
