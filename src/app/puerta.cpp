@@ -2,7 +2,7 @@
 
 #include "browse/teclas.h"
 
-#include <QApplication>
+#include <QCoreApplication>
 #include <QKeyEvent>
 #include <QMenuBar>
 #include <QMouseEvent>
@@ -75,7 +75,8 @@ bool clsPuerta::fTecla(const QObject &objeto, const QKeyEvent &evento) const
 {
     // A key that its control leaves unused comes by again for each parent: only the first counts.
     // Whoever walks through the menu bar with the arrows must be able to.
-    const QWidget *const control = QApplication::focusWidget();
+    // The window's own focus, since without a window manager it can get keys without being active.
+    const QWidget *const control = m_ventana.focusWidget();
     if (&objeto != (control != nullptr ? control : &m_ventana) ||
         qobject_cast<const QMenuBar *>(&objeto) != nullptr) {
         return false;

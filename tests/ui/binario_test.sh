@@ -151,6 +151,7 @@ fSelec() { # root: the stored current file
 fSelecEs() { [ "$(fSelec "$1")" = "$2" ]; }
 fHaySelec() { [ -n "$(fSelec "$1")" ]; }
 fPaso() { fTecla "$strPrincipal" "$1" && fEsperarUnPoco fSelecEs "$archivo" "$2"; } # key, file
+fConLetra() { xdotool key "$1" && fEsperarUnPoco fVisible "$2"; } # key, window: nobody sets the focus
 fHuella() { stat -c '%s %y %i' "$1" && sha256sum <"$1"; }
 
 # Paths of the listed files, in the order of the list: by date, as the catalogue has them.
@@ -199,6 +200,13 @@ fPruebaSecondStart() {
     # while the list is being filled are dropped.
     local strAntes=${lstRutas[${#lstRutas[@]} - 3]}
     fEsperarA "F11" fPaso F11 "$strAntes"
+    # Letters reach the commands although no window manager has made the window the active one.
+    fEsperarA "the EXIF window" fConLetra i '^Información EXIF$'
+    fTecla '^Información EXIF$' Escape
+    fEsperarA "its end" fOculta '^Información EXIF$'
+    fEsperarA "the date correction" fConLetra shift+w '^Fechas$'
+    fTecla '^Fechas$' Escape
+    fEsperarA "its end" fOculta '^Fechas$'
     fSinCaja
     fCerrar
     fExigir "the catalogue is as it was" test "$strHuella" = "$(fHuella "$archivo/Miravel.dat")"
