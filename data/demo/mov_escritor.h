@@ -1,4 +1,4 @@
-// Motion-JPEG in a QuickTime film. Source: the QuickTime File Format Specification.
+// Motion-JPEG in a QuickTime film. Source: the QuickTime File Format reference.
 #pragma once
 
 #include <ctime>

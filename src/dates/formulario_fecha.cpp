@@ -12,7 +12,7 @@ constexpr clsColor colRojo{255, 128, 128};
 constexpr clsColor colAmarillo{255, 255, 128};
 
 /// Names tell the day only: noon is offered, the middle of what is not known.
-std::string fAMediodia(clsFecha fecha) { return fTextoUsuario(fecha).substr(0, 10) + " 12:00:00"; }
+std::string fAMediodia(clsFecha fecha) { return fTextoDia(fecha) + " 12:00:00"; }
 
 } // namespace
 
