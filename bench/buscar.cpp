@@ -9,32 +9,15 @@
 #include <chrono>
 #include <cstdio>
 #include <cstdlib>
-#include <filesystem>
 #include <fstream>
 #include <string>
 #include <string_view>
-#include <system_error>
 #include <unistd.h>
 #include <vector>
 
 namespace {
 
 constexpr int intVueltas = 3;
-
-using clsRutas = std::vector<std::string>;
-
-clsRutas fRutas(const char *strCarpeta)
-{
-    clsRutas lstRutas;
-    std::error_code error;
-    for (const auto &entrada : std::filesystem::recursive_directory_iterator(strCarpeta, error)) {
-        if (entrada.is_regular_file(error)) {
-            lstRutas.push_back(entrada.path().string());
-        }
-    }
-    std::sort(lstRutas.begin(), lstRutas.end());
-    return lstRutas;
-}
 
 /// Forgets what the system has read of the disk; needs the rights of root.
 bool fEnfriar()

@@ -3,9 +3,11 @@
 #include <algorithm>
 #include <chrono>
 #include <cstdio>
+#include <filesystem>
 #include <fstream>
 #include <string>
 #include <sys/wait.h>
+#include <system_error>
 #include <unistd.h>
 
 namespace {
@@ -92,4 +94,17 @@ long fMemoria(const char *strLinea)
         }
     }
     return -1;
+}
+
+clsRutas fRutas(const char *strCarpeta)
+{
+    clsRutas lstRutas;
+    std::error_code error;
+    for (const auto &entrada : std::filesystem::recursive_directory_iterator(strCarpeta, error)) {
+        if (entrada.is_regular_file(error)) {
+            lstRutas.push_back(entrada.path().string());
+        }
+    }
+    std::sort(lstRutas.begin(), lstRutas.end());
+    return lstRutas;
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <functional>
+#include <string>
 #include <vector>
 
 /// One of the things that are compared.
@@ -15,6 +16,11 @@ struct clsPrueba {
 /// once, in the first round.
 /// @return 0, or 1 when a child failed.
 int fComparar(const std::vector<clsPrueba> &lstPruebas, int intVueltas);
+
+using clsRutas = std::vector<std::string>;
+
+/// Every regular file below a folder, sorted by path.
+[[nodiscard]] clsRutas fRutas(const char *strCarpeta);
 
 /// Kilobytes of a line of /proc/self/status, such as "VmRSS"; -1 when there is none.
 [[nodiscard]] long fMemoria(const char *strLinea);

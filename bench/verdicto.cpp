@@ -8,27 +8,11 @@
 
 #include <cstdio>
 #include <cstdlib>
-#include <filesystem>
 #include <string>
 #include <string_view>
-#include <system_error>
 #include <vector>
 
 namespace {
-
-using clsRutas = std::vector<std::string>;
-
-clsRutas fRutas(const char *strCarpeta)
-{
-    clsRutas lstRutas;
-    std::error_code error;
-    for (const auto &entrada : std::filesystem::recursive_directory_iterator(strCarpeta, error)) {
-        if (entrada.is_regular_file(error)) {
-            lstRutas.push_back(entrada.path().string());
-        }
-    }
-    return lstRutas;
-}
 
 void fReferencia(const clsRutas &lstRutas)
 {

@@ -362,7 +362,12 @@ void frmMain::fBotonPulsado(int intBoton)
     }
 }
 
-void frmMain::fAbrirArchivo() { fAbrirConSistema(m_filas.fRuta(m_lngActual)); }
+void frmMain::fAbrirArchivo()
+{
+    if (!m_filas.fVacia()) { // the list can have changed since the double click
+        fAbrirConSistema(m_filas.fRuta(m_lngActual));
+    }
+}
 
 void frmMain::fAjustar() { m_visor->fFijarZoom(0); }
 
