@@ -12,6 +12,7 @@
 #include "viewer/cmdAncho.h"
 #include "viewer/encaje.h"
 #include "viewer/geometria.h"
+#include "viewer/miniaturas.h"
 #include "viewer/visor.h"
 
 #include <QApplication>
@@ -21,6 +22,7 @@
 #include <QMenuBar>
 #include <QScreen>
 #include <QToolBar>
+#include <QToolButton>
 
 #include <algorithm>
 #include <utility>
@@ -70,8 +72,10 @@ frmMain::frmMain(clsArchivo archivo, clsAjustes &ajustes, clsMensajes &mensajes)
                       }
                   }),
       m_medios(m_archivo.preferencias.medios), m_lngAncho(m_archivo.preferencias.lngAncho),
-      m_cliente(new QWidget(this)), m_modelo(new clsModeloFotos(m_filas, m_signos, this)),
-      m_lista(new lstFotos(m_cliente)), m_visor(new clsVisor(m_cliente)),
+      m_intTamMini(m_archivo.preferencias.intTamMini), m_cliente(new QWidget(this)),
+      m_modelo(new clsModeloFotos(m_filas, m_signos, this)), m_lista(new lstFotos(m_cliente)),
+      m_visor(new clsVisor(m_cliente)),
+      m_miniaturas(new clsMiniaturas(m_cliente, m_filas, m_signos, m_mensajes, {})),
       m_divisor(new cmdAncho(m_cliente))
 {
     m_visor->fAnticipar(m_ajustes.fConsultar(strSeccionGeneral, "SELEC"));
@@ -92,9 +96,10 @@ void frmMain::fCrearControles()
     m_lista->setModel(m_modelo);
     m_lista->fAnchosIniciales();
     m_toolBar = fCrearBarra(m_cliente, [this](int intBoton) { fBotonPulsado(intBoton); });
+    m_botonModo = m_toolBar->findChild<QToolButton *>(QStringLiteral("toolBar1"));
     m_mnuFoto =
         fCrearMenus(*menuBar(), [this](const QString &strNombre) { fEntradaElegida(strNombre); });
-    fMarcarEntrada(*menuBar(), "mnuOpcionesThump", m_archivo.preferencias.intTamMini);
+    fMarcarEntrada(*menuBar(), "mnuOpcionesThump", m_intTamMini);
     fMarcarEntrada(*menuBar(), "mnuOpcionesFotosVideos", static_cast<int>(m_medios));
 }
 
@@ -136,18 +141,18 @@ void frmMain::fConectar()
     m_Timer1.setInterval(intPausaDisposicion);
     connect(&m_Timer1, &QTimer::timeout, this, &frmMain::fTemporizador);
     m_cliente->installEventFilter(this);
-    auto *const puerta = new clsPuerta(
+    m_puerta = new clsPuerta(
         *this, [this] { return m_ocupacion.fEsta(); },
         [this](int intTecla, int intMayus) {
             return fTeclaPulsada(intTecla, intMayus, fEstado(), *this);
         });
     // The first click of a double click shows the row, and the second falls into that.
-    connect(puerta, &clsPuerta::fDobleClicOcupada, this,
+    connect(m_puerta, &clsPuerta::fDobleClicOcupada, this,
             [this](const QWidget *control, const QPoint &punto) {
                 m_bolDobleClic =
                     control == m_lista->viewport() && m_lista->indexAt(punto).row() == m_lngActual;
             });
-    connect(puerta, &clsPuerta::fEscOcupada, this, [this] { m_bolEsc = true; });
+    connect(m_puerta, &clsPuerta::fEscOcupada, this, [this] { m_bolEsc = true; });
     connect(m_lista, &lstFotos::fFila, this, [this](int lngPos) { fMostrarArchivo(lngPos, true); });
     connect(m_lista, &lstFotos::fDobleClic, this, &frmMain::fAbrirArchivo);
     connect(
@@ -157,6 +162,7 @@ void frmMain::fConectar()
             [this] { fMostrarArchivo(m_lngActual, true); });
     connect(m_divisor, &cmdAncho::fSoltado, this,
             [this](int intX) { fFijarAncho(intX * intTwipsPixel); });
+    connect(m_miniaturas, &clsMiniaturas::fPulsada, this, &frmMain::fCeldaPulsada);
     connect(m_visor, &clsVisor::fMenuPedido, m_mnuFoto,
             [this](const QPoint &punto) { m_mnuFoto->popup(punto); });
 }
@@ -227,7 +233,8 @@ void frmMain::fDisponerPanel()
                    intArriba * intTwipsPixel, m_lngAncho, m_txtInfo3->width() * intTwipsPixel});
     m_lista->setGeometry(0, intArriba, sitio.lista.lngAncho / intTwipsPixel,
                          sitio.lista.lngAlto / intTwipsPixel);
-    m_visor->fDisponer(sitio);
+    m_visor->fDisponer(sitio, !m_bolMiniaturas);
+    m_miniaturas->fDisponer(sitio.fondo, m_intTamMini);
     m_divisor->setGeometry(sitio.divisor.lngIzq / intTwipsPixel, intArriba, cmdAncho::intPixeles,
                            sitio.divisor.lngAlto / intTwipsPixel);
     m_divisor->raise();
@@ -241,9 +248,30 @@ void frmMain::fDisponerPanel()
 
 void frmMain::fFijarAncho(int lngTwips)
 {
-    m_lngAncho = fAnchoPanel(lngTwips, m_cliente->width() * intTwipsPixel,
-                             lstTamMini[m_archivo.preferencias.intTamMini]);
+    m_lngAncho =
+        fAnchoPanel(lngTwips, m_cliente->width() * intTwipsPixel, lstTamMini[m_intTamMini]);
     m_ajustes.fGuardarIni(strSeccionGeneral, "ANCHO", std::to_string(m_lngAncho));
+    fDisponerPanel();
+    fRedibujar();
+}
+
+void frmMain::fFijarTamMini(int intTam)
+{
+    if (!m_filas.fVacia() && !m_ocupacion.fEsta()) {
+        m_intTamMini = intTam;
+        m_ajustes.fGuardarIni(strSeccionGeneral, "TAM_MINI", std::to_string(intTam));
+        fDisponerPanel();
+        fRedibujar();
+    }
+    // The entry has taken the mark by itself, wanted or not.
+    fMarcarEntrada(*menuBar(), "mnuOpcionesThump", m_intTamMini);
+}
+
+void frmMain::fFijarModo(bool bolMiniaturas)
+{
+    m_bolMiniaturas = bolMiniaturas;
+    m_botonModo->setChecked(bolMiniaturas);
+    m_visor->fVaciar();
     fDisponerPanel();
     fRedibujar();
 }
@@ -277,13 +305,16 @@ bool frmMain::fDibujar()
 {
     const std::uint64_t lngGeneracion = ++m_lngGeneracion;
     const clsCuenta cuenta(m_intDibujos);
-    clsVisor::clsEntorno entorno;
+    clsEntorno entorno;
     entorno.fProcesando = [this] { fInfo2(QStringLiteral("Procesando...")); };
     entorno.fCeder = fCederEventos;
     entorno.fVigente = [this, lngGeneracion] {
         return lngGeneracion == m_lngGeneracion && !m_bolCerrando;
     };
     entorno.fFalta = [this] { fIncidencias(); };
+    if (m_bolMiniaturas) {
+        return m_miniaturas->fMostrar(m_lngActual, entorno);
+    }
     return m_visor->fMostrar(m_filas.fRuta(m_lngActual), entorno);
 }
 
@@ -294,6 +325,9 @@ void frmMain::fTerminarMostrar()
     if (m_bolGuardarSelec) {
         m_bolGuardarSelec = false;
         m_ajustes.fGuardarIni(strSeccionGeneral, "SELEC", m_filas.fRuta(m_lngActual));
+    }
+    if (m_bolMiniaturas) {
+        return;
     }
     std::vector<std::string> lstVecinas;
     for (const int lngPos : {m_lngActual + 1, m_lngActual - 1}) {
@@ -328,9 +362,48 @@ void frmMain::fMover(Movimiento movimiento)
         return;
     }
     const clsBandera bandera(m_bolOcupado);
+    if (m_bolMiniaturas &&
+        (movimiento == Movimiento::Anterior || movimiento == Movimiento::Siguiente)) {
+        const int intCeldas = m_miniaturas->fCeldas();
+        const int lngInicio = fInicioPagina(m_lngActual, intCeldas);
+        const int lngOtra = movimiento == Movimiento::Anterior
+                                ? (lngInicio == 0 ? -1 : std::max(0, lngInicio - intCeldas))
+                                : lngInicio + intCeldas;
+        if (lngOtra >= 0 && lngOtra <= fUltimoPos()) {
+            fMostrarArchivo(lngOtra, false);
+        }
+        return;
+    }
     if (const auto lngDestino = fDestino(movimiento, m_lngActual, fUltimoPos())) {
         fMostrarArchivo(*lngDestino, false);
     }
+}
+
+void frmMain::fCeldaPulsada(int lngPos, Qt::MouseButton boton, Qt::KeyboardModifiers mayus)
+{
+    const bool bolCtrl = m_puerta->fCtrl();
+    if (boton == Qt::RightButton) {
+        m_bolMiniaturas = false;
+        m_botonModo->setChecked(false);
+        fDisponerPanel();
+    } else if (bolCtrl) {
+        m_modelo->fMarcar(
+            [lngPos](clsFilas &filas) { filas.fMarcar(lngPos, !filas.fMarcada(lngPos)); });
+    } else if (boton == Qt::LeftButton && fEstadoMayus(mayus) != 0) {
+        fAlternarRango(lngPos);
+    }
+    fMostrarArchivo(lngPos, true);
+}
+
+/// Inverts the ticks from the current row to another one, both included.
+void frmMain::fAlternarRango(int lngHasta)
+{
+    const auto [lngPrimera, lngUltima] = std::minmax(m_lngActual, lngHasta);
+    m_modelo->fMarcar([=](clsFilas &filas) {
+        for (int lngPos = lngPrimera; lngPos <= lngUltima; ++lngPos) {
+            filas.fMarcar(lngPos, !filas.fMarcada(lngPos));
+        }
+    });
 }
 
 // --- Commands ---
@@ -350,6 +423,8 @@ void frmMain::fEntradaElegida(const QString &strNombre)
     const int intIndice = strNombre.right(1).toInt();
     if (strNombre.startsWith(QLatin1String("mnuOpcionesFotosVideos"))) {
         fElegirMedios(intIndice);
+    } else if (strNombre.startsWith(QLatin1String("mnuOpcionesThump"))) {
+        fFijarTamMini(intIndice);
     } else if (strNombre.startsWith(QLatin1String("mnuFotoValor")) && !m_ocupacion.fEsta()) {
         m_visor->fFijarZoom(lstZooms[intIndice]);
     }
@@ -360,6 +435,7 @@ void frmMain::fBotonPulsado(int intBoton)
     if (const clsComando *const comando = fComandoDeBoton(intBoton)) {
         fEjecutar(*comando, fEstado(), *this);
     }
+    m_botonModo->setChecked(m_bolMiniaturas); // the click has toggled it, wanted or not
 }
 
 void frmMain::fAbrirArchivo()
@@ -371,9 +447,23 @@ void frmMain::fAbrirArchivo()
 
 void frmMain::fAjustar() { m_visor->fFijarZoom(0); }
 
-void frmMain::fAumentar() { m_visor->fFijarZoom(fZoomMayor(m_visor->fZoom())); }
+void frmMain::fAumentar()
+{
+    if (!m_bolMiniaturas) {
+        m_visor->fFijarZoom(fZoomMayor(m_visor->fZoom()));
+    } else if (m_intTamMini < 2) {
+        fFijarTamMini(m_intTamMini + 1);
+    }
+}
 
-void frmMain::fReducir() { m_visor->fFijarZoom(fZoomMenor(m_visor->fZoom())); }
+void frmMain::fReducir()
+{
+    if (!m_bolMiniaturas) {
+        m_visor->fFijarZoom(fZoomMenor(m_visor->fZoom()));
+    } else if (m_intTamMini > 0) {
+        fFijarTamMini(m_intTamMini - 1);
+    }
+}
 
 void frmMain::fActualizarLista()
 {

@@ -19,12 +19,15 @@
 #include <vector>
 
 struct clsCorregido;
+class clsMiniaturas;
 class clsModeloFotos;
+class clsPuerta;
 class clsVisor;
 class cmdAncho;
 class lstFotos;
 class QLineEdit;
 class QToolBar;
+class QToolButton;
 
 /// What start-up found out about the archive.
 struct clsArchivo {
@@ -59,6 +62,8 @@ private:
     void fDisponerPanel();
     void fTemporizador();
     void fFijarAncho(int lngTwips);
+    void fFijarTamMini(int intTam);
+    void fFijarModo(bool bolMiniaturas);
 
     // The list
     void fLlenarLista(bool bolForzar, const std::string &strRuta, int lngSiFalta = 0);
@@ -77,6 +82,8 @@ private:
     void fRedibujar();
     void fInformar();
     void fMover(Movimiento movimiento);
+    void fCeldaPulsada(int lngPos, Qt::MouseButton boton, Qt::KeyboardModifiers mayus);
+    void fAlternarRango(int lngHasta);
 
     // Commands
     [[nodiscard]] clsEstado fEstado() const;
@@ -88,6 +95,8 @@ private:
     void fUltimo() override { fMover(Movimiento::Ultimo); }
     void fAbrirArchivo() override;
     void fAjustar() override;
+    void fCambiarModo() override { fFijarModo(!m_bolMiniaturas); }
+    void fMiniaturas() override { fFijarModo(true); }
     void fAumentar() override;
     void fReducir() override;
     void fActualizarLista() override;
@@ -127,16 +136,21 @@ private:
     bool m_bolEsc = false;             ///< Esc was pressed during a search
     std::uint64_t m_lngGeneracion = 0; ///< raised by every layout, draw and list change
 
-    int m_lngAncho;       ///< panel width in twips
-    QSize m_tamDispuesto; ///< client size last laid out
+    int m_lngAncho;               ///< panel width in twips
+    int m_intTamMini;             ///< index of the thumbnail size
+    bool m_bolMiniaturas = false; ///< the panel shows a page of thumbnails
+    QSize m_tamDispuesto;         ///< client size last laid out
     QTimer m_Timer1;
 
     QWidget *m_cliente;
     clsModeloFotos *m_modelo;
     lstFotos *m_lista;
     clsVisor *m_visor;
+    clsMiniaturas *m_miniaturas;
+    clsPuerta *m_puerta = nullptr;
     cmdAncho *m_divisor;
     QToolBar *m_toolBar;
+    QToolButton *m_botonModo;
     QLineEdit *m_txtInfo1;
     QLineEdit *m_txtInfo2;
     QLineEdit *m_txtInfo3;

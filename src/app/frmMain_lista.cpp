@@ -15,6 +15,7 @@
 #include "shared/archivo.h"
 #include "shared/errores.h"
 #include "shared/qtexto.h"
+#include "viewer/miniaturas.h"
 #include "viewer/visor.h"
 
 #include <QHeaderView>
@@ -35,6 +36,7 @@ void frmMain::fLlenarLista(bool bolForzar, const std::string &strRuta, int lngSi
     ++m_lngGeneracion;
     fInfo2(QStringLiteral("Analizando..."));
     m_visor->fVaciar();
+    m_miniaturas->fVaciar();
     m_modelo->fRellenar([](clsFilas &filas) { filas.fVaciar(); });
     m_lista->fAnchosIniciales();
     fCargarCatalogo(bolForzar);

@@ -2,7 +2,7 @@
 
 #include "browse/teclas.h"
 
-#include <QCoreApplication>
+#include <QGuiApplication>
 #include <QKeyEvent>
 #include <QMenuBar>
 #include <QMouseEvent>
@@ -35,14 +35,14 @@ bool fEsAccion(QEvent::Type tipo)
     }
 }
 
+} // namespace
+
 int fEstadoMayus(Qt::KeyboardModifiers teclas)
 {
     return (teclas & Qt::ShiftModifier ? intMayus : 0) |
            (teclas & Qt::ControlModifier ? intCtrl : 0) | (teclas & Qt::AltModifier ? intAlt : 0) |
            (teclas & Qt::MetaModifier ? intSuper : 0);
 }
-
-} // namespace
 
 clsPuerta::clsPuerta(QWidget &ventana, std::function<bool()> fOcupada,
                      std::function<bool(int, int)> fTecla)
@@ -52,14 +52,31 @@ clsPuerta::clsPuerta(QWidget &ventana, std::function<bool()> fOcupada,
     QCoreApplication::instance()->installEventFilter(this);
 }
 
+/// A key that goes down while the window is busy does not count; one that comes up always does.
+void clsPuerta::fSeguirCtrl(const QEvent &evento, bool bolOcupada)
+{
+    const bool bolPulsada = evento.type() == QEvent::KeyPress && !bolOcupada;
+    if ((bolPulsada || evento.type() == QEvent::KeyRelease) &&
+        static_cast<const QKeyEvent &>(evento).key() == Qt::Key_Control) {
+        m_bolCtrl = bolPulsada;
+    }
+}
+
 bool clsPuerta::eventFilter(QObject *objeto, QEvent *evento)
 {
+    if (objeto == &m_ventana && evento->type() == QEvent::WindowDeactivate) {
+        m_bolCtrl = false;
+    } else if (objeto == &m_ventana && evento->type() == QEvent::WindowActivate) {
+        m_bolCtrl = QGuiApplication::queryKeyboardModifiers() & Qt::ControlModifier;
+    }
     if (!objeto->isWidgetType() || !fEsAccion(evento->type()) ||
         static_cast<QWidget *>(objeto)->window() != &m_ventana) {
         return false;
     }
     const bool bolPulsada = evento->type() == QEvent::KeyPress;
-    if (m_fOcupada()) {
+    const bool bolOcupada = m_fOcupada();
+    fSeguirCtrl(*evento, bolOcupada);
+    if (bolOcupada) {
         if (bolPulsada && static_cast<const QKeyEvent *>(evento)->key() == Qt::Key_Escape) {
             emit fEscOcupada();
         } else if (evento->type() == QEvent::MouseButtonDblClick) {

@@ -4,6 +4,9 @@
 
 #include <functional>
 
+/// The Shift state bits of keys that are held, see teclas.h.
+[[nodiscard]] int fEstadoMayus(Qt::KeyboardModifiers teclas);
+
 class QKeyEvent;
 class QWidget;
 
@@ -18,6 +21,9 @@ public:
     clsPuerta(QWidget &ventana, std::function<bool()> fOcupada,
               std::function<bool(int intTecla, int intMayus)> fTecla);
 
+    /// Whether the Ctrl key is held, as far as the window has seen it go down and up.
+    [[nodiscard]] bool fCtrl() const { return m_bolCtrl; }
+
 signals:
     /// Esc was pressed while the window is busy.
     void fEscOcupada();
@@ -29,8 +35,10 @@ protected:
 
 private:
     [[nodiscard]] bool fTecla(const QObject &objeto, const QKeyEvent &evento) const;
+    void fSeguirCtrl(const QEvent &evento, bool bolOcupada);
 
     QWidget &m_ventana;
     std::function<bool()> m_fOcupada;
     std::function<bool(int, int)> m_fTecla;
+    bool m_bolCtrl = false;
 };

@@ -21,6 +21,8 @@ constexpr Mayus Da = Mayus::Indiferente;
 constexpr clsComando lstComandos[] = {
     {"abrir",       intTeclaEnter, Da,  nullptr,                 0, fALaVista, &A::fAbrirArchivo   },
     {"ajustar",     intTeclaJ,     Da,  "mnuFotoAjustar",        0, fConLista, &A::fAjustar        },
+    {"modo",        intTeclaM,     Da,  nullptr,                 1, fConLista, &A::fCambiarModo    },
+    {"miniaturas",  0,             Da,  "mnuFotoMiniaturas",     0, fConLista, &A::fMiniaturas     },
     {"aumentar",    intTeclaMas,   Da,  nullptr,                 0, fConLista, &A::fAumentar       },
     {"reducir",     intTeclaMenos, Da,  nullptr,                 0, fConLista, &A::fReducir        },
     {"primero",     intTeclaF11,   Con, nullptr,                 3, fConLista, &A::fPrimero        },

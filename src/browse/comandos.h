@@ -12,6 +12,8 @@ public:
     virtual void fUltimo() = 0;
     virtual void fAbrirArchivo() = 0;
     virtual void fAjustar() = 0;
+    virtual void fCambiarModo() = 0;
+    virtual void fMiniaturas() = 0;
     virtual void fAumentar() = 0;
     virtual void fReducir() = 0;
     virtual void fActualizarLista() = 0;

@@ -9,6 +9,7 @@ inline constexpr int intTeclaEsc = 27;
 inline constexpr int intTeclaE = 69;
 inline constexpr int intTeclaI = 73;
 inline constexpr int intTeclaJ = 74;
+inline constexpr int intTeclaM = 77;
 inline constexpr int intTeclaW = 87;
 inline constexpr int intTeclaMas = 107;   ///< numeric pad
 inline constexpr int intTeclaMenos = 109; ///< numeric pad

@@ -97,3 +97,11 @@ void clsModeloFotos::fReordenar(const std::function<void(clsFilas &)> &fCambio)
     fCambio(m_filas);
     emit layoutChanged({}, QAbstractItemModel::VerticalSortHint);
 }
+
+void clsModeloFotos::fMarcar(const std::function<void(clsFilas &)> &fCambio)
+{
+    fCambio(m_filas);
+    if (!m_filas.fVacia()) {
+        emit dataChanged(index(0, 0), index(m_filas.fCantidad() - 1, 0), {Qt::CheckStateRole});
+    }
+}

@@ -26,6 +26,9 @@ public:
     /// Changes the order of the rows.
     void fReordenar(const std::function<void(clsFilas &)> &fCambio);
 
+    /// Changes ticks, without telling anybody but the views.
+    void fMarcar(const std::function<void(clsFilas &)> &fCambio);
+
 signals:
     /// The user set or cleared a tick.
     void fMarcaCambiada(int lngPos);

@@ -64,13 +64,17 @@ clsDescriptor fAbrirRegular(const std::string &strRuta, int &intError, clsHuella
     return archivo;
 }
 
-std::optional<clsHuella> fHuella(const std::string &strRuta)
+std::optional<clsHuella> fHuella(const std::string &strRuta, int *intError)
 {
     struct stat datos {};
-    if (stat(strRuta.c_str(), &datos) != 0 || !S_ISREG(datos.st_mode)) {
-        return {};
+    const int intFallo = stat(strRuta.c_str(), &datos) != 0 ? errno : EINVAL;
+    if (intFallo == EINVAL && S_ISREG(datos.st_mode)) {
+        return fHuellaDe(datos);
     }
-    return fHuellaDe(datos);
+    if (intError != nullptr) {
+        *intError = intFallo;
+    }
+    return {};
 }
 
 bool fExisteArchivo(const std::string &strRuta) { return fHuella(strRuta).has_value(); }

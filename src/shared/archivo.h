@@ -51,7 +51,8 @@ struct clsHuella {
                                           clsHuella *huella = nullptr);
 
 /// Size and time of a regular file (links followed); nothing when there is none of that path.
-[[nodiscard]] std::optional<clsHuella> fHuella(const std::string &strRuta);
+/// @param intError set to the error number then (EINVAL: something else than a file), may be null.
+[[nodiscard]] std::optional<clsHuella> fHuella(const std::string &strRuta, int *intError = nullptr);
 
 /// Whether a regular file of that path exists (links followed).
 [[nodiscard]] bool fExisteArchivo(const std::string &strRuta);

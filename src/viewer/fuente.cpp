@@ -1,8 +1,8 @@
 #include "viewer/fuente.h"
 
 #include "shared/archivo.h"
+#include "viewer/archivo_anulable.h"
 
-#include <QFile>
 #include <QImageReader>
 #include <QPainter>
 #include <QPainterPath>
@@ -11,21 +11,6 @@
 #include <cmath>
 
 namespace {
-
-/// An open file that stops giving bytes when its picture is no longer wanted.
-class clsArchivoAnulable : public QFile {
-public:
-    explicit clsArchivoAnulable(const std::atomic<bool> &bolAnulado) : m_bolAnulado(bolAnulado) {}
-
-protected:
-    qint64 readData(char *chrDatos, qint64 lngMaximo) override
-    {
-        return m_bolAnulado ? -1 : QFile::readData(chrDatos, lngMaximo);
-    }
-
-private:
-    const std::atomic<bool> &m_bolAnulado;
-};
 
 /// Size the JPEG decoder can deliver by itself, without a second scaling, for that many eighths.
 QSize fTamEscalado(QSize tam, int intOctavos)

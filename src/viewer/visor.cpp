@@ -46,13 +46,13 @@ clsVisor::clsVisor(QWidget *cliente)
     connect(&m_almacen, &clsAlmacenFotos::fLlegada, this, &clsVisor::fAfinar);
 }
 
-void clsVisor::fDisponer(const clsDisposicion &sitio)
+void clsVisor::fDisponer(const clsDisposicion &sitio, bool bolRecuadro)
 {
     m_imgFoto->hide();
     m_lblFondo->setGeometry(fPixeles(sitio.fondo));
     m_frmRecuadro->setGeometry(fPixeles(sitio.recuadro));
     m_frmRecuadro->raise();
-    m_frmRecuadro->show();
+    m_frmRecuadro->setVisible(bolRecuadro);
     m_imgFoto->setGeometry(m_frmRecuadro->rect());
 }
 

@@ -1,11 +1,11 @@
 #pragma once
 
 #include "viewer/almacen.h"
+#include "viewer/entorno.h"
 #include "viewer/geometria.h"
 
 #include <QObject>
 
-#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
@@ -19,17 +19,11 @@ class imgFoto;
 class clsVisor : public QObject {
     Q_OBJECT
 public:
-    /// What showing a picture needs from above.
-    struct clsEntorno {
-        std::function<void()> fProcesando; ///< says that a picture is being loaded
-        std::function<void(bool)> fCeder;  ///< lets events run; true: waits for the next one
-        std::function<bool()> fVigente;    ///< whether this showing is still wanted
-        std::function<void()> fFalta;      ///< the file is not on the disk
-    };
     explicit clsVisor(QWidget *cliente);
 
     /// Places background and frame and hides the picture, which fills the frame until it is drawn.
-    void fDisponer(const clsDisposicion &sitio);
+    /// @param bolRecuadro whether the frame is shown: it is not beside the page of thumbnails.
+    void fDisponer(const clsDisposicion &sitio, bool bolRecuadro);
     /// Gives the background a new height in pixels, ahead of the next layout.
     void fAltura(int intPixeles);
     /// Empties the picture.

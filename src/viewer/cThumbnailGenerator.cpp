@@ -1,0 +1,28 @@
+#include "viewer/cThumbnailGenerator.h"
+
+#include "shared/texto.h"
+
+#include <algorithm>
+#include <utility>
+
+cThumbnailGenerator::cThumbnailGenerator(clsMensajes &mensajes, clsFuenteMini fFuente)
+    : m_mensajes(mensajes), m_fFuente(std::move(fFuente))
+{
+}
+
+void cThumbnailGenerator::fGetThumbnail(bool &ok, std::unique_ptr<pcMemDC> &picture)
+{
+    ok = false;
+    picture.reset();
+    const clsMiniatura miniatura = m_fFuente(Filename, std::min(DesiredWidth, DesiredHeight));
+    if (miniatura.extraccion == Extraccion::Disco || miniatura.extraccion == Extraccion::Falta) {
+        m_mensajes.fAviso(Icono::Problema,
+                          "Error al generar el Thumbnail: " + fTextoPantalla(Filename));
+    }
+    if (miniatura.extraccion != Extraccion::Hecha) {
+        return;
+    }
+    picture = std::make_unique<pcMemDC>();
+    picture->CreateFromHBitmap(miniatura.imagen);
+    ok = true;
+}

@@ -1,0 +1,139 @@
+#include "viewer/extraccion.h"
+
+#include "dates/origen.h"
+#include "viewer/archivo_anulable.h"
+#include "viewer/cabecera_jpeg.h"
+
+#include <QImageReader>
+#include <QTransform>
+
+#include <algorithm>
+#include <cerrno>
+#include <cmath>
+
+namespace {
+
+// Beyond this, a file of a few bytes that claims a huge picture is not worth what decoding its
+// emptiness costs: a plain grey photo of that size takes far more.
+constexpr qint64 lngPixelesDudosos = qint64{16} << 20;
+constexpr qint64 lngPixelesPorByte = 400;
+
+/// Turns a stored picture upright. Source of the numbers: Exif 2.32, tag Orientation.
+QImage fEnderezar(const QImage &imagen, int intOrientacion)
+{
+    const bool bolEspejo =
+        intOrientacion == 2 || intOrientacion == 4 || intOrientacion == 5 || intOrientacion == 7;
+    constexpr int lstGiros[] = {0, 0, 0, 180, 180, 270, 90, 90, 270};
+    const int intGiro = lstGiros[intOrientacion];
+    const QImage espejo = bolEspejo ? imagen.mirrored(true, false) : imagen;
+    return intGiro == 0 ? espejo : espejo.transformed(QTransform().rotate(intGiro));
+}
+
+/// Size of a picture in the box, keeping its proportions; not larger than it is.
+QSize fEnCaja(QSize tam, int intLado)
+{
+    if (tam.width() <= intLado && tam.height() <= intLado) {
+        return tam;
+    }
+    const double dblEscala = static_cast<double>(intLado) / std::max(tam.width(), tam.height());
+    const auto fReducido = [dblEscala](int intPixeles) {
+        return std::max(1, static_cast<int>(std::lround(intPixeles * dblEscala)));
+    };
+    return {fReducido(tam.width()), fReducido(tam.height())};
+}
+
+/// In a format that the screen can paint without converting it each time.
+QImage fParaPantalla(QImage imagen)
+{
+    const QImage::Format formato =
+        imagen.hasAlphaChannel() ? QImage::Format_ARGB32_Premultiplied : QImage::Format_RGB32;
+    imagen.setDevicePixelRatio(1); // whatever density the file claims
+    return imagen.format() == formato ? imagen : std::move(imagen).convertToFormat(formato);
+}
+
+QImage fMiniaturaExif(clsLector &lector, const clsCabeceraJpeg &cabecera, int intLado)
+{
+    constexpr std::uint32_t lngMaximo = 1 << 20; // the segment it lies in has 64 KiB by right
+    if (cabecera.lngBytesMini == 0 || cabecera.lngBytesMini > lngMaximo) {
+        return {};
+    }
+    const std::string strBytes = lector.fCopiar(cabecera.lngMiniatura, cabecera.lngBytesMini);
+    clsOrigenMemoria memoria(strBytes);
+    clsLector lectorMini(memoria);
+    clsCabeceraJpeg mini;
+    // Its own head first: what claims to be larger than a thumbnail is not worth decoding.
+    if (!fLeerCabeceraJpeg(lectorMini, mini) ||
+        !fMiniaturaSirve(mini.intAncho, mini.intAlto, cabecera, intLado) ||
+        qint64{mini.intAncho} * mini.intAlto > lngMaximo) {
+        return {};
+    }
+    QImage imagen = QImage::fromData(reinterpret_cast<const uchar *>(strBytes.data()),
+                                     static_cast<int>(strBytes.size()), "JPG");
+    const QSize tam = fEnCaja(imagen.size(), intLado);
+    if (!imagen.isNull() && tam != imagen.size()) {
+        imagen = imagen.scaled(tam, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
+    }
+    return fEnderezar(imagen, cabecera.intOrientacion);
+}
+
+bool fEsDudosa(const clsCabeceraJpeg &cabecera, qint64 lngBytes)
+{
+    const qint64 lngPixeles = qint64{cabecera.intAncho} * cabecera.intAlto;
+    return lngPixeles > lngPixelesDudosos && lngPixeles / lngPixelesPorByte > lngBytes;
+}
+
+QImage fReducir(QIODevice &archivo, bool bolJpeg, int intLado)
+{
+    QImageReader lector(&archivo);
+    const QSize tam = lector.size();
+    if (tam.isEmpty() || (!bolJpeg && qint64{tam.width()} * tam.height() * 4 > lngMaximoEntera)) {
+        return {};
+    }
+    if (const QSize reducido = fEnCaja(tam, intLado); reducido != tam) {
+        lector.setScaledSize(reducido);
+    }
+    lector.setAutoTransform(true);
+    return lector.read();
+}
+
+} // namespace
+
+Extraccion fSinAbrir(int intError)
+{
+    switch (intError) {
+    case ENOENT:
+    case ENOTDIR:
+    case EISDIR:
+    case EINVAL: // a pipe or a device
+    case ENXIO:  // a socket
+        return Extraccion::Falta;
+    default:
+        return Extraccion::Disco;
+    }
+}
+
+clsMiniatura fExtraerFoto(const std::string &strRuta, int intLado,
+                          const std::atomic<bool> &bolAnulado)
+{
+    int intError = 0;
+    clsHuella huella;
+    const clsDescriptor descriptor = fAbrirRegular(strRuta, intError, &huella);
+    if (!descriptor.fAbierto()) {
+        return {fSinAbrir(intError), {}};
+    }
+    clsOrigenArchivo origen(descriptor, huella.lngBytes);
+    clsLector lector(origen);
+    clsCabeceraJpeg cabecera;
+    const bool bolJpeg = fLeerCabeceraJpeg(lector, cabecera);
+    QImage imagen = fMiniaturaExif(lector, cabecera, intLado);
+    if (imagen.isNull() && !bolAnulado && !fEsDudosa(cabecera, huella.lngBytes)) {
+        clsArchivoAnulable archivo(bolAnulado);
+        if (archivo.open(descriptor.fFd(), QIODevice::ReadOnly)) {
+            imagen = fReducir(archivo, bolJpeg, intLado);
+        }
+    }
+    if (imagen.isNull() || bolAnulado) {
+        return {Extraccion::SinImagen, {}};
+    }
+    return {Extraccion::Hecha, fParaPantalla(std::move(imagen))};
+}

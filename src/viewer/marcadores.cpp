@@ -1,0 +1,76 @@
+#include "viewer/marcadores.h"
+
+#include <QPainter>
+#include <QPainterPath>
+
+namespace {
+
+constexpr double dblLado = 100; // everything is drawn on a square of this side
+constexpr QRgb colTrazo = qRgb(0x9a, 0x9a, 0x9a);
+constexpr QRgb colFalta = qRgb(0xe0, 0x8a, 0x3c);
+
+/// Paints a square of dblLado scaled to the box, a little smaller than it.
+template <typename Dibujo> QPixmap fDibujar(int intLado, double dblDpr, Dibujo fDibujo)
+{
+    QPixmap imagen(QSize(intLado, intLado) * dblDpr);
+    imagen.setDevicePixelRatio(dblDpr);
+    imagen.fill(Qt::transparent);
+    QPainter pintor(&imagen);
+    pintor.setRenderHint(QPainter::Antialiasing);
+    pintor.scale(intLado / dblLado, intLado / dblLado);
+    fDibujo(pintor);
+    return imagen;
+}
+
+QPen fPluma(QRgb color, double dblAncho)
+{
+    return {QColor(color), dblAncho, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin};
+}
+
+/// A sheet with a folded corner.
+void fHoja(QPainter &pintor)
+{
+    QPainterPath hoja(QPointF(30, 22));
+    for (const QPointF punto :
+         {QPointF(58, 22), QPointF(72, 36), QPointF(72, 78), QPointF(30, 78)}) {
+        hoja.lineTo(punto);
+    }
+    hoja.closeSubpath();
+    pintor.setPen(fPluma(colTrazo, 3));
+    pintor.drawPath(hoja);
+    pintor.drawPolyline(QPolygonF({QPointF(58, 22), QPointF(58, 36), QPointF(72, 36)}));
+}
+
+} // namespace
+
+QPixmap fErrorLista(int intLado, double dblDpr)
+{
+    return fDibujar(intLado, dblDpr, [](QPainter &pintor) {
+        fHoja(pintor);
+        pintor.setPen(fPluma(colFalta, 5));
+        pintor.drawLine(QPointF(42, 48), QPointF(60, 66));
+        pintor.drawLine(QPointF(60, 48), QPointF(42, 66));
+    });
+}
+
+QPixmap fVacio(int intLado, double dblDpr, bool bolVideo)
+{
+    return fDibujar(intLado, dblDpr, [bolVideo](QPainter &pintor) {
+        if (!bolVideo) {
+            fHoja(pintor);
+            pintor.setPen(fPluma(colTrazo, 3));
+            pintor.drawEllipse(QPointF(42, 50), 4, 4);
+            pintor.drawPolyline(QPolygonF({QPointF(36, 70), QPointF(47, 59), QPointF(53, 65),
+                                           QPointF(59, 57), QPointF(66, 67)}));
+            return;
+        }
+        pintor.setPen(fPluma(colTrazo, 3));
+        pintor.drawRoundedRect(QRectF(20, 28, 60, 44), 5, 5);
+        for (double dblX = 28; dblX <= 72; dblX += 11) {
+            pintor.drawPoint(QPointF(dblX, 35));
+            pintor.drawPoint(QPointF(dblX, 65));
+        }
+        pintor.setBrush(QColor(colTrazo));
+        pintor.drawPolygon(QPolygonF({QPointF(44, 42), QPointF(59, 50), QPointF(44, 58)}));
+    });
+}

@@ -1,0 +1,74 @@
+#pragma once
+
+#include "catalogue/filas.h"
+#include "shared/numeros.h"
+#include "viewer/almacen_miniaturas.h"
+#include "viewer/cThumbnailGenerator.h"
+#include "viewer/entorno.h"
+#include "viewer/rejilla.h"
+
+#include <QElapsedTimer>
+#include <QObject>
+
+#include <vector>
+
+class cmdMini;
+class QWidget;
+
+/// The page of thumbnails: the cells that lie on the viewing panel, and the loop that draws them.
+///
+/// A cell knows the file it shows by the list's revision and the position, so that it is drawn
+/// again when any of the two changes, and not else.
+class clsMiniaturas : public QObject {
+    Q_OBJECT
+public:
+    /// @param filas, mensajes must outlive it.
+    clsMiniaturas(QWidget *cliente, const clsFilas &filas, clsSignos signos, clsMensajes &mensajes,
+                  clsFotograma fFotograma);
+
+    /// Lays the cells out on the viewing panel, all hidden and empty.
+    /// @param intTam index of the thumbnail size, 0 to 2.
+    void fDisponer(const clsRect &fondo, int intTam);
+    /// Hides and empties all cells.
+    void fVaciar();
+    /// Draws the page that holds the current file. The list must not be empty. Thumbnails appear in
+    /// order as they are made; the frames of videos are waited for by nobody and appear later.
+    /// @return false when it was superseded or the window closes.
+    [[nodiscard]] bool fMostrar(int lngActual, const clsEntorno &entorno);
+
+    /// Cells of a page.
+    [[nodiscard]] int fCeldas() const { return m_rejilla.intCeldas; }
+
+signals:
+    /// A mouse button went down on the cell of a file.
+    void fPulsada(int lngPos, Qt::MouseButton boton, Qt::KeyboardModifiers mayus);
+
+private:
+    struct clsCelda {
+        cmdMini *boton = nullptr;
+        int lngPos = -1; ///< position of the file it shows; -1: hidden
+        std::uint64_t lngRevision = 0;
+        int intLado = 0;           ///< side of the box in device pixels
+        bool bolPendiente = false; ///< the frame of its video is still to come
+    };
+    void fCargarCeldas();
+    void fVaciar(clsCelda &celda);
+    void fRepartir(int lngInicio, int lngActual);
+    [[nodiscard]] bool fMuestra(const clsCelda &celda, int lngPos) const;
+    void fEncargar(int lngInicio);
+    [[nodiscard]] bool fDibujar(clsCelda &celda, int lngPos, const clsEntorno &entorno);
+    [[nodiscard]] bool fPintar(clsCelda &celda, int lngPos, const clsEntorno &entorno);
+    void fMarcar(const clsCelda &celda, int lngActual);
+    void fTomarVideos();
+    [[nodiscard]] int fLado() const;
+
+    QWidget *m_cliente;
+    const clsFilas &m_filas;
+    const clsSignos m_signos;
+    clsAlmacenMiniaturas m_almacen;
+    cThumbnailGenerator m_generador;
+    clsRejilla m_rejilla;
+    std::vector<clsCelda> m_lstCeldas;
+    int m_lngActual = 0;
+    QElapsedTimer m_desdeCeder;
+};
