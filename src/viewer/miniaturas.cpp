@@ -16,6 +16,8 @@ namespace {
 /// Events run at least so often while a page is drawn, in milliseconds.
 constexpr int intTurno = 8;
 
+const auto strVideo = QStringLiteral("v  i  d  e  o");
+
 QString fTextoConsejo(const clsFilas &filas, int lngPos, const clsSignos &signos)
 {
     const int lngFila = lngPos + 1;
@@ -35,7 +37,7 @@ clsMiniaturas::clsMiniaturas(QWidget *cliente, const clsFilas &filas, clsSignos 
       })
 {
     m_generador.Options = cThumbnailGenerator::IEIFLAG_SCREEN | cThumbnailGenerator::IEIFLAG_ASPECT;
-    connect(&m_almacen, &clsAlmacenMiniaturas::fLlegada, this, &clsMiniaturas::fTomarVideos);
+    connect(&m_almacen, &clsAlmacenMiniaturas::fLlegada, this, &clsMiniaturas::fRenovar);
     fCargarCeldas(); // the first cell exists always
 }
 
@@ -129,25 +131,28 @@ void clsMiniaturas::fMarcar(const clsCelda &celda, int lngActual)
     celda.boton->fEstado(m_filas.fMarcada(celda.lngPos), celda.lngPos == lngActual);
 }
 
-/// Orders what the page lacks, then the next page and the one before.
+/// Orders what the page lacks, then the next page and the one before, and at last a look at the
+/// files the page shows.
 void clsMiniaturas::fEncargar(int lngInicio)
 {
     const int intCeldas = m_rejilla.intCeldas;
     const int intLado = fLado();
     std::vector<clsEncargo> lstEncargos;
-    lstEncargos.reserve(static_cast<std::size_t>(intCeldas) * 3);
-    const auto fPagina = [&](int lngDesde) {
+    lstEncargos.reserve(static_cast<std::size_t>(intCeldas) * 4);
+    const auto fPagina = [&](int lngDesde, bool bolMostradas) {
         const int lngHasta = std::min(lngDesde + intCeldas, m_filas.fCantidad());
         for (int lngPos = std::max(lngDesde, 0); lngPos < lngHasta; ++lngPos) {
             const clsCelda &celda = m_lstCeldas[static_cast<std::size_t>(lngPos - lngDesde)];
-            if (lngDesde != lngInicio || celda.bolPendiente || !fMuestra(celda, lngPos)) {
+            const bool bolFalta = celda.bolPendiente || !fMuestra(celda, lngPos);
+            if (lngDesde != lngInicio || bolFalta != bolMostradas) {
                 lstEncargos.push_back({m_filas.fRuta(lngPos), intLado});
             }
         }
     };
     for (const int lngDesde : {lngInicio, lngInicio + intCeldas, lngInicio - intCeldas}) {
-        fPagina(lngDesde);
+        fPagina(lngDesde, false);
     }
+    fPagina(lngInicio, true);
     m_almacen.fEncargar(std::move(lstEncargos));
 }
 
@@ -214,7 +219,7 @@ bool clsMiniaturas::fPintar(clsCelda &celda, int lngPos, const clsEntorno &entor
             strTexto = QStringLiteral("(No disponible)");
         }
         if (bolVideo) {
-            strTexto = QStringLiteral("v  i  d  e  o");
+            strTexto = strVideo;
         }
     }
     if (!entorno.fVigente()) {
@@ -223,6 +228,7 @@ bool clsMiniaturas::fPintar(clsCelda &celda, int lngPos, const clsEntorno &entor
     celda.lngPos = lngPos;
     celda.lngRevision = m_filas.fRevision();
     celda.intLado = intLado;
+    celda.lngImagen = miniatura.imagen.isNull() ? 0 : miniatura.imagen.cacheKey();
     celda.bolPendiente = miniatura.extraccion == Extraccion::Pendiente;
     celda.boton->fPoner(imagen, strTexto);
     celda.boton->fConsejo(fTextoConsejo(m_filas, lngPos, m_signos));
@@ -232,11 +238,12 @@ bool clsMiniaturas::fPintar(clsCelda &celda, int lngPos, const clsEntorno &entor
     return true;
 }
 
-/// Shows the frames of videos that have come since their cells were drawn.
-void clsMiniaturas::fTomarVideos()
+/// Takes over what has come for cells that are drawn: frames of videos, and the new pictures of
+/// files that were replaced.
+void clsMiniaturas::fRenovar()
 {
     for (clsCelda &celda : m_lstCeldas) {
-        if (!celda.bolPendiente || !fMuestra(celda, celda.lngPos)) {
+        if (!fMuestra(celda, celda.lngPos) || celda.lngPos < 0) {
             continue;
         }
         const auto miniatura = m_almacen.fTomar({m_filas.fRuta(celda.lngPos), celda.intLado});
@@ -244,10 +251,13 @@ void clsMiniaturas::fTomarVideos()
             continue;
         }
         celda.bolPendiente = false;
-        if (miniatura->extraccion == Extraccion::Hecha) {
+        const qint64 lngImagen = miniatura->imagen.isNull() ? 0 : miniatura->imagen.cacheKey();
+        if (lngImagen != 0 && lngImagen != celda.lngImagen) {
+            celda.lngImagen = lngImagen;
             QPixmap imagen = QPixmap::fromImage(miniatura->imagen);
             imagen.setDevicePixelRatio(m_cliente->devicePixelRatioF());
-            celda.boton->fPoner(imagen, celda.boton->text());
+            celda.boton->fPoner(imagen,
+                                fEsVideo(m_filas.fNombre(celda.lngPos)) ? strVideo : QString());
         }
     }
 }

@@ -32,7 +32,8 @@ public:
     /// Hides and empties all cells.
     void fVaciar();
     /// Draws the page that holds the current file. The list must not be empty. Thumbnails appear in
-    /// order as they are made; the frames of videos are waited for by nobody and appear later.
+    /// order as they are made; the frames of videos are waited for by nobody and appear later, and
+    /// so do new pictures of files that were replaced while their cells showed them.
     /// @return false when it was superseded or the window closes.
     [[nodiscard]] bool fMostrar(int lngActual, const clsEntorno &entorno);
 
@@ -49,6 +50,7 @@ private:
         int lngPos = -1; ///< position of the file it shows; -1: hidden
         std::uint64_t lngRevision = 0;
         int intLado = 0;           ///< side of the box in device pixels
+        qint64 lngImagen = 0;      ///< QImage::cacheKey of the thumbnail, 0: none
         bool bolPendiente = false; ///< the frame of its video is still to come
     };
     void fCargarCeldas();
@@ -59,7 +61,7 @@ private:
     [[nodiscard]] bool fDibujar(clsCelda &celda, int lngPos, const clsEntorno &entorno);
     [[nodiscard]] bool fPintar(clsCelda &celda, int lngPos, const clsEntorno &entorno);
     void fMarcar(const clsCelda &celda, int lngActual);
-    void fTomarVideos();
+    void fRenovar();
     [[nodiscard]] int fLado() const;
 
     QWidget *m_cliente;

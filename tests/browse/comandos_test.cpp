@@ -17,6 +17,8 @@ public:
     void fUltimo() override { strHecho = "ultimo"; }
     void fAbrirArchivo() override { strHecho = "abrir"; }
     void fAjustar() override { strHecho = "ajustar"; }
+    void fCambiarModo() override { strHecho = "modo"; }
+    void fMiniaturas() override { strHecho = "miniaturas"; }
     void fAumentar() override { strHecho = "aumentar"; }
     void fReducir() override { strHecho = "reducir"; }
     void fActualizarLista() override { strHecho = "actualizar"; }
@@ -99,6 +101,7 @@ TEST(Comandos, AnswerToTheirKeys)
         {"Shift+F12",                     intTeclaF12,   intMayus,           "ultimo",      true },
         {"Enter with any Shift",          intTeclaEnter, intMayus,           "abrir",       false},
         {"J",                             intTeclaJ,     0,                  "ajustar",     true },
+        {"M",                             intTeclaM,     intMayus,           "modo",        true },
         {"+ of the pad",                  intTeclaMas,   0,                  "aumentar",    false},
         {"- of the pad",                  intTeclaMenos, intCtrl,            "reducir",     false},
         {"W",                             intTeclaW,     0,                  "corregir",    true },

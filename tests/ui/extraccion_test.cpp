@@ -1,0 +1,266 @@
+// Thumbnails of photos, the surface they are handed over on, and files that lie.
+#include "sesion.h"
+
+#include "jpeg_soporte.h"
+#include "viewer/cThumbnailGenerator.h"
+#include "viewer/extraccion.h"
+
+#include <QImageReader>
+
+#include <random>
+#include <sys/resource.h>
+
+namespace {
+
+const QColor colFoto(200, 30, 30);
+const QColor colMini(30, 30, 200);
+
+QImage fLlano(QSize tam, const QColor &color)
+{
+    QImage imagen(tam, QImage::Format_RGB32);
+    imagen.fill(color);
+    return imagen;
+}
+
+clsMiniatura fExtraer(const clsArbol &arbol, const std::string &strBytes, int intLado)
+{
+    const std::atomic<bool> bolAnulado = false;
+    arbol.fCrear("foto.jpg", strBytes);
+    return fExtraerFoto(arbol.fRuta("foto.jpg"), intLado, bolAnulado);
+}
+
+bool fEsAzul(const QImage &imagen)
+{
+    const QColor color = imagen.pixelColor(imagen.rect().center());
+    return color.blue() > 120 && color.red() < 100;
+}
+
+/// What is claimed is not what there is: a JPEG head for a picture of that size and hardly more.
+std::string fJactancia(int intAncho, int intAlto, bool bolProgresivo)
+{
+    clsJpegConMini jpeg{fLlano({64, 64}, colFoto), fLlano({8, 8}, colMini)};
+    jpeg.bolProgresivo = bolProgresivo;
+    std::string strBytes = jpeg.fBytes();
+    const std::size_t lngMarco = strBytes.rfind(bolProgresivo ? "\xFF\xC2" : "\xFF\xC0");
+    strBytes[lngMarco + 5] = static_cast<char>(intAlto >> 8);
+    strBytes[lngMarco + 6] = static_cast<char>(intAlto & 0xFF);
+    strBytes[lngMarco + 7] = static_cast<char>(intAncho >> 8);
+    strBytes[lngMarco + 8] = static_cast<char>(intAncho & 0xFF);
+    return strBytes;
+}
+
+} // namespace
+
+class clsPruebasExtraccion : public QObject {
+    Q_OBJECT
+private slots:
+    void fThumbnailsFitTheBox();
+    void fAThumbnailInsideIsTakenWhenItIsGoodEnough();
+    void fEveryOrientationComesOutUpright();
+    void fWhatIsNoPhotoGivesAReason();
+    void fMutatedFilesHarmNobody();
+    void fTheSurfaceGrowsAndCopies();
+    void fTheGeneratorHasItsStartingValues();
+};
+
+void clsPruebasExtraccion::fThumbnailsFitTheBox()
+{
+    const clsArbol arbol;
+    clsJpegConMini progresivo{fLlano({400, 300}, colFoto), fLlano({8, 8}, colMini)};
+    progresivo.bolProgresivo = true;
+    const auto fPlana = [](int intAncho, int intAlto) {
+        return fJpeg(fLlano(QSize(intAncho, intAlto), colFoto));
+    };
+    const std::string strEntero = fPlana(400, 300);
+    const QImage gris = fLlano({400, 300}, colFoto).convertToFormat(QImage::Format_Grayscale8);
+    struct {
+        const char *strQue;
+        std::string strBytes;
+        QSize tam;
+    } const lstCasos[] = {
+        {"landscape",          strEntero,                                                    QSize(100, 75)},
+        {"portrait",           fPlana(300, 400), QSize(75, 100)},
+        {"never enlarged",     fPlana(30, 20), QSize(30, 20)},
+        {"one pixel",          fPlana(1, 1), QSize(1, 1)},
+        {"a line",             fPlana(20000, 1), QSize(100, 1)},
+        {"half of it",         strEntero.substr(0, strEntero.size() / 2),                    QSize(100, 75)},
+        {"progressive",        progresivo.fBytes(),                                          QSize(100, 75)},
+        {"grey", fJpeg(gris), QSize(100, 75)},
+        {"four colours",       fJpegCmyk(),                                                  QSize(24, 16)},
+        {"20 megapixels grey", fJactancia(5000, 4000, false),                                QSize()},
+        {"the same at once",   fJactancia(65000, 65000, true),                               QSize()},
+    };
+    for (const auto &caso : lstCasos) {
+        const clsMiniatura miniatura = fExtraer(arbol, caso.strBytes, 100);
+        QVERIFY2(miniatura.imagen.isNull() == caso.tam.isEmpty(), caso.strQue);
+        QVERIFY2(caso.tam.isEmpty() || miniatura.imagen.size() == caso.tam, caso.strQue);
+    }
+    const QColor color = fExtraer(arbol, fJpegCmyk(), 100).imagen.pixelColor(12, 8);
+    QVERIFY(color.red() > 200 && color.green() < 60 && color.blue() < 60);
+}
+
+void clsPruebasExtraccion::fAThumbnailInsideIsTakenWhenItIsGoodEnough()
+{
+    const clsArbol arbol;
+    const QImage foto = fLlano({400, 300}, colFoto);
+    const QImage mini = fLlano({160, 120}, colMini);
+    const QImage otra = fLlano({160, 119}, colMini);
+    const QImage ancha = fLlano({450, 300}, colFoto);
+    struct {
+        const char *strQue;
+        clsJpegConMini jpeg;
+        int intLado;
+        bool bolTomada;
+    } const lstCasos[] = {
+        {"as it should be",      {foto, mini},                          133, true },
+        {"a pixel off",          {foto, otra},   133, true },
+        {"too few pixels",       {foto, mini},                          200, false},
+        {"as small as its photo", {mini, mini},                         200, true },
+        {"other proportions",    {ancha, mini},   66,  false},
+        {"past the end",         {foto, mini, 1, 1 << 30},              66,  false},
+        {"4 GB long",            {foto, mini, 1, 0, 0xFFFFFFFF},        66,  false},
+        {"not there",            {foto, mini, 1, 7},                    66,  false},
+        {"cut",                  {foto, mini, 1, 0, 40},                66,  false},
+    };
+    for (const auto &caso : lstCasos) {
+        const clsMiniatura miniatura = fExtraer(arbol, caso.jpeg.fBytes(), caso.intLado);
+        QVERIFY2(!miniatura.imagen.isNull(), caso.strQue);
+        QVERIFY2(fEsAzul(miniatura.imagen) == caso.bolTomada, caso.strQue);
+        QVERIFY2(qMax(miniatura.imagen.width(), miniatura.imagen.height()) <= caso.intLado,
+                 caso.strQue);
+    }
+}
+
+void clsPruebasExtraccion::fEveryOrientationComesOutUpright()
+{
+    const clsArbol arbol;
+    const QImage foto = fCuartos({400, 300});
+    for (int intOrientacion = 1; intOrientacion <= 8; ++intOrientacion) {
+        const clsJpegConMini jpeg{foto, fCuartos({160, 120}), intOrientacion};
+        const QImage miniatura = fExtraer(arbol, jpeg.fBytes(), 100).imagen; // the one inside
+        QImageReader lector(QString::fromStdString(arbol.fRuta("foto.jpg")));
+        lector.setAutoTransform(true);
+        const QImage debida = lector.read().scaled(miniatura.size());
+        QVERIFY(miniatura.width() == (intOrientacion < 5 ? 100 : 75));
+        for (const QPoint punto : {QPoint(20, 20), QPoint(60, 20), QPoint(20, 60)}) {
+            const QColor color = miniatura.pixelColor(punto);
+            const QColor otro = debida.pixelColor(punto);
+            QVERIFY(std::abs(color.red() - otro.red()) + std::abs(color.green() - otro.green()) +
+                        std::abs(color.blue() - otro.blue()) < 60);
+        }
+    }
+}
+
+void clsPruebasExtraccion::fWhatIsNoPhotoGivesAReason()
+{
+    const clsArbol arbol;
+    arbol.fCrear("basura", "no picture");
+    arbol.fCrear("vacio", "");
+    arbol.fCarpeta("carpeta");
+    arbol.fTuberia("tuberia");
+    arbol.fEnlace("bucle", arbol.fRuta("bucle"));
+    const std::pair<const char *, Extraccion> lstCasos[] = {
+        {"basura",    Extraccion::SinImagen},
+        {"vacio",     Extraccion::SinImagen},
+        {"carpeta",   Extraccion::Falta    },
+        {"tuberia",   Extraccion::Falta    },
+        {"no hay",    Extraccion::Falta    },
+        {"basura/no", Extraccion::Falta    },
+        {"bucle",     Extraccion::Disco    },
+    };
+    const std::atomic<bool> bolAnulado = false;
+    for (const auto &[strNombre, extraccion] : lstCasos) {
+        const clsMiniatura miniatura = fExtraerFoto(arbol.fRuta(strNombre), 100, bolAnulado);
+        QVERIFY2(miniatura.extraccion == extraccion && miniatura.imagen.isNull(), strNombre);
+    }
+}
+
+void clsPruebasExtraccion::fMutatedFilesHarmNobody()
+{
+    constexpr int intMutantes = 10000;
+    constexpr qint64 lngMaximoMs = 1000;
+    const clsArbol arbol;
+    clsJpegConMini progresivo{fDibujo({160, 120}), fDibujo({160, 120}), 6};
+    progresivo.bolProgresivo = true;
+    const clsJpegConMini normal{fDibujo({320, 240}), fDibujo({80, 60}), 3};
+    const std::string strDibujo = fJpeg(fDibujo({200, 160}));
+    const std::string lstSemillas[] = {normal.fBytes(), progresivo.fBytes(), fJpegCmyk(), strDibujo};
+    std::mt19937 azar(20090714);
+    const auto fAzar = [&azar](std::size_t lngHasta) { return azar() % lngHasta; };
+    qint64 lngPeor = 0;
+    int intHechas = 0;
+    for (int intMutante = 0; intMutante < intMutantes; ++intMutante) {
+        std::string strBytes = lstSemillas[fAzar(std::size(lstSemillas))];
+        // Heads are where lies do harm, so half of the changes go there.
+        for (std::size_t lngCambio = 0; lngCambio <= fAzar(6); ++lngCambio) {
+            const std::size_t lngZona = fAzar(2) == 0 ? 700 : strBytes.size();
+            strBytes[fAzar(std::min(lngZona, strBytes.size()))] = static_cast<char>(fAzar(256));
+        }
+        if (fAzar(8) == 0) {
+            strBytes.resize(fAzar(strBytes.size()));
+        }
+        QElapsedTimer reloj;
+        reloj.start();
+        const clsMiniatura miniatura = fExtraer(arbol, strBytes, 100);
+        lngPeor = std::max(lngPeor, reloj.elapsed());
+        QVERIFY(miniatura.imagen.width() <= 100 && miniatura.imagen.height() <= 100);
+        intHechas += miniatura.extraccion == Extraccion::Hecha ? 1 : 0;
+    }
+    QVERIFY2(lngPeor < lngMaximoMs, qPrintable(QString::number(lngPeor)));
+    QVERIFY(intHechas > intMutantes / 4); // they were still JPEG files
+    rusage uso{};
+    getrusage(RUSAGE_SELF, &uso);
+    QVERIFY2(uso.ru_maxrss < 400 * 1024, qPrintable(QString::number(uso.ru_maxrss)));
+}
+
+void clsPruebasExtraccion::fTheSurfaceGrowsAndCopies()
+{
+    pcMemDC superficie;
+    QVERIFY(superficie.GetPicture(0, 0, -1, -1).isNull());
+    superficie.Width(100);
+    superficie.Height(100);
+    superficie.hDC().fill(Qt::green);
+    superficie.Width(50); // not smaller
+    QCOMPARE(superficie.GetPicture(99, 99, 1, 1).pixelColor(0, 0), QColor(Qt::green));
+    superficie.CreateFromHBitmap(fLlano({96, 72}, colFoto));
+    QCOMPARE(QSize(superficie.Width(), superficie.Height()), QSize(100, 100));
+    const QImage toda = superficie.GetPicture(0, 0, -1, -1);
+    superficie.Width(200); // grows, and forgets
+    QCOMPARE(QSize(superficie.Width(), superficie.Height()), QSize(200, 100));
+    QCOMPARE(superficie.GetPicture(0, 0, -1, -1).pixelColor(10, 10).alpha(), 0);
+    QCOMPARE(toda.pixelColor(95, 71), colFoto); // a picture of its own
+    QCOMPARE(toda.pixelColor(96, 71), QColor(Qt::green));
+    QImage otra = fLlano({20, 20}, Qt::white);
+    {
+        pcMemDC pequena;
+        pequena.CreateFromPicture(QPixmap::fromImage(fLlano({8, 8}, colMini)));
+        QPainter pintor(&otra);
+        pequena.PaintPicture(pintor, 5, 6, 3, -1, 2, 0);
+    }
+    QCOMPARE(otra.pixelColor(5, 6), colMini);
+    QCOMPARE(otra.pixelColor(7, 13), colMini);
+    QCOMPARE(otra.pixelColor(8, 6), QColor(Qt::white));
+}
+
+void clsPruebasExtraccion::fTheGeneratorHasItsStartingValues()
+{
+    clsMensajesGuion mensajes;
+    cThumbnailGenerator generador(mensajes, [](const std::string &, int intLado) {
+        return clsMiniatura{Extraccion::Hecha, fLlano({intLado, intLado}, colMini)};
+    });
+    QCOMPARE(generador.Options, 288U);
+    QCOMPARE(generador.DesiredWidth + generador.DesiredHeight, 200);
+    QVERIFY(generador.Filename.empty());
+    bool bolHay = false;
+    std::unique_ptr<pcMemDC> superficie;
+    generador.DesiredWidth = generador.DesiredHeight = 66;
+    generador.fGetThumbnail(bolHay, superficie);
+    QVERIFY(bolHay && superficie->Width() == 66 && mensajes.lstTextos.isEmpty());
+}
+
+int main(int intArgumentos, char **lstArgumentos)
+{
+    return fPrincipal<clsPruebasExtraccion>(intArgumentos, lstArgumentos);
+}
+
+#include "extraccion_test.moc"
