@@ -1,32 +1,55 @@
 #pragma once
 
+#include <algorithm>
 #include <optional>
 
 /// Where fMover goes; the numbers are those of the commands.
 enum class Movimiento { Primero = 1, Anterior = 2, Siguiente = 3, Ultimo = 4 };
 
-/// The position a movement file by file leads to; nothing when it changes nothing.
+/// Position of the first file of the page that holds a position.
+/// @param intCeldas files on a page; fewer than 1 count as 1, which is the view of a single file.
+[[nodiscard]] constexpr int fInicioPagina(int lngPos, int intCeldas)
+{
+    return lngPos - lngPos % std::max(intCeldas, 1);
+}
+
+/// The position a movement by pages (of one file: file by file) leads to; nothing when it changes
+/// nothing. Back and on lead to the first file of a page.
 /// @param lngActual position of the current file, from 0.
 /// @param lngUltimo position of the last file, -1 for an empty list.
+/// @param intCeldas files on a page.
 [[nodiscard]] constexpr std::optional<int> fDestino(Movimiento movimiento, int lngActual,
-                                                    int lngUltimo)
+                                                    int lngUltimo, int intCeldas = 1)
 {
     if (lngUltimo < 0) {
         return {};
     }
-    const bool bolAtras = movimiento == Movimiento::Primero || movimiento == Movimiento::Anterior;
-    if (lngActual == (bolAtras ? 0 : lngUltimo)) {
-        return {};
-    }
+    const int lngInicio = fInicioPagina(lngActual, intCeldas);
+    const int intPaso = std::max(intCeldas, 1);
     switch (movimiento) {
     case Movimiento::Primero:
-        return 0;
+        return lngActual > 0 ? std::optional(0) : std::nullopt;
     case Movimiento::Anterior:
-        return lngActual - 1;
+        return lngInicio > 0 ? std::optional(lngInicio - intPaso) : std::nullopt;
     case Movimiento::Siguiente:
-        return lngActual + 1;
+        return lngUltimo - lngInicio >= intPaso ? std::optional(lngInicio + intPaso) : std::nullopt;
     case Movimiento::Ultimo:
-        return lngUltimo;
+        return lngActual < lngUltimo ? std::optional(lngUltimo) : std::nullopt;
     }
     return {};
+}
+
+/// Positions that follow each other: lngDesde and those after it, without lngHasta.
+struct clsTramo {
+    int lngDesde = 0;
+    int lngHasta = 0;
+    friend bool operator==(const clsTramo &, const clsTramo &) = default;
+};
+
+/// The positions the viewing panel shows: the page that holds the current file.
+/// @param lngCantidad files in the list; none give no position.
+[[nodiscard]] constexpr clsTramo fTramoPagina(int lngActual, int lngCantidad, int intCeldas = 1)
+{
+    const int lngInicio = fInicioPagina(lngActual, intCeldas);
+    return {lngInicio, lngInicio + std::clamp(lngCantidad - lngInicio, 0, std::max(intCeldas, 1))};
 }
