@@ -1,5 +1,6 @@
 #include "catalogue/filas.h"
 
+#include "shared/fecha.h"
 #include "shared/numeros.h"
 #include "shared/rutas.h"
 #include "shared/texto.h"
@@ -69,6 +70,25 @@ std::string fDesempaquetar(std::uint64_t lngFecha)
     return strFecha;
 }
 
+/// The day of a packed date, as clsFilas::fDia gives it.
+/// @param lngConocido a day that is known to be real, or 0: files of a folder often share theirs.
+std::uint32_t fDiaReal(std::uint64_t lngFecha, std::uint32_t lngConocido)
+{
+    const auto fBits = [lngFecha](unsigned intDesde, unsigned intBits) {
+        return static_cast<int>(lngFecha >> intDesde & ((1U << intBits) - 1));
+    };
+    const auto lngDia = static_cast<std::uint32_t>(lngFecha >> 17);
+    clsPartesFecha partes{0, 0, 0, fBits(12, 5), fBits(6, 6), fBits(0, 6)};
+    if (lngDia == lngConocido && partes.intHora < 24 && partes.intMinuto < 60 &&
+        partes.intSegundo < 60) {
+        return lngDia;
+    }
+    partes.intAno = fBits(26, 14);
+    partes.intMes = fBits(22, 4);
+    partes.intDia = fBits(17, 5);
+    return fFechaDe(partes) ? lngDia : 0;
+}
+
 } // namespace
 
 std::string_view clsFilas::fTextoNombre(std::uint32_t lngFila) const
@@ -87,14 +107,11 @@ std::string clsFilas::fTextoFecha(std::uint32_t lngFila) const
     return m_strTextos.substr(fila.lngTexto + fila.lngNombre, fila.lngFecha & ~lngFechaTexto);
 }
 
-std::string_view clsFilas::fNombre(int lngPos) const
-{
-    return fTextoNombre(m_lstOrden[static_cast<std::size_t>(lngPos)]);
-}
+std::string_view clsFilas::fNombre(int lngPos) const { return fTextoNombre(fNumero(lngPos)); }
 
 std::string_view clsFilas::fCarpeta(int lngPos) const
 {
-    return m_lstCarpetas[fFila(lngPos).lngCarpeta];
+    return m_lstCarpetas[m_lstCarpetaDe[fNumero(lngPos)]];
 }
 
 std::string clsFilas::fRuta(int lngPos) const
@@ -102,22 +119,13 @@ std::string clsFilas::fRuta(int lngPos) const
     return std::string(fCarpeta(lngPos)).append(fNombre(lngPos));
 }
 
-std::string clsFilas::fFecha(int lngPos) const
-{
-    return fTextoFecha(m_lstOrden[static_cast<std::size_t>(lngPos)]);
-}
+std::string clsFilas::fFecha(int lngPos) const { return fTextoFecha(fNumero(lngPos)); }
 
-std::int64_t clsFilas::fTamano(int lngPos) const { return fFila(lngPos).lngBytes; }
+std::int64_t clsFilas::fTamano(int lngPos) const { return m_lstFilas[fNumero(lngPos)].lngBytes; }
 
-bool clsFilas::fMarcada(int lngPos) const
-{
-    return m_lstMarcas[m_lstOrden[static_cast<std::size_t>(lngPos)]];
-}
+bool clsFilas::fMarcada(int lngPos) const { return m_lstMarcas[fNumero(lngPos)]; }
 
-void clsFilas::fMarcar(int lngPos, bool bolMarca)
-{
-    m_lstMarcas[m_lstOrden[static_cast<std::size_t>(lngPos)]] = bolMarca;
-}
+void clsFilas::fMarcar(int lngPos, bool bolMarca) { m_lstMarcas[fNumero(lngPos)] = bolMarca; }
 
 int clsFilas::fContarMarcados() const
 {
@@ -132,7 +140,7 @@ int clsFilas::fBuscarRuta(std::string_view strRuta) const
     }
     const std::string_view strNombre = fNombreDe(strRuta);
     for (int lngPos = fCantidad() - 1; lngPos >= 0; --lngPos) {
-        if (fFila(lngPos).lngCarpeta == itCarpeta->second && fNombre(lngPos) == strNombre) {
+        if (m_lstCarpetaDe[fNumero(lngPos)] == itCarpeta->second && fNombre(lngPos) == strNombre) {
             return lngPos;
         }
     }
@@ -150,6 +158,8 @@ void clsFilas::fReservar(std::size_t lngFilas, std::size_t lngBytesTexto)
 {
     m_strTextos.reserve(m_strTextos.size() + lngBytesTexto);
     m_lstFilas.reserve(m_lstFilas.size() + lngFilas);
+    m_lstCarpetaDe.reserve(m_lstCarpetaDe.size() + lngFilas);
+    m_lstDias.reserve(m_lstDias.size() + lngFilas);
     m_lstOrden.reserve(m_lstOrden.size() + lngFilas);
     m_lstMarcas.reserve(m_lstMarcas.size() + lngFilas);
 }
@@ -157,8 +167,8 @@ void clsFilas::fReservar(std::size_t lngFilas, std::size_t lngBytesTexto)
 std::uint32_t clsFilas::fNumeroCarpeta(std::string_view strCarpeta)
 {
     // Files of one folder follow each other in the catalogue.
-    if (!m_lstFilas.empty() && m_lstCarpetas[m_lstFilas.back().lngCarpeta] == strCarpeta) {
-        return m_lstFilas.back().lngCarpeta;
+    if (!m_lstCarpetaDe.empty() && m_lstCarpetas[m_lstCarpetaDe.back()] == strCarpeta) {
+        return m_lstCarpetaDe.back();
     }
     const auto [it, bolNueva] = m_mapCarpetas.try_emplace(
         std::string(strCarpeta), static_cast<std::uint32_t>(m_lstCarpetas.size()));
@@ -183,7 +193,11 @@ void clsFilas::fAgregarFila(std::string_view strRuta, std::string_view strFecha,
     }
     m_lstOrden.push_back(static_cast<std::uint32_t>(m_lstFilas.size()));
     m_lstFilas.push_back(
-        {lngTexto, lngFecha, lngBytes, static_cast<std::uint32_t>(strNombre.size()), lngCarpeta});
+        {lngTexto, lngFecha, lngBytes, static_cast<std::uint32_t>(strNombre.size())});
+    m_lstCarpetaDe.push_back(lngCarpeta);
+    const auto lngReal = lngPartes ? lngPartes : fEmpaquetar(fSinBlancos(strFecha));
+    const std::uint32_t lngAnterior = m_lstDias.empty() ? 0 : m_lstDias.back();
+    m_lstDias.push_back(lngReal ? fDiaReal(*lngReal, lngAnterior) : 0);
     m_lstMarcas.push_back(false);
     ++m_lngRevision;
 }

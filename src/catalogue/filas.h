@@ -53,8 +53,11 @@ public:
     {
         const clsFila &fila = m_lstFilas[lngFila];
         return {fila.lngFecha, (fila.lngFecha & lngFechaTexto) == 0, fila.lngBytes,
-                fila.lngCarpeta};
+                m_lstCarpetaDe[lngFila]};
     }
+    /// The day of a row by its number, as year * 512 + month * 32 + day. 0 when the date text,
+    /// blanks around it left out, is no real date of the years 100 to 9999.
+    [[nodiscard]] std::uint32_t fDia(std::uint32_t lngFila) const { return m_lstDias[lngFila]; }
     [[nodiscard]] std::string_view fTextoNombre(std::uint32_t lngFila) const;
     [[nodiscard]] std::string fTextoFecha(std::uint32_t lngFila) const;
     [[nodiscard]] const std::vector<std::string> &fTextosCarpeta() const { return m_lstCarpetas; }
@@ -67,20 +70,22 @@ public:
 private:
     static constexpr std::uint64_t lngFechaTexto = std::uint64_t{1} << 63;
     struct clsFila {
-        std::uint64_t lngTexto;   ///< where the name starts in m_strTextos
-        std::uint64_t lngFecha;   ///< packed date; or lngFechaTexto + length of its text
-        std::int64_t lngBytes;    ///< size of the file
-        std::uint32_t lngNombre;  ///< length of the name
-        std::uint32_t lngCarpeta; ///< index into m_lstCarpetas
+        std::uint64_t lngTexto;  ///< where the name starts in m_strTextos
+        std::uint64_t lngFecha;  ///< packed date; or lngFechaTexto + length of its text
+        std::int64_t lngBytes;   ///< size of the file
+        std::uint32_t lngNombre; ///< length of the name
     };
-    [[nodiscard]] const clsFila &fFila(int lngPos) const
+    [[nodiscard]] std::uint32_t fNumero(int lngPos) const
     {
-        return m_lstFilas[m_lstOrden[static_cast<std::size_t>(lngPos)]];
+        return m_lstOrden[static_cast<std::size_t>(lngPos)];
     }
     std::uint32_t fNumeroCarpeta(std::string_view strCarpeta);
 
     std::string m_strTextos;
     std::vector<clsFila> m_lstFilas;
+    // Apart from the rest of a row, since a step can have to look at those of all rows at once.
+    std::vector<std::uint32_t> m_lstCarpetaDe; ///< index into m_lstCarpetas
+    std::vector<std::uint32_t> m_lstDias;      ///< see fDia
     std::vector<std::uint32_t> m_lstOrden;
     std::vector<bool> m_lstMarcas;
     std::vector<std::string> m_lstCarpetas;

@@ -3,6 +3,7 @@
 #include "shared/numeros.h"
 
 #include <gtest/gtest.h>
+#include <utility>
 
 namespace {
 
@@ -28,6 +29,31 @@ TEST(Filas, KeepDateTextsThatOnlyLookAlmostRight)
         filas.fAgregarFila("/f/b.jpg", strFecha, 1);
         EXPECT_EQ(filas.fFecha(0), strTexto);
         EXPECT_EQ(filas.fNombre(1), "b.jpg");
+    }
+}
+
+TEST(Filas, KnowTheDayOfARealDate)
+{
+    constexpr std::uint32_t lngDia = 2009 * 512 + 7 * 32 + 14;
+    const std::pair<const char *, std::uint32_t> lstCasos[] = {
+        {"2009/07/14 23:59:59",   lngDia                   },
+        {" 2009/07/14 18:03:22 ", lngDia                   },
+        {"2009/07/15 00:00:00",   lngDia + 1               },
+        {"9999/12/31 00:00:00",   9999 * 512 + 12 * 32 + 31},
+        {"2009/07/14 24:00:00",   0                        },
+        {"2009/07/14 23:60:00",   0                        },
+        {"2009/07/14 23:59:60",   0                        },
+        {"2009/02/29 18:03:22",   0                        },
+        {"0099/07/14 18:03:22",   0                        },
+        {"2009/07/14",            0                        },
+        {"",                      0                        },
+    };
+    for (const auto &[strTexto, lngEsperado] : lstCasos) {
+        SCOPED_TRACE(strTexto);
+        clsFilas filas;
+        filas.fAgregarFila("/f/a.jpg", strFecha, 1); // of the same day as some of them
+        filas.fAgregarFila("/f/b.jpg", strTexto, 1);
+        EXPECT_EQ(filas.fDia(1), lngEsperado);
     }
 }
 
