@@ -1,0 +1,102 @@
+#include "app/frmAcerca.h"
+
+#include "shared/programa.h"
+
+#include <QHBoxLayout>
+#include <QIcon>
+#include <QLabel>
+#include <QPushButton>
+#include <QVBoxLayout>
+
+#include <array>
+
+namespace {
+
+constexpr int intLadoLogo = 96;
+
+struct clsContacto {
+    const char *strTexto;
+    const char *strEnlace; ///< an address a browser or a mail program opens
+};
+
+/// Where the makers can be reached. They have named no place so far.
+constexpr std::array<clsContacto, 0> lstContactos = {};
+
+} // namespace
+
+frmAcerca::frmAcerca(QWidget *padre) : QDialog(padre)
+{
+    setObjectName(QStringLiteral("frmAcerca"));
+    setWindowTitle(tr("Acerca de %1").arg(QString::fromUtf8(strPrograma)));
+    auto *const imgLogo = new QLabel(this);
+    imgLogo->setObjectName(QStringLiteral("imgLogo"));
+    imgLogo->setAccessibleName(tr("Logotipo"));
+    imgLogo->setPixmap(QIcon(QStringLiteral(":/iconos/miravel.svg"))
+                           .pixmap(QSize(intLadoLogo, intLadoLogo), devicePixelRatioF()));
+    auto *const arriba = new QHBoxLayout;
+    arriba->setSpacing(intLadoLogo / 4);
+    arriba->addWidget(imgLogo, 0, Qt::AlignTop);
+    arriba->addLayout(fCrearTextos(), 1);
+    auto *const caja = new QVBoxLayout(this);
+    caja->setSizeConstraint(QLayout::SetFixedSize);
+    caja->addLayout(arriba);
+    caja->addSpacing(intLadoLogo / 8);
+    caja->addLayout(fCrearBotones());
+}
+
+QLabel *frmAcerca::fCrearEtiqueta(const char *strNombre, const QString &strTexto)
+{
+    auto *const etiqueta = new QLabel(strTexto, this);
+    etiqueta->setObjectName(QString::fromLatin1(strNombre));
+    etiqueta->setTextFormat(Qt::PlainText);
+    return etiqueta;
+}
+
+QLayout *frmAcerca::fCrearTextos()
+{
+    auto *const textos = new QVBoxLayout;
+    QLabel *const lblNombre = fCrearEtiqueta("lblNombre", QString::fromUtf8(strPrograma));
+    QFont letra = lblNombre->font();
+    letra.setBold(true);
+    letra.setPointSizeF(letra.pointSizeF() * 1.8);
+    lblNombre->setFont(letra);
+    textos->addWidget(lblNombre);
+    textos->addWidget(
+        fCrearEtiqueta("lblVersion", tr("Versión %1").arg(QString::fromUtf8(strVersion))));
+    textos->addWidget(
+        fCrearEtiqueta("lblDescripcion", tr("Consulta y visualización de imágenes y vídeos.")));
+    textos->addWidget(fCrearEtiqueta(
+        "lblLicencia",
+        tr("Es software libre, sin ninguna garantía. Puedes usarlo, cambiarlo y\n"
+           "compartirlo según la GNU General Public License, versión 3 o posterior.")));
+    int intIndice = 0;
+    for (const clsContacto &contacto : lstContactos) {
+        auto *const enlace = new QLabel(
+            QStringLiteral("<a href=\"%1\">%2</a>")
+                .arg(QString::fromUtf8(contacto.strEnlace), QString::fromUtf8(contacto.strTexto)),
+            this);
+        enlace->setObjectName(QStringLiteral("lblContacto%1").arg(intIndice++));
+        enlace->setOpenExternalLinks(true);
+        textos->addWidget(enlace);
+    }
+    textos->addStretch(1);
+    return textos;
+}
+
+QLayout *frmAcerca::fCrearBotones()
+{
+    auto *const cmdAyuda = new QPushButton(tr("Ayuda"), this);
+    cmdAyuda->setObjectName(QStringLiteral("cmdAyuda"));
+    cmdAyuda->setAutoDefault(false);
+    connect(cmdAyuda, &QPushButton::clicked, this, &frmAcerca::fAyudaPedida);
+    auto *const cmdAceptar = new QPushButton(tr("Aceptar"), this);
+    cmdAceptar->setObjectName(QStringLiteral("cmdAceptar"));
+    cmdAceptar->setDefault(true);
+    cmdAceptar->setFocus();
+    connect(cmdAceptar, &QPushButton::clicked, this, &QDialog::accept);
+    auto *const botones = new QHBoxLayout;
+    botones->addWidget(cmdAyuda);
+    botones->addStretch(1);
+    botones->addWidget(cmdAceptar);
+    return botones;
+}
