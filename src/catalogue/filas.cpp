@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <iterator>
+#include <numeric>
 #include <optional>
 
 namespace {
@@ -52,6 +53,19 @@ std::optional<std::uint64_t> fEmpaquetar(std::string_view strFecha)
             return {};
         }
         lngFecha = lngFecha << parte.intBits | intNumero;
+    }
+    return lngFecha;
+}
+
+/// A date in the same bits, without its text.
+std::uint64_t fEmpaquetar(clsFecha fecha)
+{
+    const clsPartesFecha partes = fPartes(fecha);
+    const int lstNumeros[] = {partes.intAno,  partes.intMes,    partes.intDia,
+                              partes.intHora, partes.intMinuto, partes.intSegundo};
+    std::uint64_t lngFecha = 0;
+    for (std::size_t lng = 0; lng < std::size(lstPartes); ++lng) {
+        lngFecha = lngFecha << lstPartes[lng].intBits | static_cast<std::uint64_t>(lstNumeros[lng]);
     }
     return lngFecha;
 }
@@ -199,6 +213,25 @@ void clsFilas::fAgregarFila(std::string_view strRuta, std::string_view strFecha,
     const std::uint32_t lngAnterior = m_lstDias.empty() ? 0 : m_lstDias.back();
     m_lstDias.push_back(lngReal ? fDiaReal(*lngReal, lngAnterior) : 0);
     m_lstMarcas.push_back(false);
+    ++m_lngRevision;
+}
+
+void clsFilas::fConservar(const std::vector<clsConservada> &lstConservadas)
+{
+    std::vector<clsFila> lstFilas;
+    lstFilas.reserve(lstConservadas.size());
+    for (const clsConservada &conservada : lstConservadas) {
+        clsFila &fila = lstFilas.emplace_back(fFila(conservada.lngPos));
+        if (conservada.lngBytes >= 0) {
+            fila.lngFecha = fEmpaquetar(conservada.fecha);
+            fila.lngBytes = conservada.lngBytes;
+        }
+    }
+    m_lstFilas = std::move(lstFilas);
+    m_lstOrden.resize(m_lstFilas.size());
+    m_lstOrden.shrink_to_fit();
+    std::iota(m_lstOrden.begin(), m_lstOrden.end(), 0U);
+    m_lstMarcas.assign(m_lstFilas.size(), false);
     ++m_lngRevision;
 }
 

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "shared/fecha.h"
+
 #include <cstdint>
 #include <string>
 #include <string_view>
@@ -8,6 +10,13 @@
 
 /// Field codes of a row.
 enum class Campo { Ruta = 0, Nombre = 1, Fecha = 2, Tamano = 3, Carpeta = 4 };
+
+/// A row that stays when others go.
+struct clsConservada {
+    int lngPos = 0;            ///< where it stands in the display order
+    std::int64_t lngBytes = 0; ///< its file's size now; below 0: the row keeps date and size
+    clsFecha fecha;            ///< and modification time
+};
 
 /// The list: one row per listed file, in display order, with its tick. It holds the file's name,
 /// date text, size and folder; about 60 bytes a row, since folders are shared and dates packed.
@@ -40,6 +49,10 @@ public:
     /// Room for that many more rows and bytes of names, so that adding them moves nothing. Memory
     /// that stays unused costs nothing but addresses.
     void fReservar(std::size_t lngFilas, std::size_t lngBytesTexto);
+
+    /// Keeps these rows only, in the order given, and clears every tick. No text is copied: those
+    /// of the rows that go stay in memory until fVaciar.
+    void fConservar(const std::vector<clsConservada> &lstConservadas);
 
     /// What a row is ordered by, without building texts.
     struct clsClave {
