@@ -1,0 +1,326 @@
+#include "filter/frmFiltro.h"
+
+#include "filter/mayusculas.h"
+#include "filter/txtFecha.h"
+#include "shared/qtexto.h"
+
+#include <QApplication>
+#include <QCheckBox>
+#include <QGridLayout>
+#include <QGroupBox>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QLineEdit>
+#include <QProgressBar>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QScopedValueRollback>
+#include <QTreeWidget>
+#include <QVBoxLayout>
+
+#include <algorithm>
+#include <utility>
+
+namespace {
+
+template <typename Control> Control *fNombrar(Control *control, const char *strNombre)
+{
+    control->setObjectName(QString::fromLatin1(strNombre));
+    return control;
+}
+
+QPushButton *fBoton(QWidget *padre, const char *strNombre, const QString &strTexto)
+{
+    auto *const boton = fNombrar(new QPushButton(strTexto, padre), strNombre);
+    boton->setAutoDefault(false); // Enter is the acceptance, wherever the focus is
+    return boton;
+}
+
+} // namespace
+
+frmFiltro::frmFiltro(QWidget *padre, const clsFilas &filas, clsValoresFiltro &valores,
+                     clsMensajes &mensajes, std::function<bool()> fCeder)
+    : QDialog(padre), m_filas(filas), m_valores(valores), m_mensajes(mensajes),
+      m_fCeder(std::move(fCeder)), m_lstFechas{fNombrar(new txtFecha(this), "txtFecha0"),
+                                               fNombrar(new txtFecha(this), "txtFecha1")},
+      m_txtTexto(fNombrar(new QLineEdit(this), "txtTexto")),
+      m_chkCarpeta(fNombrar(new QCheckBox(tr("Incluir carpeta"), this), "chkCarpeta")),
+      m_lblFiltrando(fNombrar(new QLabel(tr("... FILTRANDO ..."), this), "lblFiltrando")),
+      m_prgFiltrando(fNombrar(new QProgressBar(this), "prgFiltrando")),
+      m_cmdAceptar(fBoton(this, "cmdAceptar", tr("&Aceptar"))),
+      m_cmdCancelar(fBoton(this, "cmdCancelar", tr("&Cancelar")))
+{
+    setObjectName(QStringLiteral("frmFiltro"));
+    setWindowTitle(tr("Filtro"));
+    m_lstMarcos = {fCrearFechas(), fCrearTexto()};
+    auto *const caja = new QVBoxLayout(this);
+    for (QWidget *const marco : m_lstMarcos) {
+        caja->addWidget(marco);
+    }
+    caja->addStretch();
+    caja->addLayout(fCrearPie());
+    fCrearCarpeta();
+    fCargarValores();
+    connect(m_cmdAceptar, &QPushButton::clicked, this, &frmFiltro::fAceptar);
+    connect(m_cmdCancelar, &QPushButton::clicked, this, &frmFiltro::reject);
+    connect(qApp, &QApplication::focusChanged, this,
+            [this](const QWidget * /*antes*/, const QWidget *ahora) { fFocoCambiado(ahora); });
+    m_lstFechas[0]->setFocus();
+}
+
+QWidget *frmFiltro::fCrearFechas()
+{
+    auto *const marco = fNombrar(new QGroupBox(tr("Fecha:"), this), "frmFechaFiltro");
+    auto *const caja = new QHBoxLayout(marco);
+    // Deliberate: the blanks behind the second caption.
+    constexpr const char *lstEtiquetas[][2] = {
+        {"lblEtiqueta0", "Desde"  },
+        {"lblEtiqueta1", "Hasta  "}
+    };
+    for (std::size_t lng = 0; lng < m_lstFechas.size(); ++lng) {
+        auto *const lblEtiqueta = fNombrar(
+            new QLabel(QString::fromUtf8(lstEtiquetas[lng][1]), marco), lstEtiquetas[lng][0]);
+        lblEtiqueta->setBuddy(m_lstFechas[lng]);
+        caja->addWidget(lblEtiqueta);
+        caja->addWidget(m_lstFechas[lng]);
+        caja->addSpacing(lng == 0 ? fontMetrics().averageCharWidth() * 2 : 0);
+    }
+    caja->addStretch();
+    return marco;
+}
+
+QWidget *frmFiltro::fCrearTexto()
+{
+    auto *const marco = fNombrar(new QGroupBox(tr("Texto:"), this), "frmTexto");
+    auto *const lblEtiqueta = fNombrar(new QLabel(tr("(separa con comas)"), marco), "lblEtiqueta2");
+    m_txtTexto->setAccessibleName(tr("Texto"));
+    m_txtTexto->setAccessibleDescription(lblEtiqueta->text());
+    m_txtTexto->setSizePolicy(QSizePolicy::MinimumExpanding, QSizePolicy::Fixed);
+    auto *const caja = new QGridLayout(marco);
+    caja->addWidget(m_txtTexto, 0, 0);
+    caja->addWidget(lblEtiqueta, 0, 1);
+    caja->addWidget(fCrearOpciones(), 1, 0, 1, 2);
+    return marco;
+}
+
+QWidget *frmFiltro::fCrearOpciones()
+{
+    constexpr const char *lstModos[][2] = {
+        {"optTexto0", "AND"},
+        {"optTexto1", "OR" },
+        {"optTexto2", "NOR"}
+    };
+    auto *const fila = new QWidget(this);
+    auto *const caja = new QHBoxLayout(fila);
+    caja->setContentsMargins(0, 0, 0, 0);
+    caja->addWidget(m_chkCarpeta);
+    caja->addStretch();
+    for (std::size_t lng = 0; lng < m_lstModos.size(); ++lng) {
+        m_lstModos[lng] = fNombrar(new QRadioButton(QString::fromLatin1(lstModos[lng][1]), fila),
+                                   lstModos[lng][0]);
+        caja->addWidget(m_lstModos[lng]);
+        // Tab stops at the button that is set, also before the focus has been there.
+        m_lstModos[lng]->setFocusPolicy(Qt::ClickFocus);
+        connect(m_lstModos[lng], &QRadioButton::toggled, this, [opt = m_lstModos[lng]](bool bolSi) {
+            opt->setFocusPolicy(bolSi ? Qt::StrongFocus : Qt::ClickFocus);
+        });
+    }
+    return fila;
+}
+
+/// The frame of folders. Deliberate: nothing is attached to it, so it is never shown.
+void frmFiltro::fCrearCarpeta()
+{
+    auto *const marco = fNombrar(new QGroupBox(tr("Carpeta:"), this), "frmCarpeta");
+    marco->setVisible(false);
+    auto *const caja = new QVBoxLayout(marco);
+    auto *const treLista = fNombrar(new QTreeWidget(marco), "treLista");
+    treLista->setAccessibleName(tr("Carpetas"));
+    caja->addWidget(treLista);
+    caja->addWidget(fBoton(marco, "cmdExpand0", tr("Contraer todo")));
+    caja->addWidget(fBoton(marco, "cmdExpand1", tr("Expandir todo")));
+}
+
+QLayout *frmFiltro::fCrearPie()
+{
+    m_prgFiltrando->setAccessibleName(tr("Progreso"));
+    m_prgFiltrando->setTextVisible(false);
+    m_prgFiltrando->setMaximum(std::max(m_filas.fCantidad(), 1));
+    auto *const caja = new QHBoxLayout;
+    for (QWidget *const control :
+         {static_cast<QWidget *>(m_lblFiltrando), static_cast<QWidget *>(m_prgFiltrando)}) {
+        // Their place is kept, so that nothing moves when they appear.
+        QSizePolicy politica = control->sizePolicy();
+        politica.setRetainSizeWhenHidden(true);
+        control->setSizePolicy(politica);
+        control->setVisible(false);
+        caja->addWidget(control);
+    }
+    caja->setStretchFactor(m_prgFiltrando, 1);
+    caja->addWidget(m_cmdAceptar);
+    caja->addWidget(m_cmdCancelar);
+    m_cmdAceptar->setDefault(true);
+    // In the order in which they are read.
+    setTabOrder(m_lstFechas[0], m_lstFechas[1]);
+    setTabOrder(m_lstFechas[1], m_txtTexto);
+    setTabOrder(m_txtTexto, m_chkCarpeta);
+    setTabOrder(m_chkCarpeta, m_lstModos[0]);
+    setTabOrder(m_lstModos[0], m_lstModos[1]);
+    setTabOrder(m_lstModos[1], m_lstModos[2]);
+    setTabOrder(m_lstModos[2], m_cmdAceptar);
+    setTabOrder(m_cmdAceptar, m_cmdCancelar);
+    return caja;
+}
+
+void frmFiltro::fCargarValores()
+{
+    m_lstFechas[0]->fPoner(m_valores.strFiltroDesde);
+    m_lstFechas[1]->fPoner(m_valores.strFiltroHasta);
+    m_txtTexto->setText(fQ(m_valores.strFiltroTexto));
+    m_chkCarpeta->setChecked(m_valores.strFiltroCarpeta == "S");
+    m_lstModos[static_cast<std::size_t>(m_valores.intFiltroModo)]->setChecked(true);
+}
+
+clsValoresFiltro frmFiltro::fValores() const
+{
+    const auto it = std::find_if(m_lstModos.begin(), m_lstModos.end(),
+                                 [](const QRadioButton *opt) { return opt->isChecked(); });
+    return {fUtf8(m_lstFechas[0]->text()), fUtf8(m_lstFechas[1]->text()), fUtf8(m_txtTexto->text()),
+            m_chkCarpeta->isChecked() ? "S" : "N", static_cast<int>(it - m_lstModos.begin())};
+}
+
+clsFiltrado frmFiltro::fMostrar()
+{
+    exec();
+    return std::move(m_filtrado);
+}
+
+void frmFiltro::showEvent(QShowEvent *evento)
+{
+    setWindowTitle(fQ(fTituloFiltro(m_filas.fCantidad())));
+    QDialog::showEvent(evento);
+}
+
+/// Whenever a control of the dialog takes the focus, a box may have been left.
+void frmFiltro::fFocoCambiado(const QWidget *ahora)
+{
+    if (ahora != nullptr && isAncestorOf(ahora)) {
+        QMetaObject::invokeMethod(this, &frmFiltro::fValidarSalida, Qt::QueuedConnection);
+    }
+}
+
+/// Validates the boxes that have not the focus. Cancelar takes it without that, and a press on
+/// Aceptar validates by itself when it is done: a box between press and release would swallow it.
+void frmFiltro::fValidarSalida()
+{
+    const QWidget *const foco = focusWidget();
+    if (m_bolOcupado || !isVisible() || foco == m_cmdCancelar || m_cmdCancelar->isDown() ||
+        m_cmdAceptar->isDown()) {
+        return;
+    }
+    const QScopedValueRollback<bool> ocupado(m_bolOcupado, true);
+    static_cast<void>(fValidarCajas(foco));
+}
+
+bool frmFiltro::fValidarCajas(const QWidget *salvo)
+{
+    for (txtFecha *const caja : m_lstFechas) {
+        const FalloFiltro fallo = caja == salvo ? FalloFiltro::Ninguno : caja->fDejar();
+        if (fallo != FalloFiltro::Ninguno) {
+            m_mensajes.fAviso(Icono::Problema, std::string(fMensajeFiltro(fallo)));
+            caja->setFocus();
+            caja->selectAll();
+            return false;
+        }
+    }
+    return true;
+}
+
+void frmFiltro::fAceptar()
+{
+    if (m_bolOcupado) {
+        return;
+    }
+    const QScopedValueRollback<bool> ocupado(m_bolOcupado, true);
+    if (!fValidarCajas(nullptr)) {
+        return;
+    }
+    clsValoresFiltro valores = fValores();
+    const clsPeticionFiltro peticion = fPedirFiltro(valores);
+    if (peticion.fallo != FalloFiltro::Ninguno) {
+        fSeguirAbierto(peticion.fallo);
+        return;
+    }
+    m_txtTexto->setText(fQ(valores.strFiltroTexto));
+    fFiltrarPor(peticion.filtro, valores);
+}
+
+void frmFiltro::fFiltrarPor(const clsFiltro &filtro, const clsValoresFiltro &valores)
+{
+    QWidget *const foco = focusWidget();
+    fTrabajar(true);
+    const auto fPaso = [this](int lngHechas) {
+        m_prgFiltrando->setValue(lngHechas);
+        return m_fCeder() && !m_bolParar;
+    };
+    if (fPaso(0)) {
+        m_filtrado = fFiltrar(m_filas, filtro, fMayusculasCompuestas, fPaso);
+    }
+    fTrabajar(false);
+    if (m_filtrado.resultado == ResultadoFiltro::Cancelado) {
+        reject();
+        return;
+    }
+    m_valores = valores;
+    const FalloFiltro fallo = fFalloDe(m_filtrado.resultado);
+    if (fallo == FalloFiltro::Ninguno) {
+        accept();
+        return;
+    }
+    m_filtrado = {};
+    if (foco != nullptr) {
+        foco->setFocus();
+    }
+    fSeguirAbierto(fallo);
+}
+
+/// Shows that the filter runs. Only Cancelar can be pressed meanwhile.
+void frmFiltro::fTrabajar(bool bolTrabaja)
+{
+    if (bolTrabaja) {
+        m_cmdCancelar->setFocus();
+        QApplication::setOverrideCursor(Qt::WaitCursor);
+    } else {
+        QApplication::restoreOverrideCursor();
+    }
+    m_bolFiltrando = bolTrabaja;
+    m_bolParar = false;
+    for (QWidget *const marco : m_lstMarcos) {
+        marco->setEnabled(!bolTrabaja);
+    }
+    m_cmdAceptar->setEnabled(!bolTrabaja);
+    m_lblFiltrando->setVisible(bolTrabaja);
+    m_prgFiltrando->setVisible(bolTrabaja);
+    setWindowTitle(bolTrabaja ? m_lblFiltrando->text() : fQ(fTituloFiltro(m_filas.fCantidad())));
+}
+
+/// Says why the dialog stays open, and makes the box that has the focus ready for typing again.
+void frmFiltro::fSeguirAbierto(FalloFiltro fallo)
+{
+    m_mensajes.fAviso(Icono::Problema, std::string(fMensajeFiltro(fallo)));
+    for (txtFecha *const caja : m_lstFechas) {
+        if (caja == focusWidget()) {
+            caja->fEditar();
+            caja->selectAll();
+        }
+    }
+}
+
+void frmFiltro::reject()
+{
+    if (m_bolFiltrando) {
+        m_bolParar = true;
+        return;
+    }
+    QDialog::reject();
+}

@@ -1,0 +1,76 @@
+#pragma once
+
+#include "filter/formulario_filtro.h"
+#include "shared/mensajes.h"
+
+#include <QDialog>
+
+#include <array>
+#include <functional>
+
+class QCheckBox;
+class QGroupBox;
+class QLabel;
+class QLineEdit;
+class QProgressBar;
+class QPushButton;
+class QRadioButton;
+class txtFecha;
+
+/// The filter: asks for dates or words and finds the rows that match.
+class frmFiltro : public QDialog {
+    Q_OBJECT
+public:
+    /// @param filas   the list; only read, and not to be changed while the dialog is open.
+    /// @param valores what the dialog shows first; what it filtered by afterwards.
+    /// @param fCeder  lets events run; false ends the filter (the program is closing).
+    frmFiltro(QWidget *padre, const clsFilas &filas, clsValoresFiltro &valores,
+              clsMensajes &mensajes, std::function<bool()> fCeder);
+
+    /// Shows it and waits until it is closed.
+    /// @return Cancelado, Igual or Menos: when nothing is found the dialog stays open.
+    clsFiltrado fMostrar();
+
+    /// Esc, Cancelar and closing: they end a filter that is running, too.
+    void reject() override;
+
+protected:
+    void showEvent(QShowEvent *evento) override;
+
+private:
+    QWidget *fCrearFechas();
+    QWidget *fCrearTexto();
+    QWidget *fCrearOpciones();
+    void fCrearCarpeta();
+    QLayout *fCrearPie();
+    void fCargarValores();
+    void fFocoCambiado(const QWidget *ahora);
+
+    void fValidarSalida();
+    [[nodiscard]] bool fValidarCajas(const QWidget *salvo);
+    [[nodiscard]] clsValoresFiltro fValores() const;
+    void fAceptar();
+    void fFiltrarPor(const clsFiltro &filtro, const clsValoresFiltro &valores);
+    void fTrabajar(bool bolTrabaja);
+    void fSeguirAbierto(FalloFiltro fallo);
+
+    const clsFilas &m_filas;
+    clsValoresFiltro &m_valores;
+    clsMensajes &m_mensajes;
+    std::function<bool()> m_fCeder;
+
+    std::array<txtFecha *, 2> m_lstFechas;
+    QLineEdit *m_txtTexto;
+    QCheckBox *m_chkCarpeta;
+    std::array<QRadioButton *, 3> m_lstModos{};
+    std::array<QWidget *, 2> m_lstMarcos{}; ///< the frames that show, for switching them off
+    QLabel *m_lblFiltrando;
+    QProgressBar *m_prgFiltrando;
+    QPushButton *m_cmdAceptar;
+    QPushButton *m_cmdCancelar;
+
+    clsFiltrado m_filtrado;
+    bool m_bolOcupado = false;   ///< a validation or a filter is under way
+    bool m_bolFiltrando = false; ///< of these, a filter
+    bool m_bolParar = false;     ///< it is to end
+};
