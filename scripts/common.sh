@@ -1,7 +1,9 @@
 # What scripts/run and scripts/test share. Sourced, not run.
 
-# The program: compiler, Qt with its SVG plug-in and Spanish texts, a font, and xdg-open.
+# The program: compiler, Qt with its SVG plug-in and Spanish texts, libav for frames of videos, a
+# font, and xdg-open.
 packages_program=(cmake g++ ninja-build qt6-base-dev libqt6svg6 qt6-translations-l10n
+    libavformat-dev libavcodec-dev libswscale-dev libavutil-dev pkg-config
     fonts-dejavu-core xdg-utils)
 # The tests besides: GoogleTest, a display without a screen, the checkers, libFuzzer.
 packages_tests=(libgtest-dev xvfb xauth xdotool locales util-linux procps

@@ -1,0 +1,255 @@
+#include "viewer/cache_escritorio.h"
+
+#include "shared/rutas.h"
+#include "shared/uri.h"
+
+#include <QBuffer>
+#include <QCryptographicHash>
+#include <QFile>
+#include <QImageReader>
+#include <QImageWriter>
+
+#include <cstdio>
+#include <cstdlib>
+#include <ctime>
+#include <fcntl.h>
+#include <memory>
+#include <sys/stat.h>
+#include <unistd.h>
+#include <utility>
+#include <vector>
+
+namespace {
+
+struct clsTam {
+    const char *strCarpeta;
+    int intLado;
+};
+constexpr clsTam lstTamanos[] = {
+    {"normal/",   128 },
+    {"large/",    256 },
+    {"x-large/",  512 },
+    {"xx-large/", 1024},
+};
+/// Program and version; a new version of the child would have to raise it, to try again.
+constexpr const char *strFallos = "fail/miravel-1/";
+/// Until when a note of a failure holds, in seconds since 1970.
+constexpr const char *strHasta = "X-Miravel::Until";
+constexpr std::int64_t lngDia = 86400;
+
+/// Keys and values of a PNG.
+using clsTextos = std::vector<std::pair<QByteArray, QByteArray>>;
+
+/// Name of the entry for a URI, the same in every folder.
+std::string fEntrada(const std::string &strUri)
+{
+    const auto datUri =
+        QByteArray::fromRawData(strUri.data(), static_cast<qsizetype>(strUri.size()));
+    return QCryptographicHash::hash(datUri, QCryptographicHash::Md5).toHex().toStdString() + ".png";
+}
+
+/// Reads an entry; null when it does not say that it belongs to a file of that URI, time and size.
+QImage fLeerEntrada(const std::string &strEntrada, const std::string &strUri,
+                    const clsHuella &huella)
+{
+    int intError = 0;
+    const clsDescriptor descriptor = fAbrirRegular(strEntrada, intError);
+    QFile archivo;
+    if (!descriptor.fAbierto() || !archivo.open(descriptor.fFd(), QIODevice::ReadOnly)) {
+        return {};
+    }
+    // The reader itself would cut these keys at their first colon; the image does not.
+    QImage imagen = QImageReader(&archivo, "png").read();
+    const QString strBytes = imagen.text(QStringLiteral("Thumb::Size"));
+    const bool bolSuya =
+        imagen.text(QStringLiteral("Thumb::URI")).toStdString() == strUri &&
+        imagen.text(QStringLiteral("Thumb::MTime")) == QString::number(huella.lngSegundos) &&
+        (strBytes.isEmpty() || strBytes == QString::number(huella.lngBytes));
+    return bolSuya ? imagen : QImage();
+}
+
+quint32 fCrc(const QByteArray &datBytes)
+{
+    quint32 lngCrc = 0xffffffffU;
+    for (const char chr : datBytes) {
+        lngCrc ^= static_cast<unsigned char>(chr);
+        for (int intBit = 0; intBit < 8; ++intBit) {
+            lngCrc = (lngCrc >> 1U) ^ ((lngCrc & 1U) != 0 ? 0xedb88320U : 0U);
+        }
+    }
+    return ~lngCrc;
+}
+
+void fPoner32(QByteArray &datSalida, quint32 lngNumero)
+{
+    for (const unsigned lngBits : {24U, 16U, 8U, 0U}) {
+        datSalida.append(static_cast<char>(lngNumero >> lngBits & 0xffU));
+    }
+}
+
+/// The bytes of a PNG with these texts as tEXt chunks (PNG, section 11.3.4.3). Qt would compress
+/// the long ones (zTXt), which not every reader of thumbnails looks at.
+QByteArray fPng(const QImage &imagen, const clsTextos &lstTextos)
+{
+    QBuffer bufer;
+    QImageWriter escritor(&bufer, "png");
+    escritor.setQuality(80); // of compression: a little, fast
+    QImage desnuda = imagen;
+    for (const QString &strClave : desnuda.textKeys()) {
+        desnuda.setText(strClave, QString());
+    }
+    if (!bufer.open(QIODevice::WriteOnly) || !escritor.write(desnuda)) {
+        return {};
+    }
+    QByteArray datTrozos;
+    for (const auto &[strClave, strValor] : lstTextos) {
+        const QByteArray datTrozo = "tEXt" + strClave + '\0' + strValor;
+        fPoner32(datTrozos, static_cast<quint32>(datTrozo.size() - 4));
+        datTrozos += datTrozo;
+        fPoner32(datTrozos, fCrc(datTrozo));
+    }
+    constexpr qsizetype lngTrasCabecera = 8 + 25; // signature and IHDR
+    QByteArray datPng = bufer.data();
+    return datPng.insert(lngTrasCabecera, datTrozos);
+}
+
+clsTextos fTextos(const std::string &strUri, const clsHuella &huella)
+{
+    return {
+        {"Thumb::URI",   QByteArray::fromStdString(strUri)     },
+        {"Thumb::MTime", QByteArray::number(huella.lngSegundos)},
+        {"Thumb::Size",  QByteArray::number(huella.lngBytes)   },
+        {"Software",     "Miravel"                             }
+    };
+}
+
+/// Makes a folder and those above it, for the user alone; whether it is there.
+bool fCrearCarpeta(const std::string &strCarpeta)
+{
+    for (std::size_t lng = strCarpeta.find('/', 1); lng != std::string::npos;
+         lng = strCarpeta.find('/', lng + 1)) {
+        mkdir(strCarpeta.substr(0, lng).c_str(), S_IRWXU);
+    }
+    return fExisteCarpeta(strCarpeta);
+}
+
+/// Puts an entry in its place, whole, readable by the user alone. Not flushed: one that a power cut
+/// spoils is not valid, and is made again.
+void fPonerEntrada(const std::string &strCarpeta, const std::string &strNombre,
+                   const QByteArray &datPng)
+{
+    if (datPng.isEmpty() || !fCrearCarpeta(strCarpeta)) {
+        return;
+    }
+    std::string strTemporal = strCarpeta + strNombre + ".XXXXXX";
+    clsDescriptor temporal(mkostemp(strTemporal.data(), O_CLOEXEC));
+    if (!temporal.fAbierto()) {
+        return;
+    }
+    const std::string_view strBytes(datPng.data(), static_cast<std::size_t>(datPng.size()));
+    const bool bolEscrito = fEscribirTodo(temporal.fFd(), strBytes) == 0;
+    if (temporal.fCerrar() != 0 || !bolEscrito ||
+        std::rename(strTemporal.c_str(), (strCarpeta + strNombre).c_str()) != 0) {
+        unlink(strTemporal.c_str());
+    }
+}
+
+/// The path without links; empty when it leads nowhere.
+std::string fRutaReal(const std::string &strRuta)
+{
+    const std::unique_ptr<char, void (*)(void *)> strReal(realpath(strRuta.c_str(), nullptr),
+                                                          std::free);
+    return strReal ? strReal.get() : std::string();
+}
+
+} // namespace
+
+clsCacheEscritorio::clsCacheEscritorio(std::string strCarpeta) : m_strCarpeta(std::move(strCarpeta))
+{
+}
+
+std::string clsCacheEscritorio::fCarpetaUsual()
+{
+    const char *strCache = std::getenv("XDG_CACHE_HOME");
+    // A relative path counts as none (freedesktop Base Directory standard).
+    if (strCache != nullptr && *strCache == '/') {
+        return fBarraFinal(strCache, false) + "thumbnails/";
+    }
+    const char *strCasa = std::getenv("HOME");
+    return strCasa != nullptr && *strCasa == '/'
+               ? fBarraFinal(strCasa, false) + ".cache/thumbnails/"
+               : std::string();
+}
+
+int clsCacheEscritorio::fLadoCache(int intLado)
+{
+    for (const clsTam &tam : lstTamanos) {
+        if (tam.intLado >= intLado) {
+            return tam.intLado;
+        }
+    }
+    return intLado;
+}
+
+QImage clsCacheEscritorio::fLeer(const std::string &strRuta, const clsHuella &huella,
+                                 int intLado) const
+{
+    const std::string strUri = fUriDeRuta(strRuta);
+    const std::string strNombre = fEntrada(strUri);
+    for (const clsTam &tam : lstTamanos) {
+        if (m_strCarpeta.empty() || tam.intLado < intLado) {
+            continue;
+        }
+        QImage imagen = fLeerEntrada(m_strCarpeta + tam.strCarpeta + strNombre, strUri, huella);
+        if (!imagen.isNull()) {
+            return imagen;
+        }
+    }
+    return {};
+}
+
+void clsCacheEscritorio::fGuardar(const std::string &strRuta, const clsHuella &huella, int intLado,
+                                  const QImage &imagen) const
+{
+    for (const clsTam &tam : lstTamanos) {
+        if (tam.intLado == intLado && !fPropia(strRuta)) {
+            const std::string strUri = fUriDeRuta(strRuta);
+            fPonerEntrada(m_strCarpeta + tam.strCarpeta, fEntrada(strUri),
+                          fPng(imagen, fTextos(strUri, huella)));
+        }
+    }
+}
+
+bool clsCacheEscritorio::fFallido(const std::string &strRuta, const clsHuella &huella) const
+{
+    const std::string strUri = fUriDeRuta(strRuta);
+    if (m_strCarpeta.empty()) {
+        return false;
+    }
+    const QImage nota = fLeerEntrada(m_strCarpeta + strFallos + fEntrada(strUri), strUri, huella);
+    const QString strLimite = nota.text(QLatin1String(strHasta));
+    return !nota.isNull() && (strLimite.isEmpty() || strLimite.toLongLong() > std::time(nullptr));
+}
+
+void clsCacheEscritorio::fApuntarFallo(const std::string &strRuta, const clsHuella &huella,
+                                       bool bolPasajero) const
+{
+    if (fPropia(strRuta)) {
+        return;
+    }
+    const std::string strUri = fUriDeRuta(strRuta);
+    clsTextos lstTextos = fTextos(strUri, huella);
+    if (bolPasajero) {
+        lstTextos.emplace_back(strHasta, QByteArray::number(qint64{std::time(nullptr)} + lngDia));
+    }
+    QImage imagen(1, 1, QImage::Format_ARGB32);
+    imagen.fill(Qt::transparent);
+    fPonerEntrada(m_strCarpeta + strFallos, fEntrada(strUri), fPng(imagen, lstTextos));
+}
+
+bool clsCacheEscritorio::fPropia(const std::string &strRuta) const
+{
+    const std::string strCarpeta = fRutaReal(m_strCarpeta);
+    return m_strCarpeta.empty() || strRuta.starts_with(m_strCarpeta) ||
+           (!strCarpeta.empty() && fRutaReal(strRuta).starts_with(strCarpeta + '/'));
+}

@@ -1,0 +1,211 @@
+#include "viewer/hijo_video.h"
+
+#include <algorithm>
+#include <array>
+#include <cerrno>
+#include <fcntl.h>
+#include <poll.h>
+#include <sys/socket.h>
+#include <thread>
+#include <unistd.h>
+#include <utility>
+
+namespace {
+
+using Fin = clsCuadroVideo::Fin;
+
+/// How long the child may keep silent before bolAnulado is looked at again.
+constexpr std::chrono::milliseconds pasoAnulado(20);
+/// What a shell says, and posix_spawn's child, about a program that cannot run.
+constexpr int intNoArranca = 127;
+
+/// Waits until the channel may be read or written.
+/// @return Imagen when it may, else Anulado, Tarde or Roto.
+Fin fEsperar(int intFd, short intEventos, clsHijoVideo::clsReloj::time_point limite,
+             const std::atomic<bool> &bolAnulado)
+{
+    for (;;) {
+        const auto queda =
+            std::chrono::ceil<std::chrono::milliseconds>(limite - clsHijoVideo::clsReloj::now());
+        if (bolAnulado) {
+            return Fin::Anulado;
+        }
+        if (queda.count() <= 0) {
+            return Fin::Tarde;
+        }
+        pollfd espera{intFd, intEventos, 0};
+        const int intListos =
+            poll(&espera, 1, static_cast<int>(std::min(queda, pasoAnulado).count()));
+        if (intListos > 0) {
+            return Fin::Imagen;
+        }
+        if (intListos < 0 && errno != EINTR) {
+            return Fin::Roto;
+        }
+    }
+}
+
+bool fMomentaneo() { return errno == EAGAIN || errno == EWOULDBLOCK || errno == EINTR; }
+
+} // namespace
+
+clsHijoVideo::clsHijoVideo(std::string strPrograma, std::chrono::milliseconds plazo)
+    : m_strPrograma(std::move(strPrograma)), m_plazo(plazo)
+{
+}
+
+clsCuadroVideo clsHijoVideo::fPedir(const std::string &strRuta, int intLado,
+                                    const std::atomic<bool> &bolAnulado)
+{
+    clsCuadroVideo cuadro;
+    if (strRuta.size() > lngLargoMaximo || bolAnulado) {
+        cuadro.fin = bolAnulado ? Fin::Anulado : Fin::NoSeLee;
+        return cuadro;
+    }
+    const auto lngLado =
+        std::clamp<std::uint32_t>(static_cast<std::uint32_t>(intLado), 1, lngLadoMaximo);
+    const auto limite = clsReloj::now() + m_plazo;
+    const bool bolDebia = fDebe();
+    const bool bolRecien = m_bolRecien || !m_proceso.fIniciado();
+    cuadro = fIntentar(strRuta, lngLado, {limite, bolAnulado});
+    // Its failure over an older request says nothing about this file; neither does the death of a
+    // child that served before: it may have died of old age.
+    const bool bolPorVieja = bolDebia && (cuadro.fin == Fin::Tarde || cuadro.fin == Fin::Roto);
+    if (bolPorVieja) {
+        return fIntentar(strRuta, lngLado, {clsReloj::now() + m_plazo, bolAnulado});
+    }
+    if (cuadro.fin == Fin::Roto && !bolRecien) {
+        return fIntentar(strRuta, lngLado, {limite, bolAnulado});
+    }
+    return cuadro;
+}
+
+clsCuadroVideo clsHijoVideo::fIntentar(const std::string &strRuta, std::uint32_t lngLado,
+                                       clsEspera espera)
+{
+    clsCuadroVideo cuadro;
+    cuadro.fin = Fin::NoArranca;
+    if (!fPreparar()) {
+        return cuadro;
+    }
+    if (fDebe()) {
+        espera.limite = m_limite; // first it has to come to an end with the older one
+    } else {
+        m_limite = espera.limite;
+    }
+    ++m_lngNumero;
+    cuadro.fin = fEnviar(fBytesPeticion(m_lngNumero, lngLado, strRuta), espera);
+    if (cuadro.fin == Fin::Imagen) {
+        cuadro = fRespuesta(lngLado, espera);
+    } else {
+        fDerribar(cuadro.fin); // it may have half of the request
+    }
+    return cuadro;
+}
+
+bool clsHijoVideo::fPreparar()
+{
+    if (m_proceso.fIniciado()) {
+        return true;
+    }
+    std::array<int, 2> lstExtremos{};
+    if (socketpair(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0, lstExtremos.data()) != 0) {
+        return false;
+    }
+    m_canal = clsDescriptor(lstExtremos[0]);
+    const clsDescriptor suyo(lstExtremos[1]);
+    m_bolRecien = true;
+    m_lngVista = m_lngNumero;
+    return m_proceso.fIniciar({m_strPrograma}, suyo.fFd());
+}
+
+Fin clsHijoVideo::fEnviar(const std::string &strBytes, const clsEspera &espera) const
+{
+    for (std::size_t lngHechos = 0; lngHechos < strBytes.size();) {
+        const Fin fin = fEsperar(m_canal.fFd(), POLLOUT, espera.limite, espera.bolAnulado);
+        if (fin != Fin::Imagen) {
+            return fin;
+        }
+        const ssize_t lngEnviados = send(m_canal.fFd(), strBytes.data() + lngHechos,
+                                         strBytes.size() - lngHechos, MSG_NOSIGNAL | MSG_DONTWAIT);
+        if (lngEnviados < 0 && !fMomentaneo()) {
+            return Fin::Roto;
+        }
+        lngHechos += static_cast<std::size_t>(std::max<ssize_t>(lngEnviados, 0));
+    }
+    return Fin::Imagen;
+}
+
+Fin clsHijoVideo::fRecibir(void *datos, std::size_t lngBytes, const clsEspera &espera,
+                           std::size_t &lngHechos) const
+{
+    for (lngHechos = 0; lngHechos < lngBytes;) {
+        const Fin fin = fEsperar(m_canal.fFd(), POLLIN, espera.limite, espera.bolAnulado);
+        if (fin != Fin::Imagen) {
+            return fin;
+        }
+        const ssize_t lngRecibidos = recv(m_canal.fFd(), static_cast<char *>(datos) + lngHechos,
+                                          lngBytes - lngHechos, MSG_DONTWAIT);
+        if (lngRecibidos == 0 || (lngRecibidos < 0 && !fMomentaneo())) {
+            return Fin::Roto;
+        }
+        lngHechos += static_cast<std::size_t>(std::max<ssize_t>(lngRecibidos, 0));
+    }
+    return Fin::Imagen;
+}
+
+clsCuadroVideo clsHijoVideo::fRespuesta(std::uint32_t lngLado, clsEspera &espera)
+{
+    clsCuadroVideo cuadro;
+    for (;;) {
+        clsRespuestaHijo respuesta;
+        std::size_t lngHechos = 0;
+        cuadro.fin = fRecibir(&respuesta, sizeof respuesta, espera, lngHechos);
+        if (cuadro.fin == Fin::Anulado && lngHechos == 0) {
+            return cuadro; // it may live, and owes
+        }
+        const bool bolSuya = respuesta.lngNumero == m_lngNumero;
+        const bool bolCreible = respuesta.lngNumero == m_lngVista + 1 &&
+                                fCreible(respuesta, bolSuya ? lngLado : lngLadoMaximo);
+        if (cuadro.fin == Fin::Imagen && bolCreible) {
+            cuadro.lstPuntos.resize(std::size_t{respuesta.lngAncho} * respuesta.lngAlto);
+            cuadro.fin =
+                fRecibir(cuadro.lstPuntos.data(), cuadro.lstPuntos.size() * sizeof(std::uint32_t),
+                         espera, lngHechos);
+        } else if (cuadro.fin == Fin::Imagen) {
+            cuadro.fin = Fin::Roto;
+        }
+        if (cuadro.fin != Fin::Imagen) {
+            cuadro.lstPuntos.clear();
+            fDerribar(cuadro.fin);
+            return cuadro;
+        }
+        ++m_lngVista;
+        m_bolRecien = false;
+        if (bolSuya) {
+            cuadro.intAncho = static_cast<int>(respuesta.lngAncho);
+            cuadro.intAlto = static_cast<int>(respuesta.lngAlto);
+            cuadro.fin = respuesta.estado == EstadoHijo::Imagen      ? Fin::Imagen
+                         : respuesta.estado == EstadoHijo::SinImagen ? Fin::SinImagen
+                                                                     : Fin::NoSeLee;
+            return cuadro;
+        }
+        // The time for the next one begins when the child can turn to it.
+        m_limite = espera.limite = clsReloj::now() + m_plazo;
+    }
+}
+
+void clsHijoVideo::fDerribar(Fin &fin)
+{
+    // The channel closes a moment before the end can be seen.
+    for (int intVez = 0; intVez < 50 && fin == Fin::Roto && m_bolRecien; ++intVez) {
+        if (const auto codigo = m_proceso.fFin()) {
+            fin = *codigo == intNoArranca ? Fin::NoArranca : fin;
+            break;
+        }
+        std::this_thread::sleep_for(std::chrono::milliseconds(1));
+    }
+    m_proceso.fMatar();
+    m_canal = clsDescriptor();
+    m_lngVista = m_lngNumero;
+}

@@ -1,0 +1,74 @@
+#pragma once
+
+#include "shared/archivo.h"
+#include "viewer/mensaje_hijo.h"
+#include "viewer/proceso.h"
+
+#include <atomic>
+#include <chrono>
+#include <cstdint>
+#include <string>
+#include <vector>
+
+/// A cuadro of a video, or why there is none.
+struct clsCuadroVideo {
+    enum class Fin {
+        Imagen,
+        SinImagen, ///< no cuadro comes out of this file
+        NoSeLee,   ///< the file could not be opened, or is none
+        Tarde,     ///< no answer within the time limit
+        Roto,      ///< the child died or answered nonsense
+        NoArranca, ///< the child program is missing or cannot run
+        Anulado    ///< no longer wanted
+    };
+    Fin fin = Fin::SinImagen;
+    int intAncho = 0; ///< pixels; 0 without an image
+    int intAlto = 0;
+    std::vector<std::uint32_t> lstPuntos; ///< 0xffRRGGBB, row by row
+};
+
+/// Our child program that takes frames of videos: started at the first request, kept for the next,
+/// killed when it hangs, dies or answers nonsense. For one thread at a time.
+class clsHijoVideo {
+public:
+    using clsReloj = std::chrono::steady_clock;
+
+    /// @param strPrograma path of the program.
+    /// @param plazo       time for one file, from request to answer.
+    clsHijoVideo(std::string strPrograma, std::chrono::milliseconds plazo);
+
+    /// Asks for a cuadro no larger than a box and waits for it.
+    /// @param intLado    side of the box in pixels, 1 to lngLadoMaximo.
+    /// @param bolAnulado looked at every few milliseconds; true ends the wait. The child then still
+    ///                   owes an answer, which the next request throws away by its number.
+    [[nodiscard]] clsCuadroVideo fPedir(const std::string &strRuta, int intLado,
+                                        const std::atomic<bool> &bolAnulado);
+
+    /// Whether an answer that nobody wants any more is still to come.
+    [[nodiscard]] bool fDebe() const { return m_lngVista != m_lngNumero; }
+
+private:
+    struct clsEspera {
+        clsReloj::time_point limite;
+        const std::atomic<bool> &bolAnulado;
+    };
+    [[nodiscard]] bool fPreparar();
+    [[nodiscard]] clsCuadroVideo fIntentar(const std::string &strRuta, std::uint32_t lngLado,
+                                           clsEspera espera);
+    [[nodiscard]] clsCuadroVideo fRespuesta(std::uint32_t lngLado, clsEspera &espera);
+    [[nodiscard]] clsCuadroVideo::Fin fEnviar(const std::string &strBytes,
+                                              const clsEspera &espera) const;
+    [[nodiscard]] clsCuadroVideo::Fin fRecibir(void *datos, std::size_t lngBytes,
+                                               const clsEspera &espera,
+                                               std::size_t &lngHechos) const;
+    void fDerribar(clsCuadroVideo::Fin &fin);
+
+    const std::string m_strPrograma;
+    const std::chrono::milliseconds m_plazo;
+    clsProceso m_proceso;
+    clsDescriptor m_canal;
+    std::uint32_t m_lngNumero = 0; ///< of the last request
+    std::uint32_t m_lngVista = 0;  ///< of the last answer; the child owes those between the two
+    clsReloj::time_point m_limite; ///< by when it has to have answered the first that it owes
+    bool m_bolRecien = true;       ///< has not answered anything yet
+};

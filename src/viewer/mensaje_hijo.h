@@ -1,0 +1,43 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+/// What Miravel and its child program for frames of videos (miravel-fotograma) say to each other.
+/// Both run on one machine and come from one build: numbers are in its byte order.
+
+/// A request; the bytes of the path follow.
+struct clsPeticionHijo {
+    static constexpr std::uint32_t lngMarcaBuena = 0x3f56494d;
+    std::uint32_t lngMarca = lngMarcaBuena;
+    std::uint32_t lngNumero = 0; ///< one more with every request
+    std::uint32_t lngLado = 0;   ///< side of the box in pixels, 1 to lngLadoMaximo
+    std::uint32_t lngLargo = 0;  ///< bytes of the path, at most lngLargoMaximo
+};
+
+enum class EstadoHijo : std::uint32_t {
+    Imagen,    ///< the pixels follow
+    SinImagen, ///< the file opens, but no frame comes out of it
+    NoSeLee    ///< the file could not be opened, or is none
+};
+
+/// An answer. With an image, lngAncho x lngAlto pixels of 32 bits follow, row by row, 0xffRRGGBB.
+struct clsRespuestaHijo {
+    static constexpr std::uint32_t lngMarcaBuena = 0x2156494d;
+    std::uint32_t lngMarca = lngMarcaBuena;
+    std::uint32_t lngNumero = 0; ///< that of the request
+    EstadoHijo estado = EstadoHijo::SinImagen;
+    std::uint32_t lngAncho = 0; ///< 0 without an image, else 1 to the side of the box
+    std::uint32_t lngAlto = 0;  ///< the same
+};
+
+inline constexpr std::uint32_t lngLadoMaximo = 4096;
+inline constexpr std::uint32_t lngLargoMaximo = 1U << 20U;
+
+/// The bytes of a request.
+[[nodiscard]] std::string fBytesPeticion(std::uint32_t lngNumero, std::uint32_t lngLado,
+                                         std::string_view strRuta);
+
+/// Whether an answer can be true at all, for a box of that side; its number is not looked at.
+[[nodiscard]] bool fCreible(const clsRespuestaHijo &respuesta, std::uint32_t lngLado);

@@ -1,0 +1,121 @@
+#include "viewer/proceso.h"
+
+#include <cerrno>
+#include <chrono>
+#include <csignal>
+#include <fcntl.h>
+#include <spawn.h>
+#include <sys/wait.h>
+#include <thread>
+#include <unistd.h>
+#include <utility>
+
+namespace {
+
+/// The two structures that tell posix_spawn how.
+class clsModo {
+public:
+    explicit clsModo(int intCanal)
+    {
+        posix_spawn_file_actions_init(&m_acciones);
+        posix_spawnattr_init(&m_rasgos);
+        // Handing over to a number of its own is what takes the close-on-exec flag away.
+        if (intCanal >= 0) {
+            posix_spawn_file_actions_adddup2(&m_acciones, intCanal, STDIN_FILENO);
+            posix_spawn_file_actions_adddup2(&m_acciones, intCanal, STDOUT_FILENO);
+        } else {
+            fNada(STDIN_FILENO);
+            fNada(STDOUT_FILENO);
+        }
+        fNada(STDERR_FILENO);
+        // It starts with the usual signals, whatever this program ignores or blocks.
+        sigset_t lstSenales;
+        sigemptyset(&lstSenales);
+        posix_spawnattr_setsigmask(&m_rasgos, &lstSenales);
+        sigaddset(&lstSenales, SIGPIPE);
+        sigaddset(&lstSenales, SIGCHLD);
+        posix_spawnattr_setsigdefault(&m_rasgos, &lstSenales);
+        posix_spawnattr_setpgroup(&m_rasgos, 0);
+        posix_spawnattr_setflags(&m_rasgos, POSIX_SPAWN_SETPGROUP | POSIX_SPAWN_SETSIGDEF |
+                                                POSIX_SPAWN_SETSIGMASK);
+    }
+    ~clsModo()
+    {
+        posix_spawn_file_actions_destroy(&m_acciones);
+        posix_spawnattr_destroy(&m_rasgos);
+    }
+    clsModo(const clsModo &) = delete;
+    clsModo &operator=(const clsModo &) = delete;
+
+    [[nodiscard]] pid_t fIniciar(char *const *lstArgumentos) const
+    {
+        pid_t pid = -1;
+        const int intError =
+            posix_spawnp(&pid, lstArgumentos[0], &m_acciones, &m_rasgos, lstArgumentos, environ);
+        return intError == 0 ? pid : -1;
+    }
+
+private:
+    void fNada(int intFd)
+    {
+        posix_spawn_file_actions_addopen(&m_acciones, intFd, "/dev/null", O_RDWR, 0);
+    }
+
+    posix_spawn_file_actions_t m_acciones{};
+    posix_spawnattr_t m_rasgos{};
+};
+
+void fRecoger(pid_t pid)
+{
+    while (waitpid(pid, nullptr, 0) < 0 && errno == EINTR) {
+    }
+}
+
+} // namespace
+
+clsProceso::~clsProceso() { fMatar(); }
+
+bool clsProceso::fIniciar(std::vector<std::string> lstArgumentos, int intCanal)
+{
+    fMatar();
+    std::vector<char *> lstPunteros;
+    lstPunteros.reserve(lstArgumentos.size() + 1);
+    for (std::string &strArgumento : lstArgumentos) {
+        lstPunteros.push_back(strArgumento.data());
+    }
+    lstPunteros.push_back(nullptr);
+    m_pid = lstArgumentos.empty() ? -1 : clsModo(intCanal).fIniciar(lstPunteros.data());
+    return fIniciado();
+}
+
+std::optional<int> clsProceso::fFin()
+{
+    // As long as its end is not taken note of, its number cannot become another group's.
+    siginfo_t fin{};
+    if (!fIniciado() ||
+        (waitid(P_PID, static_cast<id_t>(m_pid), &fin, WEXITED | WNOHANG | WNOWAIT) == 0 &&
+         fin.si_pid == 0)) {
+        return std::nullopt;
+    }
+    kill(-m_pid, SIGKILL);
+    fRecoger(std::exchange(m_pid, -1));
+    return fin.si_code == CLD_EXITED ? fin.si_status : -fin.si_status;
+}
+
+void clsProceso::fMatar()
+{
+    if (!fIniciado()) {
+        return;
+    }
+    kill(-m_pid, SIGKILL);
+    const pid_t pid = std::exchange(m_pid, -1);
+    for (int intVez = 0; intVez < 20; ++intVez) {
+        const pid_t pidFin = waitpid(pid, nullptr, WNOHANG);
+        if (pidFin == pid || (pidFin < 0 && errno != EINTR)) {
+            return;
+        }
+        std::this_thread::sleep_for(std::chrono::milliseconds(1));
+    }
+    // It hangs in the kernel, over a disk that does not answer. Nobody else waits for that.
+    std::thread(fRecoger, pid).detach();
+}

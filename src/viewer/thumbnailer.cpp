@@ -1,0 +1,228 @@
+#include "viewer/thumbnailer.h"
+
+#include "shared/archivo.h"
+#include "shared/rutas.h"
+#include "shared/texto.h"
+#include "viewer/proceso.h"
+
+#include <algorithm>
+#include <cstdlib>
+#include <dirent.h>
+#include <memory>
+#include <set>
+#include <thread>
+#include <unistd.h>
+#include <utility>
+
+namespace {
+
+using clsTextos = std::vector<std::string>;
+
+/// The types that desktops know the seven extensions by, in the shared MIME database and before it.
+struct clsTipo {
+    const char *strExtension;
+    const char *strTipo;
+};
+constexpr clsTipo lstTiposVideo[] = {
+    {"MPG", "video/mpeg"     },
+    {"MPG", "video/x-mpeg"   },
+    {"AVI", "video/x-msvideo"},
+    {"AVI", "video/vnd.avi"  },
+    {"AVI", "video/msvideo"  },
+    {"WMV", "video/x-ms-wmv" },
+    {"3GP", "video/3gpp"     },
+    {"3GP", "video/3gp"      },
+    {"FLV", "video/x-flv"    },
+    {"FLV", "video/flv"      },
+    {"MOV", "video/quicktime"},
+    {"MP4", "video/mp4"      },
+};
+
+/// The parts of a text between separators, empty ones left out.
+clsTextos fPartir(std::string_view strTexto, char chrEntre)
+{
+    clsTextos lstPartes;
+    while (!strTexto.empty()) {
+        const std::size_t lngFin = std::min(strTexto.find(chrEntre), strTexto.size());
+        if (lngFin > 0) {
+            lstPartes.emplace_back(strTexto.substr(0, lngFin));
+        }
+        strTexto.remove_prefix(std::min(lngFin + 1, strTexto.size()));
+    }
+    return lstPartes;
+}
+
+/// A value of a key file without its escapes \s \n \t \r and \\.
+std::string fSinEscapes(std::string_view strValor)
+{
+    std::string strTexto;
+    for (std::size_t lng = 0; lng < strValor.size(); ++lng) {
+        if (strValor[lng] != '\\' || lng + 1 == strValor.size()) {
+            strTexto += strValor[lng];
+            continue;
+        }
+        constexpr std::string_view strLetras = "sntr\\";
+        constexpr std::string_view strSignos = " \n\t\r\\";
+        const std::size_t lngLetra = strLetras.find(strValor[++lng]);
+        if (lngLetra == std::string_view::npos) {
+            strTexto += {'\\', strValor[lng]}; // not an escape of the file, perhaps one of Exec
+        } else {
+            strTexto += strSignos[lngLetra];
+        }
+    }
+    return strTexto;
+}
+
+bool fExiste(const std::string &strPrograma)
+{
+    if (strPrograma.find('/') != std::string::npos) {
+        return access(strPrograma.c_str(), X_OK) == 0;
+    }
+    const char *strCamino = std::getenv("PATH");
+    const clsTextos lstCarpetas = fPartir(strCamino == nullptr ? "/usr/bin:/bin" : strCamino, ':');
+    return std::any_of(lstCarpetas.begin(), lstCarpetas.end(), [&](const std::string &strCarpeta) {
+        return access((fBarraFinal(strCarpeta, false) + strPrograma).c_str(), X_OK) == 0;
+    });
+}
+
+/// What a code stands for; false for an unknown one.
+bool fPoner(std::string &strArgumento, char chrCodigo, const clsDatosOrden &datos)
+{
+    switch (chrCodigo) {
+    case 'u':
+        strArgumento += datos.strUri;
+        return true;
+    case 'i':
+        strArgumento += datos.strRuta;
+        return true;
+    case 'o':
+        strArgumento += datos.strSalida;
+        return true;
+    case 's':
+        strArgumento += std::to_string(datos.intLado);
+        return true;
+    case '%':
+        strArgumento += '%';
+        return true;
+    default:
+        return false;
+    }
+}
+
+bool fSirve(const clsThumbnailer &programa, std::string_view strExtension)
+{
+    const bool bolTipo =
+        std::any_of(std::begin(lstTiposVideo), std::end(lstTiposVideo), [&](const clsTipo &tipo) {
+            return fIgualSinCaja(tipo.strExtension, strExtension) &&
+                   std::find(programa.lstTipos.begin(), programa.lstTipos.end(), tipo.strTipo) !=
+                       programa.lstTipos.end();
+        });
+    return bolTipo && (programa.strTryExec.empty() || fExiste(programa.strTryExec));
+}
+
+std::set<std::string> fNombres(const std::string &strCarpeta)
+{
+    std::set<std::string> lstNombres;
+    const std::unique_ptr<DIR, int (*)(DIR *)> carpeta(opendir(strCarpeta.c_str()), closedir);
+    while (const dirent *entrada = carpeta ? readdir(carpeta.get()) : nullptr) {
+        const std::string_view strNombre = static_cast<const char *>(entrada->d_name);
+        if (strNombre.ends_with(".thumbnailer")) {
+            lstNombres.emplace(strNombre);
+        }
+    }
+    return lstNombres;
+}
+
+} // namespace
+
+std::optional<clsThumbnailer> fLeerThumbnailer(std::string_view strTexto)
+{
+    clsThumbnailer programa;
+    bool bolGrupo = false;
+    for (const std::string &strEntera : fPartir(strTexto, '\n')) {
+        const std::string_view strLinea =
+            fSinBlancos(std::string_view(strEntera).substr(0, strEntera.find('\r')));
+        const std::size_t lngIgual = strLinea.find('=');
+        if (strLinea.starts_with('[')) {
+            bolGrupo = strLinea == "[Thumbnailer Entry]";
+        } else if (bolGrupo && lngIgual != std::string_view::npos) {
+            const std::string_view strClave = fSinBlancos(strLinea.substr(0, lngIgual));
+            const std::string strValor = fSinEscapes(fSinBlancos(strLinea.substr(lngIgual + 1)));
+            if (strClave == "TryExec") {
+                programa.strTryExec = strValor;
+            } else if (strClave == "Exec") {
+                programa.strExec = strValor;
+            } else if (strClave == "MimeType") {
+                programa.lstTipos = fPartir(strValor, ';');
+            }
+        }
+    }
+    return programa.strExec.empty() ? std::nullopt : std::optional(std::move(programa));
+}
+
+std::vector<std::string> fOrden(std::string_view strExec, const clsDatosOrden &datos)
+{
+    clsTextos lstOrden;
+    bool bolDentro = false; // of an argument, which may be empty between quotes
+    char chrComilla = '\0';
+    for (std::size_t lng = 0; lng < strExec.size(); ++lng) {
+        const char chr = strExec[lng];
+        const bool bolSigue = lng + 1 < strExec.size();
+        if (chrComilla == '\0' && (chr == ' ' || chr == '\t')) {
+            bolDentro = false;
+            continue;
+        }
+        if (!bolDentro) {
+            lstOrden.emplace_back();
+            bolDentro = true;
+        }
+        if (chr == chrComilla) {
+            chrComilla = '\0';
+        } else if (chrComilla == '\0' && (chr == '"' || chr == '\'')) {
+            chrComilla = chr;
+        } else if (chr == '\\' && chrComilla != '\'' && bolSigue) {
+            lstOrden.back() += strExec[++lng];
+        } else if (chr != '%') {
+            lstOrden.back() += chr;
+        } else if (!bolSigue || !fPoner(lstOrden.back(), strExec[++lng], datos)) {
+            return {};
+        }
+    }
+    return chrComilla == '\0' ? lstOrden : clsTextos();
+}
+
+std::optional<std::string> fBuscarThumbnailer(const std::vector<std::string> &lstCarpetas,
+                                              std::string_view strRuta)
+{
+    std::set<std::string> lstVistos;
+    for (const std::string &strCarpeta : lstCarpetas) {
+        for (const std::string &strNombre : fNombres(strCarpeta)) {
+            int intError = 0;
+            const auto texto = lstVistos.insert(strNombre).second
+                                   ? fLeerArchivo(strCarpeta + strNombre, intError)
+                                   : std::nullopt;
+            const auto programa = texto ? fLeerThumbnailer(*texto) : std::nullopt;
+            if (programa && fSirve(*programa, fExtensionDe(strRuta))) {
+                return programa->strExec;
+            }
+        }
+    }
+    return std::nullopt;
+}
+
+std::optional<int> fEjecutar(std::vector<std::string> lstOrden, std::chrono::milliseconds plazo,
+                             const std::atomic<bool> &bolAnulado)
+{
+    const auto limite = std::chrono::steady_clock::now() + plazo;
+    clsProceso proceso;
+    if (!proceso.fIniciar(std::move(lstOrden))) {
+        return std::nullopt;
+    }
+    while (!bolAnulado && std::chrono::steady_clock::now() < limite) {
+        if (const auto codigo = proceso.fFin()) {
+            return codigo;
+        }
+        std::this_thread::sleep_for(std::chrono::milliseconds(5));
+    }
+    return std::nullopt;
+}
