@@ -33,11 +33,20 @@ QByteArray fBytes(const QColor &color, QSize tam, const char *strFormato)
     return bufer.data();
 }
 
-/// Twenty frames of Motion-JPEG; the one at a tenth of the length is red, the others are blue.
+/// Twenty frames of Motion-JPEG; the one at a tenth of the length is red, with a green top, the
+/// others are blue.
 std::vector<QByteArray> fCuadros(QSize tam)
 {
     std::vector<QByteArray> lstCuadros(20, fBytes(Qt::blue, tam, "jpg"));
-    lstCuadros[2] = fBytes(Qt::red, tam, "jpg");
+    QImage rojo = QImage::fromData(fBytes(Qt::red, tam, "png"));
+    for (int intY = 0; intY < tam.height() / 4; ++intY) {
+        for (int intX = 0; intX < tam.width(); ++intX) {
+            rojo.setPixelColor(intX, intY, Qt::green);
+        }
+    }
+    QBuffer bufer(&lstCuadros[2]);
+    bufer.open(QIODevice::WriteOnly | QIODevice::Truncate);
+    rojo.save(&bufer, "jpg", 90);
     return lstCuadros;
 }
 
@@ -57,11 +66,16 @@ std::string fMovRojo(QSize tam, bool bolGirado)
     return strMov;
 }
 
-bool fEs(const QImage &imagen, const QColor &color)
+bool fEs(const QImage &imagen, const QColor &color, QPoint punto)
 {
-    const QColor suyo = imagen.isNull() ? QColor() : imagen.pixelColor(imagen.rect().center());
+    const QColor suyo = imagen.pixelColor(punto);
     return suyo.isValid() && std::abs(suyo.red() - color.red()) < 20 &&
            std::abs(suyo.green() - color.green()) < 20 && std::abs(suyo.blue() - color.blue()) < 20;
+}
+
+bool fEs(const QImage &imagen, const QColor &color)
+{
+    return !imagen.isNull() && fEs(imagen, color, imagen.rect().center());
 }
 
 /// A folder with a cache, data folders, and videos.
@@ -136,6 +150,11 @@ TEST_F(Fotogramas, AreUprightFitTheBoxAndComeFromATenthOfTheLength)
         EXPECT_EQ(imagen.size(), caso.tam);
         EXPECT_EQ(imagen.format(), QImage::Format_RGB32);
         EXPECT_TRUE(fEs(imagen, Qt::red));
+        // The film's top is on the right once it has been turned clockwise.
+        const bool bolGirado = caso.strNombre == std::string("girado.mov");
+        EXPECT_TRUE(fEs(imagen, Qt::green,
+                        bolGirado ? QPoint(imagen.width() - 4, imagen.height() / 2)
+                                  : QPoint(imagen.width() / 2, 3)));
     }
 }
 
@@ -179,7 +198,7 @@ TEST_F(Fotogramas, SurviveAChildThatMisbehavesOnce)
         m_origen.lstHijos = {m_arbol.fRuta("nada"),
                              fPrograma("hijo", "[ -e '" + strVez + "' ] && exec '" + m_strHijo +
                                                    "'\n: >'" + strVez + "'\n" + strMal)};
-        m_origen.plazo = milliseconds(700);
+        m_origen.plazo = milliseconds(2000);
         m_fotogramas.reset();
         const std::string strUno = std::string(strMal) + ".avi";
         m_arbol.fCrear(strUno, fAviRojo());
@@ -266,7 +285,7 @@ TEST_F(Fotogramas, ComeFromTheRegisteredProgramWhereTheChildIsMissing)
     m_arbol.fCrear("c.wmv");
     m_arbol.fCrear("d.flv");
     m_arbol.fTuberia("t.avi");
-    m_origen.plazo = milliseconds(700);
+    m_origen.plazo = milliseconds(2000);
     m_origen.lstHijos = {m_arbol.fRuta("nada"), fPrograma("roto", "exit 127")};
     const auto fRegistrar = [&](const char *strTipo, const std::string &strLineas) {
         const std::string strNombre = QByteArray(strTipo).replace('/', '_').toStdString();
@@ -288,11 +307,13 @@ TEST_F(Fotogramas, ComeFromTheRegisteredProgramWhereTheChildIsMissing)
     EXPECT_TRUE(fTomar("d.flv").isNull());
     // What it had started is gone, too, or waits as a zombie for somebody to take note.
     std::string strEstado;
+    const auto limite = std::chrono::steady_clock::now() + std::chrono::seconds(10);
     do {
         std::ifstream estado("/proc/" + std::to_string(std::stoi(m_arbol.fLeer("nieto"))) +
                              "/stat");
         strEstado.clear();
         std::getline(estado, strEstado);
+        ASSERT_LT(std::chrono::steady_clock::now(), limite) << strEstado;
     } while (!strEstado.empty() && strEstado.find(" Z ") == std::string::npos);
 }
 
