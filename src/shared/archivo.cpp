@@ -121,28 +121,29 @@ int fEscribirTodo(int intFd, std::string_view strBytes, const clsDisco &disco)
 {
     while (!strBytes.empty()) {
         const ssize_t lngEscritos = disco.fEscribir(intFd, strBytes.data(), strBytes.size());
-        if (lngEscritos < 0 && errno != EINTR) {
-            return errno;
+        if (lngEscritos <= 0 && (lngEscritos == 0 || errno != EINTR)) {
+            return lngEscritos == 0 ? EIO : errno;
         }
         strBytes.remove_prefix(static_cast<std::size_t>(std::max<ssize_t>(lngEscritos, 0)));
     }
     return 0;
 }
 
-clsReemplazo::clsReemplazo(std::string strRuta, const clsDisco &disco)
+clsReemplazo::clsReemplazo(std::string strRuta, const clsDisco &disco, std::optional<mode_t> modo)
     : m_disco(disco), m_strRuta(std::move(strRuta))
 {
     static std::atomic<unsigned> lngSiguiente{0};
     struct stat datos {};
-    const bool bolHabia = lstat(m_strRuta.c_str(), &datos) == 0 && S_ISREG(datos.st_mode);
+    const bool bolHabia = !modo && lstat(m_strRuta.c_str(), &datos) == 0 && S_ISREG(datos.st_mode);
     // The name is cut so that the temporary one still fits where the final one does (255 bytes).
     const std::string strBase = std::string(fCarpetaDe(m_strRuta)) + '.' +
                                 std::string(fNombreDe(m_strRuta).substr(0, 200)) + '.' +
                                 std::to_string(getpid()) + '.';
+    constexpr int intModo = O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC;
     for (int intIntento = 0; intIntento < 1000 && !m_descriptor.fAbierto(); ++intIntento) {
         m_strTemporal = strBase + std::to_string(lngSiguiente++) + std::string(strFinTemporal);
-        m_descriptor = clsDescriptor{m_disco.fAbrir(
-            m_strTemporal.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, 0666)};
+        m_descriptor = clsDescriptor{fInsistir(
+            [&] { return m_disco.fAbrir(m_strTemporal.c_str(), intModo, modo.value_or(0666)); })};
         if (!m_descriptor.fAbierto() && errno != EEXIST) {
             break;
         }
@@ -188,8 +189,14 @@ int clsReemplazo::fVolcar()
     if (m_intError == 0 && m_disco.fVolcar(m_descriptor.fFd()) != 0) {
         m_intError = errno;
     }
-    if (m_intError == 0) {
-        m_intError = m_descriptor.fCerrar();
+    return fCerrar();
+}
+
+int clsReemplazo::fCerrar()
+{
+    if (m_intError == 0 && m_descriptor.fAbierto() &&
+        m_disco.fCerrar(m_descriptor.fSoltar()) != 0) {
+        m_intError = errno;
     }
     return m_intError;
 }

@@ -2,6 +2,7 @@
 
 #include "shared/disco.h"
 
+#include <cerrno>
 #include <cstddef>
 #include <cstdint>
 #include <ctime>
@@ -30,6 +31,8 @@ public:
     [[nodiscard]] bool fAbierto() const { return m_intFd >= 0; }
     /// Closes it and forgets it; 0, or the error number that close reported.
     int fCerrar();
+    /// Forgets it without closing it; whoever asks closes it.
+    [[nodiscard]] int fSoltar() { return std::exchange(m_intFd, -1); }
 
 private:
     int m_intFd = -1;
@@ -42,6 +45,16 @@ struct clsHuella {
     long lngNanosegundos = 0;     ///< and the rest of it
     friend bool operator==(const clsHuella &, const clsHuella &) = default;
 };
+
+/// Calls a system call again as long as a signal interrupts it.
+template <typename Llamada> auto fInsistir(const Llamada &fLlamar)
+{
+    auto lngResultado = fLlamar();
+    while (lngResultado < 0 && errno == EINTR) {
+        lngResultado = fLlamar();
+    }
+    return lngResultado;
+}
 
 /// Opens a regular file for reading. Pipes, sockets and devices are refused without waiting for
 /// them (error EINVAL), folders with EISDIR.
@@ -74,7 +87,9 @@ public:
     /// Creates the temporary file; fError tells whether that worked. The permission bits are those
     /// of the file that is replaced, else the usual ones.
     /// @param disco must outlive it.
-    explicit clsReemplazo(std::string strRuta, const clsDisco &disco = discoReal);
+    /// @param modo  other permission bits for the new file, which the user's mask narrows.
+    explicit clsReemplazo(std::string strRuta, const clsDisco &disco = discoReal,
+                          std::optional<mode_t> modo = {});
     ~clsReemplazo();
     clsReemplazo(const clsReemplazo &) = delete;
     clsReemplazo &operator=(const clsReemplazo &) = delete;
@@ -82,6 +97,12 @@ public:
     /// The first error number so far, 0 when all went well. After an error nothing more is written.
     [[nodiscard]] int fError() const { return m_intError; }
     void fEscribir(std::string_view strBytes);
+    /// The temporary file, for those who fill it themselves; they check what they write, and do not
+    /// confirm when that went wrong. -1 after an error, or when it is closed.
+    [[nodiscard]] int fFd() const { return m_descriptor.fFd(); }
+    /// Closes it without waiting for the disk, so that fConfirmar only renames; 0 or the error
+    /// number. Only for content that also lies elsewhere.
+    [[nodiscard]] int fCerrar();
     /// Flushes to the disk, so that only the renaming is left; 0 or the error number. Nothing more
     /// can be written then. For those who have something to do between the two; see fConfirmar.
     [[nodiscard]] int fVolcar();

@@ -18,6 +18,7 @@ std::string fDescripcionError(int intError)
         {EBADF,        "Descriptor de fichero erróneo"           },
         {ENOMEM,       "No hay memoria suficiente"                },
         {EACCES,       "Permiso denegado"                         },
+        {EBUSY,        "El fichero está en uso"                  },
         {EEXIST,       "El fichero ya existe"                     },
         {ENOTDIR,      "No es una carpeta"                        },
         {EISDIR,       "Es una carpeta"                           },
