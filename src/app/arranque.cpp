@@ -5,7 +5,6 @@
 #include "shared/rutas.h"
 #include "shared/texto.h"
 
-#include <cstdlib>
 #include <fcntl.h>
 #include <unistd.h>
 
@@ -36,13 +35,6 @@ bool fProbarEscritura(const std::string &strRaiz)
     const bool bolBien = prueba.fCerrar() == 0;
     unlink(strPrueba.c_str());
     return bolBien;
-}
-
-std::string fRutaTemporal()
-{
-    const char *const strVariable = std::getenv("TMPDIR");
-    const bool bolVale = strVariable != nullptr && *strVariable == '/';
-    return fBarraFinal(bolVale ? strVariable : "/tmp", false);
 }
 
 std::optional<clsAjusteMalo> fLeerPreferencias(clsAjustes &ajustes, clsPreferencias &preferencias)

@@ -18,9 +18,6 @@
 /// Whether files can be made in the root folder: tries it with one that is deleted again.
 [[nodiscard]] bool fProbarEscritura(const std::string &strRaiz);
 
-/// The folder for temporary files with a trailing "/" (TMPDIR, else the system's).
-[[nodiscard]] std::string fRutaTemporal();
-
 /// What the settings hold at start-up.
 struct clsPreferencias {
     int lngAncho = 3000;           ///< panel width in twips

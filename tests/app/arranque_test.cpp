@@ -2,7 +2,6 @@
 
 #include "soporte/arbol.h"
 
-#include <cstdlib>
 #include <gtest/gtest.h>
 
 namespace {
@@ -39,16 +38,6 @@ TEST(Arranque, TriesWhetherTheRootCanBeWrittenAndLeavesNothing)
     // Something of that name that is no file must neither hang nor pass.
     arbol.fTuberia("prueba_escritura.txt");
     EXPECT_FALSE(fProbarEscritura(arbol.fRaiz()));
-}
-
-TEST(Arranque, TakesTheTemporaryFolderFromTheEnvironment)
-{
-    setenv("TMPDIR", "/mi/tmp", 1);
-    EXPECT_EQ(fRutaTemporal(), "/mi/tmp/");
-    setenv("TMPDIR", "relativa", 1);
-    EXPECT_EQ(fRutaTemporal(), "/tmp/");
-    unsetenv("TMPDIR");
-    EXPECT_EQ(fRutaTemporal(), "/tmp/");
 }
 
 TEST(Preferencias, OfAFirstRunAreTheDefaultsAndStayInTheFile)

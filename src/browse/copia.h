@@ -1,0 +1,54 @@
+#pragma once
+
+#include "shared/disco.h"
+
+#include <atomic>
+#include <functional>
+#include <optional>
+#include <string>
+#include <vector>
+
+/// Copies one file with its permission bits and modification time. What has the target's name is
+/// replaced silently, but only by a whole copy; a link of that name is replaced itself. Holes stay
+/// holes. The source's bytes are never touched.
+/// @param strDestino full path of the copy; its folder must exist.
+/// @param fin        once true, the copy is given up (ECANCELED); may be null.
+/// @return 0 or the error number; then the target is as it was, and nothing temporary is left.
+///         EEXIST when source and target are the same file, EISDIR when one of them is a folder,
+///         EINVAL when the source is neither a file nor a link to one, EBUSY when it was written
+///         to meanwhile.
+[[nodiscard]] int fCopiar(const std::string &strOrigen, const std::string &strDestino,
+                          const clsDisco &disco = discoReal,
+                          const std::atomic<bool> *fin = nullptr);
+
+/// A copy that failed.
+struct clsFalloCopia {
+    std::string strOrigen;
+    std::string strDestino;
+    int intError = 0;
+};
+
+/// What became of a list of files.
+struct clsFinCopia {
+    int lngHechas = 0;                  ///< the first so many files were copied completely
+    std::optional<clsFalloCopia> fallo; ///< of the file behind them; empty: none failed
+};
+
+/// Full path of the copy of a file. Called on a worker thread, and perhaps still when the copying
+/// was given up: it must not refer to anything that ends with it.
+using clsDestino = std::function<std::string(const std::string &strOrigen)>;
+
+/// The copy's path for copies that keep their names.
+/// @param strCarpeta with or without a trailing "/".
+[[nodiscard]] clsDestino fDestinoEn(const std::string &strCarpeta);
+
+/// Copies files in order up to the first failure. The work is done on a thread of its own, so that
+/// the caller's can go on answering whatever the disk does.
+/// @param fPaso runs in the caller's thread with the number of files copied so far: before the
+///              first, when there are more, and every 50 ms besides. False ends the copying:
+///              nothing is left of the file under way, unless it was complete by then and is
+///              counted. A disk that does not answer is waited for no longer than 5 s then.
+[[nodiscard]] clsFinCopia fCopiarLista(const std::vector<std::string> &lstRutas,
+                                       const clsDestino &fDestino,
+                                       const std::function<bool(int)> &fPaso,
+                                       const clsDisco &disco = discoReal);
