@@ -1,7 +1,10 @@
 /// Does without windows what the program does with them. What its boxes would say goes to standard
-/// output. Ends with 0 when everything was done, 1 when not, 2 when it was called wrongly.
+/// output; what copying has to say, to the error output. Ends with 0 when everything was done, 1
+/// when not, 2 when it was called wrongly.
 
 #include "app/arranque.h"
+#include "browse/baul.h"
+#include "browse/copia.h"
 #include "catalogue/constructor.h"
 #include "dates/clsFile.h"
 #include "dates/correccion.h"
@@ -12,6 +15,7 @@
 #include "shared/sistema.h"
 #include "shared/texto.h"
 
+#include <cerrno>
 #include <cstdio>
 #include <string>
 #include <string_view>
@@ -149,6 +153,50 @@ int fOrdenCorrect(const clsArgumentos &lstArgumentos)
     return fCorregirFicheros(strRaiz, lstCorregidos, *fecha);
 }
 
+void fQuejarse(std::string_view strRuta, int intError)
+{
+    std::fprintf(stderr, "%s\n%s\n", fTextoPantalla(strRuta).c_str(),
+                 fTextoError(intError).c_str());
+}
+
+/// Copies the files behind the first arguments; those that are not below the root are refused.
+int fCopiarFicheros(const clsArgumentos &lstArgumentos, std::size_t lngPrimero,
+                    const clsDestino &fDestino)
+{
+    const std::string strRaiz = fRaiz(lstArgumentos[0]);
+    clsArgumentos lstRutas;
+    lstRutas.reserve(lstArgumentos.size());
+    for (std::size_t lngPos = lngPrimero; lngPos < lstArgumentos.size(); ++lngPos) {
+        lstRutas.push_back(fRutaAbsoluta(lstArgumentos[lngPos], strRaiz));
+        if (!lstRutas.back().starts_with(strRaiz)) {
+            fQuejarse(lstRutas.back(), EINVAL);
+            return intSalidaMal;
+        }
+    }
+    const clsFinCopia fin = fCopiarLista(lstRutas, fDestino, [](int) { return true; });
+    if (fin.fallo) {
+        fQuejarse(fin.fallo->strOrigen, fin.fallo->intError);
+    }
+    return static_cast<std::size_t>(fin.lngHechas) == lstRutas.size() ? intSalidaBien
+                                                                      : intSalidaMal;
+}
+
+int fOrdenCopy(const clsArgumentos &lstArgumentos)
+{
+    return fCopiarFicheros(lstArgumentos, 2,
+                           fDestinoEn(fRutaAbsoluta(lstArgumentos[1], fCarpetaTrabajo())));
+}
+
+int fOrdenBaul(const clsArgumentos &lstArgumentos)
+{
+    const clsLugarBaul lugar = fAsegurarBaul();
+    if (lugar.intError != 0) {
+        fQuejarse(lugar.strCarpeta, lugar.intError);
+        return intSalidaMal;
+    }
+    return fCopiarFicheros(lstArgumentos, 1, fDestinoEnBaul(lugar.strCarpeta));
+}
+
 struct clsOrden {
     std::string_view strNombre;
     const char *strArgumentos;
@@ -160,8 +208,10 @@ struct clsOrden {
 constexpr std::size_t lngCualquiera = static_cast<std::size_t>(-1);
 
 constexpr clsOrden lstOrdenes[] = {
-    {"build",   "ROOT",              1, 1,             fOrdenBuild  },
-    {"correct", "ROOT DATE FILE...", 3, lngCualquiera, fOrdenCorrect},
+    {"build",   "ROOT",                1, 1,             fOrdenBuild  },
+    {"correct", "ROOT DATE FILE...",   3, lngCualquiera, fOrdenCorrect},
+    {"copy",    "ROOT TARGET FILE...", 3, lngCualquiera, fOrdenCopy   },
+    {"baul",    "ROOT FILE...",        2, lngCualquiera, fOrdenBaul   },
 };
 
 int fUso()

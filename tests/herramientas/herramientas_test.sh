@@ -83,6 +83,22 @@ fExigir "a taken name" fSale 1 "$driver" correct "$raiz" '05/03/2003 10:20' "$ra
 fExigir "path and error" test "$(head -n 1 "$salida")" = "$raiz/uno.jpg"
 fExigir "the other file is as it was" test "$(<"$raiz/20030305_uno.jpg")" = taken
 
+# copy and baul: names, what is refused, what the error output says
+mkdir "$carpeta/t" "$raiz/d"
+fExigir "copy" fSale 0 env -C "$carpeta" "$driver" copy 'Mis fotos' t uno.jpg "$nuevo"
+fExigir "copied" cmp "$nuevo" "$carpeta/t/${nuevo##*/}"
+fExigir "its time is kept" test ! "$nuevo" -nt "$carpeta/t/${nuevo##*/}" -a \
+    ! "$nuevo" -ot "$carpeta/t/${nuevo##*/}"
+fExigir "copy stops at a missing file" fSale 1 "$driver" copy "$raiz" "$raiz/d" uno.jpg no dos.jpg
+fExigir "what was copied" test "$(ls -A "$raiz/d")" = uno.jpg
+fExigir "path and error of a copy" test "$(head -n 1 "$carpeta/errores")" = "$raiz/no"
+fExigir "a file from elsewhere" fSale 1 "$driver" copy "$raiz" "$raiz/d" "$carpeta/t/uno.jpg"
+touch -d '2010-05-07 00:30' "$raiz/uno.jpg"
+fExigir "baul" fSale 0 env TMPDIR="$carpeta/t" "$driver" baul "$raiz" uno.jpg
+fExigir "its name there" cmp "$raiz/uno.jpg" "$carpeta/t/Miravel/2010.05.07.uno.jpg"
+fExigir "baul without a place" fSale 1 env TMPDIR="$carpeta/no" "$driver" baul "$raiz" uno.jpg
+fExigir "where it should have been" test "$(head -n 1 "$carpeta/errores")" = "$carpeta/no/Miravel/"
+
 # wrong usage
 fExigir "no command" fSale 2 "$driver"
 fExigir "usage" grep -q '^driver build ROOT$' "$carpeta/errores"
