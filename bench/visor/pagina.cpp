@@ -4,6 +4,7 @@
 
 #include "app/aplicacion.h"
 #include "app/frmMain.h"
+#include "callado.h"
 #include "medir.h"
 #include "viewer/cmdMini.h"
 #include "viewer/extraccion.h"
@@ -23,13 +24,6 @@
 #include <vector>
 
 namespace {
-
-/// Accepts everything without showing it.
-class clsCallado : public clsMensajes {
-public:
-    void fAviso(Icono, const std::string &) override {}
-    bool fSiNo(const std::string &) override { return true; }
-};
 
 /// Notes when cells have been painted.
 class clsVigia : public QObject {

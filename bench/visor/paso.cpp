@@ -3,6 +3,7 @@
 
 #include "app/aplicacion.h"
 #include "app/frmMain.h"
+#include "callado.h"
 
 #include <QApplication>
 #include <QElapsedTimer>
@@ -15,13 +16,6 @@
 #include <vector>
 
 namespace {
-
-/// Accepts everything without showing it.
-class clsCallado : public clsMensajes {
-public:
-    void fAviso(Icono, const std::string &) override {}
-    bool fSiNo(const std::string &) override { return true; }
-};
 
 /// Notes when a control has been painted.
 class clsVigia : public QObject {

@@ -10,7 +10,7 @@
 #include "shared/qtexto.h"
 #include "shared/sistema.h"
 #include "viewer/cmdAncho.h"
-#include "viewer/encaje.h"
+#include "viewer/fotogramas.h"
 #include "viewer/geometria.h"
 #include "viewer/miniaturas.h"
 #include "viewer/visor.h"
@@ -25,23 +25,22 @@
 #include <QToolButton>
 
 #include <algorithm>
+#include <memory>
 #include <utility>
 
 namespace {
 
 constexpr int intPausaDisposicion = 150; // milliseconds
 
-/// A flag that is set as long as this lives.
-class clsBandera {
-public:
-    explicit clsBandera(bool &bol) : m_bol(bol) { m_bol = true; }
-    ~clsBandera() { m_bol = false; }
-    clsBandera(const clsBandera &) = delete;
-    clsBandera &operator=(const clsBandera &) = delete;
-
-private:
-    bool &m_bol;
-};
+/// Makes the frames of videos. The threads that call it keep the children it starts alive.
+clsFotograma fDeVideos()
+{
+    const auto fotogramas = std::make_shared<clsFotogramas>();
+    return [fotogramas](const std::string &strRuta, const clsHuella &huella, int intLado,
+                        const std::atomic<bool> &bolAnulado) {
+        return fotogramas->fFotograma(strRuta, huella, intLado, bolAnulado);
+    };
+}
 
 /// Counts how many of these live.
 class clsCuenta {
@@ -75,7 +74,7 @@ frmMain::frmMain(clsArchivo archivo, clsAjustes &ajustes, clsMensajes &mensajes)
       m_intTamMini(m_archivo.preferencias.intTamMini), m_cliente(new QWidget(this)),
       m_modelo(new clsModeloFotos(m_filas, m_signos, this)), m_lista(new lstFotos(m_cliente)),
       m_visor(new clsVisor(m_cliente)),
-      m_miniaturas(new clsMiniaturas(m_cliente, m_filas, m_signos, m_mensajes, {})),
+      m_miniaturas(new clsMiniaturas(m_cliente, m_filas, m_signos, m_mensajes, fDeVideos())),
       m_divisor(new cmdAncho(m_cliente))
 {
     m_visor->fAnticipar(m_ajustes.fConsultar(strSeccionGeneral, "SELEC"));
@@ -154,6 +153,7 @@ void frmMain::fConectar()
             });
     connect(m_puerta, &clsPuerta::fEscOcupada, this, [this] { m_bolEsc = true; });
     connect(m_lista, &lstFotos::fFila, this, [this](int lngPos) { fMostrarArchivo(lngPos, true); });
+    connect(m_lista, &lstFotos::fRango, this, &frmMain::fAlternarRango);
     connect(m_lista, &lstFotos::fDobleClic, this, &frmMain::fAbrirArchivo);
     connect(
         m_lista->horizontalHeader(), &QHeaderView::sectionClicked, this,
@@ -172,6 +172,7 @@ void frmMain::fIniciar()
     setGeometry(screen()->availableGeometry());
     showMaximized();
     QTimer::singleShot(0, this, [this] {
+        fContarElBaul();
         fLlenarLista(false, {});
         m_bolCargando = false;
     });
@@ -257,14 +258,11 @@ void frmMain::fFijarAncho(int lngTwips)
 
 void frmMain::fFijarTamMini(int intTam)
 {
-    if (!m_filas.fVacia() && !m_ocupacion.fEsta()) {
-        m_intTamMini = intTam;
-        m_ajustes.fGuardarIni(strSeccionGeneral, "TAM_MINI", std::to_string(intTam));
-        fDisponerPanel();
-        fRedibujar();
-    }
-    // The entry has taken the mark by itself, wanted or not.
+    m_intTamMini = intTam;
+    m_ajustes.fGuardarIni(strSeccionGeneral, "TAM_MINI", std::to_string(intTam));
     fMarcarEntrada(*menuBar(), "mnuOpcionesThump", m_intTamMini);
+    fDisponerPanel();
+    fRedibujar();
 }
 
 void frmMain::fFijarModo(bool bolMiniaturas)
@@ -356,29 +354,6 @@ void frmMain::fInfo2(const QString &strTexto)
     m_txtInfo2->setCursorPosition(0);
 }
 
-void frmMain::fMover(Movimiento movimiento)
-{
-    if (m_bolOcupado) {
-        return;
-    }
-    const clsBandera bandera(m_bolOcupado);
-    if (m_bolMiniaturas &&
-        (movimiento == Movimiento::Anterior || movimiento == Movimiento::Siguiente)) {
-        const int intCeldas = m_miniaturas->fCeldas();
-        const int lngInicio = fInicioPagina(m_lngActual, intCeldas);
-        const int lngOtra = movimiento == Movimiento::Anterior
-                                ? (lngInicio == 0 ? -1 : std::max(0, lngInicio - intCeldas))
-                                : lngInicio + intCeldas;
-        if (lngOtra >= 0 && lngOtra <= fUltimoPos()) {
-            fMostrarArchivo(lngOtra, false);
-        }
-        return;
-    }
-    if (const auto lngDestino = fDestino(movimiento, m_lngActual, fUltimoPos())) {
-        fMostrarArchivo(*lngDestino, false);
-    }
-}
-
 void frmMain::fCeldaPulsada(int lngPos, Qt::MouseButton boton, Qt::KeyboardModifiers mayus)
 {
     const bool bolCtrl = m_puerta->fCtrl();
@@ -391,83 +366,14 @@ void frmMain::fCeldaPulsada(int lngPos, Qt::MouseButton boton, Qt::KeyboardModif
             [lngPos](clsFilas &filas) { filas.fMarcar(lngPos, !filas.fMarcada(lngPos)); });
     } else if (boton == Qt::LeftButton && fEstadoMayus(mayus) != 0) {
         fAlternarRango(lngPos);
+        return;
     }
     fMostrarArchivo(lngPos, true);
 }
 
-/// Inverts the ticks from the current row to another one, both included.
+/// Inverts the ticks from the current row to another one, both included, which becomes current.
 void frmMain::fAlternarRango(int lngHasta)
 {
-    const auto [lngPrimera, lngUltima] = std::minmax(m_lngActual, lngHasta);
-    m_modelo->fMarcar([=](clsFilas &filas) {
-        for (int lngPos = lngPrimera; lngPos <= lngUltima; ++lngPos) {
-            filas.fMarcar(lngPos, !filas.fMarcada(lngPos));
-        }
-    });
-}
-
-// --- Commands ---
-
-clsEstado frmMain::fEstado() const
-{
-    return {!m_filas.fVacia(), m_ocupacion.fEsta(), m_intDibujos > 0};
-}
-
-void frmMain::fEntradaElegida(const QString &strNombre)
-{
-    const std::string strEntrada = fUtf8(strNombre);
-    if (const clsComando *const comando = fComandoDeMenu(strEntrada.c_str())) {
-        fEjecutar(*comando, fEstado(), *this);
-        return;
-    }
-    const int intIndice = strNombre.right(1).toInt();
-    if (strNombre.startsWith(QLatin1String("mnuOpcionesFotosVideos"))) {
-        fElegirMedios(intIndice);
-    } else if (strNombre.startsWith(QLatin1String("mnuOpcionesThump"))) {
-        fFijarTamMini(intIndice);
-    } else if (strNombre.startsWith(QLatin1String("mnuFotoValor")) && !m_ocupacion.fEsta()) {
-        m_visor->fFijarZoom(lstZooms[intIndice]);
-    }
-}
-
-void frmMain::fBotonPulsado(int intBoton)
-{
-    if (const clsComando *const comando = fComandoDeBoton(intBoton)) {
-        fEjecutar(*comando, fEstado(), *this);
-    }
-    m_botonModo->setChecked(m_bolMiniaturas); // the click has toggled it, wanted or not
-}
-
-void frmMain::fAbrirArchivo()
-{
-    if (!m_filas.fVacia()) { // the list can have changed since the double click
-        fAbrirConSistema(m_filas.fRuta(m_lngActual));
-    }
-}
-
-void frmMain::fAjustar() { m_visor->fFijarZoom(0); }
-
-void frmMain::fAumentar()
-{
-    if (!m_bolMiniaturas) {
-        m_visor->fFijarZoom(fZoomMayor(m_visor->fZoom()));
-    } else if (m_intTamMini < 2) {
-        fFijarTamMini(m_intTamMini + 1);
-    }
-}
-
-void frmMain::fReducir()
-{
-    if (!m_bolMiniaturas) {
-        m_visor->fFijarZoom(fZoomMenor(m_visor->fZoom()));
-    } else if (m_intTamMini > 0) {
-        fFijarTamMini(m_intTamMini - 1);
-    }
-}
-
-void frmMain::fActualizarLista()
-{
-    if (m_mensajes.fSiNo("¿Actualizar lista de archivos?")) {
-        fLlenarLista(true, {});
-    }
+    m_modelo->fMarcar([&](clsFilas &filas) { fInvertirEntre(filas, m_lngActual, lngHasta); });
+    fMostrarArchivo(lngHasta, true);
 }

@@ -2,10 +2,10 @@
 
 #include "app/arranque.h"
 #include "browse/comandos.h"
-#include "browse/mover.h"
 #include "catalogue/filas.h"
 #include "catalogue/orden.h"
 #include "dates/clsFile.h"
+#include "filter/formulario_filtro.h"
 #include "shared/ajustes.h"
 #include "shared/mensajes.h"
 #include "shared/numeros.h"
@@ -15,6 +15,8 @@
 #include <QTimer>
 
 #include <cstdint>
+#include <functional>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -62,7 +64,6 @@ private:
     void fDisponerPanel();
     void fTemporizador();
     void fFijarAncho(int lngTwips);
-    void fFijarTamMini(int intTam);
     void fFijarModo(bool bolMiniaturas);
 
     // The list
@@ -72,16 +73,15 @@ private:
     void fLeerCatalogoEnLista();
     void fOrdenarLista(Columna columna, bool bolReelegir, const std::string &strRuta,
                        int lngSiFalta = 0);
-    void fElegirMedios(int intIndice);
     void fIncidencias();
 
     // Making a file current
     void fMostrarArchivo(int lngPos, bool bolOcupar);
+    void fIrA(std::optional<int> lngDestino);
     bool fDibujar();
     void fTerminarMostrar();
     void fRedibujar();
     void fInformar();
-    void fMover(Movimiento movimiento);
     void fCeldaPulsada(int lngPos, Qt::MouseButton boton, Qt::KeyboardModifiers mayus);
     void fAlternarRango(int lngHasta);
 
@@ -89,20 +89,39 @@ private:
     [[nodiscard]] clsEstado fEstado() const;
     void fEntradaElegida(const QString &strNombre);
     void fBotonPulsado(int intBoton);
-    void fPrimero() override { fMover(Movimiento::Primero); }
-    void fRetroceder() override { fMover(Movimiento::Anterior); }
-    void fAvanzar() override { fMover(Movimiento::Siguiente); }
-    void fUltimo() override { fMover(Movimiento::Ultimo); }
-    void fAbrirArchivo() override;
-    void fAjustar() override;
+    void fActualizarMenus();
+    void fMover(Movimiento movimiento) override;
+    void fPaso(Sentido sentido) override;
+    void fFijarAvance(bool bolSiguiente) override;
+    void fPedirFecha() override;
     void fCambiarModo() override { fFijarModo(!m_bolMiniaturas); }
     void fMiniaturas() override { fFijarModo(true); }
+    void fFijarZoom(int intZoom) override;
     void fAumentar() override;
     void fReducir() override;
+    void fFijarTamMini(int intTam) override;
+    void fElegirMedios(Medios medios) override;
+    void fMarcar(Seleccion seleccion) override;
+    void fTotales() override;
+    void fFiltrar() override;
+    void fQuitarFiltro() override;
     void fActualizarLista() override;
+    void fAbrirArchivo() override;
+    void fAbrirCarpeta() override;
+    void fCopiar() override;
+    void fAgregarAlBaul() override;
+    void fVaciarBaul() override;
+    void fMostrarBaul() override;
     void fMostrarExif() override;
     void fBuscarFecha() override;
     void fModificarFecha(bool bolSiempre) override;
+    void fMostrarAyuda() override;
+    void fMostrarAcerca() override;
+
+    // Copies
+    void fEnviar(const std::function<std::string(const std::string &)> &fDestino);
+    void fContarElBaul();
+    [[nodiscard]] std::string fExigirBaul();
 
     // Dates
     [[nodiscard]] std::vector<int> fMarcadasOActual() const;
@@ -111,6 +130,7 @@ private:
     void fAvisarOcupada();
 
     [[nodiscard]] int fUltimoPos() const { return m_filas.fCantidad() - 1; }
+    [[nodiscard]] int fCeldasPagina() const;
     void fInfo2(const QString &strTexto);
 
     const clsArchivo m_archivo;
@@ -126,6 +146,10 @@ private:
     Columna m_columna = Columna::Fecha;
     bool m_bolDescendente = false;
     std::int64_t m_dblTotalKB = 0;
+    Avance m_avance = Avance::Normal;
+    bool m_bolFiltrada = false; ///< the list shows what passed a filter
+    int m_lngEnBaul = 0;        ///< files in the Baúl
+    clsValoresFiltro m_filtro;  ///< what the filter dialog showed last
     bool m_bolIncidenciasAvisadas = false;
     bool m_bolCargando = true;      ///< until the first fill ends
     bool m_bolOcupado = false;      ///< a navigation command runs

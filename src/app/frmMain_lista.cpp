@@ -12,6 +12,7 @@
 #include "catalogue/lstFotos.h"
 #include "catalogue/modelo_fotos.h"
 #include "catalogue/registro.h"
+#include "filter/frmFiltro.h"
 #include "shared/archivo.h"
 #include "shared/errores.h"
 #include "shared/qtexto.h"
@@ -39,8 +40,10 @@ void frmMain::fLlenarLista(bool bolForzar, const std::string &strRuta, int lngSi
     m_miniaturas->fVaciar();
     m_modelo->fRellenar([](clsFilas &filas) { filas.fVaciar(); });
     m_lista->fAnchosIniciales();
+    m_bolFiltrada = false;
     fCargarCatalogo(bolForzar);
     m_lngActual = 0;
+    fActualizarMenus();
     if (m_bolCerrando) {
         return;
     }
@@ -140,18 +143,61 @@ void frmMain::fOrdenarLista(Columna columna, bool bolReelegir, const std::string
                     false);
 }
 
-void frmMain::fElegirMedios(int intIndice)
+void frmMain::fElegirMedios(Medios medios)
 {
-    if (!m_ocupacion.fEsta()) {
-        m_medios = static_cast<Medios>(intIndice);
-    }
-    // The entry has taken the mark by itself, wanted or not.
-    fMarcarEntrada(*menuBar(), "mnuOpcionesFotosVideos", static_cast<int>(m_medios));
-    if (m_ocupacion.fEsta()) {
-        return;
-    }
+    m_medios = medios;
+    const int intIndice = static_cast<int>(medios);
+    fMarcarEntrada(*menuBar(), "mnuOpcionesFotosVideos", intIndice);
     m_ajustes.fGuardarIni(strSeccionGeneral, "FOTOVIDEO", std::to_string(intIndice));
     fLlenarLista(false, {});
+}
+
+void frmMain::fActualizarLista()
+{
+    if (m_mensajes.fSiNo("¿Actualizar lista de archivos?")) {
+        fLlenarLista(true, {});
+    }
+}
+
+void frmMain::fFiltrar()
+{
+    frmFiltro dialogo(this, m_filas, m_filtro, m_mensajes, [this] {
+        fCederEventos(false);
+        return !m_bolCerrando;
+    });
+    const clsFiltrado filtrado = dialogo.fMostrar();
+    if (filtrado.resultado == ResultadoFiltro::Cancelado || m_bolCerrando) {
+        return;
+    }
+    const clsOcupado ocupado(m_ocupacion);
+    ++m_lngGeneracion;
+    fInfo2(QStringLiteral("Filtrando..."));
+    m_modelo->fRellenar([&](clsFilas &filas) { filas.fConservar(filtrado.lstFilas); });
+    m_dblTotalKB = filtrado.lngTotalKB;
+    const bool bolMenos = filtrado.resultado == ResultadoFiltro::Menos;
+    m_bolFiltrada = m_bolFiltrada || bolMenos;
+    fActualizarMenus();
+    fMostrarArchivo(bolMenos ? 0 : m_lngActual, false);
+}
+
+void frmMain::fQuitarFiltro()
+{
+    if (m_mensajes.fAceptarCancelar("¿Quitar Filtro?")) {
+        fLlenarLista(false, {});
+    }
+}
+
+void frmMain::fMarcar(Seleccion seleccion)
+{
+    const clsTramo pagina = fTramoPagina(m_lngActual, m_filas.fCantidad(), fCeldasPagina());
+    m_modelo->fMarcar([=](clsFilas &filas) { fSeleccionar(filas, seleccion, pagina); });
+    fMostrarArchivo(m_lngActual, true);
+}
+
+void frmMain::fTotales()
+{
+    m_mensajes.fAviso(Icono::Aviso, fTextoTotales(m_filas.fCantidad(), m_dblTotalKB, m_signos),
+                      "Totales");
 }
 
 void frmMain::fIncidencias()

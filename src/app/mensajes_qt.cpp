@@ -4,6 +4,9 @@
 
 #include <QApplication>
 #include <QCursor>
+#include <QFile>
+#include <QFileDialog>
+#include <QInputDialog>
 #include <QMessageBox>
 #include <QPushButton>
 
@@ -73,13 +76,28 @@ QWidget *fPadre()
     return nullptr;
 }
 
+/// Asks with two buttons; the second is the default and the answer of Esc.
+bool fPreguntar(const std::string &strTexto, const QString &strSi, const QString &strNo)
+{
+    const clsPunteroNormal puntero;
+    QMessageBox caja(fPadre());
+    fPreparar(caja, QMessageBox::Question, strTexto);
+    QPushButton *const si = caja.addButton(strSi, QMessageBox::AcceptRole);
+    QPushButton *const no = caja.addButton(strNo, QMessageBox::RejectRole);
+    caja.setDefaultButton(no);
+    caja.setEscapeButton(no);
+    caja.exec();
+    return caja.clickedButton() == si;
+}
+
 } // namespace
 
-void clsMensajesQt::fAviso(Icono icono, const std::string &strTexto)
+void clsMensajesQt::fAviso(Icono icono, const std::string &strTexto, const std::string &strTitulo)
 {
     const clsPunteroNormal puntero;
     QMessageBox caja(fPadre());
     fPreparar(caja, fIcono(icono), strTexto);
+    caja.setWindowTitle(fQ(strTitulo));
     QPushButton *const aceptar =
         caja.addButton(QMessageBox::tr("Aceptar"), QMessageBox::AcceptRole);
     caja.setDefaultButton(aceptar);
@@ -89,13 +107,38 @@ void clsMensajesQt::fAviso(Icono icono, const std::string &strTexto)
 
 bool clsMensajesQt::fSiNo(const std::string &strTexto)
 {
+    return fPreguntar(strTexto, QMessageBox::tr("Sí"), QMessageBox::tr("No"));
+}
+
+bool clsMensajesQt::fAceptarCancelar(const std::string &strTexto)
+{
+    return fPreguntar(strTexto, QMessageBox::tr("Aceptar"), QMessageBox::tr("Cancelar"));
+}
+
+std::optional<std::string> clsMensajesQt::fPedir(const std::string &strPregunta)
+{
     const clsPunteroNormal puntero;
-    QMessageBox caja(fPadre());
-    fPreparar(caja, QMessageBox::Question, strTexto);
-    QPushButton *const si = caja.addButton(QMessageBox::tr("Sí"), QMessageBox::YesRole);
-    QPushButton *const no = caja.addButton(QMessageBox::tr("No"), QMessageBox::NoRole);
-    caja.setDefaultButton(no);
-    caja.setEscapeButton(no);
-    caja.exec();
-    return caja.clickedButton() == si;
+    QInputDialog caja(fPadre());
+    caja.setObjectName(QStringLiteral("inpMiravel"));
+    caja.setWindowTitle(QStringLiteral("Miravel"));
+    caja.setLabelText(fQ(strPregunta));
+    caja.setOkButtonText(QInputDialog::tr("Aceptar"));
+    caja.setCancelButtonText(QInputDialog::tr("Cancelar"));
+    if (caja.exec() != QDialog::Accepted) {
+        return {};
+    }
+    return fUtf8(caja.textValue());
+}
+
+std::string clsMensajesQt::fElegirCarpeta(const std::string &strTitulo)
+{
+    const clsPunteroNormal puntero;
+    QFileDialog caja(fPadre(), fQ(strTitulo));
+    caja.setObjectName(QStringLiteral("dlgCarpeta"));
+    caja.setFileMode(QFileDialog::Directory);
+    caja.setOption(QFileDialog::ShowDirsOnly);
+    if (caja.exec() != QDialog::Accepted || caja.selectedFiles().isEmpty()) {
+        return {};
+    }
+    return QFile::encodeName(caja.selectedFiles().constFirst()).toStdString();
 }

@@ -10,7 +10,6 @@ namespace {
 struct clsEntrada {
     const char *strNombre; ///< nullptr: a separator
     const char *strTexto;
-    bool bolHace;  ///< something is behind it
     bool bolMarca; ///< it can carry a check mark
     const char *strAtajo;
 };
@@ -24,37 +23,37 @@ struct clsMenu {
 const clsMenu lstMenus[] = {
     {"mnuBaul",
      "Baúl (0)", {
-         {"mnuBaulAñadir", "Añadir", false, false, nullptr},
-         {"mnuBaulVaciar", "Vacíar", false, false, nullptr},
-         {"mnuBaulAbrir", "Mostrar", false, false, nullptr},
+         {"mnuBaulAñadir", "Añadir", false, nullptr},
+         {"mnuBaulVaciar", "Vacíar", false, nullptr},
+         {"mnuBaulAbrir", "Mostrar", false, nullptr},
      }},
     {"mnuOpciones",
      "Opciones",  {
-         {"mnuAbrirCarpetaContenedora", "Abrir carpeta contenedora", false, false, nullptr},
-         {"mnuOpcionesCopiar", "Copiar a ...", false, false, nullptr},
-         {"mnuOpcionesTotal", "Mostrar Total", false, false, nullptr},
-         {"mnuOpcionesActualizar", "Actualizar lista de archivos", true, false, "F5"},
-         {nullptr, nullptr, false, false, nullptr},
-         {"mnuOpcionesFiltrar", "Filtrar", false, false, nullptr},
-         {"mnuOpcionesQuitarFiltro", "Quitar Filtro", false, false, nullptr},
-         {nullptr, nullptr, false, false, nullptr},
-         {"mnuOpcionesFotosVideos0", "Mostrar solo Fotos", true, true, nullptr},
-         {"mnuOpcionesFotosVideos1", "Mostrar solo Vídeos", true, true, nullptr},
-         {"mnuOpcionesFotosVideos2", "Mostrar Fotos y Vídeos", true, true, nullptr},
-         {nullptr, nullptr, false, false, nullptr},
-         {"mnuOpcionesThump0", "Thumbnail Pequeño", true, true, nullptr},
-         {"mnuOpcionesThump1", "Thumbnail Medio", true, true, nullptr},
-         {"mnuOpcionesThump2", "Thumbnail Grande", true, true, nullptr},
-         {nullptr, nullptr, false, false, nullptr},
-         {"mnuSeleccion0", "Seleccionar Todo", false, false, nullptr},
-         {"mnuSeleccion1", "Seleccionar Pantalla", false, false, nullptr},
-         {"mnuSeleccion2", "Deseleccionar Todo", false, false, nullptr},
-         {"mnuSeleccion3", "Invertir Seleccion", false, false, nullptr},
+         {"mnuAbrirCarpetaContenedora", "Abrir carpeta contenedora", false, nullptr},
+         {"mnuOpcionesCopiar", "Copiar a ...", false, nullptr},
+         {"mnuOpcionesTotal", "Mostrar Total", false, nullptr},
+         {"mnuOpcionesActualizar", "Actualizar lista de archivos", false, "F5"},
+         {nullptr, nullptr, false, nullptr},
+         {"mnuOpcionesFiltrar", "Filtrar", false, nullptr},
+         {"mnuOpcionesQuitarFiltro", "Quitar Filtro", false, nullptr},
+         {nullptr, nullptr, false, nullptr},
+         {"mnuOpcionesFotosVideos0", "Mostrar solo Fotos", true, nullptr},
+         {"mnuOpcionesFotosVideos1", "Mostrar solo Vídeos", true, nullptr},
+         {"mnuOpcionesFotosVideos2", "Mostrar Fotos y Vídeos", true, nullptr},
+         {nullptr, nullptr, false, nullptr},
+         {"mnuOpcionesThump0", "Thumbnail Pequeño", true, nullptr},
+         {"mnuOpcionesThump1", "Thumbnail Medio", true, nullptr},
+         {"mnuOpcionesThump2", "Thumbnail Grande", true, nullptr},
+         {nullptr, nullptr, false, nullptr},
+         {"mnuSeleccion0", "Seleccionar Todo", false, nullptr},
+         {"mnuSeleccion1", "Seleccionar Pantalla", false, nullptr},
+         {"mnuSeleccion2", "Deseleccionar Todo", false, nullptr},
+         {"mnuSeleccion3", "Invertir Seleccion", false, nullptr},
      } },
     {"mnuAyuda",
      "Ayuda",     {
-         {"mnuAyudaAyuda", "Ayuda", false, false, "F1"},
-         {"mnuAyudaAcerca", "Acerca de ...", false, false, nullptr},
+         {"mnuAyudaAyuda", "Ayuda", false, "F1"},
+         {"mnuAyudaAcerca", "Acerca de ...", false, nullptr},
      }    },
 };
 
@@ -62,15 +61,15 @@ const clsMenu menuFoto = {
     "mnuFoto",
     "",
     {
-      {"mnuFotoMiniaturas", "Miniaturas", true, false, nullptr},
-      {"mnuFotoAjustar", "Ajustar", true, false, nullptr},
-      {nullptr, nullptr, false, false, nullptr},
-      {"mnuFotoValor0", "400%", true, false, nullptr},
-      {"mnuFotoValor1", "200%", true, false, nullptr},
-      {"mnuFotoValor2", "100%", true, false, nullptr},
-      {"mnuFotoValor3", "50%", true, false, nullptr},
-      {"mnuFotoValor4", "25%", true, false, nullptr},
-      {"mnuFotoValor5", "12%", true, false, nullptr},
+      {"mnuFotoMiniaturas", "Miniaturas", false, nullptr},
+      {"mnuFotoAjustar", "Ajustar", false, nullptr},
+      {nullptr, nullptr, false, nullptr},
+      {"mnuFotoValor0", "400%", false, nullptr},
+      {"mnuFotoValor1", "200%", false, nullptr},
+      {"mnuFotoValor2", "100%", false, nullptr},
+      {"mnuFotoValor3", "50%", false, nullptr},
+      {"mnuFotoValor4", "25%", false, nullptr},
+      {"mnuFotoValor5", "12%", false, nullptr},
       }
 };
 
@@ -87,7 +86,6 @@ void fLlenar(QMenu &menu, const clsMenu &datos,
         const QString strNombre = QString::fromUtf8(entrada.strNombre);
         QAction *const accion = menu.addAction(QString::fromUtf8(entrada.strTexto));
         accion->setObjectName(strNombre);
-        accion->setEnabled(entrada.bolHace);
         accion->setCheckable(entrada.bolMarca);
         accion->setMenuRole(QAction::NoRole);
         if (entrada.strAtajo != nullptr) {
@@ -120,6 +118,19 @@ void fMarcarEntrada(QMenuBar &barra, const char *strArreglo, int intIndice)
         const QString strNombre = QString::fromUtf8(strArreglo) + QString::number(intEntrada);
         if (QAction *const accion = barra.findChild<QAction *>(strNombre)) {
             accion->setChecked(intEntrada == intIndice);
+        }
+    }
+}
+
+void fHabilitarEntradas(QMenuBar &barra, const clsEstado &estado)
+{
+    for (const clsComando &comando : fComandos()) {
+        QAction *const accion =
+            comando.strMenu == nullptr
+                ? nullptr
+                : barra.findChild<QAction *>(QString::fromUtf8(comando.strMenu));
+        if (accion != nullptr) {
+            accion->setEnabled(comando.fPermitido(estado));
         }
     }
 }

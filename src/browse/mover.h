@@ -1,17 +1,12 @@
 #pragma once
 
+#include "shared/pagina.h"
+
 #include <algorithm>
 #include <optional>
 
 /// Where fMover goes; the numbers are those of the commands.
 enum class Movimiento { Primero = 1, Anterior = 2, Siguiente = 3, Ultimo = 4 };
-
-/// Position of the first file of the page that holds a position.
-/// @param intCeldas files on a page; fewer than 1 count as 1, which is the view of a single file.
-[[nodiscard]] constexpr int fInicioPagina(int lngPos, int intCeldas)
-{
-    return lngPos - lngPos % std::max(intCeldas, 1);
-}
 
 /// The position a movement by pages (of one file: file by file) leads to; nothing when it changes
 /// nothing. Back and on lead to the first file of a page.

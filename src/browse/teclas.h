@@ -6,7 +6,12 @@
 /// (letters and digits by their capital's code).
 inline constexpr int intTeclaEnter = 13;
 inline constexpr int intTeclaEsc = 27;
+inline constexpr int intTeclaA = 65;
+inline constexpr int intTeclaB = 66;
+inline constexpr int intTeclaC = 67;
+inline constexpr int intTeclaD = 68;
 inline constexpr int intTeclaE = 69;
+inline constexpr int intTeclaF = 70;
 inline constexpr int intTeclaI = 73;
 inline constexpr int intTeclaJ = 74;
 inline constexpr int intTeclaM = 77;

@@ -219,15 +219,25 @@ void clsFilas::fAgregarFila(std::string_view strRuta, std::string_view strFecha,
 void clsFilas::fConservar(const std::vector<clsConservada> &lstConservadas)
 {
     std::vector<clsFila> lstFilas;
+    std::vector<std::uint32_t> lstCarpetaDe;
+    std::vector<std::uint32_t> lstDias;
     lstFilas.reserve(lstConservadas.size());
+    lstCarpetaDe.reserve(lstConservadas.size());
+    lstDias.reserve(lstConservadas.size());
     for (const clsConservada &conservada : lstConservadas) {
-        clsFila &fila = lstFilas.emplace_back(fFila(conservada.lngPos));
+        const std::uint32_t lngFila = fNumero(conservada.lngPos);
+        clsFila &fila = lstFilas.emplace_back(m_lstFilas[lngFila]);
+        lstCarpetaDe.push_back(m_lstCarpetaDe[lngFila]);
+        lstDias.push_back(m_lstDias[lngFila]);
         if (conservada.lngBytes >= 0) {
             fila.lngFecha = fEmpaquetar(conservada.fecha);
             fila.lngBytes = conservada.lngBytes;
+            lstDias.back() = fDiaReal(fila.lngFecha, lstDias.back());
         }
     }
     m_lstFilas = std::move(lstFilas);
+    m_lstCarpetaDe = std::move(lstCarpetaDe);
+    m_lstDias = std::move(lstDias);
     m_lstOrden.resize(m_lstFilas.size());
     m_lstOrden.shrink_to_fit();
     std::iota(m_lstOrden.begin(), m_lstOrden.end(), 0U);

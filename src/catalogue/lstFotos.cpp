@@ -109,6 +109,10 @@ void lstFotos::mousePressEvent(QMouseEvent *evento)
     if (!indice.isValid() || evento->button() != Qt::LeftButton) {
         return; // nor does one beside the rows
     }
+    if (evento->modifiers() == Qt::ShiftModifier) {
+        emit fRango(indice.row());
+        return;
+    }
     setCurrentIndex(indice.siblingAtColumn(0));
     emit fFila(indice.row());
 }

@@ -22,6 +22,8 @@ signals:
     /// A row was clicked, or reached with a key.
     void fFila(int lngPos);
     void fDobleClic(int lngPos);
+    /// A row was clicked with Shift alone: from the current row to it.
+    void fRango(int lngPos);
 
 protected:
     void mousePressEvent(QMouseEvent *evento) override;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <optional>
 #include <string>
 
 /// The icon of a message box: a problem, a notice, or the reason why the program ends.
@@ -10,7 +11,15 @@ class clsMensajes {
 public:
     virtual ~clsMensajes() = default;
     /// Shows a text (UTF-8) and waits until it is accepted.
-    virtual void fAviso(Icono icono, const std::string &strTexto) = 0;
+    virtual void fAviso(Icono icono, const std::string &strTexto,
+                        const std::string &strTitulo = "Miravel") = 0;
     /// Asks a yes/no question; No is the default and the answer of Esc.
     [[nodiscard]] virtual bool fSiNo(const std::string &strTexto) = 0;
+    /// Asks for leave to do something; Cancel is the default and the answer of Esc.
+    [[nodiscard]] virtual bool fAceptarCancelar(const std::string &strTexto) = 0;
+    /// Asks for a line of text; nothing when the user cancels.
+    [[nodiscard]] virtual std::optional<std::string> fPedir(const std::string &strPregunta) = 0;
+    /// Asks for a folder that exists; empty when the user cancels. Its path has no "/" at its end
+    /// unless it is the root of the file system.
+    [[nodiscard]] virtual std::string fElegirCarpeta(const std::string &strTitulo) = 0;
 };

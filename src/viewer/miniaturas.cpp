@@ -1,6 +1,7 @@
 #include "viewer/miniaturas.h"
 
 #include "shared/medios.h"
+#include "shared/pagina.h"
 #include "shared/qtexto.h"
 #include "viewer/cmdMini.h"
 #include "viewer/marcadores.h"

@@ -26,9 +26,3 @@ struct clsRejilla {
 
 /// Side in pixels of the thumbnails of a size.
 [[nodiscard]] constexpr int fLadoMini(int intTam) { return lstTamMini[intTam] / intTwipsPixel; }
-
-/// The first position of the page that holds a position.
-[[nodiscard]] constexpr int fInicioPagina(int lngPos, int intCeldas)
-{
-    return lngPos / intCeldas * intCeldas;
-}

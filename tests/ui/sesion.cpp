@@ -99,8 +99,10 @@ void fLlenarArbol(const clsArbol &arbol)
 
 // --- clsMensajesGuion ---
 
-void clsMensajesGuion::fAviso(Icono icono, const std::string &strTexto)
+void clsMensajesGuion::fAviso(Icono icono, const std::string &strTexto,
+                              const std::string &strDelTitulo)
 {
+    strTitulo = QString::fromStdString(strDelTitulo);
     lstTextos.push_back(QString::fromStdString(strTexto));
     lstIconos.push_back(icono);
     if (fMientras) {
@@ -110,7 +112,7 @@ void clsMensajesGuion::fAviso(Icono icono, const std::string &strTexto)
 
 bool clsMensajesGuion::fSiNo(const std::string &strTexto)
 {
-    fAviso(Icono::Aviso, strTexto);
+    fAviso(Icono::Aviso, strTexto, {});
     return !lstRespuestas.isEmpty() && lstRespuestas.takeFirst();
 }
 
@@ -118,6 +120,21 @@ QStringList clsMensajesGuion::fDichos()
 {
     lstIconos.clear();
     return std::exchange(lstTextos, {});
+}
+
+bool clsMensajesGuion::fAceptarCancelar(const std::string &strTexto) { return fSiNo(strTexto); }
+
+std::optional<std::string> clsMensajesGuion::fPedir(const std::string &strPregunta)
+{
+    fAviso(Icono::Aviso, strPregunta, {});
+    return lstTecleado.isEmpty() ? std::optional<std::string>()
+                                 : lstTecleado.takeFirst().toStdString();
+}
+
+std::string clsMensajesGuion::fElegirCarpeta(const std::string &strDelTitulo)
+{
+    fAviso(Icono::Aviso, strDelTitulo, {});
+    return strCarpeta;
 }
 
 // --- clsCuando ---

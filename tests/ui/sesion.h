@@ -18,6 +18,7 @@
 #include <ctime>
 #include <functional>
 #include <memory>
+#include <optional>
 #include <string>
 
 /// Seconds since 1970 of a moment "yyyy-MM-dd HH:mm:ss"; the tests run in universal time.
@@ -42,14 +43,20 @@ void fLlenarArbol(const clsArbol &arbol);
 /// Records what the program says and asks, and answers from a script.
 class clsMensajesGuion : public clsMensajes {
 public:
-    void fAviso(Icono icono, const std::string &strTexto) override;
+    void fAviso(Icono icono, const std::string &strTexto, const std::string &strTitulo) override;
     [[nodiscard]] bool fSiNo(const std::string &strTexto) override;
+    [[nodiscard]] bool fAceptarCancelar(const std::string &strTexto) override;
+    [[nodiscard]] std::optional<std::string> fPedir(const std::string &strPregunta) override;
+    [[nodiscard]] std::string fElegirCarpeta(const std::string &strTitulo) override;
     /// What was said since the last call.
     [[nodiscard]] QStringList fDichos();
 
     QStringList lstTextos;
     QList<Icono> lstIconos;
     QList<bool> lstRespuestas;       ///< to the next questions; afterwards No
+    QStringList lstTecleado;         ///< what is typed next into boxes that ask; then Cancel
+    std::string strCarpeta;          ///< the folder that is chosen; empty: Cancel
+    QString strTitulo;               ///< of the last box
     std::function<void()> fMientras; ///< runs while a box is open
 };
 
@@ -130,6 +137,9 @@ template <typename Pruebas> int fPrincipal(int intArgumentos, char **lstArgument
     setenv("TZ", "UTC", 1);
     setenv("LC_ALL", "C.UTF-8", 1);
     tzset();
+    const clsArbol arbolPropio; // neither the desktop's thumbnails nor the user's Baúl are touched
+    setenv("XDG_CACHE_HOME", arbolPropio.fRaiz().c_str(), 1);
+    setenv("TMPDIR", arbolPropio.fRaiz().c_str(), 1);
     QApplication aplicacion(intArgumentos, lstArgumentos);
     fPrepararAplicacion(aplicacion);
     QApplication::setQuitOnLastWindowClosed(false);

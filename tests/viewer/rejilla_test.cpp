@@ -37,9 +37,6 @@ TEST(Rejilla, PlacesCellsLineByLineWithoutGaps)
     EXPECT_EQ(fCelda(rejilla, 3), (clsRect{8280, 660, 1740, 1740}));
     EXPECT_EQ(fCelda(rejilla, 4), (clsRect{3060, 2400, 1740, 1740}));
     EXPECT_EQ(fLadoMini(0) + fLadoMini(1) + fLadoMini(2), 66 + 100 + 133);
-    EXPECT_EQ(fInicioPagina(11, 12), 0);
-    EXPECT_EQ(fInicioPagina(23, 12), 12);
-    EXPECT_EQ(fInicioPagina(24, 12), 24);
 }
 
 } // namespace

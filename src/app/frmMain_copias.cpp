@@ -1,0 +1,121 @@
+// Sending copies of files to a folder and to the Baúl.
+
+#include "app/frmMain.h"
+
+#include "app/ceder.h"
+#include "browse/baul.h"
+#include "catalogue/modelo_fotos.h"
+#include "shared/errores.h"
+#include "shared/qtexto.h"
+#include "shared/sistema.h"
+
+#include <QMenuBar>
+
+namespace {
+
+void fAvisarFallo(clsMensajes &mensajes, const clsFalloCopia &fallo)
+{
+    mensajes.fAviso(Icono::Problema, "No se ha podido copiar el archivo.\r\n" +
+                                         fTextoPantalla(fallo.strOrigen) + "\r\n" +
+                                         fTextoPantalla(fallo.strDestino) + "\r\n" +
+                                         fTextoError(fallo.intError));
+}
+
+} // namespace
+
+/// Copies the ticked files, or the current one. What was copied loses its tick; what comes after a
+/// failure keeps it.
+void frmMain::fEnviar(const std::function<std::string(const std::string &)> &fDestino)
+{
+    const clsOcupado ocupado(m_ocupacion);
+    if (m_filas.fContarMarcados() == 0) {
+        m_modelo->fMarcar([this](clsFilas &filas) { filas.fMarcar(m_lngActual, true); });
+    }
+    const std::vector<int> lstPosiciones = fMarcadas(m_filas);
+    std::vector<std::string> lstRutas;
+    lstRutas.reserve(lstPosiciones.size());
+    for (const int lngPos : lstPosiciones) {
+        lstRutas.push_back(m_filas.fRuta(lngPos));
+    }
+    std::size_t lngSinMarca = 0;
+    const auto fQuitarMarcas = [&](int lngHechas) {
+        m_modelo->fMarcar([&](clsFilas &filas) {
+            for (; lngSinMarca < static_cast<std::size_t>(lngHechas); ++lngSinMarca) {
+                filas.fMarcar(lstPosiciones[lngSinMarca], false);
+            }
+        });
+    };
+    const clsFinCopia fin = fCopiarLista(lstRutas, fDestino, [&](int lngHechas) {
+        fQuitarMarcas(lngHechas);
+        fInfo2(QStringLiteral("%1 de %2 ...").arg(lngHechas + 1).arg(lstRutas.size()));
+        fCederEventos(false);
+        return !m_bolCerrando;
+    });
+    fQuitarMarcas(fin.lngHechas);
+    if (m_bolCerrando) {
+        return;
+    }
+    if (fin.fallo) {
+        fAvisarFallo(m_mensajes, *fin.fallo);
+    }
+    fMostrarArchivo(m_lngActual, false);
+}
+
+void frmMain::fCopiar()
+{
+    const std::string strCarpeta = m_mensajes.fElegirCarpeta("Selecciona carpeta de destino:");
+    if (!strCarpeta.empty() && !m_bolCerrando) {
+        fEnviar(fDestinoEn(strCarpeta));
+    }
+}
+
+// --- The Baúl ---
+
+/// Shows how many files are in the Baúl.
+void frmMain::fContarElBaul()
+{
+    const clsLugarBaul lugar = fAsegurarBaul();
+    m_lngEnBaul = lugar.intError == 0 ? fContarBaul(lugar.strCarpeta) : 0;
+    menuBar()
+        ->findChild<QMenu *>(QStringLiteral("mnuBaul"))
+        ->setTitle(QStringLiteral("Baúl (%1)").arg(m_lngEnBaul));
+    fActualizarMenus();
+}
+
+/// The folder of the Baúl; empty, and said, when there is none and none can be made.
+std::string frmMain::fExigirBaul()
+{
+    const clsLugarBaul lugar = fAsegurarBaul();
+    if (lugar.intError != 0) {
+        m_mensajes.fAviso(Icono::Problema,
+                          fTextoPantalla(lugar.strCarpeta) + "\r\n" + fTextoError(lugar.intError));
+        return {};
+    }
+    return lugar.strCarpeta;
+}
+
+void frmMain::fAgregarAlBaul()
+{
+    if (const std::string strCarpeta = fExigirBaul(); !strCarpeta.empty()) {
+        fEnviar(fDestinoEnBaul(strCarpeta));
+    }
+    fContarElBaul();
+}
+
+void frmMain::fVaciarBaul()
+{
+    if (m_mensajes.fAceptarCancelar("¿Quieres vaciar el Baul?")) {
+        if (const std::string strCarpeta = fExigirBaul(); !strCarpeta.empty()) {
+            ::fVaciarBaul(strCarpeta, m_archivo.strRaiz);
+        }
+    }
+    fContarElBaul();
+}
+
+void frmMain::fMostrarBaul()
+{
+    if (const std::string strCarpeta = fExigirBaul(); !strCarpeta.empty()) {
+        fAbrirConSistema(strCarpeta);
+    }
+    fContarElBaul();
+}
