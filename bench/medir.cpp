@@ -19,6 +19,9 @@ double fMedirUna(const clsPrueba &prueba, bool bolCallar)
     if (pipe(lstTubo) != 0) {
         return -1;
     }
+    if (prueba.fPreparar) {
+        prueba.fPreparar();
+    }
     std::fflush(stdout);
     const pid_t intHijo = fork();
     if (intHijo == 0) {

@@ -8,6 +8,7 @@
 struct clsPrueba {
     const char *strNombre;
     std::function<void()> fHacer;
+    std::function<void()> fPreparar = {}; ///< runs before each round and is not measured
 };
 
 /// Runs the tests in turn, each time in a child process of its own, so that none finds the memory
