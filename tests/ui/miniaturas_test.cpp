@@ -353,6 +353,8 @@ void clsPruebasMiniaturas::fFilesThatGiveNoPictureSaySo()
     // A folder that leads back to itself: the disk does not give what lies in it, to nobody.
     QVERIFY(rename(arbol.fRuta("z3").c_str(), arbol.fRuta("z4").c_str()) == 0);
     arbol.fEnlace("z3", arbol.fRuta("z3"));
+    QVERIFY(pagina.fTamano(800, 600));
+    pagina.fElegirEntrada("mnuOpcionesThump0");
     pagina.mensajes.lstTextos.clear();
     pagina.fTecla(Qt::Key_M);
     const QStringList lstTextos = {"",

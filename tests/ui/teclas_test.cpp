@@ -87,7 +87,7 @@ void clsPruebasTeclas::fKeysOfCommandsAndLettersDoNotReachTheList()
     QTRY_COMPARE(sesion.fPosicion(), 1);
     for (const Qt::Key tecla :
          {Qt::Key_Up, Qt::Key_Down, Qt::Key_Left, Qt::Key_Right, Qt::Key_Home, Qt::Key_End,
-          Qt::Key_PageUp, Qt::Key_Insert, Qt::Key_Delete, Qt::Key_F, Qt::Key_Z, Qt::Key_0,
+          Qt::Key_PageUp, Qt::Key_Insert, Qt::Key_Delete, Qt::Key_G, Qt::Key_Z, Qt::Key_0,
           Qt::Key_9, Qt::Key_Escape, Qt::Key_Less, Qt::Key_Greater}) {
         for (const Qt::KeyboardModifiers mayus :
              {Qt::KeyboardModifiers(), Qt::KeyboardModifiers(Qt::ControlModifier)}) {

@@ -274,8 +274,7 @@ void clsPruebasVentana::fMenusHaveTheirEntriesInOrder()
         QStringList lstEntradas;
     };
     const clsCaso lstCasos[] = {
-        {"mnuBaul",
-         {"mnuBaulAñadir|Añadir", "mnuBaulVaciar|Vacíar|off", "mnuBaulAbrir|Mostrar"}},
+        {"mnuBaul",     {"mnuBaulAñadir|Añadir", "mnuBaulVaciar|Vacíar|off", "mnuBaulAbrir|Mostrar"}},
         {"mnuOpciones",
          {"mnuAbrirCarpetaContenedora|Abrir carpeta contenedora",
           "mnuOpcionesCopiar|Copiar a ...",
@@ -296,12 +295,12 @@ void clsPruebasVentana::fMenusHaveTheirEntriesInOrder()
           "mnuSeleccion0|Seleccionar Todo",
           "mnuSeleccion1|Seleccionar Pantalla",
           "mnuSeleccion2|Deseleccionar Todo",
-          "mnuSeleccion3|Invertir Seleccion"}                                               },
-        {"mnuAyuda",    {"mnuAyudaAyuda|Ayuda", "mnuAyudaAcerca|Acerca de ..."}         },
+          "mnuSeleccion3|Invertir Seleccion"}                                                          },
+        {"mnuAyuda",    {"mnuAyudaAyuda|Ayuda", "mnuAyudaAcerca|Acerca de ..."}                        },
         {"mnuFoto",
          {"mnuFotoMiniaturas|Miniaturas", "mnuFotoAjustar|Ajustar", "-", "mnuFotoValor0|400%",
           "mnuFotoValor1|200%", "mnuFotoValor2|100%", "mnuFotoValor3|50%", "mnuFotoValor4|25%",
-          "mnuFotoValor5|12%"}                                                                  },
+          "mnuFotoValor5|12%"}                                                                         },
     };
     for (const clsCaso &caso : lstCasos) {
         const auto *const menu = sesion.fControl<QMenu>(caso.strMenu);
@@ -319,16 +318,15 @@ void clsPruebasVentana::fTheToolbarHasItsButtons()
     struct clsCaso {
         const char *strNombre;
         QString strTexto;
-        bool bolActivo;
     };
     const clsCaso lstCasos[] = {
-        {"toolBar1",  "ThumbNail",                 false},
-        {"toolBar3",  "Primera",                   true },
-        {"toolBar4",  "Anterior",                  true },
-        {"toolBar5",  "Siguiente",                 true },
-        {"toolBar6",  "Ultima",                    true },
-        {"toolBar8",  "Información EXIF",         true },
-        {"toolBar10", "Teclas de acceso rápido.", true },
+        {"toolBar1",  "ThumbNail"                },
+        {"toolBar3",  "Primera"                  },
+        {"toolBar4",  "Anterior"                 },
+        {"toolBar5",  "Siguiente"                },
+        {"toolBar6",  "Ultima"                   },
+        {"toolBar8",  "Información EXIF"        },
+        {"toolBar10", "Teclas de acceso rápido."},
     };
     clsSesion sesion(*m_arbol);
     QVERIFY(sesion.fAbrir());
@@ -337,7 +335,7 @@ void clsPruebasVentana::fTheToolbarHasItsButtons()
         const auto *const boton = sesion.fControl<QToolButton>(caso.strNombre);
         QVERIFY2(boton != nullptr, caso.strNombre);
         QCOMPARE(boton->toolTip(), caso.strTexto);
-        QCOMPARE(boton->isEnabled(), caso.bolActivo);
+        QVERIFY2(boton->isEnabled(), caso.strNombre);
         QVERIFY2(!boton->icon().isNull() && boton->focusPolicy() == Qt::NoFocus, caso.strNombre);
         QVERIFY2(boton->x() > intX, caso.strNombre);
         intX = boton->x();
