@@ -24,9 +24,9 @@ std::string fTextoMb(std::int64_t lngKB, const clsSignos &signos)
     const std::int64_t lngDecimas = (lngResto * 10 + (lngResto < 0 ? -512 : 512)) / 1024;
     const std::int64_t lngMb = lngKB / 1024 + lngDecimas / 10;
     // A damaged catalogue can hold negative sizes.
-    const char *const strMenos = lngMb == 0 && lngDecimas < 0 ? "-" : "";
-    return strMenos + fConGrupos(lngMb, signos) + signos.strDecimal +
-           std::to_string(std::abs(lngDecimas % 10));
+    std::string strMb = lngMb == 0 && lngDecimas < 0 ? "-" : "";
+    strMb += fConGrupos(lngMb, signos);
+    return strMb + signos.strDecimal + std::to_string(std::abs(lngDecimas % 10));
 }
 
 } // namespace
