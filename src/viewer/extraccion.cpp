@@ -5,6 +5,7 @@
 #include "viewer/cabecera_jpeg.h"
 
 #include <QImageReader>
+#include <QPainter>
 #include <QTransform>
 
 #include <algorithm>
@@ -51,6 +52,24 @@ QImage fParaPantalla(QImage imagen)
     return imagen.format() == formato ? imagen : std::move(imagen).convertToFormat(formato);
 }
 
+/// Makes a picture smaller. Down to the half of it, interpolating between neighbours is as good as
+/// the mean of all pixels and a good deal faster.
+QImage fEncoger(const QImage &imagen, QSize tam)
+{
+    if (imagen.isNull() || tam == imagen.size()) {
+        return imagen;
+    }
+    if (tam.width() * 2 < imagen.width() || imagen.hasAlphaChannel()) {
+        return imagen.scaled(tam, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
+    }
+    QImage pequena(tam, QImage::Format_RGB32);
+    QPainter pintor(&pequena);
+    pintor.setRenderHint(QPainter::SmoothPixmapTransform);
+    pintor.setCompositionMode(QPainter::CompositionMode_Source);
+    pintor.drawImage(pequena.rect(), imagen);
+    return pequena;
+}
+
 QImage fMiniaturaExif(clsLector &lector, const clsCabeceraJpeg &cabecera, int intLado)
 {
     constexpr std::uint32_t lngMaximo = 1 << 20; // the segment it lies in has 64 KiB by right
@@ -67,13 +86,9 @@ QImage fMiniaturaExif(clsLector &lector, const clsCabeceraJpeg &cabecera, int in
         qint64{mini.intAncho} * mini.intAlto > lngMaximo) {
         return {};
     }
-    QImage imagen = QImage::fromData(reinterpret_cast<const uchar *>(strBytes.data()),
-                                     static_cast<int>(strBytes.size()), "JPG");
-    const QSize tam = fEnCaja(imagen.size(), intLado);
-    if (!imagen.isNull() && tam != imagen.size()) {
-        imagen = imagen.scaled(tam, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
-    }
-    return fEnderezar(imagen, cabecera.intOrientacion);
+    const QImage imagen = QImage::fromData(reinterpret_cast<const uchar *>(strBytes.data()),
+                                           static_cast<int>(strBytes.size()), "JPG");
+    return fEnderezar(fEncoger(imagen, fEnCaja(imagen.size(), intLado)), cabecera.intOrientacion);
 }
 
 bool fEsDudosa(const clsCabeceraJpeg &cabecera, qint64 lngBytes)
