@@ -106,7 +106,8 @@ int main(int intArgumentos, char **lstArgumentos)
         }
     };
     const auto fOurs = [&](const clsFoto &foto) { return fNuestra(foto, intLado); };
-    fExigir(fOurs(lstFotos.front()), lstFotos.front()); // loads the plug-in
+    // Loads the plug-in. A larger picture would start Qt's threads, which no child process has.
+    QImageReader::imageFormatsForMimeType("image/jpeg");
     const auto fReferencia = [&](const clsFoto &foto) {
         return bolMini ? fDesnuda(foto) : fConLector(foto, intLado);
     };
