@@ -45,6 +45,6 @@ void pcMemDC::PaintPicture(QPainter &hDCTo, int lLeft, int lTop, int lWidth, int
 
 QImage pcMemDC::GetPicture(int lLeft, int lTop, int lWidth, int lHeight) const
 {
-    return m_imagen.copy(lLeft, lTop, lWidth < 0 ? Width() : lWidth,
-                         lHeight < 0 ? Height() : lHeight);
+    const QRect sitio(lLeft, lTop, lWidth < 0 ? Width() : lWidth, lHeight < 0 ? Height() : lHeight);
+    return sitio.isEmpty() ? QImage() : m_imagen.copy(sitio); // QImage would copy the whole then
 }

@@ -216,6 +216,8 @@ void clsPruebasExtraccion::fTheSurfaceGrowsAndCopies()
     superficie.hDC().fill(Qt::green);
     superficie.Width(50); // not smaller
     QCOMPARE(superficie.GetPicture(99, 99, 1, 1).pixelColor(0, 0), QColor(Qt::green));
+    QVERIFY(superficie.GetPicture(0, 0, 0, 0).isNull()); // no size is not the whole
+    QVERIFY(superficie.GetPicture(0, 0, 0, 5).isNull());
     superficie.CreateFromHBitmap(fLlano({96, 72}, colFoto));
     QCOMPARE(QSize(superficie.Width(), superficie.Height()), QSize(100, 100));
     const QImage toda = superficie.GetPicture(0, 0, -1, -1);
