@@ -364,7 +364,8 @@ void frmMain::fCeldaPulsada(int lngPos, Qt::MouseButton boton, Qt::KeyboardModif
     } else if (bolCtrl) {
         m_modelo->fMarcar(
             [lngPos](clsFilas &filas) { filas.fMarcar(lngPos, !filas.fMarcada(lngPos)); });
-    } else if (boton == Qt::LeftButton && fEstadoMayus(mayus) != 0) {
+    } else if (boton == Qt::LeftButton &&
+               fEstadoMayus(mayus.setFlag(Qt::MetaModifier, false)) != 0) {
         fAlternarRango(lngPos);
         return;
     }

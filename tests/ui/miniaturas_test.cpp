@@ -244,6 +244,7 @@ void clsPruebasMiniaturas::fTheMouseTicksAndChooses()
     pagina.fClicMini(5, Qt::LeftButton, Qt::ControlModifier);
     QTest::keyRelease(pagina.ventana->windowHandle(), Qt::Key_Control);
     QCOMPARE(fMarcadas(), QList<int>({7, 8}));
+    pagina.fClicMini(4, Qt::LeftButton, Qt::MetaModifier); // the system's own key is none
     pagina.fClicMini(9, Qt::MiddleButton); // without Ctrl it only chooses
     QCOMPARE(fMarcadas(), QList<int>({7, 8}));
     QCOMPARE(pagina.fPosicion(), 9);
