@@ -2,10 +2,16 @@
 
 #include <QCoreApplication>
 #include <QEventLoop>
+#include <QTimer>
 
-void fCederEventos(bool bolEsperar)
+void fCederEventos(int intMs)
 {
-    QCoreApplication::processEvents(
-        bolEsperar ? QEventLoop::ProcessEventsFlags(QEventLoop::WaitForMoreEvents)
-                   : QEventLoop::ProcessEventsFlags(QEventLoop::AllEvents));
+    if (intMs <= 0) {
+        QCoreApplication::processEvents(QEventLoop::AllEvents);
+        return;
+    }
+    QTimer despertador;
+    despertador.setSingleShot(true);
+    despertador.start(intMs);
+    QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
 }

@@ -1,4 +1,5 @@
 #pragma once
 
-/// Lets pending events run; true waits for at least one. The only place where the program does so.
-void fCederEventos(bool bolEsperar);
+/// Lets pending events run; with a number above 0 waits for one, so many milliseconds at most. The
+/// only place where the program does so.
+void fCederEventos(int intMs = 0);

@@ -63,6 +63,7 @@ frmMain::frmMain(clsArchivo archivo, clsAjustes &ajustes, clsMensajes &mensajes)
                   [this] {
                       QApplication::restoreOverrideCursor();
                       m_lista->setFocus();
+                      m_puerta->fMirarCtrl();
                       if (std::exchange(m_bolDobleClic, false) && !m_bolCerrando) {
                           QTimer::singleShot(0, this, &frmMain::fAbrirArchivo);
                       }
@@ -155,9 +156,12 @@ void frmMain::fConectar()
     connect(m_lista, &lstFotos::fFila, this, [this](int lngPos) { fMostrarArchivo(lngPos, true); });
     connect(m_lista, &lstFotos::fRango, this, &frmMain::fAlternarRango);
     connect(m_lista, &lstFotos::fDobleClic, this, &frmMain::fAbrirArchivo);
-    connect(
-        m_lista->horizontalHeader(), &QHeaderView::sectionClicked, this,
-        [this](int intSeccion) { fOrdenarLista(static_cast<Columna>(intSeccion + 1), true, {}); });
+    // The second of two quick clicks is a click, too.
+    for (const auto clic : {&QHeaderView::sectionClicked, &QHeaderView::sectionDoubleClicked}) {
+        connect(m_lista->horizontalHeader(), clic, this, [this](int intSeccion) {
+            fOrdenarLista(static_cast<Columna>(intSeccion + 1), true, {});
+        });
+    }
     connect(m_modelo, &clsModeloFotos::fMarcaCambiada, this,
             [this] { fMostrarArchivo(m_lngActual, true); });
     connect(m_divisor, &cmdAncho::fSoltado, this,
@@ -305,7 +309,7 @@ bool frmMain::fDibujar()
     const clsCuenta cuenta(m_intDibujos);
     clsEntorno entorno;
     entorno.fProcesando = [this] { fInfo2(QStringLiteral("Procesando...")); };
-    entorno.fCeder = fCederEventos;
+    entorno.fCeder = [](int intMs) { fCederEventos(intMs); };
     entorno.fVigente = [this, lngGeneracion] {
         return lngGeneracion == m_lngGeneracion && !m_bolCerrando;
     };
@@ -356,6 +360,9 @@ void frmMain::fInfo2(const QString &strTexto)
 
 void frmMain::fCeldaPulsada(int lngPos, Qt::MouseButton boton, Qt::KeyboardModifiers mayus)
 {
+    if (m_ocupacion.fEsta()) { // assistive technology does not come through the gate
+        return;
+    }
     const bool bolCtrl = m_puerta->fCtrl();
     if (boton == Qt::RightButton) {
         m_bolMiniaturas = false;

@@ -157,7 +157,7 @@ private:
     bool m_bolGuardarSelec = false; ///< the current file is still to be stored
     bool m_bolDobleClic = false;    ///< a row was double-clicked while it was being shown
     bool m_bolCerrando = false;
-    bool m_bolEsc = false;             ///< Esc was pressed during a search
+    bool m_bolEsc = false; ///< Esc was pressed during a search or while files are copied
     std::uint64_t m_lngGeneracion = 0; ///< raised by every layout, draw and list change
 
     int m_lngAncho;               ///< panel width in twips

@@ -37,6 +37,7 @@ void frmMain::fEnviar(const std::function<std::string(const std::string &)> &fDe
     for (const int lngPos : lstPosiciones) {
         lstRutas.push_back(m_filas.fRuta(lngPos));
     }
+    m_bolEsc = false;
     std::size_t lngSinMarca = 0;
     const auto fQuitarMarcas = [&](int lngHechas) {
         m_modelo->fMarcar([&](clsFilas &filas) {
@@ -48,8 +49,8 @@ void frmMain::fEnviar(const std::function<std::string(const std::string &)> &fDe
     const clsFinCopia fin = fCopiarLista(lstRutas, fDestino, [&](int lngHechas) {
         fQuitarMarcas(lngHechas);
         fInfo2(QStringLiteral("%1 de %2 ...").arg(lngHechas + 1).arg(lstRutas.size()));
-        fCederEventos(false);
-        return !m_bolCerrando;
+        fCederEventos();
+        return !m_bolCerrando && !m_bolEsc;
     });
     fQuitarMarcas(fin.lngHechas);
     if (m_bolCerrando) {

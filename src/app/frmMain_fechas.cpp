@@ -37,7 +37,7 @@ void frmMain::fBuscarFecha()
     m_bolEsc = false;
     ++m_lngGeneracion;
     m_visor->fVaciar();
-    fCederEventos(false);
+    fCederEventos();
     QElapsedTimer reloj;
     reloj.start();
     qint64 lngUltima = -lngPausaProgreso;
@@ -52,7 +52,7 @@ void frmMain::fBuscarFecha()
         if (reloj.elapsed() - lngUltima >= lngPausaProgreso) {
             lngUltima = reloj.elapsed();
             m_txtInfo1->setText(fQ(fTextoInfo1(lngPos, m_filas.fCantidad())));
-            fCederEventos(false);
+            fCederEventos();
         }
         return !m_bolEsc && !m_bolCerrando;
     };
@@ -64,12 +64,7 @@ void frmMain::fBuscarFecha()
 
 std::vector<int> frmMain::fMarcadasOActual() const
 {
-    std::vector<int> lstPosiciones;
-    for (int lngPos = 0; lngPos < m_filas.fCantidad(); ++lngPos) {
-        if (m_filas.fMarcada(lngPos)) {
-            lstPosiciones.push_back(lngPos);
-        }
-    }
+    std::vector<int> lstPosiciones = fMarcadas(m_filas);
     if (lstPosiciones.empty()) {
         lstPosiciones.push_back(m_lngActual);
     }
@@ -89,7 +84,7 @@ bool frmMain::fCargarFicheros(std::vector<clsFile> &lstFicheros)
             return false;
         }
         if (reloj.elapsed() >= lngPausaProgreso) {
-            fCederEventos(false);
+            fCederEventos();
             reloj.restart();
         }
         if (m_bolCerrando) {
@@ -138,7 +133,7 @@ bool frmMain::fCorregirFicheros(std::vector<clsCorregido> &lstFicheros, clsFecha
     };
     const auto fPaso = [&reloj] {
         if (reloj.elapsed() >= lngPausaProgreso) {
-            fCederEventos(false);
+            fCederEventos();
             reloj.restart();
         }
     };

@@ -82,7 +82,7 @@ void frmMain::fConstruirCatalogo()
 {
     m_bolIncidenciasAvisadas = false;
     frmBusqueda busqueda(this, m_mensajes, [this] {
-        fCederEventos(false);
+        fCederEventos();
         return !m_bolCerrando;
     });
     const clsConstruccion construccion = busqueda.fBuscar(m_archivo.strRaiz);
@@ -162,7 +162,7 @@ void frmMain::fActualizarLista()
 void frmMain::fFiltrar()
 {
     frmFiltro dialogo(this, m_filas, m_filtro, m_mensajes, [this] {
-        fCederEventos(false);
+        fCederEventos();
         return !m_bolCerrando;
     });
     const clsFiltrado filtrado = dialogo.fMostrar();

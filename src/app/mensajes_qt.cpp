@@ -4,6 +4,7 @@
 
 #include <QApplication>
 #include <QCursor>
+#include <QDir>
 #include <QFile>
 #include <QFileDialog>
 #include <QInputDialog>
@@ -137,8 +138,15 @@ std::string clsMensajesQt::fElegirCarpeta(const std::string &strTitulo)
     caja.setObjectName(QStringLiteral("dlgCarpeta"));
     caja.setFileMode(QFileDialog::Directory);
     caja.setOption(QFileDialog::ShowDirsOnly);
+    caja.setOption(QFileDialog::ReadOnly); // nothing is renamed or deleted by the way
+    if (!m_strCarpeta.isEmpty()) {
+        caja.setDirectory(m_strCarpeta);
+    } else {
+        caja.setDirectory(QDir::home());
+    }
     if (caja.exec() != QDialog::Accepted || caja.selectedFiles().isEmpty()) {
         return {};
     }
-    return QFile::encodeName(caja.selectedFiles().constFirst()).toStdString();
+    m_strCarpeta = caja.selectedFiles().constFirst();
+    return QFile::encodeName(m_strCarpeta).toStdString();
 }

@@ -2,6 +2,8 @@
 
 #include "shared/mensajes.h"
 
+#include <QString>
+
 /// Message boxes of the program, with Spanish buttons in every locale.
 class clsMensajesQt : public clsMensajes {
 public:
@@ -11,4 +13,7 @@ public:
     bool fAceptarCancelar(const std::string &strTexto) override;
     std::optional<std::string> fPedir(const std::string &strPregunta) override;
     std::string fElegirCarpeta(const std::string &strTitulo) override;
+
+private:
+    QString m_strCarpeta; ///< the folder chosen last
 };

@@ -2,10 +2,12 @@
 
 #include "browse/teclas.h"
 
-#include <QGuiApplication>
+#include <QApplication>
+#include <QDialog>
 #include <QKeyEvent>
 #include <QMenuBar>
 #include <QMouseEvent>
+#include <QTimer>
 #include <QWidget>
 
 #include <utility>
@@ -35,6 +37,13 @@ bool fEsAccion(QEvent::Type tipo)
     }
 }
 
+/// Whether that is a dialog by which the user was kept from the window.
+bool fEsDialogo(const QObject *objeto)
+{
+    const auto *const dialogo = qobject_cast<const QDialog *>(objeto);
+    return dialogo != nullptr && dialogo->isModal();
+}
+
 } // namespace
 
 int fEstadoMayus(Qt::KeyboardModifiers teclas)
@@ -52,6 +61,11 @@ clsPuerta::clsPuerta(QWidget &ventana, std::function<bool()> fOcupada,
     QCoreApplication::instance()->installEventFilter(this);
 }
 
+void clsPuerta::fMirarCtrl()
+{
+    m_bolCtrl = QGuiApplication::queryKeyboardModifiers() & Qt::ControlModifier;
+}
+
 /// A key that goes down while the window is busy does not count; one that comes up always does.
 void clsPuerta::fSeguirCtrl(const QEvent &evento, bool bolOcupada)
 {
@@ -64,10 +78,18 @@ void clsPuerta::fSeguirCtrl(const QEvent &evento, bool bolOcupada)
 
 bool clsPuerta::eventFilter(QObject *objeto, QEvent *evento)
 {
+    if (evento->type() == QEvent::Hide && fEsDialogo(objeto)) {
+        // Without a window manager nobody gives the keyboard back.
+        QTimer::singleShot(0, &m_ventana, [this] {
+            if (QApplication::activeModalWidget() == nullptr) {
+                m_ventana.activateWindow();
+            }
+        });
+    }
     if (objeto == &m_ventana && evento->type() == QEvent::WindowDeactivate) {
         m_bolCtrl = false;
     } else if (objeto == &m_ventana && evento->type() == QEvent::WindowActivate) {
-        m_bolCtrl = QGuiApplication::queryKeyboardModifiers() & Qt::ControlModifier;
+        fMirarCtrl();
     }
     if (!objeto->isWidgetType() || !fEsAccion(evento->type()) ||
         static_cast<QWidget *>(objeto)->window() != &m_ventana) {

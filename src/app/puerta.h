@@ -23,6 +23,8 @@ public:
 
     /// Whether the Ctrl key is held, as far as the window has seen it go down and up.
     [[nodiscard]] bool fCtrl() const { return m_bolCtrl; }
+    /// Takes it from the keyboard itself: what happened while the window was busy was not seen.
+    void fMirarCtrl();
 
 signals:
     /// Esc was pressed while the window is busy.

@@ -12,6 +12,8 @@
 #include <limits>
 #include <memory>
 #include <mutex>
+#include <optional>
+#include <set>
 #include <string_view>
 #include <sys/stat.h>
 #include <thread>
@@ -162,6 +164,17 @@ int fRevestir(int intFd, const struct stat &datos, const clsDisco &disco)
     return fInsistir([&] { return disco.fFecharAbierto(intFd, lstMomentos); }) == 0 ? 0 : errno;
 }
 
+/// Device and number of a file.
+using clsIdentidad = std::pair<dev_t, ino_t>;
+
+std::optional<clsIdentidad> fIdentidad(const std::string &strRuta)
+{
+    struct stat datos {};
+    return stat(strRuta.c_str(), &datos) == 0
+               ? std::optional(clsIdentidad(datos.st_dev, datos.st_ino))
+               : std::nullopt;
+}
+
 /// What the caller's thread and the one that copies share.
 struct clsMesa {
     std::vector<std::string> lstRutas;
@@ -169,6 +182,7 @@ struct clsMesa {
     clsDisco disco;
     std::mutex cerrojo; ///< of fin and bolHecho
     std::condition_variable hayNovedad;
+    std::set<clsIdentidad> lstOrigenes; ///< none of them may be replaced by the copy of another
     clsFinCopia fin;
     bool bolHecho = false;           ///< nothing more will come
     std::atomic<bool> bolFin{false}; ///< nothing more is wanted
@@ -178,7 +192,10 @@ struct clsMesa {
 bool fCopiarUna(clsMesa &mesa, const std::string &strOrigen)
 {
     const std::string strDestino = mesa.fDestino(strOrigen);
-    const int intError = fCopiar(strOrigen, strDestino, mesa.disco, &mesa.bolFin);
+    const auto destino = fIdentidad(strDestino);
+    const bool bolEsOrigen = destino && mesa.lstOrigenes.contains(*destino);
+    const int intError =
+        bolEsOrigen ? EEXIST : fCopiar(strOrigen, strDestino, mesa.disco, &mesa.bolFin);
     {
         const std::lock_guard guarda(mesa.cerrojo);
         if (intError == 0) {
@@ -193,6 +210,11 @@ bool fCopiarUna(clsMesa &mesa, const std::string &strOrigen)
 
 void fCopiarTodas(clsMesa &mesa)
 {
+    for (const std::string &strRuta : mesa.lstRutas) {
+        if (const auto origen = fIdentidad(strRuta)) {
+            mesa.lstOrigenes.insert(*origen);
+        }
+    }
     for (const std::string &strRuta : mesa.lstRutas) {
         if (!fCopiarUna(mesa, strRuta)) {
             break;

@@ -42,7 +42,8 @@ using clsDestino = std::function<std::string(const std::string &strOrigen)>;
 /// @param strCarpeta with or without a trailing "/".
 [[nodiscard]] clsDestino fDestinoEn(const std::string &strCarpeta);
 
-/// Copies files in order up to the first failure. The work is done on a thread of its own, so that
+/// Copies files in order up to the first failure. A copy that would replace one of the files that
+/// are sent fails (EEXIST). The work is done on a thread of its own, so that
 /// the caller's can go on answering whatever the disk does.
 /// @param fPaso runs in the caller's thread with the number of files copied so far: before the
 ///              first, when there are more, and every 50 ms besides. False ends the copying:

@@ -21,9 +21,8 @@ inline constexpr int intHilosUsuales = 8;
 /// the table, and end by themselves.
 template <typename Pregunta, typename Respuesta> class clsAdelanto {
 public:
-    /// @param fResponder called on several threads at once, and perhaps still after the end: it
-    /// must
-    ///                   not refer to anything that ends with the asking.
+    /// @param fResponder called on several threads at once, and perhaps still after the end, so it
+    ///                   must not refer to anything that ends with the asking.
     /// @param intHilos   threads that answer.
     /// @param lngAdelanto questions that may be given ahead of the answers taken.
     clsAdelanto(std::function<Respuesta(const Pregunta &)> fResponder, int intHilos,

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <iterator>
+#include <mutex>
 
 namespace {
 
@@ -16,16 +17,23 @@ bool fMisma(const clsPedido &uno, const clsPedido &otro)
 
 } // namespace
 
-clsAlmacenFotos::clsAlmacenFotos(QObject *padre) : QObject(padre)
+/// Where the threads leave what they made; it may outlive the store.
+struct clsAlmacenFotos::clsBuzon {
+    std::mutex cerrojo;
+    clsAlmacenFotos *almacen; ///< nullptr once it is gone
+};
+
+clsAlmacenFotos::clsAlmacenFotos(QObject *padre)
+    : QObject(padre), m_buzon(std::make_shared<clsBuzon>())
 {
-    // The visible picture and one neighbour at a time.
-    m_hilos.setMaxThreadCount(2);
+    m_buzon->almacen = this;
 }
 
 clsAlmacenFotos::~clsAlmacenFotos()
 {
     fAnularSalvo({});
-    m_hilos.waitForDone();
+    const std::lock_guard guarda(m_buzon->cerrojo);
+    m_buzon->almacen = nullptr;
 }
 
 std::shared_ptr<const clsFuente> clsAlmacenFotos::fTomar(const clsPedido &pedido,
@@ -57,13 +65,17 @@ void clsAlmacenFotos::fPedir(const clsPedido &pedido, const clsHuella &huella)
     }
     const clsTrabajo trabajo{pedido, huella, std::make_shared<std::atomic<bool>>(false)};
     m_lstTrabajos.push_back(trabajo);
-    m_hilos.start([this, trabajo] {
+    m_hilos.fEncolar([buzon = m_buzon, trabajo] {
         auto fuente = std::make_shared<clsFuente>();
         if (!*trabajo.bolAnulado) {
             *fuente = fDecodificar(trabajo.pedido, *trabajo.bolAnulado);
         }
-        QMetaObject::invokeMethod(
-            this, [this, trabajo, fuente] { fRecibir(trabajo, fuente); }, Qt::QueuedConnection);
+        const std::lock_guard guarda(buzon->cerrojo);
+        if (clsAlmacenFotos *const almacen = buzon->almacen) {
+            QMetaObject::invokeMethod(
+                almacen, [almacen, trabajo, fuente] { almacen->fRecibir(trabajo, fuente); },
+                Qt::QueuedConnection);
+        }
     });
 }
 

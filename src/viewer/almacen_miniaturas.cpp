@@ -5,9 +5,6 @@
 #include <QMetaObject>
 
 #include <algorithm>
-#include <chrono>
-#include <condition_variable>
-#include <deque>
 #include <iterator>
 #include <list>
 #include <mutex>
@@ -17,8 +14,9 @@
 
 namespace {
 
-constexpr std::chrono::seconds espera{1};
 constexpr std::size_t lngMaximoEntradas = 20000; // failures have no pixels, but names
+
+int fNucleos() { return std::max(2, static_cast<int>(std::thread::hardware_concurrency())); }
 
 std::string fClave(const clsEncargo &encargo)
 {
@@ -27,11 +25,14 @@ std::string fClave(const clsEncargo &encargo)
 
 } // namespace
 
-/// What the threads share. They hold it, so that one that hangs can outlive the store.
+/// What the pieces of work share. They hold it, so that one that hangs can outlive the store.
 class clsTallerMiniaturas : public std::enable_shared_from_this<clsTallerMiniaturas> {
 public:
-    clsTallerMiniaturas(clsFotograma fFotograma, std::function<void()> fAvisar)
-        : m_fFotograma(std::move(fFotograma)), m_fAvisar(std::move(fAvisar))
+    /// @param fotos, videos must live until fCerrar.
+    clsTallerMiniaturas(clsFotograma fFotograma, std::function<void()> fAvisar, clsHilos &fotos,
+                        clsHilos &videos)
+        : m_fFotograma(std::move(fFotograma)), m_fAvisar(std::move(fAvisar)), m_fotos(&fotos),
+          m_videos(&videos)
     {
     }
     void fEncargar(std::vector<clsEncargo> lstEncargos);
@@ -48,33 +49,29 @@ private:
         clsHuella huella; ///< set once a video was reached
     };
     using clsTrabajoPtr = std::shared_ptr<clsTrabajo>;
-    using clsCola = std::deque<clsTrabajoPtr>;
     struct clsGuardada {
         std::string strClave;
         clsHuella huella;
         clsMiniatura miniatura;
     };
 
-    void fArrancar();
-    void fTrabajar(clsCola &cola, Paso paso, void (clsTallerMiniaturas::*fPaso)(clsTrabajo &));
-    void fBuscar(clsTrabajo &trabajo);
-    void fGrabar(clsTrabajo &trabajo);
+    void fEncolar(const clsTrabajoPtr &trabajo);
+    [[nodiscard]] bool fTomarPieza(clsTrabajo &trabajo, Paso enCola, Paso enMarcha);
+    void fBuscar(const clsTrabajoPtr &trabajo);
+    void fGrabar(const clsTrabajoPtr &trabajo);
     [[nodiscard]] clsMiniatura fHacer(const clsTrabajo &trabajo, const clsHuella &huella) const;
-    void fEntregar(clsTrabajo &trabajo, clsMiniatura miniatura);
+    void fEntregar(const clsTrabajoPtr &trabajo, clsMiniatura miniatura);
     [[nodiscard]] std::optional<clsMiniatura> fGuardada(const std::string &strClave,
                                                         const clsHuella &huella);
     void fGuardar(const clsTrabajo &trabajo, const clsHuella &huella,
                   const clsMiniatura &miniatura);
 
     const clsFotograma m_fFotograma;
-    std::function<void()> m_fAvisar;
     std::mutex m_cerrojo; ///< of everything below
-    std::condition_variable m_novedad;
-    bool m_bolCerrado = false;
-    int m_intHilos = 0;
+    std::function<void()> m_fAvisar;
+    clsHilos *m_fotos; ///< nullptr once closed
+    clsHilos *m_videos;
     std::unordered_map<std::string, clsTrabajoPtr> m_mapTrabajos; ///< what is wanted
-    clsCola m_colaFotos;                                          ///< of Paso::EnCola
-    clsCola m_colaVideos;                                         ///< of Paso::EnColaVideo
     std::list<clsGuardada> m_lstGuardadas;                        ///< last used first
     std::unordered_map<std::string, std::list<clsGuardada>::iterator> m_mapGuardadas;
     qint64 m_lngBytes = 0; ///< of the kept ones
@@ -84,8 +81,8 @@ void clsTallerMiniaturas::fEncargar(std::vector<clsEncargo> lstEncargos)
 {
     const std::lock_guard guarda(m_cerrojo);
     std::unordered_map<std::string, clsTrabajoPtr> mapTrabajos;
-    m_colaFotos.clear();
-    m_colaVideos.clear();
+    m_fotos->fVaciar();
+    m_videos->fVaciar();
     for (clsEncargo &encargo : lstEncargos) {
         std::string strClave = fClave(encargo);
         // What is under way goes on. What was made is looked at anew, for the file can have
@@ -96,20 +93,28 @@ void clsTallerMiniaturas::fEncargar(std::vector<clsEncargo> lstEncargos)
             trabajo = std::make_shared<clsTrabajo>();
             trabajo->encargo = std::move(encargo);
         }
-        if (trabajo->paso == Paso::EnCola) {
-            m_colaFotos.push_back(trabajo);
-        } else if (trabajo->paso == Paso::EnColaVideo) {
-            m_colaVideos.push_back(trabajo);
+        if (mapTrabajos.emplace(std::move(strClave), trabajo).second) {
+            fEncolar(trabajo);
         }
-        mapTrabajos.emplace(std::move(strClave), std::move(trabajo));
     }
     m_mapTrabajos.swap(mapTrabajos);
     for (const auto &[strClave, trabajo] : mapTrabajos) {
         const auto it = m_mapTrabajos.find(strClave);
         trabajo->bolAnulado = it == m_mapTrabajos.end() || it->second != trabajo;
     }
-    fArrancar();
-    m_novedad.notify_all();
+}
+
+/// Hands out the next step of an order, unless it is under way; under the lock.
+void clsTallerMiniaturas::fEncolar(const clsTrabajoPtr &trabajo)
+{
+    if (m_fotos == nullptr) {
+        return;
+    }
+    if (trabajo->paso == Paso::EnCola) {
+        m_fotos->fEncolar([yo = shared_from_this(), trabajo] { yo->fBuscar(trabajo); });
+    } else if (trabajo->paso == Paso::EnColaVideo) {
+        m_videos->fEncolar([yo = shared_from_this(), trabajo] { yo->fGrabar(trabajo); });
+    }
 }
 
 std::optional<clsMiniatura> clsTallerMiniaturas::fTomar(const clsEncargo &encargo)
@@ -121,75 +126,43 @@ std::optional<clsMiniatura> clsTallerMiniaturas::fTomar(const clsEncargo &encarg
 
 void clsTallerMiniaturas::fCerrar()
 {
-    std::unique_lock guarda(m_cerrojo);
-    m_bolCerrado = true;
+    const std::lock_guard guarda(m_cerrojo);
     m_fAvisar = nullptr;
-    m_colaFotos.clear();
-    m_colaVideos.clear();
+    m_fotos = m_videos = nullptr;
     for (const auto &[strClave, trabajo] : m_mapTrabajos) {
         trabajo->bolAnulado = true;
     }
-    m_novedad.notify_all();
-    m_novedad.wait_for(guarda, espera, [this] { return m_intHilos == 0; });
 }
 
-/// Starts the threads at the first order: photos on all cores, videos beside them.
-void clsTallerMiniaturas::fArrancar()
+/// Whether a piece of work is still to be done; an order can have been handed out twice.
+bool clsTallerMiniaturas::fTomarPieza(clsTrabajo &trabajo, Paso enCola, Paso enMarcha)
 {
-    if (m_intHilos > 0) {
-        return;
+    const std::lock_guard guarda(m_cerrojo);
+    if (trabajo.bolAnulado || trabajo.paso != enCola) {
+        return false;
     }
-    const int intNucleos = std::max(2, static_cast<int>(std::thread::hardware_concurrency()));
-    for (int intHilo = 0; intHilo < intNucleos; ++intHilo) {
-        m_intHilos += 2;
-        std::thread([yo = shared_from_this()] {
-            yo->fTrabajar(yo->m_colaFotos, Paso::Buscando, &clsTallerMiniaturas::fBuscar);
-        }).detach();
-        std::thread([yo = shared_from_this()] {
-            yo->fTrabajar(yo->m_colaVideos, Paso::Grabando, &clsTallerMiniaturas::fGrabar);
-        }).detach();
-    }
-}
-
-void clsTallerMiniaturas::fTrabajar(clsCola &cola, Paso paso,
-                                    void (clsTallerMiniaturas::*fPaso)(clsTrabajo &))
-{
-    std::unique_lock guarda(m_cerrojo);
-    while (true) {
-        m_novedad.wait(guarda, [&] { return m_bolCerrado || !cola.empty(); });
-        if (m_bolCerrado) {
-            break;
-        }
-        const clsTrabajoPtr trabajo = cola.front();
-        cola.pop_front();
-        trabajo->paso = paso;
-        guarda.unlock();
-        (this->*fPaso)(*trabajo);
-        guarda.lock();
-        if (trabajo->paso == Paso::EnColaVideo && !trabajo->bolAnulado) {
-            m_colaVideos.push_back(trabajo);
-            m_novedad.notify_all();
-        }
-    }
-    --m_intHilos;
-    m_novedad.notify_all();
+    trabajo.paso = enMarcha;
+    return true;
 }
 
 /// First what costs little: whether the file is there, and whether its thumbnail is kept.
-void clsTallerMiniaturas::fBuscar(clsTrabajo &trabajo)
+void clsTallerMiniaturas::fBuscar(const clsTrabajoPtr &trabajo)
 {
+    if (!fTomarPieza(*trabajo, Paso::EnCola, Paso::Buscando)) {
+        return;
+    }
     int intError = 0;
-    const auto huella = fHuella(trabajo.encargo.strRuta, &intError);
+    const auto huella = fHuella(trabajo->encargo.strRuta, &intError);
     if (!huella) {
         fEntregar(trabajo, {fSinAbrir(intError), {}});
         return;
     }
-    auto miniatura = fGuardada(fClave(trabajo.encargo), *huella);
+    auto miniatura = fGuardada(fClave(trabajo->encargo), *huella);
     if (!miniatura) {
-        miniatura = fHacer(trabajo, *huella);
-        fGuardar(trabajo, *huella, *miniatura);
+        miniatura = fHacer(*trabajo, *huella);
+        fGuardar(*trabajo, *huella, *miniatura);
     }
-    trabajo.huella = *huella;
+    trabajo->huella = *huella;
     fEntregar(trabajo, std::move(*miniatura));
 }
 
@@ -208,22 +181,32 @@ clsMiniatura clsTallerMiniaturas::fHacer(const clsTrabajo &trabajo, const clsHue
     return {bolHaceVideos ? Extraccion::Pendiente : Extraccion::SinImagen, {}};
 }
 
-void clsTallerMiniaturas::fGrabar(clsTrabajo &trabajo)
+void clsTallerMiniaturas::fGrabar(const clsTrabajoPtr &trabajo)
 {
+    if (!fTomarPieza(*trabajo, Paso::EnColaVideo, Paso::Grabando)) {
+        return;
+    }
     clsMiniatura miniatura;
-    miniatura.imagen = m_fFotograma(trabajo.encargo.strRuta, trabajo.huella,
-                                    trabajo.encargo.intLado, trabajo.bolAnulado);
-    miniatura.extraccion = miniatura.imagen.isNull() ? Extraccion::SinImagen : Extraccion::Hecha;
-    fGuardar(trabajo, trabajo.huella, miniatura);
+    miniatura.imagen = m_fFotograma(trabajo->encargo.strRuta, trabajo->huella,
+                                    trabajo->encargo.intLado, trabajo->bolAnulado);
+    if (!miniatura.imagen.isNull()) {
+        miniatura.extraccion = Extraccion::Hecha;
+        fGuardar(*trabajo, trabajo->huella, miniatura);
+    } // else it may be that the disk was slow: the next visit tries again
     fEntregar(trabajo, std::move(miniatura));
 }
 
-void clsTallerMiniaturas::fEntregar(clsTrabajo &trabajo, clsMiniatura miniatura)
+void clsTallerMiniaturas::fEntregar(const clsTrabajoPtr &trabajo, clsMiniatura miniatura)
 {
     const std::lock_guard guarda(m_cerrojo);
-    trabajo.paso = miniatura.extraccion == Extraccion::Pendiente ? Paso::EnColaVideo : Paso::Hecho;
-    trabajo.resultado = std::move(miniatura);
-    if (m_fAvisar && !trabajo.bolAnulado) {
+    const bool bolPendiente = miniatura.extraccion == Extraccion::Pendiente;
+    trabajo->paso = bolPendiente ? Paso::EnColaVideo : Paso::Hecho;
+    trabajo->resultado = std::move(miniatura);
+    if (trabajo->bolAnulado) {
+        return;
+    }
+    fEncolar(trabajo);
+    if (m_fAvisar) {
         m_fAvisar();
     }
 }
@@ -268,19 +251,23 @@ void clsTallerMiniaturas::fGuardar(const clsTrabajo &trabajo, const clsHuella &h
 }
 
 clsAlmacenMiniaturas::clsAlmacenMiniaturas(clsFotograma fFotograma, QObject *padre)
-    : QObject(padre), m_taller(std::make_shared<clsTallerMiniaturas>(std::move(fFotograma), [this] {
-          // One notice stands for all that comes until it is read.
-          if (!m_bolAvisado.exchange(true)) {
-              QMetaObject::invokeMethod(
-                  this,
-                  [this] {
-                      m_bolAvisado = false;
-                      emit fLlegada();
-                  },
-                  Qt::QueuedConnection);
-          }
-      }))
+    : QObject(padre), m_fotos(fNucleos()), m_videos(fNucleos())
 {
+    m_taller = std::make_shared<clsTallerMiniaturas>(
+        std::move(fFotograma),
+        [this] {
+            // One notice stands for all that comes until it is read.
+            if (!m_bolAvisado.exchange(true)) {
+                QMetaObject::invokeMethod(
+                    this,
+                    [this] {
+                        m_bolAvisado = false;
+                        emit fLlegada();
+                    },
+                    Qt::QueuedConnection);
+            }
+        },
+        m_fotos, m_videos);
 }
 
 clsAlmacenMiniaturas::~clsAlmacenMiniaturas() { m_taller->fCerrar(); }
@@ -294,3 +281,5 @@ std::optional<clsMiniatura> clsAlmacenMiniaturas::fTomar(const clsEncargo &encar
 {
     return m_taller->fTomar(encargo);
 }
+
+void clsAlmacenMiniaturas::fReforzar() { m_fotos.fReforzar(); }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "viewer/extraccion.h"
+#include "viewer/hilos.h"
 
 #include <QObject>
 
@@ -28,7 +29,6 @@ class clsAlmacenMiniaturas : public QObject {
 public:
     /// @param fFotograma makes the frames of videos; an empty one makes none.
     explicit clsAlmacenMiniaturas(clsFotograma fFotograma, QObject *padre = nullptr);
-    /// Waits a moment for the threads; one that hangs in the file system is left alone.
     ~clsAlmacenMiniaturas() override;
 
     /// What is wanted from now on, the most urgent first. Whatever else was wanted and is not made
@@ -37,6 +37,8 @@ public:
     /// What was made of an order of the last fEncargar; nothing when that is still to come. A video
     /// whose file was reached but whose frame is not made yet is "Pendiente".
     [[nodiscard]] std::optional<clsMiniatura> fTomar(const clsEncargo &encargo) const;
+    /// To be called by whoever has waited in vain: files that hang are not to hold others up.
+    void fReforzar();
 
     static constexpr qint64 lngMaximoGuardado = qint64{192} << 20;
 
@@ -46,5 +48,7 @@ signals:
 
 private:
     std::atomic<bool> m_bolAvisado = false;
+    clsHilos m_fotos;
+    clsHilos m_videos;
     std::shared_ptr<clsTallerMiniaturas> m_taller;
 };

@@ -5,7 +5,8 @@
 /// What drawing the viewing panel needs from above.
 struct clsEntorno {
     std::function<void()> fProcesando; ///< says that pictures are being loaded
-    std::function<void(bool)> fCeder;  ///< lets events run; true: waits for the next one
-    std::function<bool()> fVigente;    ///< whether this drawing is still wanted
-    std::function<void()> fFalta;      ///< a file is not on the disk
+    /// Lets events run; with a number above 0 waits for one so many milliseconds at most.
+    std::function<void(int)> fCeder;
+    std::function<bool()> fVigente; ///< whether this drawing is still wanted
+    std::function<void()> fFalta;   ///< a file is not on the disk
 };

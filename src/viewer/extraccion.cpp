@@ -141,14 +141,14 @@ clsMiniatura fExtraerFoto(const std::string &strRuta, int intLado,
     clsCabeceraJpeg cabecera;
     const bool bolJpeg = fLeerCabeceraJpeg(lector, cabecera);
     QImage imagen = fMiniaturaExif(lector, cabecera, intLado);
-    if (imagen.isNull() && !bolAnulado && !fEsDudosa(cabecera, huella.lngBytes)) {
-        clsArchivoAnulable archivo(bolAnulado);
-        if (archivo.open(descriptor.fFd(), QIODevice::ReadOnly)) {
-            imagen = fReducir(archivo, bolJpeg, intLado);
-        }
+    clsArchivoAnulable archivo(bolAnulado);
+    if (imagen.isNull() && !bolAnulado && !fEsDudosa(cabecera, huella.lngBytes) &&
+        archivo.open(descriptor.fFd(), QIODevice::ReadOnly)) {
+        imagen = fReducir(archivo, bolJpeg, intLado);
     }
     if (imagen.isNull() || bolAnulado) {
-        return {Extraccion::SinImagen, {}};
+        const bool bolDisco = archivo.error() == QFileDevice::ReadError && !bolAnulado;
+        return {bolDisco ? Extraccion::Disco : Extraccion::SinImagen, {}};
     }
     return {Extraccion::Hecha, fParaPantalla(std::move(imagen))};
 }

@@ -186,11 +186,11 @@ QImage clsFotogramas::fFotograma(const std::string &strRuta, const clsHuella &hu
         m_cache.fGuardar(strRuta, huella, intLadoCache, hecha.imagen);
         break;
     case Fin::SinImagen:
-    case Fin::Tarde:
     case Fin::Roto:
-        // A slow disk or a full memory may be to blame for all but the first.
+        // A full memory may be to blame for the second.
         m_cache.fApuntarFallo(strRuta, huella, hecha.fin != Fin::SinImagen);
         break;
+    case Fin::Tarde: // a disk that wakes up
     case Fin::NoSeLee:
     case Fin::NoArranca:
     case Fin::Anulado:

@@ -43,7 +43,7 @@ public:
 
     /// A frame of a video: from the desktop's cache; else from our child program; where that is not
     /// installed, from the program the desktop has registered. What is made goes into the cache,
-    /// and so does the news that nothing could be made.
+    /// and so does the news that nothing can be made.
     /// @param strRuta    absolute path.
     /// @param huella     time and size of the file as they are now.
     /// @param intLado    side of the box in device pixels, greater than 0.

@@ -10,11 +10,11 @@
 #include <string>
 #include <vector>
 
-/// A cuadro of a video, or why there is none.
+/// A frame of a video, or why there is none.
 struct clsCuadroVideo {
     enum class Fin {
         Imagen,
-        SinImagen, ///< no cuadro comes out of this file
+        SinImagen, ///< no frame comes out of this file
         NoSeLee,   ///< the file could not be opened, or is none
         Tarde,     ///< no answer within the time limit
         Roto,      ///< the child died or answered nonsense
@@ -37,7 +37,7 @@ public:
     /// @param plazo       time for one file, from request to answer.
     clsHijoVideo(std::string strPrograma, std::chrono::milliseconds plazo);
 
-    /// Asks for a cuadro no larger than a box and waits for it.
+    /// Asks for a frame no larger than a box and waits for it.
     /// @param intLado    side of the box in pixels, 1 to lngLadoMaximo.
     /// @param bolAnulado looked at every few milliseconds; true ends the wait. The child then still
     ///                   owes an answer, which the next request throws away by its number.

@@ -66,9 +66,9 @@ QPixmap fVacio(int intLado, double dblDpr, bool bolVideo)
         }
         pintor.setPen(fPluma(colTrazo, 3));
         pintor.drawRoundedRect(QRectF(20, 28, 60, 44), 5, 5);
-        for (double dblX = 28; dblX <= 72; dblX += 11) {
-            pintor.drawPoint(QPointF(dblX, 35));
-            pintor.drawPoint(QPointF(dblX, 65));
+        for (const int intX : {28, 39, 50, 61, 72}) {
+            pintor.drawPoint(intX, 35);
+            pintor.drawPoint(intX, 65);
         }
         pintor.setBrush(QColor(colTrazo));
         pintor.drawPolygon(QPolygonF({QPointF(44, 42), QPointF(59, 50), QPointF(44, 58)}));

@@ -16,8 +16,9 @@ namespace {
 
 /// Events run at least so often while a page is drawn, in milliseconds.
 constexpr int intTurno = 8;
-
-const auto strVideo = QStringLiteral("v  i  d  e  o");
+/// Without anything new for so long, in milliseconds, the page is drawn without what is missing: a
+/// disk that does not answer must not hold up those who want to go on.
+constexpr qint64 lngPaciencia = 500;
 
 QString fTextoConsejo(const clsFilas &filas, int lngPos, const clsSignos &signos)
 {
@@ -33,12 +34,10 @@ clsMiniaturas::clsMiniaturas(QWidget *cliente, const clsFilas &filas, clsSignos 
                              clsMensajes &mensajes, clsFotograma fFotograma)
     : QObject(cliente), m_cliente(cliente), m_filas(filas), m_signos(std::move(signos)),
       m_almacen(std::move(fFotograma)),
-      m_generador(mensajes, [this](const std::string &strRuta, int) {
-          return m_almacen.fTomar({strRuta, fLado()}).value_or(clsMiniatura{});
-      })
+      m_generador(mensajes, [this](const std::string &, int) { return m_hecha; })
 {
     m_generador.Options = cThumbnailGenerator::IEIFLAG_SCREEN | cThumbnailGenerator::IEIFLAG_ASPECT;
-    connect(&m_almacen, &clsAlmacenMiniaturas::fLlegada, this, &clsMiniaturas::fRenovar);
+    connect(&m_almacen, &clsAlmacenMiniaturas::fLlegada, this, &clsMiniaturas::fLlegar);
     fCargarCeldas(); // the first cell exists always
 }
 
@@ -55,6 +54,7 @@ void clsMiniaturas::fDisponer(const clsRect &fondo, int intTam)
     const auto lngCeldas = static_cast<std::size_t>(m_rejilla.intCeldas);
     while (m_lstCeldas.size() > lngCeldas) {
         // Not at once: the click that led here may have been on it.
+        m_lstCeldas.back().boton->disconnect(this);
         m_lstCeldas.back().boton->setObjectName({});
         m_lstCeldas.back().boton->deleteLater();
         m_lstCeldas.pop_back();
@@ -164,17 +164,19 @@ bool clsMiniaturas::fMostrar(int lngActual, const clsEntorno &entorno)
     const int lngFin = std::min(lngInicio + m_rejilla.intCeldas, m_filas.fCantidad());
     fRepartir(lngInicio, lngActual);
     fEncargar(lngInicio);
+    m_fFalta = entorno.fFalta;
+    m_desdeNovedad.start();
     m_desdeCeder.invalidate();
     for (int lngPos = lngInicio; lngPos < lngFin; ++lngPos) {
-        clsCelda &celda = m_lstCeldas[static_cast<std::size_t>(lngPos - lngInicio)];
-        if (!fMuestra(celda, lngPos) && !fDibujar(celda, lngPos, entorno)) {
+        const auto lngCelda = static_cast<std::size_t>(lngPos - lngInicio);
+        if (!fMuestra(m_lstCeldas[lngCelda], lngPos) && !fDibujar(lngCelda, lngPos, entorno)) {
             return false;
         }
     }
     return true;
 }
 
-bool clsMiniaturas::fDibujar(clsCelda &celda, int lngPos, const clsEntorno &entorno)
+bool clsMiniaturas::fDibujar(std::size_t lngCelda, int lngPos, const clsEntorno &entorno)
 {
     if (!m_desdeCeder.isValid()) {
         entorno.fProcesando();
@@ -182,29 +184,38 @@ bool clsMiniaturas::fDibujar(clsCelda &celda, int lngPos, const clsEntorno &ento
     const clsEncargo encargo{m_filas.fRuta(lngPos), fLado()};
     // Looked for before every wait: what came while other events ran wakes nobody any more.
     while (entorno.fVigente() && !m_almacen.fTomar(encargo)) {
-        entorno.fCeder(true);
+        if (m_desdeNovedad.hasExpired(lngPaciencia)) {
+            m_almacen.fReforzar();
+            break;
+        }
+        entorno.fCeder(static_cast<int>(lngPaciencia));
     }
-    if (!entorno.fVigente() || !fPintar(celda, lngPos, entorno)) {
+    if (!entorno.fVigente() || !fPintar(lngCelda, lngPos, entorno.fVigente)) {
         return false;
     }
     if (!m_desdeCeder.isValid() || m_desdeCeder.elapsed() >= intTurno) {
-        entorno.fCeder(false);
+        entorno.fCeder(0);
         m_desdeCeder.start();
     }
     return entorno.fVigente();
 }
 
-bool clsMiniaturas::fPintar(clsCelda &celda, int lngPos, const clsEntorno &entorno)
+/// Shows in a cell what there is of a file by now.
+/// @return false when a message has let events run and the cell is not the file's any more.
+bool clsMiniaturas::fPintar(std::size_t lngCelda, int lngPos, const std::function<bool()> &fVigente)
 {
     const std::string strRuta = m_filas.fRuta(lngPos);
     const int intLado = fLado();
     const double dblDpr = m_cliente->devicePixelRatioF();
     const bool bolVideo = fEsVideo(strRuta);
-    const clsMiniatura miniatura = m_almacen.fTomar({strRuta, intLado}).value_or(clsMiniatura{});
+    const clsMiniatura miniatura =
+        m_almacen.fTomar({strRuta, intLado}).value_or(clsMiniatura{Extraccion::Pendiente, {}});
+    m_hecha = miniatura;
+    const bool bolPendiente = miniatura.extraccion == Extraccion::Pendiente;
     QPixmap imagen;
     QString strTexto;
     if (miniatura.extraccion == Extraccion::Falta) {
-        entorno.fFalta();
+        m_fFalta();
         imagen = fErrorLista(m_generador.DesiredWidth, dblDpr);
         strTexto = QStringLiteral("(No existe)");
     } else {
@@ -217,20 +228,21 @@ bool clsMiniaturas::fPintar(clsCelda &celda, int lngPos, const clsEntorno &entor
             imagen.setDevicePixelRatio(dblDpr);
         } else {
             imagen = fVacio(m_generador.DesiredWidth, dblDpr, bolVideo);
-            strTexto = QStringLiteral("(No disponible)");
+            strTexto = bolPendiente ? QString() : QStringLiteral("(No disponible)");
         }
         if (bolVideo) {
-            strTexto = strVideo;
+            strTexto = QStringLiteral("v  i  d  e  o");
         }
     }
-    if (!entorno.fVigente()) {
-        return false; // a message has let events run
+    if (!fVigente()) {
+        return false;
     }
+    clsCelda &celda = m_lstCeldas[lngCelda];
     celda.lngPos = lngPos;
     celda.lngRevision = m_filas.fRevision();
     celda.intLado = intLado;
     celda.lngImagen = miniatura.imagen.isNull() ? 0 : miniatura.imagen.cacheKey();
-    celda.bolPendiente = miniatura.extraccion == Extraccion::Pendiente;
+    celda.bolPendiente = bolPendiente;
     celda.boton->fPoner(imagen, strTexto);
     celda.boton->fConsejo(fTextoConsejo(m_filas, lngPos, m_signos));
     celda.boton->setProperty("Tag", QString::number(lngPos));
@@ -239,26 +251,34 @@ bool clsMiniaturas::fPintar(clsCelda &celda, int lngPos, const clsEntorno &entor
     return true;
 }
 
-/// Takes over what has come for cells that are drawn: frames of videos, and the new pictures of
-/// files that were replaced.
-void clsMiniaturas::fRenovar()
+/// Takes over what has come for cells that are drawn.
+void clsMiniaturas::fLlegar()
 {
-    for (clsCelda &celda : m_lstCeldas) {
-        if (!fMuestra(celda, celda.lngPos) || celda.lngPos < 0) {
-            continue;
-        }
-        const auto miniatura = m_almacen.fTomar({m_filas.fRuta(celda.lngPos), celda.intLado});
-        if (!miniatura || miniatura->extraccion == Extraccion::Pendiente) {
-            continue;
-        }
-        celda.bolPendiente = false;
-        const qint64 lngImagen = miniatura->imagen.isNull() ? 0 : miniatura->imagen.cacheKey();
-        if (lngImagen != 0 && lngImagen != celda.lngImagen) {
-            celda.lngImagen = lngImagen;
-            QPixmap imagen = QPixmap::fromImage(miniatura->imagen);
-            imagen.setDevicePixelRatio(m_cliente->devicePixelRatioF());
-            celda.boton->fPoner(imagen,
-                                fEsVideo(m_filas.fNombre(celda.lngPos)) ? strVideo : QString());
-        }
+    m_desdeNovedad.start();
+    // A message can let events run, and these can take cells away.
+    for (std::size_t lngCelda = 0; lngCelda < m_lstCeldas.size(); ++lngCelda) {
+        fRenovar(lngCelda);
+    }
+}
+
+void clsMiniaturas::fRenovar(std::size_t lngCelda)
+{
+    clsCelda &celda = m_lstCeldas[lngCelda];
+    if (celda.lngPos < 0 || !fMuestra(celda, celda.lngPos)) {
+        return;
+    }
+    const auto miniatura = m_almacen.fTomar({m_filas.fRuta(celda.lngPos), celda.intLado});
+    if (!miniatura || miniatura->extraccion == Extraccion::Pendiente) {
+        return;
+    }
+    // A picture that has been lost meanwhile stays until the page is drawn anew.
+    const bool bolNueva = miniatura->extraccion == Extraccion::Hecha &&
+                          miniatura->imagen.cacheKey() != celda.lngImagen;
+    if (std::exchange(celda.bolPendiente, false) || bolNueva) {
+        const int lngPos = celda.lngPos;
+        static_cast<void>(fPintar(lngCelda, lngPos, [this, lngCelda, lngPos] {
+            return lngCelda < m_lstCeldas.size() && m_lstCeldas[lngCelda].lngPos == lngPos &&
+                   fMuestra(m_lstCeldas[lngCelda], lngPos);
+        }));
     }
 }

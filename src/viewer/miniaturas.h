@@ -32,8 +32,9 @@ public:
     /// Hides and empties all cells.
     void fVaciar();
     /// Draws the page that holds the current file. The list must not be empty. Thumbnails appear in
-    /// order as they are made; the frames of videos are waited for by nobody and appear later, and
-    /// so do new pictures of files that were replaced while their cells showed them.
+    /// order as they are made. The frames of videos are waited for by nobody and appear later, and
+    /// so do files that the disk does not give in time, and new pictures of files that were
+    /// replaced while their cells showed them.
     /// @return false when it was superseded or the window closes.
     [[nodiscard]] bool fMostrar(int lngActual, const clsEntorno &entorno);
 
@@ -51,17 +52,19 @@ private:
         std::uint64_t lngRevision = 0;
         int intLado = 0;           ///< side of the box in device pixels
         qint64 lngImagen = 0;      ///< QImage::cacheKey of the thumbnail, 0: none
-        bool bolPendiente = false; ///< the frame of its video is still to come
+        bool bolPendiente = false; ///< what it is to show is still to come
     };
     void fCargarCeldas();
     void fVaciar(clsCelda &celda);
     void fRepartir(int lngInicio, int lngActual);
     [[nodiscard]] bool fMuestra(const clsCelda &celda, int lngPos) const;
     void fEncargar(int lngInicio);
-    [[nodiscard]] bool fDibujar(clsCelda &celda, int lngPos, const clsEntorno &entorno);
-    [[nodiscard]] bool fPintar(clsCelda &celda, int lngPos, const clsEntorno &entorno);
+    [[nodiscard]] bool fDibujar(std::size_t lngCelda, int lngPos, const clsEntorno &entorno);
+    [[nodiscard]] bool fPintar(std::size_t lngCelda, int lngPos,
+                               const std::function<bool()> &fVigente);
     void fMarcar(const clsCelda &celda, int lngActual);
-    void fRenovar();
+    void fLlegar();
+    void fRenovar(std::size_t lngCelda);
     [[nodiscard]] int fLado() const;
 
     QWidget *m_cliente;
@@ -69,8 +72,11 @@ private:
     const clsSignos m_signos;
     clsAlmacenMiniaturas m_almacen;
     cThumbnailGenerator m_generador;
+    clsMiniatura m_hecha; ///< what the generator is to give out
     clsRejilla m_rejilla;
     std::vector<clsCelda> m_lstCeldas;
     int m_lngActual = 0;
     QElapsedTimer m_desdeCeder;
+    QElapsedTimer m_desdeNovedad;   ///< since a thumbnail was last made
+    std::function<void()> m_fFalta; ///< tells that a file is not on the disk
 };

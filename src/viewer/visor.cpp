@@ -7,10 +7,16 @@
 #include <QLabel>
 #include <QMouseEvent>
 
+#include <QElapsedTimer>
+
 #include <algorithm>
 #include <iterator>
 
 namespace {
+
+/// A picture that takes longer, in milliseconds, is waited for by nobody: a disk that does not
+/// answer must not hold up those who want to go on.
+constexpr qint64 lngPaciencia = 2000;
 
 QRect fPixeles(const clsRect &rect)
 {
@@ -59,6 +65,7 @@ void clsVisor::fDisponer(const clsDisposicion &sitio, bool bolRecuadro)
 void clsVisor::fVaciar()
 {
     m_imgPuente.reset();
+    m_bolPendiente = false;
     m_strRuta.clear();
     m_imgFoto->fPoner(nullptr);
 }
@@ -111,9 +118,11 @@ std::shared_ptr<const clsFuente> clsVisor::fCargar(const std::string &strRuta,
     if (!fuente) {
         // Painted before the load: the user sees that something is under way.
         m_imgFoto->hide();
-        entorno.fCeder(false);
+        entorno.fCeder(0);
     }
-    while (!fuente && entorno.fVigente()) {
+    QElapsedTimer espera;
+    espera.start();
+    while (!fuente && entorno.fVigente() && !espera.hasExpired(lngPaciencia)) {
         // Looked for and requested at every turn: while events run, the picture can have come, its
         // request can have been given up, and zoom and frame can have changed.
         const clsPedido pedido = fPedido(strRuta, lngMaximoFoto);
@@ -126,8 +135,11 @@ std::shared_ptr<const clsFuente> clsVisor::fCargar(const std::string &strRuta,
         if (!fuente) {
             m_almacen.fAnularSalvo({pedido, previa.value_or(pedido)});
             fPedirCon(previa, pedido, *huella);
-            entorno.fCeder(true);
+            entorno.fCeder(static_cast<int>(lngPaciencia));
         }
+    }
+    if (!fuente) {
+        m_almacen.fReforzar();
     }
     return fuente && fuente->imagen.isNull() ? m_imgNoImagen : fuente;
 }
@@ -142,12 +154,20 @@ bool clsVisor::fMostrar(const std::string &strRuta, const clsEntorno &entorno)
     if (!entorno.fVigente()) {
         return false;
     }
+    m_bolPendiente = fuente == nullptr;
+    if (!m_bolPendiente) {
+        fPoner(std::move(fuente));
+    }
+    return true;
+}
+
+void clsVisor::fPoner(std::shared_ptr<const clsFuente> fuente)
+{
     m_imgPuente = std::move(fuente);
     m_imgFoto->fPoner(m_imgPuente);
     m_imgFoto->fColocar(m_intZoom);
     m_imgFoto->show();
     fCompletar(); // the zoom may have changed while the picture was decoded
-    return true;
 }
 
 void clsVisor::fAnticipar(const std::string &strRuta)
@@ -185,6 +205,9 @@ void clsVisor::fPedirVecinas()
 void clsVisor::fFijarZoom(int intZoom)
 {
     m_intZoom = intZoom;
+    if (m_bolPendiente) {
+        m_almacen.fPedir(fPedido(m_strRuta, lngMaximoFoto), m_huella);
+    }
     if (m_imgPuente == nullptr) {
         return;
     }
@@ -205,6 +228,10 @@ void clsVisor::fCompletar()
 /// Takes over more pixels of the picture that is shown, when they have come.
 void clsVisor::fAfinar()
 {
+    if (m_bolPendiente) {
+        fTomarPendiente();
+        return;
+    }
     if (m_imgPuente == nullptr || m_imgPuente == m_imgNoImagen) {
         return;
     }
@@ -212,6 +239,16 @@ void clsVisor::fAfinar()
     if (fuente && fuente != m_imgPuente && !fuente->imagen.isNull()) {
         m_imgPuente = fuente;
         m_imgFoto->fPoner(fuente);
+    }
+}
+
+/// Shows the picture that the disk did not give in time, if it has come.
+void clsVisor::fTomarPendiente()
+{
+    auto fuente = m_almacen.fTomar(fPedido(m_strRuta, lngMaximoFoto), m_huella);
+    if (fuente) {
+        m_bolPendiente = false;
+        fPoner(fuente->imagen.isNull() ? m_imgNoImagen : std::move(fuente));
     }
 }
 

@@ -29,7 +29,8 @@ public:
     /// Empties the picture.
     void fVaciar();
     /// Shows a file as one picture: loads, places and shows it. Missing files, videos and what
-    /// cannot be decoded show the no-image picture.
+    /// cannot be decoded show the no-image picture. What the disk does not give in time leaves the
+    /// frame empty and appears when it comes.
     /// @return false when it was superseded or the window closes: nothing of it is shown then.
     [[nodiscard]] bool fMostrar(const std::string &strRuta, const clsEntorno &entorno);
     /// Begins to decode the file that is going to be shown first, while the window is being built.
@@ -52,6 +53,8 @@ private:
     [[nodiscard]] clsPedido fPedido(const std::string &strRuta, qint64 lngMaximo) const;
     [[nodiscard]] std::shared_ptr<const clsFuente> fCargar(const std::string &strRuta,
                                                            const clsEntorno &entorno);
+    void fPoner(std::shared_ptr<const clsFuente> fuente);
+    void fTomarPendiente();
     void fCompletar();
     [[nodiscard]] std::optional<clsPedido> fPrevia(const std::string &strRuta,
                                                    const clsHuella &huella) const;
@@ -69,5 +72,6 @@ private:
     clsHuella m_huella;                           ///< the file's content
     std::shared_ptr<const clsFuente> m_imgNoImagen;
     std::vector<std::string> m_lstVecinas;
+    bool m_bolPendiente = false; ///< the picture is still to come
     int m_intZoom = 100;
 };

@@ -254,6 +254,19 @@ TEST(Copia, LeavesTheOldFileOnAFullDisk)
 
 std::atomic<bool> bolAtascado;
 
+TEST(ListaDeCopias, NeverReplacesAFileThatIsSentToo)
+{
+    const clsArbol arbol;
+    arbol.fCrear("a/x.jpg", "una");
+    arbol.fCrear("b/x.jpg", "otra");
+    const clsFinCopia fin = fCopiarLista({arbol.fRuta("a/x.jpg"), arbol.fRuta("b/x.jpg")},
+                                         fDestinoEn(arbol.fRuta("b")), [](int) { return true; });
+    EXPECT_EQ(fin.lngHechas, 0);
+    ASSERT_TRUE(fin.fallo);
+    EXPECT_EQ(fin.fallo->intError, EEXIST);
+    EXPECT_EQ(arbol.fLeer("b/x.jpg"), "otra");
+}
+
 TEST(ListaDeCopias, GoesOnUntilItIsToldToStop)
 {
     const clsArbol arbol;

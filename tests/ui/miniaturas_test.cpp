@@ -119,7 +119,7 @@ private:
 
 } // namespace
 
-#define BIEN(pagina) QCOMPARE((pagina).fMal(), QString())
+#define BIEN(pagina) QTRY_COMPARE((pagina).fMal(), QString())
 
 class clsPruebasMiniaturas : public QObject {
     Q_OBJECT
@@ -245,7 +245,7 @@ void clsPruebasMiniaturas::fTheMouseTicksAndChooses()
     QTest::keyRelease(pagina.ventana->windowHandle(), Qt::Key_Control);
     QCOMPARE(fMarcadas(), QList<int>({7, 8}));
     pagina.fClicMini(4, Qt::LeftButton, Qt::MetaModifier); // the system's own key is none
-    pagina.fClicMini(9, Qt::MiddleButton); // without Ctrl it only chooses
+    pagina.fClicMini(9, Qt::MiddleButton);                 // without Ctrl it only chooses
     QCOMPARE(fMarcadas(), QList<int>({7, 8}));
     QCOMPARE(pagina.fPosicion(), 9);
     BIEN(pagina);

@@ -204,9 +204,11 @@ TEST_F(Fotogramas, SurviveAChildThatMisbehavesOnce)
         m_arbol.fCrear(strUno, fAviRojo());
         m_arbol.fCrear("2" + strUno, fAviRojo());
         EXPECT_TRUE(fTomar(strUno).isNull());
-        EXPECT_EQ(fFallo(strUno), "fail for a day");
+        // Who comes late may have waited for a disk that woke up: the next visit tries again.
+        const bool bolTarde = std::string_view(strMal).starts_with("exec sleep");
+        EXPECT_EQ(fFallo(strUno), bolTarde ? "" : "fail for a day");
         EXPECT_FALSE(fTomar("2" + strUno).isNull());
-        EXPECT_TRUE(fTomar(strUno).isNull()); // noted
+        EXPECT_EQ(fTomar(strUno).isNull(), !bolTarde); // noted
     }
 }
 
