@@ -113,11 +113,13 @@ bool clsPuerta::eventFilter(QObject *objeto, QEvent *evento)
 bool clsPuerta::fTecla(const QObject &objeto, const QKeyEvent &evento) const
 {
     // A key that its control leaves unused comes by again for each parent: only the first counts.
-    // Whoever walks through the menu bar with the arrows must be able to.
+    // Whoever walks through the menu bar with the arrows must be able to; a bar that has kept the
+    // focus after the last walk, as it does in a window that is not active, is no obstacle.
     // The window's own focus, since without a window manager it can get keys without being active.
     const QWidget *const control = m_ventana.focusWidget();
+    const auto *const barra = qobject_cast<const QMenuBar *>(&objeto);
     if (&objeto != (control != nullptr ? control : &m_ventana) ||
-        qobject_cast<const QMenuBar *>(&objeto) != nullptr) {
+        (barra != nullptr && barra->activeAction() != nullptr)) {
         return false;
     }
     const int intTecla = fNumeroTecla(evento.key(), evento.modifiers() & Qt::KeypadModifier,
