@@ -12,6 +12,8 @@ void fPrepararAplicacion(QApplication &aplicacion)
     // The files are part of a static library: without this nothing would link them.
     Q_INIT_RESOURCE(recursos);
     QApplication::setWindowIcon(QIcon(QStringLiteral(":/iconos/miravel.svg")));
+    // Under Wayland the desktop finds name and icon of the window by it.
+    QGuiApplication::setDesktopFileName(QStringLiteral("alt.miravel.miravel"));
     QLocale::setDefault(QLocale(QLocale::Spanish, QLocale::Spain));
     auto *const textosQt = new QTranslator(&aplicacion);
     if (textosQt->load(QStringLiteral(":/textos/qtbase_es.qm"))) {
