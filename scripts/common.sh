@@ -5,8 +5,12 @@
 packages_program=(cmake g++ ninja-build qt6-base-dev libqt6svg6 qt6-translations-l10n
     libavformat-dev libavcodec-dev libswscale-dev libavutil-dev pkg-config
     fonts-dejavu-core xdg-utils)
-# The tests besides: GoogleTest, a display without a screen, the checkers, libFuzzer.
+# The package besides: what it depends on is found by dpkg-shlibdeps, which asks file.
+packages_package=(dpkg-dev file)
+# The tests besides: GoogleTest, a display without a screen, the checkers, libFuzzer;
+# gio, which starts desktop entries as a desktop does.
 packages_tests=(libgtest-dev xvfb xauth xdotool locales util-linux procps
+    desktop-file-utils appstream lintian libglib2.0-bin
     clang clang-format clang-tidy libclang-rt-14-dev)
 
 say() { printf '== %s\n' "$*"; }
