@@ -1,0 +1,112 @@
+#!/usr/bin/env bash
+# The package as the user has it: installed by dpkg into a root folder of its own, which needs no
+# rights of root, started from there, removed again. paquete_test.sh DEB MIRAVEL_DEMO CERRAR_VENTANA
+# shellcheck disable=SC1091,SC2034,SC2154,SC2317 # of desde_fuera.sh; called through variables
+set -uo pipefail
+
+deb=$1
+miravel_demo=$2
+cerrar_ventana=$3
+. "$(dirname -- "${BASH_SOURCE[0]}")/../ui/desde_fuera.sh"
+
+instalado=$carpeta/instalado
+# What a shell, a desktop entry and a careless script would spoil.
+readonly strRara=$'Fotos  de "Ñu" & 100% \'x\' $HOME `id` \\ %f ;#~\nfin '
+
+fDpkg() { # arguments: no packages of this machine are looked at, no scripts of a package expected
+    dpkg --root="$instalado" --force-not-root --force-bad-path --force-depends --log=/dev/null "$@" \
+        >>"$carpeta/salida" 2>&1
+}
+
+fLista() { (cd "$instalado" && find . -path ./var/lib/dpkg -prune -o -print | LC_ALL=C sort); }
+
+fPruebaInstall() {
+    mkdir -p "$instalado/var/lib/dpkg/info" "$instalado/var/lib/dpkg/updates"
+    touch "$instalado/var/lib/dpkg/status"
+    fLista >"$carpeta/antes"
+    fExigir "dpkg installs it" fDpkg -i "$deb"
+    fExigir "man pages are where man looks" test -s "$instalado/usr/share/man/es/man1/miravel-abrir.1.gz"
+    fExigir "no default for folders" test -z "$(find "$instalado" -name '*mimeapps.list')"
+    for intLado in 48 64 96 128 256; do
+        fExigir "the icon of $intLado pixels is one" grep -q "$intLado x $intLado" \
+            <(file "$instalado/usr/share/icons/hicolor/${intLado}x$intLado/apps/miravel.png")
+    done
+}
+
+# --- The menu entry, with a program that only says what it was given ---
+
+fSoltar() { # command...: what the program was given, every argument ended by |
+    rm -f "$carpeta/dicho"
+    "$@" >>"$carpeta/salida" 2>&1
+    fEsperar test -s "$carpeta/dicho"
+    strDicho=$(<"$carpeta/dicho")
+}
+
+fPruebaMenuEntry() {
+    local entrada=$instalado/usr/share/applications/alt.miravel.miravel.desktop
+    mkdir -p "$carpeta/doble" "$HOME/$strRara" "$HOME/Mis fotos"
+    cp "$instalado/usr/bin/miravel-abrir" "$carpeta/doble"
+    cat >"$carpeta/doble/miravel" <<FIN
+#!/bin/sh
+printf '%s|' "\$@" >'$carpeta/dicho.parte' && mv '$carpeta/dicho.parte' '$carpeta/dicho'
+FIN
+    cat >"$carpeta/doble/xdg-user-dir" <<'FIN'
+#!/bin/sh
+[ "$1" = PICTURES ] && printf '%s\n' "$PICTURES"
+FIN
+    chmod 755 "$carpeta/doble"/*
+    local PATH=$carpeta/doble:$PATH strDicho
+    fSoltar gio launch "$entrada" "$HOME/$strRara"
+    fExigir "a folder arrives unharmed: $strDicho" test "$strDicho" = "___$HOME/$strRara|"
+
+    export PICTURES="$HOME/Mis fotos"
+    fSoltar gio launch "$entrada"
+    fExigir "without a folder, the pictures: $strDicho" test "$strDicho" = "___$PICTURES|"
+    mkdir "$HOME/Imágenes"
+    # "Not set" is told by the home folder.
+    local PICTURES
+    for PICTURES in "$HOME" "$HOME/" "$HOME/no existe" ""; do
+        fSoltar miravel-abrir
+        fExigir "not from '$PICTURES': $strDicho" test "$strDicho" = "___$HOME/Imágenes|"
+    done
+    rmdir "$HOME/Imágenes"
+    fSoltar miravel-abrir ''
+    fExigir "no pictures at all: $strDicho" test "$strDicho" = "___$HOME|"
+    fExigir "two folders are a mistake" test "$(miravel-abrir a b 2>/dev/null; echo $?)" = 2
+}
+
+# --- The installed program itself ---
+
+fPruebaStart() {
+    # A catalogue has no place for a line feed in a path.
+    local raiz="$carpeta/${strRara//$'\n'/ }"
+    mkdir "$raiz"
+    "$miravel_demo" "$carpeta/demo" >>"$carpeta/salida" 2>&1
+    find "$carpeta/demo" \( -iname '*.mov' -o -iname '*.jpg' \) -size -400k -print0 | sort -z |
+        head -z -n 12 | xargs -0 cp -pt "$raiz"
+    find "$carpeta/demo" -iname '*.mov' -exec cp -p {} "$raiz" \;
+    fArrancar "$instalado/usr/bin/miravel-abrir" "$raiz"
+    fAceptar
+    fEsperarA "the first file shown" fHaySelec "$raiz"
+    fSinCaja
+    fExigir "an absolute path is recorded" grep -qaF "$carpeta/Fotos  de" "$raiz/Miravel.dat"
+    # Thumbnails: the child program is found where it is installed.
+    fExigir "the child program runs" fEsperarUnPoco fConHijo
+    fCerrar
+}
+
+fConHijo() {
+    fTecla "$strPrincipal" m
+    fEsperarUnPoco pgrep -P "$lngPid" -f "^$instalado/.*libexec/miravel/miravel-fotograma" >/dev/null
+}
+
+fPruebaRemove() {
+    fExigir "dpkg removes it" fDpkg --purge miravel
+    fLista >"$carpeta/despues"
+    fExigir "nothing is left over" diff "$carpeta/antes" "$carpeta/despues"
+}
+
+fServidor
+fEntorno
+unset XDG_CONFIG_HOME XDG_CACHE_HOME XDG_DATA_HOME
+fProbar fPruebaInstall fPruebaMenuEntry fPruebaStart fPruebaRemove
