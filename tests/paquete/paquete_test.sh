@@ -1,13 +1,12 @@
 #!/usr/bin/env bash
 # The package as the user has it: installed by dpkg into a root folder of its own, which needs no
 # rights of root, started from there, removed again. paquete_test.sh DEB MIRAVEL_DEMO CERRAR_VENTANA
-# shellcheck disable=SC1091,SC2034,SC2154,SC2317 # of desde_fuera.sh; called through variables
+# shellcheck disable=SC1091,SC2034,SC2154,SC2317 # of binario_comun.sh; called through variables
 set -uo pipefail
 
 deb=$1
-miravel_demo=$2
-cerrar_ventana=$3
-. "$(dirname -- "${BASH_SOURCE[0]}")/../ui/desde_fuera.sh"
+# shellcheck source=tests/ui/binario_comun.sh
+. "$(dirname -- "${BASH_SOURCE[0]}")/../ui/binario_comun.sh" '' "$2" "$3"
 
 instalado=$carpeta/instalado
 # What a shell, a desktop entry and a careless script would spoil.
@@ -18,12 +17,12 @@ fDpkg() { # arguments: no packages of this machine are looked at, no scripts of 
         >>"$carpeta/salida" 2>&1
 }
 
-fLista() { (cd "$instalado" && find . -path ./var/lib/dpkg -prune -o -print | LC_ALL=C sort); }
+fContenido() { (cd "$instalado" && find . -path ./var/lib/dpkg -prune -o -print | LC_ALL=C sort); }
 
 fPruebaInstall() {
     mkdir -p "$instalado/var/lib/dpkg/info" "$instalado/var/lib/dpkg/updates"
     touch "$instalado/var/lib/dpkg/status"
-    fLista >"$carpeta/antes"
+    fContenido >"$carpeta/antes"
     fExigir "dpkg installs it" fDpkg -i "$deb"
     fExigir "man pages are where man looks" test -s "$instalado/usr/share/man/es/man1/miravel-abrir.1.gz"
     fExigir "no default for folders" test -z "$(find "$instalado" -name '*mimeapps.list')"
@@ -102,11 +101,14 @@ fConHijo() {
 
 fPruebaRemove() {
     fExigir "dpkg removes it" fDpkg --purge miravel
-    fLista >"$carpeta/despues"
+    fContenido >"$carpeta/despues"
     fExigir "nothing is left over" diff "$carpeta/antes" "$carpeta/despues"
 }
 
-fServidor
+fServidor || exit 1
 fEntorno
 unset XDG_CONFIG_HOME XDG_CACHE_HOME XDG_DATA_HOME
-fProbar fPruebaInstall fPruebaMenuEntry fPruebaStart fPruebaRemove
+for strUna in fPruebaInstall fPruebaMenuEntry fPruebaStart fPruebaRemove; do
+    fProbar "$strUna"
+done
+[ "$intFallos" -eq 0 ]

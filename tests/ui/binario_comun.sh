@@ -1,7 +1,7 @@
 # shellcheck shell=bash disable=SC2034,SC2317
 # What the tests of the programs themselves share: an X server of their own, the way to steer a
 # program from outside, and what it leaves on the disk. Sourced with MIRAVEL MIRAVEL_DEMO
-# CERRAR_VENTANA as arguments.
+# CERRAR_VENTANA as arguments; an empty MIRAVEL is none.
 set -uo pipefail
 
 miravel=$1
@@ -88,7 +88,7 @@ for argumento in "$@"; do printf '<%s>' "$argumento" >>"$ABIERTOS"; done
 echo >>"$ABIERTOS"
 FIN
     chmod 755 "$carpeta/bin/xdg-open"
-    cp "$miravel" "$carpeta/bin/miravel"
+    [ -z "$miravel" ] || cp "$miravel" "$carpeta/bin/miravel"
     export ABIERTOS=$carpeta/abiertos
     export PATH=$carpeta/bin:$PATH
     export HOME=$carpeta/casa XDG_RUNTIME_DIR=$carpeta/ejecucion
