@@ -6,6 +6,7 @@
 #include "app/puerta.h"
 #include "catalogue/lstFotos.h"
 #include "catalogue/modelo_fotos.h"
+#include "dates/clsFile.h"
 #include "dates/panel.h"
 #include "shared/qtexto.h"
 #include "shared/sistema.h"
@@ -31,6 +32,7 @@
 namespace {
 
 constexpr int intPausaDisposicion = 150; // milliseconds
+constexpr int intPausaVeredicto = 100;
 
 /// Makes the frames of videos. The threads that call it keep the children it starts alive.
 clsFotograma fDeVideos()
@@ -140,6 +142,8 @@ void frmMain::fConectar()
     m_Timer1.setSingleShot(true);
     m_Timer1.setInterval(intPausaDisposicion);
     connect(&m_Timer1, &QTimer::timeout, this, &frmMain::fTemporizador);
+    m_relojVeredicto.setInterval(intPausaVeredicto);
+    connect(&m_relojVeredicto, &QTimer::timeout, this, &frmMain::fTomarVeredicto);
     m_cliente->installEventFilter(this);
     m_puerta = new clsPuerta(
         *this, [this] { return m_ocupacion.fEsta(); },
@@ -342,14 +346,46 @@ void frmMain::fTerminarMostrar()
 
 void frmMain::fInformar()
 {
-    m_fichero.fCargar(m_filas.fRuta(m_lngActual));
-    m_txtInfo3->setVisible(!m_fichero.bolFechaCorrecta());
+    fJuzgar();
     m_txtInfo1->setText(fQ(fTextoInfo1(m_lngActual, m_filas.fCantidad())));
     // Folder and name each in its own encoding, as the list shows them.
     const std::string strRuta = fTextoPantalla(m_filas.fCarpeta(m_lngActual)) +
                                 fTextoPantalla(m_filas.fNombre(m_lngActual));
     fInfo2(fQ(fTextoInfo2(strRuta, m_filas.fFecha(m_lngActual),
                           fCampo(m_filas, m_lngActual + 1, Campo::Tamano, m_signos))));
+}
+
+/// Has the current file's date judged. As a rule that takes no time worth mentioning; a disk that
+/// does not answer must not hold the window up.
+void frmMain::fJuzgar()
+{
+    constexpr std::chrono::milliseconds lngPaciencia(200);
+    const auto promesa = std::make_shared<std::promise<bool>>();
+    m_veredicto = promesa->get_future();
+    m_jueces.fVaciar();
+    m_jueces.fEncolar([promesa, strRuta = m_filas.fRuta(m_lngActual)] {
+        clsFile fichero;
+        fichero.fCargar(strRuta);
+        promesa->set_value(fichero.bolFechaCorrecta());
+    });
+    m_relojVeredicto.stop();
+    if (m_veredicto.wait_for(lngPaciencia) == std::future_status::ready) {
+        fTomarVeredicto();
+    } else {
+        m_jueces.fReforzar();
+        m_txtInfo3->hide();
+        m_relojVeredicto.start();
+    }
+}
+
+void frmMain::fTomarVeredicto()
+{
+    if (m_veredicto.wait_for(std::chrono::seconds(0)) == std::future_status::ready) {
+        m_relojVeredicto.stop();
+        m_txtInfo3->setVisible(!m_veredicto.get());
+    } else {
+        m_jueces.fReforzar(); // those before it may hang
+    }
 }
 
 void frmMain::fInfo2(const QString &strTexto)

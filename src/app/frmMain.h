@@ -4,23 +4,25 @@
 #include "browse/comandos.h"
 #include "catalogue/filas.h"
 #include "catalogue/orden.h"
-#include "dates/clsFile.h"
 #include "filter/formulario_filtro.h"
 #include "shared/ajustes.h"
 #include "shared/mensajes.h"
 #include "shared/numeros.h"
 #include "shared/ocupado.h"
+#include "viewer/hilos.h"
 
 #include <QMainWindow>
 #include <QTimer>
 
 #include <cstdint>
 #include <functional>
+#include <future>
 #include <optional>
 #include <string>
 #include <vector>
 
 struct clsCorregido;
+class clsFile;
 class clsMiniaturas;
 class clsModeloFotos;
 class clsPuerta;
@@ -82,6 +84,8 @@ private:
     void fTerminarMostrar();
     void fRedibujar();
     void fInformar();
+    void fJuzgar();
+    void fTomarVeredicto();
     void fCeldaPulsada(int lngPos, Qt::MouseButton boton, Qt::KeyboardModifiers mayus);
     void fAlternarRango(int lngHasta);
 
@@ -141,7 +145,6 @@ private:
 
     clsFilas m_filas;
     int m_lngActual = 0;
-    clsFile m_fichero; ///< the current file's record
     Medios m_medios;
     Columna m_columna = Columna::Fecha;
     bool m_bolDescendente = false;
@@ -165,6 +168,9 @@ private:
     bool m_bolMiniaturas = false; ///< the panel shows a page of thumbnails
     QSize m_tamDispuesto;         ///< client size last laid out
     QTimer m_Timer1;
+    QTimer m_relojVeredicto;       ///< looks whether the verdict has come
+    std::future<bool> m_veredicto; ///< whether the current file's date is right
+    clsHilos m_jueces{2};          ///< find that out: reading the file can take its time
 
     QWidget *m_cliente;
     clsModeloFotos *m_modelo;

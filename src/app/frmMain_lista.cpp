@@ -52,6 +52,7 @@ void frmMain::fLlenarLista(bool bolForzar, const std::string &strRuta, int lngSi
     if (m_filas.fVacia()) {
         m_txtInfo1->clear();
         m_txtInfo3->hide();
+        m_relojVeredicto.stop();
         fInfo2({});
         m_mensajes.fAviso(Icono::Problema, "No se ha encontrado ningún archivo.");
     } else {

@@ -12,8 +12,8 @@
 namespace {
 
 using Reloj = std::chrono::steady_clock;
-constexpr std::chrono::milliseconds lngLargo{400}; ///< what takes longer may hang
-constexpr std::chrono::seconds lngPaciencia{1};    ///< with pieces under way, at the end
+constexpr std::chrono::milliseconds lngLargo{400};     ///< what takes longer may hang
+constexpr std::chrono::milliseconds lngPaciencia{300}; ///< with pieces under way, at the end
 
 } // namespace
 
