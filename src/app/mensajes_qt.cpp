@@ -125,6 +125,9 @@ std::optional<std::string> clsMensajesQt::fPedir(const std::string &strPregunta)
     caja.setLabelText(fQ(strPregunta));
     caja.setOkButtonText(QInputDialog::tr("Aceptar"));
     caja.setCancelButtonText(QInputDialog::tr("Cancelar"));
+    for (QPushButton *const boton : caja.findChildren<QPushButton *>()) {
+        boton->setIcon({}); // none of our boxes has any
+    }
     if (caja.exec() != QDialog::Accepted) {
         return {};
     }

@@ -1,6 +1,7 @@
 #include "app/menus.h"
 
 #include <QAction>
+#include <QActionGroup>
 #include <QKeySequence>
 #include <QMenuBar>
 
@@ -78,15 +79,19 @@ void fLlenar(QMenu &menu, const clsMenu &datos,
 {
     menu.setObjectName(QString::fromUtf8(datos.strNombre));
     menu.menuAction()->setObjectName(menu.objectName());
+    QActionGroup *grupo = nullptr;
     for (const clsEntrada &entrada : datos.lstEntradas) {
         if (entrada.strNombre == nullptr) {
             menu.addSeparator();
+            grupo = nullptr;
             continue;
         }
         const QString strNombre = QString::fromUtf8(entrada.strNombre);
         QAction *const accion = menu.addAction(QString::fromUtf8(entrada.strTexto));
         accion->setObjectName(strNombre);
         accion->setCheckable(entrada.bolMarca);
+        grupo = !entrada.bolMarca ? nullptr : grupo != nullptr ? grupo : new QActionGroup(&menu);
+        accion->setActionGroup(grupo); // one of those that follow each other has the mark
         accion->setMenuRole(QAction::NoRole);
         if (entrada.strAtajo != nullptr) {
             accion->setShortcut(QKeySequence(QString::fromLatin1(entrada.strAtajo)));
