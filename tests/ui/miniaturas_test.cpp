@@ -283,6 +283,24 @@ void clsPruebasMiniaturas::fChangesOfTheListReachTheCells()
     BIEN(pagina);
     pagina.fElegirEntrada("mnuOpcionesFotosVideos0");
     BIEN(pagina);
+    {
+        const clsCuando cuando([] { return QApplication::activeModalWidget() != nullptr; },
+                               [] {
+                                   auto *const caja =
+                                       QApplication::activeModalWidget()->findChild<QLineEdit *>(
+                                           "txtTexto");
+                                   caja->setFocus();
+                                   QTest::keyClicks(caja, "_102");
+                                   QTest::keyClick(caja, Qt::Key_Return);
+                               });
+        pagina.fTecla(Qt::Key_F);
+        QVERIFY(cuando.fHecho());
+    }
+    QCOMPARE(pagina.fNombres().size(), 10);
+    BIEN(pagina);
+    pagina.mensajes.lstRespuestas = {true};
+    pagina.fTecla(Qt::Key_F, Qt::ShiftModifier);
+    BIEN(pagina);
     // Found again by F5: two files change their names, and one is new.
     QVERIFY(rename(arbol.fRuta("fotos/foto_1003.jpg").c_str(), arbol.fRuta("a").c_str()) == 0);
     QVERIFY(rename(arbol.fRuta("fotos/foto_1040.jpg").c_str(),
