@@ -1,6 +1,7 @@
 #include "app/frmMain.h"
 
 #include "app/barra.h"
+#include "app/caja_info.h"
 #include "app/ceder.h"
 #include "app/menus.h"
 #include "app/puerta.h"
@@ -19,7 +20,6 @@
 #include <QApplication>
 #include <QCloseEvent>
 #include <QHeaderView>
-#include <QLineEdit>
 #include <QMenuBar>
 #include <QScreen>
 #include <QToolBar>
@@ -107,18 +107,9 @@ void frmMain::fCrearControles()
 
 void frmMain::fCrearInformacion()
 {
-    const auto fCaja = [this](const char *strNombre, const char *strAccesible) {
-        auto *const caja = new QLineEdit(m_cliente);
-        caja->setObjectName(QString::fromLatin1(strNombre));
-        caja->setAccessibleName(QString::fromUtf8(strAccesible));
-        caja->setReadOnly(true);
-        caja->setFocusPolicy(Qt::NoFocus);
-        caja->setContextMenuPolicy(Qt::NoContextMenu);
-        return caja;
-    };
-    m_txtInfo1 = fCaja("txtInfo1", "Posición en la lista");
-    m_txtInfo2 = fCaja("txtInfo2", "Archivo actual");
-    m_txtInfo3 = fCaja("txtInfo3", "Aviso de fechas");
+    m_txtInfo1 = new clsCajaInfo("txtInfo1", QStringLiteral("Posición en la lista"), m_cliente);
+    m_txtInfo2 = new clsCajaInfo("txtInfo2", QStringLiteral("Archivo actual"), m_cliente);
+    m_txtInfo3 = new clsCajaInfo("txtInfo3", QStringLiteral("Aviso de fechas"), m_cliente);
     m_txtInfo1->setAlignment(Qt::AlignCenter);
     m_txtInfo3->setText(QStringLiteral("CONFLICTO FECHAS"));
     QPalette aviso = m_txtInfo3->palette();
@@ -253,6 +244,13 @@ void frmMain::fDisponerPanel()
         control->raise();
     }
     m_txtInfo3->move(sitio.lngInfo3 / intTwipsPixel, m_txtInfo3->y());
+    fLimitarInfo2();
+}
+
+/// txtInfo2 goes on below the warning and beyond the window; its text does not.
+void frmMain::fLimitarInfo2()
+{
+    m_txtInfo2->fHasta(m_txtInfo3->isHidden() ? m_cliente->width() : m_txtInfo3->x());
 }
 
 void frmMain::fFijarAncho(int lngTwips)
@@ -353,6 +351,8 @@ void frmMain::fInformar()
                                 fTextoPantalla(m_filas.fNombre(m_lngActual));
     fInfo2(fQ(fTextoInfo2(strRuta, m_filas.fFecha(m_lngActual),
                           fCampo(m_filas, m_lngActual + 1, Campo::Tamano, m_signos))));
+    m_visor->fDescribir(fQPantalla(m_filas.fNombre(m_lngActual)) + QStringLiteral(" (") +
+                        fQPantalla(m_filas.fFecha(m_lngActual)) + QLatin1Char(')'));
 }
 
 /// Has the current file's date judged. As a rule that takes no time worth mentioning; a disk that
@@ -374,6 +374,7 @@ void frmMain::fJuzgar()
     } else {
         m_jueces.fReforzar();
         m_txtInfo3->hide();
+        fLimitarInfo2();
         m_relojVeredicto.start();
     }
 }
@@ -383,6 +384,7 @@ void frmMain::fTomarVeredicto()
     if (m_veredicto.wait_for(std::chrono::seconds(0)) == std::future_status::ready) {
         m_relojVeredicto.stop();
         m_txtInfo3->setVisible(!m_veredicto.get());
+        fLimitarInfo2();
     } else {
         m_jueces.fReforzar(); // those before it may hang
     }

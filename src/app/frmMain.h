@@ -22,6 +22,7 @@
 #include <vector>
 
 struct clsCorregido;
+class clsCajaInfo;
 class clsFile;
 class clsMiniaturas;
 class clsModeloFotos;
@@ -29,7 +30,6 @@ class clsPuerta;
 class clsVisor;
 class cmdAncho;
 class lstFotos;
-class QLineEdit;
 class QToolBar;
 class QToolButton;
 
@@ -65,6 +65,7 @@ private:
     void fRedimensionar();
     void fDisponerPanel();
     void fTemporizador();
+    void fLimitarInfo2();
     void fFijarAncho(int lngTwips);
     void fFijarModo(bool bolMiniaturas);
 
@@ -181,8 +182,8 @@ private:
     cmdAncho *m_divisor;
     QToolBar *m_toolBar;
     QToolButton *m_botonModo;
-    QLineEdit *m_txtInfo1;
-    QLineEdit *m_txtInfo2;
-    QLineEdit *m_txtInfo3;
+    clsCajaInfo *m_txtInfo1;
+    clsCajaInfo *m_txtInfo2;
+    clsCajaInfo *m_txtInfo3;
     QMenu *m_mnuFoto;
 };

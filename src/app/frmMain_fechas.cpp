@@ -2,6 +2,7 @@
 
 #include "app/frmMain.h"
 
+#include "app/caja_info.h"
 #include "app/ceder.h"
 #include "dates/busqueda.h"
 #include "dates/correccion.h"
@@ -16,7 +17,6 @@
 #include "viewer/visor.h"
 
 #include <QElapsedTimer>
-#include <QLineEdit>
 
 namespace {
 

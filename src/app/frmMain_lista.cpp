@@ -2,6 +2,7 @@
 
 #include "app/frmMain.h"
 
+#include "app/caja_info.h"
 #include "app/ceder.h"
 #include "app/menus.h"
 #include "catalogue/carga.h"
@@ -20,7 +21,6 @@
 #include "viewer/visor.h"
 
 #include <QHeaderView>
-#include <QLineEdit>
 #include <QMenuBar>
 
 #include <cerrno>

@@ -2,14 +2,28 @@
 
 #include "shared/twips.h"
 
+#include <QAccessibleWidget>
 #include <QMouseEvent>
 #include <QPainter>
 
 #include <algorithm>
 #include <cmath>
 
+namespace {
+
+/// Tells assistive technology that the control is a picture.
+QAccessibleInterface *fLectorFoto(const QString &strClase, QObject *objeto)
+{
+    auto *const foto =
+        strClase == QLatin1String("imgFoto") ? qobject_cast<QWidget *>(objeto) : nullptr;
+    return foto == nullptr ? nullptr : new QAccessibleWidget(foto, QAccessible::Graphic);
+}
+
+} // namespace
+
 imgFoto::imgFoto(QWidget *recuadro) : QWidget(recuadro)
 {
+    QAccessible::installFactory(fLectorFoto); // once, however often it is called
     setObjectName(QStringLiteral("imgFoto"));
     setAccessibleName(tr("Fotografía"));
     setFocusPolicy(Qt::NoFocus);

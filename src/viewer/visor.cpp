@@ -70,6 +70,15 @@ void clsVisor::fVaciar()
     m_imgFoto->fPoner(nullptr);
 }
 
+void clsVisor::fDescribir(const QString &strArchivo)
+{
+    const QString strNombre =
+        (m_imgPuente == m_imgNoImagen ? tr("Sin imagen: ") : tr("Fotografía: ")) + strArchivo;
+    if (strNombre != m_imgFoto->accessibleName()) { // a change is told to screen readers
+        m_imgFoto->setAccessibleName(strNombre);
+    }
+}
+
 void clsVisor::fAltura(int intPixeles) { m_lblFondo->resize(m_lblFondo->width(), intPixeles); }
 
 clsPedido clsVisor::fPedido(const std::string &strRuta, qint64 lngMaximo) const

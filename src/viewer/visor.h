@@ -24,6 +24,9 @@ public:
     /// Places background and frame and hides the picture, which fills the frame until it is drawn.
     /// @param bolRecuadro whether the frame is shown: it is not beside the page of thumbnails.
     void fDisponer(const clsDisposicion &sitio, bool bolRecuadro);
+    /// Tells assistive technology which file the picture is of.
+    /// @param strArchivo its name and date.
+    void fDescribir(const QString &strArchivo);
     /// Gives the background a new height in pixels, ahead of the next layout.
     void fAltura(int intPixeles);
     /// Empties the picture.

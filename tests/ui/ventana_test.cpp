@@ -62,6 +62,7 @@ private slots:
     void fTheSplitterSetsThePanelWidth();
     void fAClickOnTheSplitterChangesNothing();
     void fAStoredWidthBeyondTheWindowIsOnlyLimitedInPlace();
+    void fTheInformationEndsWhereItCanBeSeen();
     void fMenusHaveTheirEntriesInOrder();
     void fTheToolbarHasItsButtons();
     void fEveryControlHasANameForScreenReaders();
@@ -259,6 +260,36 @@ void clsPruebasVentana::fAStoredWidthBeyondTheWindowIsOnlyLimitedInPlace()
     QTRY_COMPARE(sesion.fPosicion(), 1);
 }
 
+void clsPruebasVentana::fTheInformationEndsWhereItCanBeSeen()
+{
+    m_arbol->fCrear("2009/20090301.mov", "no film", fMomento("2009-03-01 12:00:00")); // right date
+    clsSesion sesion(*m_arbol);
+    QVERIFY(sesion.fAbrir());
+    auto *const caja = sesion.fControl<QLineEdit>("txtInfo2");
+    const QWidget *const aviso = sesion.fControl("txtInfo3");
+    int intAvisos = 0;
+    for (const int intAncho : {500, 900}) {
+        QVERIFY(sesion.fTamano(intAncho, 600));
+        for (int lngFila = 0; lngFila < 4; ++lngFila) {
+            sesion.fTecla(Qt::Key_F12);
+            intAvisos += aviso->isVisible() ? 1 : 0;
+            const int intFin = aviso->isVisible() ? aviso->x() : intAncho;
+            QCOMPARE(caja->geometry().right() + 1 - caja->textMargins().right(), intFin);
+        }
+    }
+    QVERIFY(intAvisos > 0 && intAvisos < 8);
+    // Of a text that is too long the end is shown: the same end is the same picture.
+    const QRect cola(caja->width() - caja->textMargins().right() - 100, 0, 100, caja->height());
+    QString strFin = QString(150, QLatin1Char('x')) + QStringLiteral(" Tamaño: 416 KB");
+    caja->setText(QString(200, QLatin1Char('a')) + strFin);
+    const QImage imagen = caja->grab(cola).toImage();
+    caja->setText(QString(300, QLatin1Char('b')) + strFin);
+    QCOMPARE(caja->grab(cola).toImage(), imagen);
+    strFin.back() = QLatin1Char('M');
+    caja->setText(QString(300, QLatin1Char('b')) + strFin);
+    QVERIFY(caja->grab(cola).toImage() != imagen);
+}
+
 void clsPruebasVentana::fMenusHaveTheirEntriesInOrder()
 {
     clsSesion sesion(*m_arbol);
@@ -374,6 +405,10 @@ void clsPruebasVentana::fEveryControlHasANameForScreenReaders()
 
 void clsPruebasVentana::fBoxesAreSpanishAndNoIsTheDefault()
 {
+    QCOMPARE(
+        QCoreApplication::translate("QAbstractFileIconProvider", "Folder", "All other platforms"),
+        QString("Carpeta"));
+    QCOMPARE(QCoreApplication::translate("QFileDialog", "Look in:"), QString("Ver en:"));
     clsMensajesQt mensajes;
     const auto fCaja = [](const std::function<void(QMessageBox &)> &fHacer) {
         QTimer::singleShot(0, qApp, [fHacer] {
