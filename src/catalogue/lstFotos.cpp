@@ -2,9 +2,13 @@
 
 #include "shared/twips.h"
 
+#include <QAccessible>
 #include <QHeaderView>
 #include <QMouseEvent>
+#include <QPainter>
+#include <QProxyStyle>
 #include <QScrollBar>
+#include <QStyledItemDelegate>
 
 #include <algorithm>
 #include <iterator>
@@ -18,10 +22,48 @@ struct clsColumna {
     const char *strMuestra;
 };
 constexpr clsColumna lstColumnas[] = {
-    {3000, ""                   },
-    {1800, "2009/07/14 18:03:22"},
-    {1500, "1.234.567 KB"       },
-    {1700, ""                   },
+    {3000, "IMG_20180512_181023.jpg"},
+    {1800, "2009/07/14 18:03:22"    },
+    {1500, "1.234.567 KB"           },
+    {1700, ""                       },
+};
+
+/// Whether the controls look as Qt's own style paints them, alone or inside another one.
+bool fEsFusion(const QStyle *estilo)
+{
+    while (const auto *const envoltura = qobject_cast<const QProxyStyle *>(estilo)) {
+        estilo = envoltura->baseStyle();
+    }
+    return estilo->inherits("QFusionStyle");
+}
+
+/// Rows whose check boxes can be seen: Qt's own style draws them on dark grounds without an edge.
+class clsDelegado : public QStyledItemDelegate {
+public:
+    using QStyledItemDelegate::QStyledItemDelegate;
+
+    void paint(QPainter *pintor, const QStyleOptionViewItem &opcion,
+               const QModelIndex &indice) const override
+    {
+        QStyledItemDelegate::paint(pintor, opcion, indice);
+        const QStyle *const estilo = opcion.widget->style();
+        if (indice.column() != 0 || !fEsFusion(estilo)) {
+            return;
+        }
+        QStyleOptionViewItem fila(opcion);
+        initStyleOption(&fila, indice);
+        const QRect casilla =
+            estilo->subElementRect(QStyle::SE_ItemViewItemCheckIndicator, &fila, opcion.widget);
+        const bool bolElegida = fila.state.testFlag(QStyle::State_Selected);
+        QColor borde = fila.palette.color(bolElegida ? QPalette::HighlightedText : QPalette::Text);
+        borde.setAlphaF(0.6F);
+        pintor->save();
+        pintor->setRenderHint(QPainter::Antialiasing);
+        pintor->setPen(borde);
+        pintor->setBrush(Qt::NoBrush);
+        pintor->drawRoundedRect(QRectF(casilla).adjusted(0.5, 0.5, -0.5, -0.5), 2, 2);
+        pintor->restore();
+    }
 };
 
 } // namespace
@@ -30,6 +72,7 @@ lstFotos::lstFotos(QWidget *padre) : QTableView(padre)
 {
     setObjectName(QStringLiteral("lstFotos"));
     setAccessibleName(tr("Lista de archivos"));
+    setItemDelegate(new clsDelegado(this));
     setSelectionBehavior(SelectRows);
     setSelectionMode(SingleSelection);
     setEditTriggers(NoEditTriggers);
@@ -41,7 +84,8 @@ lstFotos::lstFotos(QWidget *padre) : QTableView(padre)
     verticalHeader()->hide();
     verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
     verticalHeader()->setMinimumSectionSize(1);
-    verticalHeader()->setDefaultSectionSize(fontMetrics().height() + 4);
+    verticalHeader()->setDefaultSectionSize(
+        std::max(fontMetrics().height() + 4, style()->pixelMetric(QStyle::PM_IndicatorHeight) + 2));
     horizontalHeader()->setSectionsClickable(true);
     horizontalHeader()->setHighlightSections(false);
 }
@@ -53,7 +97,8 @@ void lstFotos::fAnchosIniciales()
     for (int intColumna = 0; intColumna < static_cast<int>(std::size(lstColumnas)); ++intColumna) {
         const clsColumna &columna = lstColumnas[intColumna];
         const int intTexto =
-            fontMetrics().horizontalAdvance(QString::fromLatin1(columna.strMuestra)) + intMargen;
+            fontMetrics().horizontalAdvance(QString::fromLatin1(columna.strMuestra)) + intMargen +
+            (intColumna == 0 ? style()->pixelMetric(QStyle::PM_IndicatorWidth) + intMargen : 0);
         setColumnWidth(intColumna, std::max(columna.lngTwips / intTwipsPixel, intTexto));
     }
 }
@@ -70,6 +115,24 @@ void lstFotos::scrollTo(const QModelIndex &indice, ScrollHint modo)
     const int intHorizontal = horizontalScrollBar()->value();
     QTableView::scrollTo(indice, modo);
     horizontalScrollBar()->setValue(intHorizontal);
+}
+
+void lstFotos::dataChanged(const QModelIndex &primero, const QModelIndex &ultimo,
+                           const QList<int> &lstPapeles)
+{
+    QTableView::dataChanged(primero, ultimo, lstPapeles);
+    const int lngPos = currentIndex().row();
+    if (!QAccessible::isActive() || lngPos < std::max(primero.row(), 0) || lngPos > ultimo.row() ||
+        !lstPapeles.contains(Qt::CheckStateRole)) {
+        return;
+    }
+    QAccessibleInterface *const lector = QAccessible::queryAccessibleInterface(this);
+    if (lector != nullptr && lector->tableInterface() != nullptr) {
+        // The tick of the current row is part of its description.
+        QAccessibleEvent evento(lector->tableInterface()->cellAt(lngPos, 0),
+                                QAccessible::DescriptionChanged);
+        QAccessible::updateAccessibility(&evento);
+    }
 }
 
 bool lstFotos::fEnCasilla(const QModelIndex &indice, const QPoint &punto) const

@@ -26,6 +26,8 @@ signals:
     void fRango(int lngPos);
 
 protected:
+    void dataChanged(const QModelIndex &primero, const QModelIndex &ultimo,
+                     const QList<int> &lstPapeles) override;
     void mousePressEvent(QMouseEvent *evento) override;
     // Rows are chosen by a press alone: dragging over them chooses none.
     void mouseMoveEvent(QMouseEvent *) override {}

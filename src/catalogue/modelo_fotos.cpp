@@ -41,6 +41,10 @@ QVariant clsModeloFotos::data(const QModelIndex &indice, int intPapel) const
     if (intPapel == Qt::CheckStateRole && indice.column() == 0) {
         return m_filas.fMarcada(lngPos) ? Qt::Checked : Qt::Unchecked;
     }
+    if (intPapel == Qt::AccessibleDescriptionRole && indice.column() == 0) {
+        // The tick in words: Qt does not tell screen readers about check boxes in tables.
+        return m_filas.fMarcada(lngPos) ? tr("seleccionado") : tr("sin seleccionar");
+    }
     if (intPapel != Qt::DisplayRole) {
         return {};
     }
