@@ -1,5 +1,6 @@
 #include "viewer/cmdMini.h"
 
+#include <QFontInfo>
 #include <QMouseEvent>
 #include <QPainter>
 #include <QTextDocument>
@@ -13,7 +14,7 @@ namespace {
 constexpr QRgb colCelda = qRgb(0x34, 0x34, 0x34);
 constexpr QRgb colEncima = qRgb(0x42, 0x42, 0x42);
 constexpr QRgb colActual = qRgb(0x4c, 0x9a, 0xff);
-constexpr QRgb colMarcaFondo = qRgb(0x1f, 0x8f, 0x4a);
+constexpr QRgb colMarcaFondo = qRgb(0x1a, 0x7a, 0x3f);
 constexpr QRgb colTexto = qRgb(0xf0, 0xf0, 0xf0);
 constexpr int intMarco = 3;
 
@@ -24,9 +25,6 @@ cmdMini::cmdMini(int intIndice, QWidget *padre) : QPushButton(padre)
     setObjectName(QStringLiteral("cmdMini%1").arg(intIndice));
     setFocusPolicy(Qt::NoFocus);
     setAttribute(Qt::WA_Hover);
-    QFont letra = font();
-    letra.setPixelSize(11); // what the cell has room for below the picture
-    setFont(letra);
     hide();
     // Only assistive technology clicks: the mouse is handled by its press.
     connect(this, &QPushButton::clicked, this,
@@ -60,13 +58,19 @@ void cmdMini::fConsejo(const QString &strConsejo)
     fNombrar();
 }
 
-/// Where there is a caption, that is the cell's name; the file is told besides.
+/// Where there is a caption, that is the cell's name. The file is always told besides: without a
+/// description of its own the tooltip would be taken for one, which knows nothing of ticks.
 void cmdMini::fNombrar()
 {
     const QString strTodo =
         m_bolMarcada ? m_strConsejo + QStringLiteral(", seleccionado") : m_strConsejo;
-    setAccessibleName(text().isEmpty() ? strTodo : QString());
-    setAccessibleDescription(text().isEmpty() ? QString() : strTodo);
+    const QString strNombre = text().isEmpty() ? strTodo : QString();
+    if (strNombre != accessibleName()) { // each of the two is told to screen readers
+        setAccessibleName(strNombre);
+    }
+    if (strTodo != accessibleDescription()) {
+        setAccessibleDescription(strTodo);
+    }
 }
 
 void cmdMini::paintEvent(QPaintEvent *)
@@ -91,13 +95,29 @@ void cmdMini::paintEvent(QPaintEvent *)
     }
 }
 
+/// The caption's font: a little smaller than the desktop's, as far as the cell has room for it.
+QFont cmdMini::fLetra() const
+{
+    constexpr int intMinima = 8; // pixels; smaller is no letter any more
+    const int intSitio = width() - 2 * (intMarco + 1);
+    QFont letra = font();
+    int intTam =
+        std::max(std::min(QFontInfo(letra).pixelSize() * 11 / 12, height() / 7), intMinima);
+    letra.setPixelSize(intTam);
+    while (intTam > intMinima && QFontMetrics(letra).horizontalAdvance(text()) > intSitio) {
+        letra.setPixelSize(--intTam);
+    }
+    return letra;
+}
+
 /// The caption at the foot, over the picture where that reaches so far down.
 void cmdMini::fPintarTexto(QPainter &pintor) const
 {
     if (text().isEmpty()) {
         return;
     }
-    const int intAlto = fontMetrics().height();
+    pintor.setFont(fLetra());
+    const int intAlto = pintor.fontMetrics().height();
     const QRect franja(1, height() - intAlto - 2, width() - 2, intAlto);
     QColor fondo{colCelda};
     fondo.setAlpha(0xd0);

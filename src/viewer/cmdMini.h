@@ -33,6 +33,7 @@ protected:
     void mouseDoubleClickEvent(QMouseEvent *evento) override { mousePressEvent(evento); }
 
 private:
+    [[nodiscard]] QFont fLetra() const;
     void fPintarTexto(QPainter &pintor) const;
     void fPintarMarca(QPainter &pintor) const;
     void fNombrar();

@@ -92,7 +92,7 @@ clsFuente fNoImagen()
     constexpr int intAncho = 640;
     constexpr int intAlto = 480;
     constexpr int intFinura = 3; // drawn finer than its size, since fit enlarges it
-    const QColor colTrazo(0x8a, 0x8a, 0x8a);
+    const QColor colTrazo(0xaa, 0xaa, 0xaa);
     QImage imagen(intAncho * intFinura, intAlto * intFinura, QImage::Format_RGB32);
     imagen.fill(QColor(0x3a, 0x3a, 0x3a));
     QPainter pintor(&imagen);

@@ -6,7 +6,7 @@
 namespace {
 
 constexpr double dblLado = 100; // everything is drawn on a square of this side
-constexpr QRgb colTrazo = qRgb(0x9a, 0x9a, 0x9a);
+constexpr QRgb colTrazo = qRgb(0xa4, 0xa4, 0xa4);
 constexpr QRgb colFalta = qRgb(0xe0, 0x8a, 0x3c);
 
 /// Paints a square of dblLado scaled to the box, a little smaller than it.

@@ -131,6 +131,7 @@ private slots:
     void fACorrectedFileMoves();
     void fAReplacedFileShowsItsNewPicture();
     void fFilesThatGiveNoPictureSaySo();
+    void fCaptionsFitWhateverTheDesktopsFont();
     void fWhatComesInTheMiddleOfADrawWins();
     void fClosingInTheMiddleOfADrawEndsIt();
     void fAThousandCellsOnALargeScreen();
@@ -410,6 +411,29 @@ void fLlenarLento(const clsArbol &arbol, int intCuantas)
     for (int intNumero = 0; intNumero < intCuantas; ++intNumero) {
         arbol.fCrear("lento_" + std::to_string(1000 + intNumero) + ".jpg", strFoto,
                      fMomento("2001-01-01 12:00:00") + intNumero * 86400);
+    }
+}
+
+void clsPruebasMiniaturas::fCaptionsFitWhateverTheDesktopsFont()
+{
+    int intAntes = 0;
+    for (const int intPuntos : {6, 9, 14, 40}) {
+        cmdMini celda(0, nullptr);
+        celda.setFont(QFont(celda.font().family(), intPuntos));
+        celda.resize(116, 116);
+        celda.fPoner({}, QStringLiteral("(No disponible)"));
+        QImage imagen(celda.size(), QImage::Format_RGB32);
+        celda.render(&imagen);
+        int intTinta = 0;
+        for (int intY = 60; intY < 112; ++intY) {
+            QCOMPARE(imagen.pixel(3, intY), imagen.pixel(3, 20));
+            QCOMPARE(imagen.pixel(112, intY), imagen.pixel(3, 20));
+            for (int intX = 4; intX < 112; ++intX) {
+                intTinta += qGray(imagen.pixel(intX, intY)) > 150 ? 1 : 0;
+            }
+        }
+        QVERIFY2(intTinta >= std::max(intAntes, 20), qPrintable(QString::number(intPuntos)));
+        intAntes = intPuntos < 14 ? intTinta : intAntes; // from there on the cell sets the size
     }
 }
 
