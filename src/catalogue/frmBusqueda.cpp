@@ -7,6 +7,7 @@
 #include <QElapsedTimer>
 #include <QLabel>
 #include <QPainter>
+#include <QScreen>
 #include <QThread>
 #include <QVBoxLayout>
 
@@ -40,7 +41,8 @@ frmBusqueda::frmBusqueda(QWidget *padre, clsMensajes &mensajes, std::function<bo
     m_lblMsg->setTextFormat(Qt::PlainText);
     auto *const caja = new QVBoxLayout(this);
     caja->addWidget(m_lblMsg);
-    setFixedSize(fontMetrics().averageCharWidth() * 80, fontMetrics().height() * 5);
+    const QSize tam(fontMetrics().averageCharWidth() * 80, fontMetrics().height() * 5);
+    setFixedSize(tam.boundedTo(screen()->availableSize() * 0.9));
 }
 
 clsConstruccion frmBusqueda::fBuscar(const std::string &strRaiz)

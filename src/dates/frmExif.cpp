@@ -1,6 +1,7 @@
 #include "dates/frmExif.h"
 
 #include <QPlainTextEdit>
+#include <QScreen>
 #include <QVBoxLayout>
 
 frmExif::frmExif(QWidget *padre) : QDialog(padre), m_txtExif(new QPlainTextEdit(this))
@@ -17,7 +18,9 @@ frmExif::frmExif(QWidget *padre) : QDialog(padre), m_txtExif(new QPlainTextEdit(
     auto *const caja = new QVBoxLayout(this);
     caja->setContentsMargins(0, 0, 0, 0);
     caja->addWidget(m_txtExif);
-    resize(fontMetrics().averageCharWidth() * 80, fontMetrics().lineSpacing() * 32);
+    // No larger than the screen, whatever the letters' size.
+    const QSize tam(fontMetrics().averageCharWidth() * 80, fontMetrics().lineSpacing() * 32);
+    resize(tam.boundedTo(screen()->availableSize() * 0.9));
 }
 
 bool frmExif::fbolShow(const QString &strTexto)
