@@ -7,9 +7,10 @@ packages_program=(cmake g++ ninja-build qt6-base-dev libqt6svg6 qt6-translations
     fonts-dejavu-core xdg-utils)
 # The package besides: what it depends on is found by dpkg-shlibdeps, which asks file.
 packages_package=(dpkg-dev file)
-# The tests besides: GoogleTest, a display without a screen, the checkers, libFuzzer;
-# gio, which starts desktop entries as a desktop does.
+# The tests besides: GoogleTest, a display without a screen, the accessibility bus, the checkers,
+# libFuzzer; gio, which starts desktop entries as a desktop does.
 packages_tests=(libgtest-dev xvfb xauth xdotool locales util-linux procps
+    at-spi2-core dbus-daemon gir1.2-atspi-2.0 python3-gi
     desktop-file-utils appstream lintian libglib2.0-bin
     clang clang-format clang-tidy libclang-rt-14-dev)
 

@@ -1,9 +1,11 @@
 #include "app/menus.h"
 
+#include <QAccessible>
 #include <QAction>
 #include <QActionGroup>
 #include <QKeySequence>
 #include <QMenuBar>
+#include <QTimer>
 
 namespace {
 
@@ -96,8 +98,14 @@ void fLlenar(QMenu &menu, const clsMenu &datos,
         if (entrada.strAtajo != nullptr) {
             accion->setShortcut(QKeySequence(QString::fromLatin1(entrada.strAtajo)));
         }
-        QObject::connect(accion, &QAction::triggered, accion,
-                         [fElegida, strNombre] { fElegida(strNombre); });
+        QObject::connect(accion, &QAction::triggered, accion, [accion, fElegida, strNombre] {
+            if (QAccessible::isActive()) {
+                // Assistive technology waits for the answer, and many an entry opens a dialog.
+                QTimer::singleShot(0, accion, [fElegida, strNombre] { fElegida(strNombre); });
+            } else {
+                fElegida(strNombre);
+            }
+        });
     }
 }
 

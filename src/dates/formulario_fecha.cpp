@@ -23,7 +23,9 @@ clsFormularioFecha fFormularioFecha(const std::vector<clsFile> &lstFicheros)
     formulario.fondo = colAmarillo;
     if (lstFicheros.size() == 1) {
         formulario.strActual = fTextoUsuario(lstFicheros.front().datFile());
-        formulario.fondo = lstFicheros.front().bolFechaCorrecta() ? colVerde : colRojo;
+        const bool bolCorrecta = lstFicheros.front().bolFechaCorrecta();
+        formulario.fondo = bolCorrecta ? colVerde : colRojo;
+        formulario.strJuicio = bolCorrecta ? "Fecha correcta" : "Fecha incorrecta";
     }
     for (const clsFile &fichero : lstFicheros) {
         if (fichero.datExif().fHay()) {

@@ -18,6 +18,7 @@ struct clsColor {
 struct clsFormularioFecha {
     std::string strActual;                ///< the file's date, or how many files there are
     clsColor fondo;                       ///< behind it
+    const char *strJuicio = "";           ///< what the ground says, in words
     std::array<std::string, 3> lstFechas; ///< EXIF, name as year first, name as day first; empty:
                                           ///< there is none
 };

@@ -47,6 +47,7 @@ QWidget *frmFecha::fCrearActual(const clsFormularioFecha &formulario)
     auto *const lblActual = new QLabel(fQ(formulario.strActual), this);
     lblActual->setObjectName(QStringLiteral("lblActual"));
     lblActual->setAlignment(Qt::AlignCenter);
+    lblActual->setAccessibleDescription(QString::fromUtf8(formulario.strJuicio));
     lblActual->setMargin(4);
     lblActual->setAutoFillBackground(true);
     QPalette paleta = lblActual->palette();
