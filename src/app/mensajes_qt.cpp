@@ -8,6 +8,7 @@
 #include <QFile>
 #include <QFileDialog>
 #include <QInputDialog>
+#include <QLocale>
 #include <QMessageBox>
 #include <QPushButton>
 
@@ -139,6 +140,9 @@ std::string clsMensajesQt::fElegirCarpeta(const std::string &strTitulo)
     const clsPunteroNormal puntero;
     QFileDialog caja(fPadre(), fQ(strTitulo));
     caja.setObjectName(QStringLiteral("dlgCarpeta"));
+    // The desktop's own dialog speaks the desktop's language; all texts here are Spanish.
+    const QString strIdioma = QLocale::system().uiLanguages().value(0);
+    caja.setOption(QFileDialog::DontUseNativeDialog, !strIdioma.startsWith(QLatin1String("es")));
     caja.setFileMode(QFileDialog::Directory);
     caja.setOption(QFileDialog::ShowDirsOnly);
     caja.setOption(QFileDialog::ReadOnly); // nothing is renamed or deleted by the way
