@@ -68,6 +68,12 @@ frmFiltro::frmFiltro(QWidget *padre, const clsFilas &filas, clsValoresFiltro &va
     m_lstFechas[0]->setFocus();
 }
 
+frmFiltro::~frmFiltro()
+{
+    // A dialog that goes while it shows hands the focus on; nobody is left here to hear of it.
+    disconnect(qApp, nullptr, this, nullptr);
+}
+
 QWidget *frmFiltro::fCrearFechas()
 {
     auto *const marco = fNombrar(new QGroupBox(tr("Fecha:"), this), "frmFechaFiltro");

@@ -26,6 +26,7 @@ public:
     /// @param fCeder  lets events run; false ends the filter (the program is closing).
     frmFiltro(QWidget *padre, const clsFilas &filas, clsValoresFiltro &valores,
               clsMensajes &mensajes, std::function<bool()> fCeder);
+    ~frmFiltro() override;
 
     /// Shows it and waits until it is closed.
     /// @return Cancelado, Igual or Menos: when nothing is found the dialog stays open.

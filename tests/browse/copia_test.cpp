@@ -38,8 +38,9 @@ void fExigirCopia(const std::string &strOrigen, const std::string &strCopia)
 
 void fExigirCopias(const clsArbol &arbol, const clsArbol &destino)
 {
-    for (const std::string strNombre : {"a.jpg", "#1 %41 \"'&;$(x)", "-rf", "a\r\nb", "\xF1\xFF",
-                                        std::string(255, 'n').c_str(), "vacia", "enlace"}) {
+    const Textos lstNombres = {"a.jpg",    "#1 %41 \"'&;$(x)",    "-rf",   "a\r\nb",
+                               "\xF1\xFF", std::string(255, 'n'), "vacia", "enlace"};
+    for (const std::string &strNombre : lstNombres) {
         SCOPED_TRACE(strNombre);
         const std::string strBytes = strNombre == "vacia" ? "" : "bytes de " + strNombre;
         arbol.fCrear(strNombre == "enlace" ? "otra" : strNombre, strBytes);
