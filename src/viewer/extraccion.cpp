@@ -113,6 +113,12 @@ QImage fReducir(QIODevice &archivo, bool bolJpeg, int intLado)
 
 } // namespace
 
+QImage fEncajada(QImage imagen, int intLado)
+{
+    return imagen.isNull() ? imagen
+                           : fParaPantalla(fEncoger(imagen, fEnCaja(imagen.size(), intLado)));
+}
+
 Extraccion fSinAbrir(int intError)
 {
     switch (intError) {

@@ -36,6 +36,10 @@ inline constexpr qint64 lngMaximoEntera = qint64{512} << 20;
 [[nodiscard]] clsMiniatura fExtraerFoto(const std::string &strRuta, int intLado,
                                         const std::atomic<bool> &bolAnulado);
 
+/// A picture in a format of the screen, made smaller when it does not fit into the box.
+/// @param intLado side of the box in device pixels.
+[[nodiscard]] QImage fEncajada(QImage imagen, int intLado);
+
 /// What it means that a file could not be opened: it is not there (any more) as a file, or the file
 /// system does not give it.
 /// @param intError error number of opening it or asking for its data.

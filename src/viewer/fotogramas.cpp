@@ -3,6 +3,7 @@
 #include "shared/rutas.h"
 #include "shared/sistema.h"
 #include "shared/uri.h"
+#include "viewer/extraccion.h"
 #include "viewer/thumbnailer.h"
 
 #include <QFile>
@@ -64,22 +65,6 @@ QImage fDeCuadro(const clsCuadroVideo &cuadro)
                     lngAncho * sizeof(std::uint32_t));
     }
     return imagen;
-}
-
-/// The picture in a format of the screen, made smaller when it does not fit into the box.
-QImage fEncajada(QImage imagen, int intLado)
-{
-    if (imagen.isNull()) {
-        return imagen;
-    }
-    if (imagen.width() > intLado || imagen.height() > intLado) {
-        const qreal dblEscala = qreal{1} * intLado / std::max(imagen.width(), imagen.height());
-        const QSize tam = (QSizeF(imagen.size()) * dblEscala).toSize().expandedTo(QSize(1, 1));
-        imagen = imagen.scaled(tam, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
-    }
-    imagen.setDevicePixelRatio(1);
-    return std::move(imagen).convertToFormat(
-        imagen.hasAlphaChannel() ? QImage::Format_ARGB32_Premultiplied : QImage::Format_RGB32);
 }
 
 /// A folder for one file of ours alone, with the name of that file; both go with the object.
