@@ -113,7 +113,7 @@ QImage fReducir(QIODevice &archivo, bool bolJpeg, int intLado)
 
 } // namespace
 
-QImage fEncajada(QImage imagen, int intLado)
+QImage fEncajada(const QImage &imagen, int intLado)
 {
     return imagen.isNull() ? imagen
                            : fParaPantalla(fEncoger(imagen, fEnCaja(imagen.size(), intLado)));

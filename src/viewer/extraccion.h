@@ -38,7 +38,7 @@ inline constexpr qint64 lngMaximoEntera = qint64{512} << 20;
 
 /// A picture in a format of the screen, made smaller when it does not fit into the box.
 /// @param intLado side of the box in device pixels.
-[[nodiscard]] QImage fEncajada(QImage imagen, int intLado);
+[[nodiscard]] QImage fEncajada(const QImage &imagen, int intLado);
 
 /// What it means that a file could not be opened: it is not there (any more) as a file, or the file
 /// system does not give it.

@@ -162,7 +162,7 @@ QImage clsFotogramas::fFotograma(const std::string &strRuta, const clsHuella &hu
 {
     QImage guardada = m_cache.fLeer(strRuta, huella, intLado);
     if (!guardada.isNull() || bolAnulado || m_cache.fFallido(strRuta, huella)) {
-        return fEncajada(std::move(guardada), intLado);
+        return fEncajada(guardada, intLado);
     }
     const int intLadoCache = clsCacheEscritorio::fLadoCache(intLado);
     const clsHecha hecha = fHacer(strRuta, intLadoCache, bolAnulado);
