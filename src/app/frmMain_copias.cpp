@@ -11,6 +11,8 @@
 
 #include <QMenuBar>
 
+#include <algorithm>
+
 namespace {
 
 void fAvisarFallo(clsMensajes &mensajes, const clsFalloCopia &fallo)
@@ -48,7 +50,10 @@ void frmMain::fEnviar(const std::function<std::string(const std::string &)> &fDe
     };
     const clsFinCopia fin = fCopiarLista(lstRutas, fDestino, [&](int lngHechas) {
         fQuitarMarcas(lngHechas);
-        fInfo2(QStringLiteral("%1 de %2 ...").arg(lngHechas + 1).arg(lstRutas.size()));
+        const auto lngCuantos = static_cast<int>(lstRutas.size());
+        fInfo2(QStringLiteral("%1 de %2 ...")
+                   .arg(std::min(lngHechas + 1, lngCuantos)) // the last one may be done by now
+                   .arg(lngCuantos));
         fCederEventos();
         return !m_bolCerrando && !m_bolEsc;
     });

@@ -211,12 +211,15 @@ bool fCopiarUna(clsMesa &mesa, const std::string &strOrigen)
 void fCopiarTodas(clsMesa &mesa)
 {
     for (const std::string &strRuta : mesa.lstRutas) {
+        if (mesa.bolFin) { // on a slow disk these looks alone take their time
+            break;
+        }
         if (const auto origen = fIdentidad(strRuta)) {
             mesa.lstOrigenes.insert(*origen);
         }
     }
     for (const std::string &strRuta : mesa.lstRutas) {
-        if (!fCopiarUna(mesa, strRuta)) {
+        if (mesa.bolFin || !fCopiarUna(mesa, strRuta)) {
             break;
         }
     }

@@ -43,8 +43,8 @@ using clsDestino = std::function<std::string(const std::string &strOrigen)>;
 [[nodiscard]] clsDestino fDestinoEn(const std::string &strCarpeta);
 
 /// Copies files in order up to the first failure. A copy that would replace one of the files that
-/// are sent fails (EEXIST). The work is done on a thread of its own, so that
-/// the caller's can go on answering whatever the disk does.
+/// are sent fails (EEXIST). The work is done on a thread of its own, so that the caller's can go on
+/// answering whatever the disk does.
 /// @param fPaso runs in the caller's thread with the number of files copied so far: before the
 ///              first, when there are more, and every 50 ms besides. False ends the copying:
 ///              nothing is left of the file under way, unless it was complete by then and is
