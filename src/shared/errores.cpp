@@ -26,7 +26,7 @@ std::string fDescripcionError(int intError)
         {EMFILE,       "Demasiados ficheros abiertos"             },
         {EFBIG,        "Fichero demasiado grande"                 },
         {ENOSPC,       "No queda espacio en el dispositivo"       },
-        {EROFS,        "Sistema de ficheros de sólo lectura"     },
+        {EROFS,        "Sistema de ficheros de solo lectura"      },
         {ENAMETOOLONG, "Nombre de fichero demasiado largo"        },
         {ELOOP,        "Demasiados niveles de enlaces simbólicos"},
         {ESTALE,       "El fichero ha desaparecido del servidor"  },
