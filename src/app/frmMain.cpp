@@ -9,6 +9,7 @@
 #include "catalogue/modelo_fotos.h"
 #include "dates/clsFile.h"
 #include "dates/panel.h"
+#include "shared/programa.h"
 #include "shared/qtexto.h"
 #include "shared/sistema.h"
 #include "viewer/cmdAncho.h"
@@ -82,7 +83,7 @@ frmMain::frmMain(clsArchivo archivo, clsAjustes &ajustes, clsMensajes &mensajes)
 {
     m_visor->fAnticipar(m_ajustes.fConsultar(strSeccionGeneral, "SELEC"));
     setObjectName(QStringLiteral("frmMain"));
-    setWindowTitle(QStringLiteral("Miravel 1.3"));
+    setWindowTitle(fQ(std::string(strPrograma) + ' ' + strVersion));
     fCrearControles();
     fCrearInformacion();
     fConectar();
