@@ -141,7 +141,7 @@ no es correcta la de ninguno de ellos; Shift+'W' actúa siempre.
 - Abrir carpeta contenedora: Abre la carpeta en la que se encuentra el archivo actual (tecla 'C').
 
 - Copiar a: Copia los archivos seleccionados en la carpeta que indiques. Si en ella hay otros con
-el mismo nombre, los reemplaza sin preguntar.
+el mismo nombre, los reemplaza sin preguntar. La copia se interrumpe con 'Escape'.
 
 - Mostrar Total: Indica cuántos archivos hay en la lista y cuánto ocupan.
 
