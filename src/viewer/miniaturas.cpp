@@ -18,7 +18,7 @@ namespace {
 constexpr int intTurno = 8;
 /// Without anything new for so long, in milliseconds, the page is drawn without what is missing: a
 /// disk that does not answer must not hold up those who want to go on.
-constexpr qint64 lngPaciencia = 500;
+constexpr int intPaciencia = 500;
 
 QString fTextoConsejo(const clsFilas &filas, int lngPos, const clsSignos &signos)
 {
@@ -38,6 +38,8 @@ clsMiniaturas::clsMiniaturas(QWidget *cliente, const clsFilas &filas, clsSignos 
 {
     m_generador.Options = cThumbnailGenerator::IEIFLAG_SCREEN | cThumbnailGenerator::IEIFLAG_ASPECT;
     connect(&m_almacen, &clsAlmacenMiniaturas::fLlegada, this, &clsMiniaturas::fLlegar);
+    m_relojPendientes.setInterval(intPaciencia);
+    connect(&m_relojPendientes, &QTimer::timeout, this, &clsMiniaturas::fApremiar);
     fCargarCeldas(); // the first cell exists always
 }
 
@@ -184,11 +186,11 @@ bool clsMiniaturas::fDibujar(std::size_t lngCelda, int lngPos, const clsEntorno 
     const clsEncargo encargo{m_filas.fRuta(lngPos), fLado()};
     // Looked for before every wait: what came while other events ran wakes nobody any more.
     while (entorno.fVigente() && !m_almacen.fTomar(encargo)) {
-        if (m_desdeNovedad.hasExpired(lngPaciencia)) {
+        if (m_desdeNovedad.hasExpired(intPaciencia)) {
             m_almacen.fReforzar();
             break;
         }
-        entorno.fCeder(static_cast<int>(lngPaciencia));
+        entorno.fCeder(intPaciencia);
     }
     if (!entorno.fVigente() || !fPintar(lngCelda, lngPos, entorno.fVigente)) {
         return false;
@@ -243,6 +245,9 @@ bool clsMiniaturas::fPintar(std::size_t lngCelda, int lngPos, const std::functio
     celda.intLado = intLado;
     celda.lngImagen = miniatura.imagen.isNull() ? 0 : miniatura.imagen.cacheKey();
     celda.bolPendiente = bolPendiente;
+    if (bolPendiente && !m_relojPendientes.isActive()) {
+        m_relojPendientes.start();
+    }
     celda.boton->fPoner(imagen, strTexto);
     celda.boton->fConsejo(fTextoConsejo(m_filas, lngPos, m_signos));
     celda.boton->setProperty("Tag", QString::number(lngPos));
@@ -258,6 +263,17 @@ void clsMiniaturas::fLlegar()
     // A message can let events run, and these can take cells away.
     for (std::size_t lngCelda = 0; lngCelda < m_lstCeldas.size(); ++lngCelda) {
         fRenovar(lngCelda);
+    }
+}
+
+/// Files can hang in the threads that others of the drawn page wait for.
+void clsMiniaturas::fApremiar()
+{
+    if (std::none_of(m_lstCeldas.begin(), m_lstCeldas.end(),
+                     [](const clsCelda &celda) { return celda.bolPendiente; })) {
+        m_relojPendientes.stop();
+    } else if (m_desdeNovedad.hasExpired(intPaciencia)) {
+        m_almacen.fReforzar();
     }
 }
 

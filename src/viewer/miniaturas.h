@@ -9,6 +9,7 @@
 
 #include <QElapsedTimer>
 #include <QObject>
+#include <QTimer>
 
 #include <vector>
 
@@ -64,6 +65,7 @@ private:
                                const std::function<bool()> &fVigente);
     void fMarcar(const clsCelda &celda, int lngActual);
     void fLlegar();
+    void fApremiar();
     void fRenovar(std::size_t lngCelda);
     [[nodiscard]] int fLado() const;
 
@@ -78,5 +80,6 @@ private:
     int m_lngActual = 0;
     QElapsedTimer m_desdeCeder;
     QElapsedTimer m_desdeNovedad;   ///< since a thumbnail was last made
+    QTimer m_relojPendientes;       ///< runs while cells wait for what is to come
     std::function<void()> m_fFalta; ///< tells that a file is not on the disk
 };
