@@ -72,6 +72,7 @@ void clsVisor::fVaciar()
 
 void clsVisor::fDescribir(const QString &strArchivo)
 {
+    m_strDescrito = strArchivo;
     const QString strNombre =
         (m_imgPuente == m_imgNoImagen ? tr("Sin imagen: ") : tr("Fotografía: ")) + strArchivo;
     if (strNombre != m_imgFoto->accessibleName()) { // a change is told to screen readers
@@ -258,6 +259,7 @@ void clsVisor::fTomarPendiente()
     if (fuente) {
         m_bolPendiente = false;
         fPoner(fuente->imagen.isNull() ? m_imgNoImagen : std::move(fuente));
+        fDescribir(m_strDescrito); // it may be none
     }
 }
 

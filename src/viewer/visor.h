@@ -75,6 +75,7 @@ private:
     clsHuella m_huella;                           ///< the file's content
     std::shared_ptr<const clsFuente> m_imgNoImagen;
     std::vector<std::string> m_lstVecinas;
+    QString m_strDescrito;       ///< what the picture was last said to be of
     bool m_bolPendiente = false; ///< the picture is still to come
     int m_intZoom = 100;
 };
