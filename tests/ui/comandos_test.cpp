@@ -88,10 +88,13 @@ private slots:
     void fCopiesLoseTheirTicks();
     void fAFailedCopyStopsAndKeepsTheTicks();
     void fClosingDuringACopyLeavesNothingHalf();
+    void fEscEndsACopyAndKeepsTheTicksOfTheRest();
     void fTheBaulTakesCountsAndEmpties();
     void fABaulThatCannotBeIsSaid();
     void fTheFilterNarrowsAndGoes();
+    void fKeysBesideAnOpenFilterAreDropped();
     void fOtherProgramsOpenWhatIsCurrent();
+    void fADesktopWithoutAnOpenerDoesNoHarm();
     void fTheAboutBoxLeadsToTheHelp();
     void fTheProgramsOwnBoxesAskInSpanish();
 
@@ -312,6 +315,24 @@ void clsPruebasComandos::fClosingDuringACopyLeavesNothingHalf()
     }
 }
 
+void clsPruebasComandos::fEscEndsACopyAndKeepsTheTicksOfTheRest()
+{
+    const clsArbol destino;
+    m_sesion->mensajes.strCarpeta = destino.fRaiz();
+    m_sesion->fElegirEntrada("mnuSeleccion0");
+    const clsCuando durante([&] { return m_sesion->fTexto("txtInfo2").endsWith(" de 7 ..."); },
+                            [&] { m_sesion->fTecla(Qt::Key_Escape); });
+    m_sesion->fElegirEntrada("mnuOpcionesCopiar");
+    QVERIFY(durante.fHecho());
+    const int lngCopiadas = static_cast<int>(destino.fNombres().size());
+    QVERIFY(lngCopiadas < 7);
+    for (int lngFila = 0; lngFila < 7; ++lngFila) {
+        QCOMPARE(m_sesion->fMarcada(lngFila), lngFila >= lngCopiadas);
+    }
+    QCOMPARE(m_sesion->mensajes.lstTextos, QStringList("Selecciona carpeta de destino:"));
+    QVERIFY(QApplication::overrideCursor() == nullptr);
+}
+
 void clsPruebasComandos::fTheBaulTakesCountsAndEmpties()
 {
     QCOMPARE(fTituloBaul(), QString("Baúl (0)"));
@@ -394,6 +415,25 @@ void clsPruebasComandos::fTheFilterNarrowsAndGoes()
     QCOMPARE(m_sesion->mensajes.lstTextos, QStringList());
 }
 
+void clsPruebasComandos::fKeysBesideAnOpenFilterAreDropped()
+{
+    const clsCuando cuando([] { return fDialogo("frmFiltro") != nullptr; },
+                           [this] {
+                               // Where a second key goes that is pressed too fast for the dialog.
+                               QWindow *const ventana = m_sesion->ventana->windowHandle();
+                               for (const Qt::Key tecla : {Qt::Key_F, Qt::Key_F5, Qt::Key_F12}) {
+                                   QTest::keyClick(ventana, tecla);
+                               }
+                               const auto lst = m_sesion->ventana->findChildren<QDialog *>();
+                               QCOMPARE(lst.size(), 1);
+                               QTest::keyClick(lst[0], Qt::Key_Escape);
+                           });
+    m_sesion->fTecla(Qt::Key_F);
+    QVERIFY(cuando.fHecho());
+    QCOMPARE(m_sesion->mensajes.lstTextos, QStringList());
+    QCOMPARE(m_sesion->fPosicion(), 0);
+}
+
 void clsPruebasComandos::fOtherProgramsOpenWhatIsCurrent()
 {
     const clsAbridor abridor;
@@ -408,6 +448,20 @@ void clsPruebasComandos::fOtherProgramsOpenWhatIsCurrent()
     QVERIFY(strAyuda.starts_with("<html><head><title>Ayuda_Miravel</title></head>\r\n"));
     m_sesion->fTecla(Qt::Key_F1); // anew, not behind the old one
     QCOMPARE(m_arbol->fLeer("Ayuda_Miravel.htm"), strAyuda);
+}
+
+void clsPruebasComandos::fADesktopWithoutAnOpenerDoesNoHarm()
+{
+    const QByteArray strAntes = qgetenv("PATH");
+    qputenv("PATH", "/nada");
+    for (const Qt::Key tecla : {Qt::Key_Return, Qt::Key_C, Qt::Key_B, Qt::Key_F1}) {
+        m_sesion->fTecla(tecla);
+    }
+    qputenv("PATH", strAntes);
+    QVERIFY(QFile::exists(QString::fromStdString(m_arbol->fRuta("Ayuda_Miravel.htm"))));
+    QCOMPARE(m_sesion->mensajes.lstTextos, QStringList());
+    m_sesion->fTecla(Qt::Key_F12);
+    QCOMPARE(m_sesion->fPosicion(), 1);
 }
 
 void clsPruebasComandos::fTheAboutBoxLeadsToTheHelp()
