@@ -83,6 +83,7 @@ private slots:
     void fTheSearchGoesUpFromTheCurrentFile();
     void fASearchThatFindsNothingLeavesTheFile();
     void fEscEndsTheSearch();
+    void fClosingEndsTheSearch();
     void fARightFileIsCorrectedOnlyWithShift();
     void fStayingShowsTheCorrectedFile();
     void fMovingOnShowsTheFileThatTakesItsPlace();
@@ -144,6 +145,20 @@ void clsPruebasFechas::fEscEndsTheSearch()
     QVERIFY2(cuando.fHecho(), "the window is busy while it searches");
     QCOMPARE(m_sesion->fPosicion(), 3);
     QVERIFY(m_sesion->fControl("imgFoto")->isVisible());
+}
+
+void clsPruebasFechas::fClosingEndsTheSearch()
+{
+    m_sesion->fTecla(Qt::Key_F12, Qt::ShiftModifier);
+    QTRY_COMPARE(m_sesion->fPosicion(), 3);
+    const std::string strSelec = m_sesion->fAjuste("SELEC");
+    const clsCuando cuando([] { return QApplication::overrideCursor() != nullptr; },
+                           [&] { QVERIFY(!m_sesion->ventana->close()); });
+    m_sesion->fTecla(Qt::Key_E);
+    QVERIFY(cuando.fHecho());
+    QTRY_VERIFY(!m_sesion->ventana->isVisible());
+    QCOMPARE(m_sesion->fAjuste("SELEC"), strSelec);
+    QVERIFY(QApplication::overrideCursor() == nullptr);
 }
 
 void clsPruebasFechas::fARightFileIsCorrectedOnlyWithShift()
