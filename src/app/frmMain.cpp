@@ -277,6 +277,9 @@ void frmMain::fFijarModo(bool bolMiniaturas)
     m_bolMiniaturas = bolMiniaturas;
     m_botonModo->setChecked(bolMiniaturas);
     m_visor->fVaciar();
+    if (!bolMiniaturas) {
+        m_miniaturas->fParar();
+    }
     fDisponerPanel();
     fRedibujar();
 }
@@ -406,6 +409,7 @@ void frmMain::fCeldaPulsada(int lngPos, Qt::MouseButton boton, Qt::KeyboardModif
     if (boton == Qt::RightButton) {
         m_bolMiniaturas = false;
         m_botonModo->setChecked(false);
+        m_miniaturas->fParar();
         fDisponerPanel();
     } else if (bolCtrl) {
         m_modelo->fMarcar(

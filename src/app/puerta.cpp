@@ -78,8 +78,9 @@ void clsPuerta::fSeguirCtrl(const QEvent &evento, bool bolOcupada)
 
 bool clsPuerta::eventFilter(QObject *objeto, QEvent *evento)
 {
-    if (evento->type() == QEvent::Hide && fEsDialogo(objeto)) {
-        // Without a window manager nobody gives the keyboard back.
+    if (evento->type() == QEvent::Hide && fEsDialogo(objeto) &&
+        QGuiApplication::focusWindow() != nullptr) {
+        // Without a window manager nobody gives the keyboard back. To another program it is left.
         QTimer::singleShot(0, &m_ventana, [this] {
             if (QApplication::activeModalWidget() == nullptr) {
                 m_ventana.activateWindow();

@@ -13,7 +13,7 @@ namespace {
 // The cells lie on a dark ground of our own, so their colours are our own, too.
 constexpr QRgb colCelda = qRgb(0x34, 0x34, 0x34);
 constexpr QRgb colEncima = qRgb(0x42, 0x42, 0x42);
-constexpr QRgb colActual = qRgb(0x4c, 0x9a, 0xff);
+constexpr QRgb colActual = qRgb(0x5a, 0xa2, 0xff);
 constexpr QRgb colMarcaFondo = qRgb(0x1a, 0x7a, 0x3f);
 constexpr QRgb colTexto = qRgb(0xf0, 0xf0, 0xf0);
 constexpr int intMarco = 3;

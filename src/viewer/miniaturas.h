@@ -32,6 +32,8 @@ public:
     void fDisponer(const clsRect &fondo, int intTam);
     /// Hides and empties all cells.
     void fVaciar();
+    /// Makes no more thumbnails until the next page.
+    void fParar() { m_almacen.fEncargar({}); }
     /// Draws the page that holds the current file. The list must not be empty. Thumbnails appear in
     /// order as they are made. The frames of videos are waited for by nobody and appear later, and
     /// so do files that the disk does not give in time, and new pictures of files that were
