@@ -163,6 +163,11 @@ void frmMain::fConectar()
     connect(m_divisor, &cmdAncho::fSoltado, this,
             [this](int intX) { fFijarAncho(intX * intTwipsPixel); });
     connect(m_miniaturas, &clsMiniaturas::fPulsada, this, &frmMain::fCeldaPulsada);
+    connect(m_visor, &clsVisor::fTarde, this, [this] {
+        if (!m_bolMiniaturas && !m_bolOcupado && !m_ocupacion.fEsta()) {
+            fRedibujar();
+        }
+    });
     connect(m_visor, &clsVisor::fMenuPedido, m_mnuFoto,
             [this](const QPoint &punto) { m_mnuFoto->popup(punto); });
 }

@@ -10,6 +10,7 @@
 #include <QElapsedTimer>
 
 #include <algorithm>
+#include <chrono>
 #include <iterator>
 
 namespace {
@@ -17,6 +18,14 @@ namespace {
 /// A picture that takes longer, in milliseconds, is waited for by nobody: a disk that does not
 /// answer must not hold up those who want to go on.
 constexpr qint64 lngPaciencia = 2000;
+/// And so long for a look at its size and time.
+constexpr std::chrono::milliseconds lngMirada{200};
+
+bool fContesta(const std::future<std::optional<clsHuella>> &mirada,
+               std::chrono::milliseconds lngEspera)
+{
+    return mirada.wait_for(lngEspera) == std::future_status::ready;
+}
 
 QRect fPixeles(const clsRect &rect)
 {
@@ -48,6 +57,14 @@ clsVisor::clsVisor(QWidget *cliente)
         fFondoNeutro(*control);
         control->installEventFilter(this);
     }
+    m_relojMirada.setInterval(lngMirada);
+    connect(&m_relojMirada, &QTimer::timeout, this, [this] {
+        if (fContesta(m_mirada, std::chrono::milliseconds(0))) {
+            emit fTarde();
+        } else {
+            m_miradas.fReforzar(); // those before it may hang
+        }
+    });
     connect(m_imgFoto, &imgFoto::fMenuPedido, this, &clsVisor::fMenuPedido);
     connect(&m_almacen, &clsAlmacenFotos::fLlegada, this, &clsVisor::fAfinar);
 }
@@ -66,6 +83,7 @@ void clsVisor::fVaciar()
 {
     m_imgPuente.reset();
     m_bolPendiente = false;
+    m_relojMirada.stop();
     m_strRuta.clear();
     m_imgFoto->fPoner(nullptr);
 }
@@ -114,7 +132,13 @@ void clsVisor::fPedirCon(const std::optional<clsPedido> &previa, const clsPedido
 std::shared_ptr<const clsFuente> clsVisor::fCargar(const std::string &strRuta,
                                                    const clsEntorno &entorno)
 {
-    const auto huella = fHuella(strRuta);
+    m_mirada = fMirar(strRuta);
+    if (!fContesta(m_mirada, lngMirada)) {
+        m_strRuta.clear();
+        m_relojMirada.start();
+        return nullptr;
+    }
+    const auto huella = m_mirada.get();
     if (!huella) {
         entorno.fFalta();
         return m_imgNoImagen;
@@ -154,8 +178,17 @@ std::shared_ptr<const clsFuente> clsVisor::fCargar(const std::string &strRuta,
     return fuente && fuente->imagen.isNull() ? m_imgNoImagen : fuente;
 }
 
+/// Has size and time of a file looked up on a thread: a disk that wakes up takes seconds for it.
+std::future<std::optional<clsHuella>> clsVisor::fMirar(const std::string &strRuta)
+{
+    const auto promesa = std::make_shared<std::promise<std::optional<clsHuella>>>();
+    m_miradas.fEncolar([promesa, strRuta] { promesa->set_value(fHuella(strRuta)); });
+    return promesa->get_future();
+}
+
 bool clsVisor::fMostrar(const std::string &strRuta, const clsEntorno &entorno)
 {
+    m_relojMirada.stop();
     if (!m_imgNoImagen) {
         m_imgNoImagen = std::make_shared<const clsFuente>(fNoImagen());
     }
@@ -182,8 +215,11 @@ void clsVisor::fPoner(std::shared_ptr<const clsFuente> fuente)
 
 void clsVisor::fAnticipar(const std::string &strRuta)
 {
-    const auto huella = fEsVideo(strRuta) ? std::nullopt : fHuella(strRuta);
-    if (huella) {
+    if (strRuta.empty() || fEsVideo(strRuta)) {
+        return;
+    }
+    auto mirada = fMirar(strRuta);
+    if (const auto huella = fContesta(mirada, lngMirada) ? mirada.get() : std::nullopt) {
         fPedirCon(fPrevia(strRuta, *huella), fPedido(strRuta, lngMaximoFoto), *huella);
     }
 }
@@ -206,7 +242,8 @@ void clsVisor::fPedirVecinas()
     }
     m_almacen.fAnularSalvo(lstPedidos);
     for (auto pedido = lstPedidos.begin() + 1; pedido != lstPedidos.end(); ++pedido) {
-        if (const auto huella = fHuella(pedido->strRuta)) {
+        auto mirada = fMirar(pedido->strRuta);
+        if (const auto huella = fContesta(mirada, lngMirada) ? mirada.get() : std::nullopt) {
             m_almacen.fPedir(*pedido, *huella);
         }
     }
@@ -215,7 +252,7 @@ void clsVisor::fPedirVecinas()
 void clsVisor::fFijarZoom(int intZoom)
 {
     m_intZoom = intZoom;
-    if (m_bolPendiente) {
+    if (m_bolPendiente && !m_strRuta.empty()) {
         m_almacen.fPedir(fPedido(m_strRuta, lngMaximoFoto), m_huella);
     }
     if (m_imgPuente == nullptr) {
@@ -255,7 +292,8 @@ void clsVisor::fAfinar()
 /// Shows the picture that the disk did not give in time, if it has come.
 void clsVisor::fTomarPendiente()
 {
-    auto fuente = m_almacen.fTomar(fPedido(m_strRuta, lngMaximoFoto), m_huella);
+    auto fuente =
+        m_strRuta.empty() ? nullptr : m_almacen.fTomar(fPedido(m_strRuta, lngMaximoFoto), m_huella);
     if (fuente) {
         m_bolPendiente = false;
         fPoner(fuente->imagen.isNull() ? m_imgNoImagen : std::move(fuente));

@@ -3,9 +3,12 @@
 #include "viewer/almacen.h"
 #include "viewer/entorno.h"
 #include "viewer/geometria.h"
+#include "viewer/hilos.h"
 
 #include <QObject>
+#include <QTimer>
 
+#include <future>
 #include <memory>
 #include <optional>
 #include <string>
@@ -46,6 +49,9 @@ public:
     void fFijarZoom(int intZoom);
 
 signals:
+    /// The disk has told, later than the drawing could wait for, of the file that is to be shown:
+    /// it can be drawn now. Comes again until it is.
+    void fTarde();
     /// Right button on panel, frame or picture, in screen coordinates.
     void fMenuPedido(const QPoint &punto);
 
@@ -58,6 +64,7 @@ private:
                                                            const clsEntorno &entorno);
     void fPoner(std::shared_ptr<const clsFuente> fuente);
     void fTomarPendiente();
+    [[nodiscard]] std::future<std::optional<clsHuella>> fMirar(const std::string &strRuta);
     void fCompletar();
     [[nodiscard]] std::optional<clsPedido> fPrevia(const std::string &strRuta,
                                                    const clsHuella &huella) const;
@@ -75,6 +82,9 @@ private:
     clsHuella m_huella;                           ///< the file's content
     std::shared_ptr<const clsFuente> m_imgNoImagen;
     std::vector<std::string> m_lstVecinas;
+    std::future<std::optional<clsHuella>> m_mirada; ///< at the file that is to be shown
+    QTimer m_relojMirada;                           ///< looks whether that has come
+    clsHilos m_miradas{4};
     QString m_strDescrito;       ///< what the picture was last said to be of
     bool m_bolPendiente = false; ///< the picture is still to come
     int m_intZoom = 100;
