@@ -6,6 +6,8 @@
 #include <cerrno>
 #include <cstdlib>
 #include <gtest/gtest.h>
+#include <sched.h>
+#include <sys/mount.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -132,6 +134,40 @@ TEST(Baul, LosesOnlyTheFilesDirectlyInIt)
     arbol.fCrear("Miravel/c.jpg");
     fVaciarBaul(strBaul, arbol.fRaiz()); // the archive's own folder may hold the Baúl
     EXPECT_EQ(fContarBaul(strBaul), 0);
+}
+
+TEST(Baul, SaysWhenItsDiskIsFullOrReadOnly)
+{
+    const clsArbol arbol;
+    constexpr int intSinDisco = 77;
+    arbol.fCrear("a.jpg", std::string(300'000, 'n'));
+    arbol.fCarpeta("t");
+    const int intFin = fEnHijo([&] {
+        const std::string strTemporal = arbol.fRuta("t/");
+        if (unshare(CLONE_NEWNS) != 0 ||
+            mount("none", "/", nullptr, MS_REC | MS_PRIVATE, nullptr) != 0 ||
+            mount("none", strTemporal.c_str(), "tmpfs", 0, "size=64k") != 0) {
+            _exit(intSinDisco);
+        }
+        const auto fAgregar = [&] {
+            const clsLugarBaul lugar = fAsegurarBaul(strTemporal);
+            const clsFinCopia fin = fCopiarLista(
+                {arbol.fRuta("a.jpg")}, fDestinoEnBaul(lugar.strCarpeta), [](int) { return true; });
+            EXPECT_EQ(fContarBaul(lugar.strCarpeta), 0);
+            return fin.fallo ? fin.fallo->intError : 0;
+        };
+        EXPECT_EQ(fAgregar(), ENOSPC);
+        ASSERT_EQ(mount("none", strTemporal.c_str(), nullptr, MS_REMOUNT | MS_RDONLY, nullptr), 0);
+        EXPECT_EQ(fAgregar(), EROFS);
+        EXPECT_EQ(rmdir(arbol.fRuta("t/Miravel").c_str()), -1);
+        ASSERT_EQ(umount2(strTemporal.c_str(), MNT_DETACH), 0);
+        ASSERT_EQ(mount("none", strTemporal.c_str(), "tmpfs", MS_RDONLY, nullptr), 0);
+        EXPECT_EQ(fAsegurarBaul(strTemporal).intError, EROFS);
+    });
+    if (intFin == intSinDisco) {
+        GTEST_SKIP() << "needs the right to mount a small disk";
+    }
+    EXPECT_EQ(intFin, 0);
 }
 
 } // namespace

@@ -253,8 +253,6 @@ TEST(Copia, LeavesTheOldFileOnAFullDisk)
     EXPECT_EQ(intFin, 0);
 }
 
-std::atomic<bool> bolAtascado;
-
 TEST(ListaDeCopias, NeverReplacesAFileThatIsSentToo)
 {
     const clsArbol arbol;
@@ -267,6 +265,8 @@ TEST(ListaDeCopias, NeverReplacesAFileThatIsSentToo)
     EXPECT_EQ(fin.fallo->intError, EEXIST);
     EXPECT_EQ(arbol.fLeer("b/x.jpg"), "otra");
 }
+
+std::atomic<bool> bolAtascado;
 
 TEST(ListaDeCopias, GoesOnUntilItIsToldToStop)
 {

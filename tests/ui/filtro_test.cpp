@@ -30,6 +30,7 @@ private slots:
     void fFilteringKeepsTheValuesAndGivesTheRows();
     void fNothingFoundKeepsTheDialogOpen();
     void fEscEndsALongFilter();
+    void fClosingTheProgramEndsALongFilter();
     void fFitsLargerLetters();
     void fEveryLatinLetterIsFoundHoweverItIsWritten();
 
@@ -256,6 +257,17 @@ void clsPruebasFiltro::fEscEndsALongFilter()
     QCOMPARE(intVeces, 1);
     QVERIFY(!m_dialogo->isVisible());
     QCOMPARE(m_valores.strFiltroTexto, std::string());
+}
+
+void clsPruebasFiltro::fClosingTheProgramEndsALongFilter()
+{
+    fClic("txtTexto");
+    fTeclear("playa");
+    m_fCeder = [] { return false; };
+    fTecla(Qt::Key_Return);
+    QVERIFY(!m_dialogo->isVisible());
+    QCOMPARE(m_valores.strFiltroTexto, std::string());
+    QCOMPARE(m_mensajes.fDichos(), QStringList());
 }
 
 void clsPruebasFiltro::fFitsLargerLetters()
