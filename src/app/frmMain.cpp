@@ -369,13 +369,11 @@ void frmMain::fInformar()
 void frmMain::fJuzgar()
 {
     constexpr std::chrono::milliseconds lngPaciencia(200);
-    const auto promesa = std::make_shared<std::promise<bool>>();
-    m_veredicto = promesa->get_future();
     m_jueces.fVaciar();
-    m_jueces.fEncolar([promesa, strRuta = m_filas.fRuta(m_lngActual)] {
+    m_veredicto = fPreguntar<bool>(m_jueces, [strRuta = m_filas.fRuta(m_lngActual)] {
         clsFile fichero;
         fichero.fCargar(strRuta);
-        promesa->set_value(fichero.bolFechaCorrecta());
+        return fichero.bolFechaCorrecta();
     });
     m_relojVeredicto.stop();
     if (m_veredicto.wait_for(lngPaciencia) == std::future_status::ready) {

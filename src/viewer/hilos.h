@@ -1,7 +1,9 @@
 #pragma once
 
 #include <functional>
+#include <future>
 #include <memory>
+#include <utility>
 
 class clsPiscina;
 
@@ -30,3 +32,15 @@ public:
 private:
     std::shared_ptr<clsPiscina> m_piscina;
 };
+
+/// Has something found out on a thread; whoever asks decides how long to wait for it.
+template <typename Respuesta>
+[[nodiscard]] std::future<Respuesta> fPreguntar(clsHilos &hilos,
+                                                std::function<Respuesta()> fResponder)
+{
+    const auto promesa = std::make_shared<std::promise<Respuesta>>();
+    std::future<Respuesta> respuesta = promesa->get_future();
+    hilos.fEncolar(
+        [promesa, fResponder = std::move(fResponder)] { promesa->set_value(fResponder()); });
+    return respuesta;
+}

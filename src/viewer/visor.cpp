@@ -20,6 +20,8 @@ namespace {
 constexpr qint64 lngPaciencia = 2000;
 /// And so long for a look at its size and time.
 constexpr std::chrono::milliseconds lngMirada{200};
+/// At a neighbour's even less: it is only decoded ahead if that costs the window nothing.
+constexpr std::chrono::milliseconds lngMiradaVecina{30};
 
 bool fContesta(const std::future<std::optional<clsHuella>> &mirada,
                std::chrono::milliseconds lngEspera)
@@ -181,9 +183,7 @@ std::shared_ptr<const clsFuente> clsVisor::fCargar(const std::string &strRuta,
 /// Has size and time of a file looked up on a thread: a disk that wakes up takes seconds for it.
 std::future<std::optional<clsHuella>> clsVisor::fMirar(const std::string &strRuta)
 {
-    const auto promesa = std::make_shared<std::promise<std::optional<clsHuella>>>();
-    m_miradas.fEncolar([promesa, strRuta] { promesa->set_value(fHuella(strRuta)); });
-    return promesa->get_future();
+    return fPreguntar<std::optional<clsHuella>>(m_miradas, [strRuta] { return fHuella(strRuta); });
 }
 
 bool clsVisor::fMostrar(const std::string &strRuta, const clsEntorno &entorno)
@@ -241,10 +241,15 @@ void clsVisor::fPedirVecinas()
         lstPedidos.back().bolVecina = true;
     }
     m_almacen.fAnularSalvo(lstPedidos);
-    for (auto pedido = lstPedidos.begin() + 1; pedido != lstPedidos.end(); ++pedido) {
-        auto mirada = fMirar(pedido->strRuta);
-        if (const auto huella = fContesta(mirada, lngMirada) ? mirada.get() : std::nullopt) {
-            m_almacen.fPedir(*pedido, *huella);
+    std::vector<std::future<std::optional<clsHuella>>> lstMiradas;
+    lstMiradas.reserve(m_lstVecinas.size());
+    for (const std::string &strRuta : m_lstVecinas) {
+        lstMiradas.push_back(fMirar(strRuta));
+    }
+    for (std::size_t lngVecina = 0; lngVecina < lstMiradas.size(); ++lngVecina) {
+        auto &mirada = lstMiradas[lngVecina];
+        if (const auto huella = fContesta(mirada, lngMiradaVecina) ? mirada.get() : std::nullopt) {
+            m_almacen.fPedir(lstPedidos[lngVecina + 1], *huella);
         }
     }
 }
