@@ -5,13 +5,13 @@
 #include "app/aplicacion.h"
 #include "app/frmMain.h"
 #include "callado.h"
+#include "manejo.h"
 #include "medir.h"
 #include "viewer/cmdMini.h"
 #include "viewer/extraccion.h"
 
 #include <QApplication>
 #include <QElapsedTimer>
-#include <QKeyEvent>
 #include <QLineEdit>
 #include <QTableView>
 
@@ -50,21 +50,6 @@ protected:
 private:
     QElapsedTimer m_reloj;
 };
-
-void fPulsar(QWidget *control, int intTecla)
-{
-    QKeyEvent evento(QEvent::KeyPress, intTecla, Qt::NoModifier);
-    QApplication::sendEvent(control, &evento);
-}
-
-void fDescansar(int intMs)
-{
-    QElapsedTimer reloj;
-    reloj.start();
-    while (reloj.elapsed() < intMs) {
-        QApplication::processEvents(QEventLoop::AllEvents, 10);
-    }
-}
 
 double fDescifrar(const std::vector<std::string> &lstRutas, int intLado)
 {

@@ -4,10 +4,10 @@
 #include "app/aplicacion.h"
 #include "app/frmMain.h"
 #include "callado.h"
+#include "manejo.h"
 
 #include <QApplication>
 #include <QElapsedTimer>
-#include <QKeyEvent>
 
 #include <algorithm>
 #include <cstdio>
@@ -30,21 +30,6 @@ protected:
         return false;
     }
 };
-
-void fPulsar(QWidget *control, int intTecla)
-{
-    QKeyEvent evento(QEvent::KeyPress, intTecla, Qt::NoModifier);
-    QApplication::sendEvent(control, &evento);
-}
-
-void fDescansar(int intMs)
-{
-    QElapsedTimer reloj;
-    reloj.start();
-    while (reloj.elapsed() < intMs) {
-        QApplication::processEvents(QEventLoop::AllEvents, 10);
-    }
-}
 
 } // namespace
 
