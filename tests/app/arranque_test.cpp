@@ -14,14 +14,14 @@ TEST(Arranque, TakesTheRootFromACommandLineOfThreeUnderscores)
         const char *strRaiz;
     };
     const clsCaso lstCasos[] = {
-        {"nothing: the program's folder",         {},                            "/prog/"        },
-        {"no mark: the program's folder",         {"/fotos"},                    "/prog/"        },
-        {"a path",                                {"___/fotos"},                 "/fotos/"       },
-        {"a path with its slash",                 {"___/fotos/"},                "/fotos/"       },
-        {"arguments are joined with one blank",   {"___/mis", "fotos", "", "x"}, "/mis fotos  x/"},
-        {"nothing is trimmed or unquoted",        {"___/ \"a\" "},               "/ \"a\" /"     },
-        {"a relative path is below the folder",   {"___fotos"},                  "/casa/fotos/"  },
-        {"an empty argument in front is no mark", {"", "___/fotos"},             "/prog/"        },
+        {"nothing: the program's folder", {}, "/prog/"},
+        {"no mark: the program's folder", {"/fotos"}, "/prog/"},
+        {"a path", {"___/fotos"}, "/fotos/"},
+        {"a path with its slash", {"___/fotos/"}, "/fotos/"},
+        {"arguments are joined with one blank", {"___/mis", "fotos", "", "x"}, "/mis fotos  x/"},
+        {"nothing is trimmed or unquoted", {"___/ \"a\" "}, "/ \"a\" /"},
+        {"a relative path is below the folder", {"___fotos"}, "/casa/fotos/"},
+        {"an empty argument in front is no mark", {"", "___/fotos"}, "/prog/"},
     };
     for (const clsCaso &caso : lstCasos) {
         SCOPED_TRACE(caso.strFrase);
@@ -75,11 +75,11 @@ TEST(Preferencias, ThatCannotBeUsedAreNamedAndTheFileStaysAsItIs)
         const char *strValor;
     };
     const clsCaso lstCasos[] = {
-        {"[GENERAL]\nANCHO=ancho\n",            "ANCHO",     "ancho"      },
-        {"[GENERAL]\nANCHO=99999999999\n",      "ANCHO",     "99999999999"},
-        {"[GENERAL]\nTAM_MINI=3\n",             "TAM_MINI",  "3"          },
-        {"[GENERAL]\nTAM_MINI=1\nFOTOVIDEO=-1", "FOTOVIDEO", "-1"         },
-        {"[GENERAL]\nFOTOVIDEO=\xF1\n",         "FOTOVIDEO", "\u00F1"     },
+        {"[GENERAL]\nANCHO=ancho\n", "ANCHO", "ancho"},
+        {"[GENERAL]\nANCHO=99999999999\n", "ANCHO", "99999999999"},
+        {"[GENERAL]\nTAM_MINI=3\n", "TAM_MINI", "3"},
+        {"[GENERAL]\nTAM_MINI=1\nFOTOVIDEO=-1", "FOTOVIDEO", "-1"},
+        {"[GENERAL]\nFOTOVIDEO=\xF1\n", "FOTOVIDEO", "\u00F1"},
     };
     for (const clsCaso &caso : lstCasos) {
         SCOPED_TRACE(caso.strIni);

@@ -55,20 +55,20 @@ TEST(Avance, AimsAtTheEdgeOfTheUnit)
         const char *strDesde; ///< the day after it
     };
     const clsCaso lstCasos[] = {
-        {Avance::Dia,    Adelante, "2010/02/28", "2010/02/28", "2010/03/01"},
-        {Avance::Dia,    Atras,    "2008/03/01", "2008/02/29", "2008/03/01"},
+        {Avance::Dia, Adelante, "2010/02/28", "2010/02/28", "2010/03/01"},
+        {Avance::Dia, Atras, "2008/03/01", "2008/02/29", "2008/03/01"},
         {Avance::Semana, Adelante, "2017/05/07", "2017/05/07", "2017/05/08"}, // from a Sunday
         {Avance::Semana, Adelante, "2017/05/08", "2017/05/14", "2017/05/15"},
-        {Avance::Semana, Atras,    "2017/05/08", "2017/05/07", "2017/05/08"},
-        {Avance::Semana, Atras,    "2017/05/14", "2017/05/07", "2017/05/08"},
+        {Avance::Semana, Atras, "2017/05/08", "2017/05/07", "2017/05/08"},
+        {Avance::Semana, Atras, "2017/05/14", "2017/05/07", "2017/05/08"},
         {Avance::Semana, Adelante, "2009/12/31", "2010/01/03", "2010/01/04"},
-        {Avance::Mes,    Adelante, "2010/12/31", "2010/12/31", "2011/01/01"},
-        {Avance::Mes,    Adelante, "2010/01/31", "2010/01/31", "2010/02/01"},
-        {Avance::Mes,    Atras,    "2010/03/03", "2010/02/28", "2010/03/01"},
-        {Avance::Mes,    Atras,    "2008/03/03", "2008/02/29", "2008/03/01"},
-        {Avance::Mes,    Atras,    "2010/01/01", "2009/12/31", "2010/01/01"},
-        {Avance::Ano,    Adelante, "2010/12/05", "2010/12/31", "2011/01/01"},
-        {Avance::Ano,    Atras,    "2008/02/29", "2007/12/31", "2008/01/01"},
+        {Avance::Mes, Adelante, "2010/12/31", "2010/12/31", "2011/01/01"},
+        {Avance::Mes, Adelante, "2010/01/31", "2010/01/31", "2010/02/01"},
+        {Avance::Mes, Atras, "2010/03/03", "2010/02/28", "2010/03/01"},
+        {Avance::Mes, Atras, "2008/03/03", "2008/02/29", "2008/03/01"},
+        {Avance::Mes, Atras, "2010/01/01", "2009/12/31", "2010/01/01"},
+        {Avance::Ano, Adelante, "2010/12/05", "2010/12/31", "2011/01/01"},
+        {Avance::Ano, Atras, "2008/02/29", "2007/12/31", "2008/01/01"},
     };
     for (const clsCaso &caso : lstCasos) {
         SCOPED_TRACE(caso.strActual);
@@ -136,13 +136,9 @@ TEST(Avance, GoesFromFolderToFolder)
 {
     const clsFilas filas = fCarpetas({"/a", "/a", "/b", "/b", "/B", "/a", "/a", "/a/b"});
     const std::pair<int, int> lstAtras[] = {
-        {1, 0},
-        {2, 0},
-        {3, 0}, // never the first file of the current folder
-        {4, 2},
-        {5, 4}, // another case is another folder
-        {6, 4},
-        {7, 5},
+        {1, 0}, {2, 0}, {3, 0}, // never the first file of the current folder
+        {4, 2}, {5, 4},         // another case is another folder
+        {6, 4}, {7, 5},
     };
     for (const auto &[lngActual, lngDestino] : lstAtras) {
         EXPECT_EQ(fAvanzar(filas, lngActual, Avance::Carpeta, Atras), lngDestino) << lngActual;

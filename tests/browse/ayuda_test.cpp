@@ -32,16 +32,11 @@ TEST(Ayuda, HasItsSkeletonSectionsAndParagraphs)
         int intParrafos;
     };
     const clsSeccion lstSecciones[] = {
-        {"MIRAVEL 1.3",                 1},
-        {"Comenzando",                  7},
-        {"Desplazamiento",              3},
-        {"Trabajando con los archivos", 3},
-        {"Visualización",              1},
-        {"Baúl",                       4},
-        {"Filtro",                      3},
-        {"Corregir fechas",             4},
-        {"Otras opciones",              5},
-        {"Teclas de acceso rápido",    1},
+        {"MIRAVEL 1.3", 1},    {"Comenzando", 7},
+        {"Desplazamiento", 3}, {"Trabajando con los archivos", 3},
+        {"Visualización", 1},  {"Baúl", 4},
+        {"Filtro", 3},         {"Corregir fechas", 4},
+        {"Otras opciones", 5}, {"Teclas de acceso rápido", 1},
     };
     std::vector<std::string> lstEsperadas = {
         "<html><head><title>Ayuda_Miravel</title></head>",

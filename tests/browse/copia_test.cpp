@@ -47,10 +47,7 @@ void fExigirCopias(const clsArbol &arbol, const clsArbol &destino)
         if (strNombre == "enlace") {
             arbol.fEnlace(strNombre, "otra");
         }
-        const timespec lstMomentos[2] = {
-            {0,          UTIME_OMIT },
-            {1247587402, 123'456'789}
-        };
+        const timespec lstMomentos[2] = {{0, UTIME_OMIT}, {1247587402, 123'456'789}};
         ASSERT_EQ(utimensat(AT_FDCWD, arbol.fRuta(strNombre).c_str(), lstMomentos, 0), 0);
         ASSERT_EQ(chmod(arbol.fRuta(strNombre).c_str(), 0464), 0);
         for (const char *const strVuelta : {"new", "replacing"}) {
@@ -89,20 +86,18 @@ TEST(Copia, IsRefusedAndTouchesNothing)
         int intError;
     };
     const Textos lstAntes = arbol.fNombres();
-    for (const clsCaso &caso : {
-             clsCaso{"a.jpg",      "a.jpg",       EEXIST },
-             {"a.jpg",      "lc/../a.jpg", EEXIST },
-             {"a.jpg",      "blando.jpg",  EEXIST },
-             {"blando.jpg", "a.jpg",       EEXIST },
-             {"a.jpg",      "duro.jpg",    EEXIST },
-             {"a.jpg",      "c",           EISDIR },
-             {"a.jpg",      "lc",          EISDIR },
-             {"c",          "d",           EISDIR },
-             {"tubo",       "d",           EINVAL },
-             {"falta.jpg",  "d",           ENOENT },
-             {"a.jpg",      "falta/d",     ENOENT },
-             {"a.jpg",      "a.jpg/d",     ENOTDIR}
-    }) {
+    for (const clsCaso &caso : {clsCaso{"a.jpg", "a.jpg", EEXIST},
+                                {"a.jpg", "lc/../a.jpg", EEXIST},
+                                {"a.jpg", "blando.jpg", EEXIST},
+                                {"blando.jpg", "a.jpg", EEXIST},
+                                {"a.jpg", "duro.jpg", EEXIST},
+                                {"a.jpg", "c", EISDIR},
+                                {"a.jpg", "lc", EISDIR},
+                                {"c", "d", EISDIR},
+                                {"tubo", "d", EINVAL},
+                                {"falta.jpg", "d", ENOENT},
+                                {"a.jpg", "falta/d", ENOENT},
+                                {"a.jpg", "a.jpg/d", ENOTDIR}}) {
         SCOPED_TRACE(std::string(caso.strOrigen) + " to " + caso.strDestino);
         EXPECT_EQ(fCopiar(arbol.fRuta(caso.strOrigen), arbol.fRuta(caso.strDestino)),
                   caso.intError);

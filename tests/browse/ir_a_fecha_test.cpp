@@ -31,11 +31,11 @@ TEST(IrAFecha, LeadsToTheFirstFileOnOrAfterTheDay)
         std::optional<int> lngDestino;
     };
     const clsCaso lstCasos[] = {
-        {"01011990", 3, 0           }, // before all files
-        {"03052010", 0, 0           }, // the current one
-        {"04052010", 0, 2           },
-        {"07052010", 3, 2           },
-        {"08052010", 0, 3           }, // after all files
+        {"01011990", 3, 0}, // before all files
+        {"03052010", 0, 0}, // the current one
+        {"04052010", 0, 2},
+        {"07052010", 3, 2},
+        {"08052010", 0, 3},            // after all files
         {"08052010", 3, std::nullopt}, // and there already
     };
     for (const clsCaso &caso : lstCasos) {

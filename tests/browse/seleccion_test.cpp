@@ -27,12 +27,10 @@ TEST(Seleccion, TicksByTheFourCommands)
         clsLista lstMarcadas;
     };
     const clsCaso lstCasos[] = {
-        {Seleccion::Todo,     {0, 1}, {0, 1, 2, 3}},
-        {Seleccion::Pantalla, {1, 2}, {0, 1, 2}   },
-        {Seleccion::Pantalla, {2, 9}, {0, 2, 3}   }, // a short last page
-        {Seleccion::Pantalla, {0, 0}, {0, 2}      },
-        {Seleccion::Nada,     {0, 1}, {}          },
-        {Seleccion::Invertir, {0, 1}, {1, 3}      },
+        {Seleccion::Todo, {0, 1}, {0, 1, 2, 3}},  {Seleccion::Pantalla, {1, 2}, {0, 1, 2}},
+        {Seleccion::Pantalla, {2, 9}, {0, 2, 3}}, // a short last page
+        {Seleccion::Pantalla, {0, 0}, {0, 2}},    {Seleccion::Nada, {0, 1}, {}},
+        {Seleccion::Invertir, {0, 1}, {1, 3}},
     };
     for (const clsCaso &caso : lstCasos) {
         SCOPED_TRACE(static_cast<int>(caso.seleccion));
@@ -62,14 +60,14 @@ TEST(Seleccion, CountsMegabytes)
         const char *strMb;
     };
     const clsCaso lstCasos[] = {
-        {0,                "0,0"                    },
-        {52,               "0,1"                    },
-        {256,              "0,3"                    }, // 0.25: half away from zero
-        {973,              "1,0"                    }, // the rounding carries
-        {1536,             "1,5"                    },
-        {1024LL * 1000000, "1.000.000,0"            },
-        {INT64_MAX,        "9.007.199.254.740.992,0"},
-        {-1536,            "-1,5"                   },
+        {0, "0,0"},
+        {52, "0,1"},
+        {256, "0,3"}, // 0.25: half away from zero
+        {973, "1,0"}, // the rounding carries
+        {1536, "1,5"},
+        {1024LL * 1000000, "1.000.000,0"},
+        {INT64_MAX, "9.007.199.254.740.992,0"},
+        {-1536, "-1,5"},
     };
     for (const clsCaso &caso : lstCasos) {
         EXPECT_EQ(fTextoTotales(12345, caso.lngKB, {}),

@@ -56,18 +56,18 @@ TEST(Lector, ReadsEveryRecordWhateverItsLineEnds)
     std::string strSoloLF = strDos;
     std::erase(strSoloLF, '\r');
     const clsCaso lstCasos[] = {
-        {"nothing",                "",              {},                          0                            },
-        {"two records",            strDos,          {strA, strB},                0                            },
-        {"LF only",                strSoloLF,       {strA, strB},                0                            },
-        {"no line end at the end", strDos.substr(0, strDos.size() - 2),          {strA, strB},                  0},
-        {"half a line end at the end",                        strDos.substr(0,            strDos.size() - 1), {strA, strB}, 0},
-        {"last record without a size",                       strDos.substr(0,                                      strDos.find(" 3000")),                                      {strA},                              0},
-        {"last record without a date",                  strDos.substr(0,                                strDos.find("2010")),                      {strA},0},
+        {"nothing", "", {}, 0},
+        {"two records", strDos, {strA, strB}, 0},
+        {"LF only", strSoloLF, {strA, strB}, 0},
+        {"no line end at the end", strDos.substr(0, strDos.size() - 2), {strA, strB}, 0},
+        {"half a line end at the end", strDos.substr(0, strDos.size() - 1), {strA, strB}, 0},
+        {"last record without a size", strDos.substr(0, strDos.find(" 3000")), {strA}, 0},
+        {"last record without a date", strDos.substr(0, strDos.find("2010")), {strA}, 0},
         {"last line cut",
-         strDos.substr(0,strDos.find("00000 \r")),
+         strDos.substr(0, strDos.find("00000 \r")),
          {strA, "/f/b.MP4|2010/01/01 00:00:00|30000"},
          0},
-        {"empty lines at the end",          strDos + "\r\n\r\n",                    {strA, strB},                           0                                                                                                    },
+        {"empty lines at the end", strDos + "\r\n\r\n", {strA, strB}, 0},
     };
     for (const clsCaso &caso : lstCasos) {
         fComprobar(caso);
@@ -115,24 +115,24 @@ TEST(Lector, CountsLinesAndDoesNotFindItsWayBackAfterALostOne)
         {"the path of the first is lost: no line stands where a path is looked for",
          fLineas({strFecha, "5", "/f/b.jpg", strFecha, "6"}),
          {},
-         0                                                                                                                          },
+         0},
         {"the size of the first is lost: the next path is taken for it",
          fLineas({"/f/a.jpg", strFecha, "/f/b.jpg", strFecha, "6"}),
          {},
-         3                                                                                                                          },
-        {"an empty line in front shifts all",                                        fLineas({"", "/f/a.jpg", strFecha, "5"}), {}, 0},
+         3},
+        {"an empty line in front shifts all", fLineas({"", "/f/a.jpg", strFecha, "5"}), {}, 0},
         {"an empty size: the next kept text takes its place",
          fLineas({"/f/a.jpg", strFecha, "", "/f/x.txt", "a", "b", "/f/b.jpg", strFecha, "6"}),
          {},
-         7                                                                                                                          },
+         7},
         {"an empty date likewise",
          fLineas({"/f/a.jpg", "", "5", "/f/b.jpg", strFecha, "6"}),
          {},
-         4                                                                                                                          },
+         4},
         {"an empty date of the last record: it stays incomplete",
          fLineas({"/f/a.jpg", "", "5"}),
          {},
-         0                                                                                                                          },
+         0},
     };
     for (const clsCaso &caso : lstCasos) {
         fComprobar(caso);
@@ -148,10 +148,10 @@ TEST(Lector, SumsTheBytesOfTheRowsAndDropsTheRest)
         std::int64_t lngTotalKB;
     };
     const clsSuma lstCasos[] = {
-        {"the sum is divided, not the sizes", "1023",                "1",                   1               },
-        {"the rest is dropped",               "1024",                "1023",                1               },
-        {"beyond 32 bits",                    "4294967296",          "4294967296",          8388608         },
-        {"no wrap at the limit",              "9223372036854775807", "9223372036854775807", 9007199254740991},
+        {"the sum is divided, not the sizes", "1023", "1", 1},
+        {"the rest is dropped", "1024", "1023", 1},
+        {"beyond 32 bits", "4294967296", "4294967296", 8388608},
+        {"no wrap at the limit", "9223372036854775807", "9223372036854775807", 9007199254740991},
     };
     for (const clsSuma &caso : lstCasos) {
         SCOPED_TRACE(caso.strFrase);

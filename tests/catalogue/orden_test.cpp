@@ -88,14 +88,14 @@ TEST(Orden, IsThatOfAStableSortOfTheTextsBothWays)
     };
     // From 4096 rows on another way of sorting is taken.
     const clsCaso lstCasos[] = {
-        {"no rows",             0,    false},
-        {"one row",             1,    false},
-        {"few rows",            300,  false},
-        {"few odd rows",        300,  true },
+        {"no rows", 0, false},
+        {"one row", 1, false},
+        {"few rows", 300, false},
+        {"few odd rows", 300, true},
         {"just below the turn", 4095, false},
-        {"at the turn",         4096, false},
-        {"many rows",           9000, false},
-        {"many odd rows",       5000, true },
+        {"at the turn", 4096, false},
+        {"many rows", 9000, false},
+        {"many odd rows", 5000, true},
     };
     for (const clsCaso &caso : lstCasos) {
         SCOPED_TRACE(caso.strFrase);

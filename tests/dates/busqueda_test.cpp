@@ -53,12 +53,12 @@ TEST(Busqueda, GoesUpwardsFromTheCurrentFileAndTakesTheFirstWrongOne)
         std::optional<int> lngHallada;
     };
     const clsCaso lstCasos[] = {
-        {"the current file counts",          {5, 3},    5,   5 },
-        {"the nearest above, not the first", {7, 3, 1}, 5,   3 },
-        {"the first row counts",             {0},       5,   0 },
-        {"those below are not looked at",    {6, 9},    5,   {}},
-        {"all are right",                    {},        5,   {}},
-        {"beyond what is asked ahead",       {2},       500, 2 },
+        {"the current file counts", {5, 3}, 5, 5},
+        {"the nearest above, not the first", {7, 3, 1}, 5, 3},
+        {"the first row counts", {0}, 5, 0},
+        {"those below are not looked at", {6, 9}, 5, {}},
+        {"all are right", {}, 5, {}},
+        {"beyond what is asked ahead", {2}, 500, 2},
     };
     for (const clsCaso &caso : lstCasos) {
         for (const int intHilos : {1, 3, 0}) {

@@ -32,13 +32,13 @@ struct clsSistema {
     int (*fEnlazar)(const char *, const char *);
 };
 const clsSistema lstSistemas[] = {
-    {"refuses taken names itself",       discoReal.fRenombrarLibre, fFalla<EIO>       },
-    {"only has links",                   fFalla<EINVAL>,            discoReal.fEnlazar},
-    {"has links, and a kernel of old",   fFalla<ENOSYS>,            discoReal.fEnlazar},
-    {"has no links (EPERM)",             fFalla<EINVAL>,            fFalla<EPERM>     },
-    {"has no links (EOPNOTSUPP)",        fFalla<EINVAL>,            fFalla<EOPNOTSUPP>},
-    {"has a kernel that has no links",   fFalla<ENOSYS>,            fFalla<ENOSYS>    },
-    {"has links, but no more of a file", fFalla<EINVAL>,            fFalla<EMLINK>    },
+    {"refuses taken names itself", discoReal.fRenombrarLibre, fFalla<EIO>},
+    {"only has links", fFalla<EINVAL>, discoReal.fEnlazar},
+    {"has links, and a kernel of old", fFalla<ENOSYS>, discoReal.fEnlazar},
+    {"has no links (EPERM)", fFalla<EINVAL>, fFalla<EPERM>},
+    {"has no links (EOPNOTSUPP)", fFalla<EINVAL>, fFalla<EOPNOTSUPP>},
+    {"has a kernel that has no links", fFalla<ENOSYS>, fFalla<ENOSYS>},
+    {"has links, but no more of a file", fFalla<EINVAL>, fFalla<EMLINK>},
 };
 
 clsDisco fDisco(const clsSistema &sistema)
@@ -78,16 +78,16 @@ TEST(Renombrar, NeverReplacesAndReportsWhy)
         int intError;
     };
     const clsCaso lstCasos[] = {
-        {"a file has the name",                "a.jpg",       "b.jpg",       EEXIST },
-        {"an empty file has the name",         "a.jpg",       "vacia.jpg",   EEXIST },
-        {"a folder has the name",              "a.jpg",       "carpeta.jpg", EEXIST },
-        {"a link to nothing has the name",     "a.jpg",       "rota.jpg",    EEXIST },
-        {"the file itself has the name",       "a.jpg",       "a.jpg",       EEXIST },
-        {"another link to it has the name",    "a.jpg",       "dura.jpg",    EEXIST },
-        {"the file is gone",                   "falta.jpg",   "n.jpg",       ENOENT },
-        {"a folder has taken the file's name", "carpeta.jpg", "n.jpg",       EISDIR },
-        {"the folder for the name is gone",    "a.jpg",       "nada/n.jpg",  ENOENT },
-        {"a file stands where a folder must",  "a.jpg",       "b.jpg/n.jpg", ENOTDIR},
+        {"a file has the name", "a.jpg", "b.jpg", EEXIST},
+        {"an empty file has the name", "a.jpg", "vacia.jpg", EEXIST},
+        {"a folder has the name", "a.jpg", "carpeta.jpg", EEXIST},
+        {"a link to nothing has the name", "a.jpg", "rota.jpg", EEXIST},
+        {"the file itself has the name", "a.jpg", "a.jpg", EEXIST},
+        {"another link to it has the name", "a.jpg", "dura.jpg", EEXIST},
+        {"the file is gone", "falta.jpg", "n.jpg", ENOENT},
+        {"a folder has taken the file's name", "carpeta.jpg", "n.jpg", EISDIR},
+        {"the folder for the name is gone", "a.jpg", "nada/n.jpg", ENOENT},
+        {"a file stands where a folder must", "a.jpg", "b.jpg/n.jpg", ENOTDIR},
     };
     for (const clsSistema &sistema : lstSistemas) {
         SCOPED_TRACE(sistema.strFrase);
@@ -154,10 +154,7 @@ TEST(FechaArchivo, SetsTheModificationTimeAndNothingElse)
     const clsArbol arbol;
     arbol.fCrear("a.jpg", "foto");
     arbol.fEnlace("e.jpg", "a.jpg");
-    const timespec lstMomentos[2] = {
-        {1000, 123'456'789},
-        {2000, 987'654'321}
-    };
+    const timespec lstMomentos[2] = {{1000, 123'456'789}, {2000, 987'654'321}};
     ASSERT_EQ(utimensat(AT_FDCWD, arbol.fRuta("a.jpg").c_str(), lstMomentos, 0), 0);
     ASSERT_EQ(chmod(arbol.fRuta("a.jpg").c_str(), 0), 0); // it is not opened
     for (const char *const strNombre : {"a.jpg", "e.jpg"}) {
@@ -188,22 +185,18 @@ TEST(FechaArchivo, ReportsWhatIsNoFileOrHasNoSuchTime)
         const char *strNombre;
         int intError;
     };
-    for (const clsCaso &caso : {
-             clsCaso{"falta.jpg", ENOENT },
-             {"rota.jpg",  ENOENT },
-             {"c.jpg",     EISDIR },
-             {"t.jpg",     EINVAL },
-             {"a.jpg/x",   ENOTDIR}
-    }) {
+    for (const clsCaso &caso : {clsCaso{"falta.jpg", ENOENT},
+                                {"rota.jpg", ENOENT},
+                                {"c.jpg", EISDIR},
+                                {"t.jpg", EINVAL},
+                                {"a.jpg/x", ENOTDIR}}) {
         SCOPED_TRACE(caso.strNombre);
         EXPECT_EQ(fFechaArchivo(arbol.fRuta(caso.strNombre), clsFecha{1}), caso.intError);
     }
     EXPECT_EQ(arbol.fNombres(), (Textos{"a.jpg", "c.jpg", "rota.jpg", "t.jpg"}));
     // The oldest and the last date have a moment, whatever the file system makes of it.
-    for (const clsPartesFecha &partes : {
-             clsPartesFecha{100,  1,  1,  0,  0,  0 },
-             clsPartesFecha{9999, 12, 31, 23, 59, 59}
-    }) {
+    for (const clsPartesFecha &partes :
+         {clsPartesFecha{100, 1, 1, 0, 0, 0}, clsPartesFecha{9999, 12, 31, 23, 59, 59}}) {
         const int intError =
             fFechaArchivo(arbol.fRuta("a.jpg"), fFechaDe(partes).value_or(clsFecha{}));
         EXPECT_TRUE(intError == 0 || intError == EINVAL || intError == EOVERFLOW) << intError;

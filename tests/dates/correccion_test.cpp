@@ -107,15 +107,13 @@ TEST(RutaCorregida, PutsTheDayBeforeTheNameWhateverItBeginsWith)
         const char *strRuta;
         const char *strNueva;
     };
-    for (const clsCaso &caso : {
-             clsCaso{"/f/2009/DSC01234.JPG",     "/f/2009/20090715_DSC01234.JPG"    },
-             {"/f/20090714_DSC01234.JPG", "/f/20090715_20090714_DSC01234.JPG"},
-             {"/f/20090715_DSC01234.JPG", "/f/20090715_20090715_DSC01234.JPG"},
-             {"/f/.oculta",               "/f/20090715_.oculta"              },
-             {"/Mu\xF1oz/\xF1.jpg",       "/Mu\xF1oz/20090715_\xF1.jpg"      },
-             {"suelta.jpg",               "20090715_suelta.jpg"              },
-             {"/raiz.jpg",                "/20090715_raiz.jpg"               }
-    }) {
+    for (const clsCaso &caso : {clsCaso{"/f/2009/DSC01234.JPG", "/f/2009/20090715_DSC01234.JPG"},
+                                {"/f/20090714_DSC01234.JPG", "/f/20090715_20090714_DSC01234.JPG"},
+                                {"/f/20090715_DSC01234.JPG", "/f/20090715_20090715_DSC01234.JPG"},
+                                {"/f/.oculta", "/f/20090715_.oculta"},
+                                {"/Mu\xF1oz/\xF1.jpg", "/Mu\xF1oz/20090715_\xF1.jpg"},
+                                {"suelta.jpg", "20090715_suelta.jpg"},
+                                {"/raiz.jpg", "/20090715_raiz.jpg"}}) {
         SCOPED_TRACE(caso.strRuta);
         EXPECT_EQ(fRutaCorregida(caso.strRuta, fechaNueva), caso.strNueva);
     }
@@ -205,16 +203,16 @@ TEST(Correccion, ReportsAFileThatKeepsItsNameAndGoesOn)
     };
     // As another user than the owner of what is prepared as root.
     const clsCaso lstCasos[] = {
-        {"the new name is taken",       "IMG_1.JPG",   0,      EEXIST, false},
-        {"a read-only file",            "lectura.jpg", 0,      0,      true },
-        {"a file without any right",    "cerrada.jpg", 0,      0,      true },
-        {"a read-only folder",          "c/fija.jpg",  0,      EACCES, false},
-        {"a file that vanished",        "falta.jpg",   ENOENT, ENOENT, false},
+        {"the new name is taken", "IMG_1.JPG", 0, EEXIST, false},
+        {"a read-only file", "lectura.jpg", 0, 0, true},
+        {"a file without any right", "cerrada.jpg", 0, 0, true},
+        {"a read-only folder", "c/fija.jpg", 0, EACCES, false},
+        {"a file that vanished", "falta.jpg", ENOENT, ENOENT, false},
         {"a folder has taken its name", "carpeta.jpg", EISDIR, EISDIR, false},
-        {"a link to a file",            "enlace.jpg",  0,      0,      true },
-        {"another owner's file",        "ajena.jpg",   EPERM,  0,      true },
-        {"no way to the file",          "d/lejos.jpg", EACCES, EACCES, false},
-        {"the same file again",         "enlace.jpg",  ENOENT, ENOENT, true },
+        {"a link to a file", "enlace.jpg", 0, 0, true},
+        {"another owner's file", "ajena.jpg", EPERM, 0, true},
+        {"no way to the file", "d/lejos.jpg", EACCES, EACCES, false},
+        {"the same file again", "enlace.jpg", ENOENT, ENOENT, true},
     };
     const clsArbol arbol;
     for (const char *const strNombre : {"IMG_1.JPG", "20090715_IMG_1.JPG", "lectura.jpg",
@@ -245,12 +243,8 @@ TEST(Correccion, ReportsAFileThatKeepsItsNameAndGoesOn)
          {"IMG_1.JPG", "lectura.jpg", "cerrada.jpg", "c/fija.jpg", "destino.jpg", "d/lejos.jpg"}) {
         EXPECT_TRUE(!bolRaiz || chown(arbol.fRuta(strNombre).c_str(), 65534, 65534) == 0);
     }
-    for (const auto &[strNombre, modo] : {
-             std::pair{"lectura.jpg", 0444U},
-             {"cerrada.jpg", 0U   },
-             {"c",           0555U},
-             {"d",           0U   }
-    }) {
+    for (const auto &[strNombre, modo] :
+         {std::pair{"lectura.jpg", 0444U}, {"cerrada.jpg", 0U}, {"c", 0555U}, {"d", 0U}}) {
         EXPECT_EQ(chmod(arbol.fRuta(strNombre).c_str(), modo), 0);
     }
     EXPECT_EQ(fEnHijo([&] {
@@ -290,9 +284,7 @@ TEST(Correccion, TouchesNothingWithoutTheRightToWrite)
     arbol.fCrear("a.jpg");
     arbol.fCrear(strDat, fTexto(arbol, "@a.jpg|f| 1 |"));
     const Textos lstNombres = arbol.fNombres();
-    std::vector<clsCorregido> lstFicheros = {
-        {arbol.fRuta("a.jpg"), {}, 0, 0}
-    };
+    std::vector<clsCorregido> lstFicheros = {{arbol.fRuta("a.jpg"), {}, 0, 0}};
     EXPECT_EQ(fCorregir(arbol.fRaiz(), false, lstFicheros, fechaNueva, {}).correccion,
               Correccion::SinPermiso);
     {
@@ -397,9 +389,7 @@ TEST(Correccion, RoundsNothingInTheCatalogueOnDisksWithCoarseTimes)
 {
     clsDisco disco = discoQuieto; // FAT: two seconds, no links
     disco.fFechar = [](const char *strRuta, const timespec *lstMomentos) {
-        const timespec lstGruesos[2] = {
-            lstMomentos[0], {lstMomentos[1].tv_sec / 2 * 2, 0}
-        };
+        const timespec lstGruesos[2] = {lstMomentos[0], {lstMomentos[1].tv_sec / 2 * 2, 0}};
         return discoReal.fFechar(strRuta, lstGruesos);
     };
     disco.fEnlazar = [](const char *, const char *) { return errno = EPERM, -1; };
@@ -407,9 +397,7 @@ TEST(Correccion, RoundsNothingInTheCatalogueOnDisksWithCoarseTimes)
     const clsArbol arbol;
     arbol.fCrear("a.jpg");
     arbol.fCrear(strDat, fTexto(arbol, "@a.jpg|f| 1 |"));
-    std::vector<clsCorregido> lstFicheros = {
-        {arbol.fRuta("a.jpg"), {}, 0, 0}
-    };
+    std::vector<clsCorregido> lstFicheros = {{arbol.fRuta("a.jpg"), {}, 0, 0}};
     const clsFecha fechaImpar{fechaNueva.lngSegundos + 1};
     EXPECT_EQ(fCorregir(arbol.fRaiz(), true, lstFicheros, fechaImpar, {}, {}, disco).correccion,
               Correccion::Hecha);
@@ -461,9 +449,7 @@ TEST(Correccion, WorksOnARealFatDisk)
         }
         arbol.fCrear("disco/a.jpg", "foto");
         arbol.fCrear("disco/Miravel.dat", fTexto(arbol, "@disco/a.jpg|f| 4 |"));
-        std::vector<clsCorregido> lstFicheros = {
-            {arbol.fRuta("disco/a.jpg"), {}, 0, 0}
-        };
+        std::vector<clsCorregido> lstFicheros = {{arbol.fRuta("disco/a.jpg"), {}, 0, 0}};
         const clsFecha fechaImpar{fechaNueva.lngSegundos + 1};
         const clsFinCorreccion fin =
             fCorregir(arbol.fRuta("disco/"), true, lstFicheros, fechaImpar, {}, {}, discoQuieto);

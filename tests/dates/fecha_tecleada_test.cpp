@@ -13,18 +13,19 @@ TEST(FechaTecleada, AddsTheTimeThatWasLeftOut)
         const char *strNormal;
     };
     const clsCaso lstCasos[] = {
-        {"14/07/2009",                "14/07/2009 12:00:00"     },
-        {"14/07/2009 18:03",          "14/07/2009 18:03:00"     },
-        {"14/07/2009 18:03:22",       "14/07/2009 18:03:22"     },
-        {"",                          ""                        },
-        {"4/07/2009",                 "4/07/2009"               },
-        {"14/07/2009 ",               "14/07/2009 "             },
-        {"14/07/2009 18:0",           "14/07/2009 18:0"         },
-        {"diez letra",                "diez letra 12:00:00"     }, // validated later
-        {"10 ñandúes",              "10 ñandúes 12:00:00"   }, // characters, not bytes
-        {"ñ4/07/200",                "ñ4/07/200"              }, // nine of them
+        {"14/07/2009", "14/07/2009 12:00:00"},
+        {"14/07/2009 18:03", "14/07/2009 18:03:00"},
+        {"14/07/2009 18:03:22", "14/07/2009 18:03:22"},
+        {"", ""},
+        {"4/07/2009", "4/07/2009"},
+        {"14/07/2009 ", "14/07/2009 "},
+        {"14/07/2009 18:0", "14/07/2009 18:0"},
+        {"diez letra", "diez letra 12:00:00"}, // validated later
+        {"10 ñandúes", "10 ñandúes 12:00:00"}, // characters, not bytes
+        {"ñ4/07/200", "ñ4/07/200"},            // nine of them
         {"\xFF"
-         "4/07/2009 18:03x", "\xFF"
+         "4/07/2009 18:03x",
+         "\xFF"
          "4/07/2009 18:03x"},
     };
     for (const clsCaso &caso : lstCasos) {
@@ -103,14 +104,13 @@ TEST(Momento, FollowsDaylightSavingAndComesBack)
         std::time_t lngMomento;
     };
     const clsCaso lstCasos[] = {
-        {"14/07/2009 18:03:22", 1247587402 }, // summer
-        {"14/01/2009 18:03:22", 1231952602 }, // winter
-        {"29/03/2009 01:59:59", 1238288399 }, // the last second before the clocks go on
-        {"29/03/2009 03:00:00", 1238288400 }, // the next one
-        {"25/10/2009 01:59:59", 1256428799 }, // before the hour that comes twice
-        {"25/10/2009 03:00:00", 1256436000 }, // behind it
-        {"01/01/1970 00:59:59", -1         },
-        {"30/12/1899 00:00:00", -2209165200},
+        {"14/07/2009 18:03:22", 1247587402}, // summer
+        {"14/01/2009 18:03:22", 1231952602}, // winter
+        {"29/03/2009 01:59:59", 1238288399}, // the last second before the clocks go on
+        {"29/03/2009 03:00:00", 1238288400}, // the next one
+        {"25/10/2009 01:59:59", 1256428799}, // before the hour that comes twice
+        {"25/10/2009 03:00:00", 1256436000}, // behind it
+        {"01/01/1970 00:59:59", -1},         {"30/12/1899 00:00:00", -2209165200},
     };
     for (const clsCaso &caso : lstCasos) {
         SCOPED_TRACE(caso.strFecha);

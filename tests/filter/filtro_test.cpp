@@ -66,42 +66,42 @@ TEST(FiltroTexto, LooksForTheWordsInWhatIsLeftOfTheName)
         bool bolPasa;
     };
     const clsCaso lstCasos[] = {
-        {"/f/Playa y sol.jpg",      "playa , SOL",   And, false, true },
-        {"/f/Playa.jpg",            "playa , SOL",   And, false, false},
-        {"/f/Playa.jpg",            "playa,sol",     Or,  false, true },
-        {"/f/nieve.jpg",            "playa,sol",     Or,  false, false},
-        {"/f/nieve.jpg",            "playa,sol",     Nor, false, true },
-        {"/f/sol.jpg",              "playa,sol",     Nor, false, false},
-        {"/f/casa.jpg",             "casa,",         And, false, true }, // that comma does not count
-        {"/f/a.jpg",                "",              Nor, false, true },
-        {"/f/a.jpg",                " ",             Nor, false, true },
-        {"/f/a.jpg",                ",",             Nor, false, true },
-        {"/f/a.jpg",                " , ",           Nor, false, true },
-        {"/f/a.jpg",                ",,",            And, false, true }, // two empty words
-        {"/f/a.jpg",                ",,",            Or,  false, true },
-        {"/f/a.jpg",                ",,",            Nor, false, false},
-        {"/f/x.jpg",                "a,,b",          Nor, false, false},
-        {"/f/x.jpg",                "a,,b",          Or,  false, true },
-        {"/2009/boda.jpg",          "2009",          And, false, false},
-        {"/2009/boda.jpg",          "2009/bo",       And, true,  true },
-        {"/2009/boda.jpg",          "jpg",           And, true,  false},
-        {"/f/boda.jpeg",            "boda.",         And, false, true }, // four characters
-        {"/f/boda.jpeg",            "boda.j",        And, false, false},
-        {"/f/a.b",                  "a",             And, false, false},
-        {"/fin/b",                  "/fi",           And, true,  false}, // "n/b" and "i" are cut off
-        {"/fin/b",                  "/f",            And, true,  true },
-        {"/f/CANCIÓN ñ.jpg",      "canción Ñ",   And, false, true },
-        {"/f/Cancio\u0301n.jpg",    "canción",      And, false, true },
-        {"/f/Canción.jpg",         "cancio\u0301n", And, false, true },
-        {"/Cancio\u0301n/a.jpg",    "CIÓN/A",       And, true,  true },
-        {"/f/Canci\xF3n.jpg",       "canción",      And, false, true }, // Windows-1252
-        {"/f/a.jp\xF3",             "a",             And, false, true }, // cut as it shows
-        {"/F\xF3/Canci\u00F3n.jpg", "fó/canción",  And, true,  true }, // each in its own way
-        {"/f/5÷3.jpg",             "5÷3",          And, false, true },
-        {"/f/5×3.jpg",             "5÷3",          And, false, false},
-        {"/f/Ω.jpg",               "?",             And, false, true },
-        {"/f/u\u0308\u0304.jpg",    "?",             And, false, true },
-        {"/f/ÿ.jpg",               "?",             And, false, true },
+        {"/f/Playa y sol.jpg", "playa , SOL", And, false, true},
+        {"/f/Playa.jpg", "playa , SOL", And, false, false},
+        {"/f/Playa.jpg", "playa,sol", Or, false, true},
+        {"/f/nieve.jpg", "playa,sol", Or, false, false},
+        {"/f/nieve.jpg", "playa,sol", Nor, false, true},
+        {"/f/sol.jpg", "playa,sol", Nor, false, false},
+        {"/f/casa.jpg", "casa,", And, false, true}, // that comma does not count
+        {"/f/a.jpg", "", Nor, false, true},
+        {"/f/a.jpg", " ", Nor, false, true},
+        {"/f/a.jpg", ",", Nor, false, true},
+        {"/f/a.jpg", " , ", Nor, false, true},
+        {"/f/a.jpg", ",,", And, false, true}, // two empty words
+        {"/f/a.jpg", ",,", Or, false, true},
+        {"/f/a.jpg", ",,", Nor, false, false},
+        {"/f/x.jpg", "a,,b", Nor, false, false},
+        {"/f/x.jpg", "a,,b", Or, false, true},
+        {"/2009/boda.jpg", "2009", And, false, false},
+        {"/2009/boda.jpg", "2009/bo", And, true, true},
+        {"/2009/boda.jpg", "jpg", And, true, false},
+        {"/f/boda.jpeg", "boda.", And, false, true}, // four characters
+        {"/f/boda.jpeg", "boda.j", And, false, false},
+        {"/f/a.b", "a", And, false, false},
+        {"/fin/b", "/fi", And, true, false}, // "n/b" and "i" are cut off
+        {"/fin/b", "/f", And, true, true},
+        {"/f/CANCIÓN ñ.jpg", "canción Ñ", And, false, true},
+        {"/f/Cancio\u0301n.jpg", "canción", And, false, true},
+        {"/f/Canción.jpg", "cancio\u0301n", And, false, true},
+        {"/Cancio\u0301n/a.jpg", "CIÓN/A", And, true, true},
+        {"/f/Canci\xF3n.jpg", "canción", And, false, true},         // Windows-1252
+        {"/f/a.jp\xF3", "a", And, false, true},                     // cut as it shows
+        {"/F\xF3/Canci\u00F3n.jpg", "fó/canción", And, true, true}, // each in its own way
+        {"/f/5÷3.jpg", "5÷3", And, false, true},
+        {"/f/5×3.jpg", "5÷3", And, false, false},
+        {"/f/Ω.jpg", "?", And, false, true},
+        {"/f/u\u0308\u0304.jpg", "?", And, false, true},
+        {"/f/ÿ.jpg", "?", And, false, true},
     };
     for (const clsCaso &caso : lstCasos) {
         SCOPED_TRACE(std::string(caso.strRuta) + " | " + caso.strTexto);
@@ -133,11 +133,11 @@ TEST(FiltroFechas, ReadsTheDiskAndNotTheList)
         ResultadoFiltro resultado;
     };
     const clsCaso lstCasos[] = {
-        {"05/07/1999", "06/07/1999", {0, 2, 4},    ResultadoFiltro::Menos  },
-        {"05/07/1999", "05/07/1999", {4},          ResultadoFiltro::Menos  },
-        {"05/07/1999", "",           {0, 2, 4, 5}, ResultadoFiltro::Menos  },
-        {"",           "05/07/1999", {3, 4},       ResultadoFiltro::Menos  },
-        {"07/07/1999", "",           {},           ResultadoFiltro::Ninguno},
+        {"05/07/1999", "06/07/1999", {0, 2, 4}, ResultadoFiltro::Menos},
+        {"05/07/1999", "05/07/1999", {4}, ResultadoFiltro::Menos},
+        {"05/07/1999", "", {0, 2, 4, 5}, ResultadoFiltro::Menos},
+        {"", "05/07/1999", {3, 4}, ResultadoFiltro::Menos},
+        {"07/07/1999", "", {}, ResultadoFiltro::Ninguno},
     };
     for (const clsCaso &caso : lstCasos) {
         SCOPED_TRACE(std::string(caso.strDesde) + " to " + caso.strHasta);

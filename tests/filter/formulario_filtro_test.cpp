@@ -10,21 +10,21 @@ TEST(FormularioFiltro, SaysWhyADateIsNotAccepted)
         const char *strMuestra;
     };
     const clsCaso lstCasos[] = {
-        {"",             "",                                       ""            },
-        {"050799",       "",                                       "05/07/1999"  },
-        {"050749",       "",                                       "05/07/2049"  },
-        {"010150",       "",                                       "01/01/1950"  },
-        {"290200",       "",                                       "29/02/2000"  },
-        {"14/07/2009",   "",                                       "14/07/2009"  }, // accepted before
-        {"15/07/2009",   "La fecha debe tener el formato: DDMMYY", "15/07/2009"  },
-        {"05079",        "La fecha debe tener el formato: DDMMYY", "05079"       },
-        {"0507999",      "La fecha debe tener el formato: DDMMYY", "0507999"     },
-        {"310299",       "Fecha no válida.",                      "310299"      },
-        {"290201",       "Fecha no válida.",                      "290201"      },
-        {"000000",       "Fecha no válida.",                      "000000"      },
-        {"071399",       "Fecha no válida.",                      "071399"      }, // day first only
-        {"1/1/99",       "Fecha no válida.",                      "1/1/99"      },
-        {"áéíóúñ", "Fecha no válida.",                      "áéíóúñ"},
+        {"", "", ""},
+        {"050799", "", "05/07/1999"},
+        {"050749", "", "05/07/2049"},
+        {"010150", "", "01/01/1950"},
+        {"290200", "", "29/02/2000"},
+        {"14/07/2009", "", "14/07/2009"}, // accepted before
+        {"15/07/2009", "La fecha debe tener el formato: DDMMYY", "15/07/2009"},
+        {"05079", "La fecha debe tener el formato: DDMMYY", "05079"},
+        {"0507999", "La fecha debe tener el formato: DDMMYY", "0507999"},
+        {"310299", "Fecha no válida.", "310299"},
+        {"290201", "Fecha no válida.", "290201"},
+        {"000000", "Fecha no válida.", "000000"},
+        {"071399", "Fecha no válida.", "071399"}, // day first only
+        {"1/1/99", "Fecha no válida.", "1/1/99"},
+        {"áéíóúñ", "Fecha no válida.", "áéíóúñ"},
     };
     for (const clsCaso &caso : lstCasos) {
         SCOPED_TRACE(caso.strTexto);
@@ -37,11 +37,8 @@ TEST(FormularioFiltro, SaysWhyADateIsNotAccepted)
 TEST(FormularioFiltro, OffersSixDigitsForEditing)
 {
     const char *const lstCasos[][2] = {
-        {"05/07/1999", "050799"    },
-        {"05/07/2049", "050749"    },
-        {"",           ""          },
-        {"0507",       "0507"      },
-        {"31/02/1999", "31/02/1999"},
+        {"05/07/1999", "050799"}, {"05/07/2049", "050749"},     {"", ""},
+        {"0507", "0507"},         {"31/02/1999", "31/02/1999"},
     };
     for (const auto &caso : lstCasos) {
         EXPECT_EQ(fEditarCaja(caso[0]), caso[1]);
@@ -66,12 +63,12 @@ TEST(FormularioFiltro, SaysWhyARequestIsNone)
         const char *strTexto;
     };
     const clsCaso lstCasos[] = {
-        {{"", "", "", "S", 2},                       "No has seleccionado ningún filtro.",   ""    },
-        {{"", "", " ", "N", 0},                      "",                                      ""    },
-        {{"", "", " a ,b, ", "N", 0},                "",                                      "a ,b"},
-        {{"", "", "a,,", "N", 0},                    "",                                      "a,"  },
-        {{"02/01/2009", "01/01/2009", "a,", "N", 0}, "La fecha final es menor a la inicial.", "a,"  },
-        {{"02/01/2009", "02/01/2009", "a,", "N", 0}, "",                                      "a"   },
+        {{"", "", "", "S", 2}, "No has seleccionado ningún filtro.", ""},
+        {{"", "", " ", "N", 0}, "", ""},
+        {{"", "", " a ,b, ", "N", 0}, "", "a ,b"},
+        {{"", "", "a,,", "N", 0}, "", "a,"},
+        {{"02/01/2009", "01/01/2009", "a,", "N", 0}, "La fecha final es menor a la inicial.", "a,"},
+        {{"02/01/2009", "02/01/2009", "a,", "N", 0}, "", "a"},
     };
     for (clsCaso caso : lstCasos) {
         SCOPED_TRACE(caso.valores.strFiltroTexto);

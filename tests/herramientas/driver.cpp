@@ -208,10 +208,10 @@ struct clsOrden {
 constexpr std::size_t lngCualquiera = static_cast<std::size_t>(-1);
 
 constexpr clsOrden lstOrdenes[] = {
-    {"build",   "ROOT",                1, 1,             fOrdenBuild  },
-    {"correct", "ROOT DATE FILE...",   3, lngCualquiera, fOrdenCorrect},
-    {"copy",    "ROOT TARGET FILE...", 3, lngCualquiera, fOrdenCopy   },
-    {"baul",    "ROOT FILE...",        2, lngCualquiera, fOrdenBaul   },
+    {"build", "ROOT", 1, 1, fOrdenBuild},
+    {"correct", "ROOT DATE FILE...", 3, lngCualquiera, fOrdenCorrect},
+    {"copy", "ROOT TARGET FILE...", 3, lngCualquiera, fOrdenCopy},
+    {"baul", "ROOT FILE...", 2, lngCualquiera, fOrdenBaul},
 };
 
 int fUso()

@@ -39,11 +39,8 @@ TEST(AbrirRegular, RefusesAnythingElseWithoutWaiting)
         const char *strNombre;
         int intError;
     };
-    for (const clsCaso &caso : {
-             clsCaso{"x.jpg",    EINVAL},
-             {"c.jpg",    EISDIR},
-             {"rota.jpg", ENOENT}
-    }) {
+    for (const clsCaso &caso :
+         {clsCaso{"x.jpg", EINVAL}, {"c.jpg", EISDIR}, {"rota.jpg", ENOENT}}) {
         SCOPED_TRACE(caso.strNombre);
         int intError = 0;
         EXPECT_FALSE(fAbrirRegular(arbol.fRuta(caso.strNombre), intError).fAbierto());

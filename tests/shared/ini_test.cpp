@@ -15,17 +15,17 @@ TEST(Ini, ReadsTheFirstKeyOfTheSection)
         std::optional<std::string> strValor;
     };
     const clsCaso lstCasos[] = {
-        {"lower-case key, blanks, comment", strEjemplo,                           "3000"  },
-        {"no such section",                 "[OTRA]\r\nANCHO=1\r\n",              {}      },
-        {"key before any section",          "ANCHO=1\r\n[GENERAL]\r\n",           {}      },
-        {"empty value",                     "[GENERAL]\r\nANCHO=\r\n",            ""      },
-        {"no line end",                     "[GENERAL]\r\nANCHO=7",               "7"     },
-        {"LF only",                         "[GENERAL]\nANCHO=7\n",               "7"     },
-        {"byte-order mark",                 "\xEF\xBB\xBF[GENERAL]\nANCHO=7",     "7"     },
-        {"one pair of quotes goes",         "[GENERAL]\nANCHO=\"\" 7\"\"",        "\" 7\""},
-        {"unlike quotes stay",              "[GENERAL]\nANCHO='7\"",              "'7\""  },
-        {"an unclosed section line",        "[GENERAL\nANCHO=7",                  {}      },
-        {"second section of the name",      "[GENERAL]\n[A]\n[GENERAL]\nANCHO=7", {}      },
+        {"lower-case key, blanks, comment", strEjemplo, "3000"},
+        {"no such section", "[OTRA]\r\nANCHO=1\r\n", {}},
+        {"key before any section", "ANCHO=1\r\n[GENERAL]\r\n", {}},
+        {"empty value", "[GENERAL]\r\nANCHO=\r\n", ""},
+        {"no line end", "[GENERAL]\r\nANCHO=7", "7"},
+        {"LF only", "[GENERAL]\nANCHO=7\n", "7"},
+        {"byte-order mark", "\xEF\xBB\xBF[GENERAL]\nANCHO=7", "7"},
+        {"one pair of quotes goes", "[GENERAL]\nANCHO=\"\" 7\"\"", "\" 7\""},
+        {"unlike quotes stay", "[GENERAL]\nANCHO='7\"", "'7\""},
+        {"an unclosed section line", "[GENERAL\nANCHO=7", {}},
+        {"second section of the name", "[GENERAL]\n[A]\n[GENERAL]\nANCHO=7", {}},
     };
     for (const clsCaso &caso : lstCasos) {
         EXPECT_EQ(fLeerClave(caso.strIni, "GENERAL", "ANCHO"), caso.strValor) << caso.strFrase;
@@ -48,14 +48,14 @@ TEST(Ini, AddsWhatIsMissing)
         std::string strDespues;
     };
     const clsCaso lstCasos[] = {
-        {"an empty file",              "",                      strNuevo                          },
-        {"only a byte-order mark",     "\xEF\xBB\xBF",          "\xEF\xBB\xBF" + strNuevo         },
-        {"two bytes of the mark",      "\xEF\xBB",              "\xEF\xBB\r\n" + strNuevo         },
-        {"other sections",             "[A]\nX=1\n",            "[A]\nX=1\n" + strNuevo           },
-        {"foreign text",               "hola",                  "hola\r\n" + strNuevo             },
-        {"a section line unended",     "[GENERAL]",             strNuevo                          },
+        {"an empty file", "", strNuevo},
+        {"only a byte-order mark", "\xEF\xBB\xBF", "\xEF\xBB\xBF" + strNuevo},
+        {"two bytes of the mark", "\xEF\xBB", "\xEF\xBB\r\n" + strNuevo},
+        {"other sections", "[A]\nX=1\n", "[A]\nX=1\n" + strNuevo},
+        {"foreign text", "hola", "hola\r\n" + strNuevo},
+        {"a section line unended", "[GENERAL]", strNuevo},
         {"behind the section's lines", "[GENERAL]\nX=1\n\n[B]", "[GENERAL]\nX=1\nANCHO=7\r\n\n[B]"},
-        {"a last key unended",         "[GENERAL]\nX=1",        "[GENERAL]\nX=1\r\nANCHO=7\r\n"   },
+        {"a last key unended", "[GENERAL]\nX=1", "[GENERAL]\nX=1\r\nANCHO=7\r\n"},
     };
     for (const clsCaso &caso : lstCasos) {
         EXPECT_EQ(fCambiarClave(caso.strAntes, "GENERAL", "ANCHO", "7"), caso.strDespues)

@@ -22,13 +22,13 @@ TEST(Rutas, SplitIntoFolderNameAndExtension)
         const char *strCarpeta, *strNombre, *strExtension;
     };
     const clsCaso lstCasos[] = {
-        {"/fotos/2009/", "a.jpg",    "jpg"},
-        {"/a.b/",        "c",        ""   },
-        {"/a/",          "x.tar.gz", "gz" },
-        {"/a/",          ".jpg",     "jpg"},
-        {"/a/",          "b.",       ""   },
-        {"/a/",          "",         ""   },
-        {"",             "s.mp4",    "mp4"},
+        {"/fotos/2009/", "a.jpg", "jpg"},
+        {"/a.b/", "c", ""},
+        {"/a/", "x.tar.gz", "gz"},
+        {"/a/", ".jpg", "jpg"},
+        {"/a/", "b.", ""},
+        {"/a/", "", ""},
+        {"", "s.mp4", "mp4"},
     };
     for (const clsCaso &caso : lstCasos) {
         const std::string strRuta = std::string(caso.strCarpeta) + caso.strNombre;

@@ -14,14 +14,14 @@ TEST(Texto, KnowsWellFormedUtf8)
         const char *strFrase, *strBytes;
     };
     const clsCaso lstCasos[] = {
-        {"a continuation alone",     "\x80"            },
-        {"a slash in two bytes",     "\xC0\xAF"        },
-        {"overlong in three bytes",  "\xE0\x9F\xBF"    },
-        {"overlong in four bytes",   "\xF0\x8F\xBF\xBF"},
-        {"half a surrogate pair",    "\xED\xA0\x80"    },
-        {"beyond the last point",    "\xF4\x90\x80\x80"},
-        {"cut in the last sequence", "a\xE2\x82"       },
-        {"a byte that never occurs", "\xFF"            },
+        {"a continuation alone", "\x80"},
+        {"a slash in two bytes", "\xC0\xAF"},
+        {"overlong in three bytes", "\xE0\x9F\xBF"},
+        {"overlong in four bytes", "\xF0\x8F\xBF\xBF"},
+        {"half a surrogate pair", "\xED\xA0\x80"},
+        {"beyond the last point", "\xF4\x90\x80\x80"},
+        {"cut in the last sequence", "a\xE2\x82"},
+        {"a byte that never occurs", "\xFF"},
     };
     for (const clsCaso &caso : lstCasos) {
         EXPECT_FALSE(fEsUtf8(caso.strBytes)) << caso.strFrase;

@@ -135,10 +135,7 @@ void clsArbol::fCrear(std::string_view strRelativa, std::string_view strBytes,
         static_cast<ssize_t>(strBytes.size())) {
         fExigir(-1, strNombre);
     }
-    const timespec lstMomentos[2] = {
-        {lngFecha, 0},
-        {lngFecha, 0}
-    };
+    const timespec lstMomentos[2] = {{lngFecha, 0}, {lngFecha, 0}};
     fExigir(futimens(archivo.fFd(), lstMomentos), strNombre);
 }
 

@@ -25,13 +25,10 @@ void fLlenarDias(const clsArbol &arbol)
 {
     const std::string strFoto = fJpeg(fCuartos({60, 40}));
     const std::pair<const char *, const char *> lstFotos[] = {
-        {"a/uno.jpg",    "2008-12-31 10:00:00"},
-        {"a/dos.jpg",    "2009-01-01 10:00:00"},
-        {"a/tres.jpg",   "2009-01-01 11:00:00"},
-        {"b/cuatro.jpg", "2009-01-04 10:00:00"},
-        {"b/cinco.jpg",  "2009-01-05 10:00:00"},
-        {"a/seis.jpg",   "2009-02-01 10:00:00"},
-        {"c/siete.jpg",  "2010-05-01 10:00:00"},
+        {"a/uno.jpg", "2008-12-31 10:00:00"},   {"a/dos.jpg", "2009-01-01 10:00:00"},
+        {"a/tres.jpg", "2009-01-01 11:00:00"},  {"b/cuatro.jpg", "2009-01-04 10:00:00"},
+        {"b/cinco.jpg", "2009-01-05 10:00:00"}, {"a/seis.jpg", "2009-02-01 10:00:00"},
+        {"c/siete.jpg", "2010-05-01 10:00:00"},
     };
     for (const auto &[strRuta, strFecha] : lstFotos) {
         arbol.fCrear(strRuta, strFoto, fMomento(strFecha));
@@ -154,11 +151,11 @@ void clsPruebasComandos::fStepsFollowTheAdvanceMode()
         QList<int> lstAdelante; ///< positions after F12, again and again
         QList<int> lstAtras;    ///< and after F11, from the last
     } const lstCasos[] = {
-        {"[Avance por CARPETA]", {3, 5, 6},       {5, 3, 0}      },
-        {"[Avance por DÍA]",    {1, 3, 4, 5, 6}, {5, 4, 3, 2, 0}},
-        {"[Avance por SEMANA]",  {4, 5, 6},       {5, 4, 3}      },
-        {"[Avance por MES]",     {1, 5, 6},       {5, 4, 0}      },
-        {"[Avance por AÑO]",    {1, 6},          {5, 0}         },
+        {"[Avance por CARPETA]", {3, 5, 6}, {5, 3, 0}},
+        {"[Avance por DÍA]", {1, 3, 4, 5, 6}, {5, 4, 3, 2, 0}},
+        {"[Avance por SEMANA]", {4, 5, 6}, {5, 4, 3}},
+        {"[Avance por MES]", {1, 5, 6}, {5, 4, 0}},
+        {"[Avance por AÑO]", {1, 6}, {5, 0}},
     };
     for (const auto &caso : lstCasos) {
         m_sesion->fTecla(Qt::Key_F11, Qt::ShiftModifier);
@@ -192,10 +189,10 @@ void clsPruebasComandos::fADateIsAskedForUntilItIsOne()
         int lngPosicion;
     } const lstCasos[] = {
         {{"letras", "3101201", "31022009", "02012009"}, 3},
-        {{"01012020"},                                  6},
-        {{"01011900"},                                  0},
-        {{""},                                          0},
-        {{},                                            0},
+        {{"01012020"}, 6},
+        {{"01011900"}, 0},
+        {{""}, 0},
+        {{}, 0},
     };
     for (const auto &caso : lstCasos) {
         m_sesion->mensajes.lstTextos.clear();

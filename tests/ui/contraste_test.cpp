@@ -116,20 +116,20 @@ void clsPruebasContraste::fTextsAndDrawingsStandOut()
             double dblMinimo;
         };
         const clsCaso lstCasos[] = {
-            {"caption of a cell", fCelda({},                "(No existe)",                       false, pie), dblTexto},
-            {"caption over a white picture",               fCelda(blanca,                               "v  i  d  e  o",                                                                  false, pie), dblTexto},
-            {"tick in its disk",fCelda({},"",true, {126, 9, 14, 14}), dblTexto},
-            {"place of a missing file",           fCelda(fErrorLista(133,                                   1),                                                     "", false, todo), dblDibujo},
-            {"its cross",                 fCelda(fErrorLista(133,                                                                   1),                                                                                                                                                      "", false, {65, 72, 22, 22}), dblDibujo},
-            {"place of a photo without a picture",                   fCelda(fVacio(133,                   1,                      false), "", false, todo),
+            {"caption of a cell", fCelda({}, "(No existe)", false, pie), dblTexto},
+            {"caption over a white picture", fCelda(blanca, "v  i  d  e  o", false, pie), dblTexto},
+            {"tick in its disk", fCelda({}, "", true, {126, 9, 14, 14}), dblTexto},
+            {"place of a missing file", fCelda(fErrorLista(133, 1), "", false, todo), dblDibujo},
+            {"its cross", fCelda(fErrorLista(133, 1), "", false, {65, 72, 22, 22}), dblDibujo},
+            {"place of a photo without a picture", fCelda(fVacio(133, 1, false), "", false, todo),
              dblDibujo},
-            {"place of a video without a picture",                 fCelda(fVacio(133,                                    1,              true), "", false, todo),
+            {"place of a video without a picture", fCelda(fVacio(133, 1, true), "", false, todo),
              dblDibujo},
-            {"no image",                   fNoImagen().imagen,                                 dblDibujo                             },
-            {"check box of a row",                 fCasilla(sesion),                                    dblDibujo},
-            {"warning about dates",                   sesion.fControl("txtInfo3")->grab().toImage(),        dblTexto       },
-            {"a wrong date",             fActual({clsFile()}),                                   dblTexto                                           },
-            {"several dates",           fActual({}),                                   dblTexto                                  },
+            {"no image", fNoImagen().imagen, dblDibujo},
+            {"check box of a row", fCasilla(sesion), dblDibujo},
+            {"warning about dates", sesion.fControl("txtInfo3")->grab().toImage(), dblTexto},
+            {"a wrong date", fActual({clsFile()}), dblTexto},
+            {"several dates", fActual({}), dblTexto},
         };
         for (const clsCaso &caso : lstCasos) {
             const double dblContraste = fContraste(caso.imagen);

@@ -104,15 +104,15 @@ void clsPruebasExtraccion::fAThumbnailInsideIsTakenWhenItIsGoodEnough()
         int intLado;
         bool bolTomada;
     } const lstCasos[] = {
-        {"as it should be",       {foto, mini},                   133, true },
-        {"a pixel off",           {foto, otra},                   133, true },
-        {"too few pixels",        {foto, mini},                   200, false},
-        {"as small as its photo", {mini, mini},                   200, true },
-        {"other proportions",     {ancha, mini},                  66,  false},
-        {"past the end",          {foto, mini, 1, 1 << 30},       66,  false},
-        {"4 GB long",             {foto, mini, 1, 0, 0xFFFFFFFF}, 66,  false},
-        {"not there",             {foto, mini, 1, 7},             66,  false},
-        {"cut",                   {foto, mini, 1, 0, 40},         66,  false},
+        {"as it should be", {foto, mini}, 133, true},
+        {"a pixel off", {foto, otra}, 133, true},
+        {"too few pixels", {foto, mini}, 200, false},
+        {"as small as its photo", {mini, mini}, 200, true},
+        {"other proportions", {ancha, mini}, 66, false},
+        {"past the end", {foto, mini, 1, 1 << 30}, 66, false},
+        {"4 GB long", {foto, mini, 1, 0, 0xFFFFFFFF}, 66, false},
+        {"not there", {foto, mini, 1, 7}, 66, false},
+        {"cut", {foto, mini, 1, 0, 40}, 66, false},
     };
     for (const auto &caso : lstCasos) {
         const clsMiniatura miniatura = fExtraer(arbol, caso.jpeg.fBytes(), caso.intLado);
@@ -153,13 +153,10 @@ void clsPruebasExtraccion::fWhatIsNoPhotoGivesAReason()
     arbol.fTuberia("tuberia");
     arbol.fEnlace("bucle", arbol.fRuta("bucle"));
     const std::pair<const char *, Extraccion> lstCasos[] = {
-        {"basura",    Extraccion::SinImagen},
-        {"vacio",     Extraccion::SinImagen},
-        {"carpeta",   Extraccion::Falta    },
-        {"tuberia",   Extraccion::Falta    },
-        {"no hay",    Extraccion::Falta    },
-        {"basura/no", Extraccion::Falta    },
-        {"bucle",     Extraccion::Disco    },
+        {"basura", Extraccion::SinImagen}, {"vacio", Extraccion::SinImagen},
+        {"carpeta", Extraccion::Falta},    {"tuberia", Extraccion::Falta},
+        {"no hay", Extraccion::Falta},     {"basura/no", Extraccion::Falta},
+        {"bucle", Extraccion::Disco},
     };
     const std::atomic<bool> bolAnulado = false;
     for (const auto &[strNombre, extraccion] : lstCasos) {

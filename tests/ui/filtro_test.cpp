@@ -123,10 +123,10 @@ void clsPruebasFiltro::fTheDateBoxTakesDigitsOnly()
 void clsPruebasFiltro::fLeavingABoxValidatesIt()
 {
     const QString lstCasos[][3] = {
-        {"050799", "",          "05/07/1999"},
-        {"",       "",          ""          },
-        {"0507",   strFormato,  "0507"      },
-        {"310299", strNoValida, "310299"    },
+        {"050799", "", "05/07/1999"},
+        {"", "", ""},
+        {"0507", strFormato, "0507"},
+        {"310299", strNoValida, "310299"},
     };
     for (const auto &[strTecleado, strMensaje, strMuestra] : lstCasos) {
         for (const char *const strHacia : {"", "txtTexto", "chkCarpeta"}) {
@@ -199,7 +199,7 @@ void clsPruebasFiltro::fFilteringKeepsTheValuesAndGivesTheRows()
     };
     const clsCaso lstCasos[] = {
         {" playa , SOL, ", ResultadoFiltro::Menos, 2, "playa , SOL"},
-        {",,",             ResultadoFiltro::Igual, 3, ","          },
+        {",,", ResultadoFiltro::Igual, 3, ","},
     };
     for (const clsCaso &caso : lstCasos) {
         m_valores = {};

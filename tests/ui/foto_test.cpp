@@ -81,22 +81,22 @@ void clsPruebasFoto::fZoomStepsFollowTheScript()
         const char *strFrase;
     };
     const clsPaso lstPasos[] = {
-        {Qt::Key_Plus,  Qt::KeypadModifier, 200, "begins at 100"               },
-        {Qt::Key_Plus,  Qt::KeypadModifier, 400, "doubles"                     },
-        {Qt::Key_Plus,  Qt::KeypadModifier, 400, "ends at 400"                 },
-        {Qt::Key_Plus,  {},                 400, "only the numeric pad's"      },
-        {Qt::Key_Minus, {},                 400, "only the numeric pad's"      },
-        {Qt::Key_Minus, Qt::KeypadModifier, 200, "halves"                      },
-        {Qt::Key_Minus, Qt::KeypadModifier, 100, "halves"                      },
-        {Qt::Key_Minus, Qt::KeypadModifier, 50,  "halves"                      },
-        {Qt::Key_Minus, Qt::KeypadModifier, 25,  "halves"                      },
-        {Qt::Key_Minus, Qt::KeypadModifier, 12,  "to a whole number"           },
-        {Qt::Key_Minus, Qt::KeypadModifier, 12,  "ends at 12"                  },
-        {Qt::Key_Plus,  Qt::KeypadModifier, 24,  "doubles what there is"       },
-        {Qt::Key_J,     {},                 0,   "fits"                        },
-        {Qt::Key_J,     Qt::ShiftModifier,  0,   "whatever the Shift state"    },
-        {Qt::Key_Plus,  Qt::KeypadModifier, 100, "from fit + leads to 100"     },
-        {Qt::Key_J,     {},                 0,   "fits"                        },
+        {Qt::Key_Plus, Qt::KeypadModifier, 200, "begins at 100"},
+        {Qt::Key_Plus, Qt::KeypadModifier, 400, "doubles"},
+        {Qt::Key_Plus, Qt::KeypadModifier, 400, "ends at 400"},
+        {Qt::Key_Plus, {}, 400, "only the numeric pad's"},
+        {Qt::Key_Minus, {}, 400, "only the numeric pad's"},
+        {Qt::Key_Minus, Qt::KeypadModifier, 200, "halves"},
+        {Qt::Key_Minus, Qt::KeypadModifier, 100, "halves"},
+        {Qt::Key_Minus, Qt::KeypadModifier, 50, "halves"},
+        {Qt::Key_Minus, Qt::KeypadModifier, 25, "halves"},
+        {Qt::Key_Minus, Qt::KeypadModifier, 12, "to a whole number"},
+        {Qt::Key_Minus, Qt::KeypadModifier, 12, "ends at 12"},
+        {Qt::Key_Plus, Qt::KeypadModifier, 24, "doubles what there is"},
+        {Qt::Key_J, {}, 0, "fits"},
+        {Qt::Key_J, Qt::ShiftModifier, 0, "whatever the Shift state"},
+        {Qt::Key_Plus, Qt::KeypadModifier, 100, "from fit + leads to 100"},
+        {Qt::Key_J, {}, 0, "fits"},
         {Qt::Key_Minus, Qt::KeypadModifier, 100, "from fit - leads to 100, too"},
     };
     const clsArbol arbol;
@@ -295,12 +295,7 @@ void clsPruebasFoto::fOrientationIsAppliedToPictureAndSize()
             const QImage imagen = sesion.fControl("imgFoto")->grab().toImage();
             const int intX = imagen.width() - 6;
             const int intY = imagen.height() - 6;
-            const QPoint lstPuntos[] = {
-                {5,    5   },
-                {intX, 5   },
-                {5,    intY},
-                {intX, intY}
-            };
+            const QPoint lstPuntos[] = {{5, 5}, {intX, 5}, {5, intY}, {intX, intY}};
             for (int intEsquina = 0; intEsquina < 4; ++intEsquina) {
                 QVERIFY2(fParecidos(imagen.pixelColor(lstPuntos[intEsquina]),
                                     caso.lstEsquinas[intEsquina]),
@@ -347,15 +342,15 @@ void clsPruebasFoto::fDraggingMovesInSteps()
     };
     constexpr int intPaso = 480 / 15;
     const clsPaso lstPasos[] = {
-        {{12, 0},    {0, 0},              "180 twips lie in the dead zone"},
-        {{13, 0},    {intPaso, 0},        "195 do not: right"             },
-        {{14, 0},    {intPaso, 0},        "every further move is a step"  },
-        {{12, -12},  {0, 0},              "back in the dead zone"         },
-        {{0, -13},   {0, -intPaso},       "up"                            },
-        {{-13, 13},  {-intPaso, intPaso}, "both at once"                  },
-        {{-200, 13}, {-intPaso, intPaso}, "the distance does not count"   },
-        {{-200, 12}, {-intPaso, 0},       "left alone"                    },
-        {{0, 0},     {0, 0},              "where it was pressed"          },
+        {{12, 0}, {0, 0}, "180 twips lie in the dead zone"},
+        {{13, 0}, {intPaso, 0}, "195 do not: right"},
+        {{14, 0}, {intPaso, 0}, "every further move is a step"},
+        {{12, -12}, {0, 0}, "back in the dead zone"},
+        {{0, -13}, {0, -intPaso}, "up"},
+        {{-13, 13}, {-intPaso, intPaso}, "both at once"},
+        {{-200, 13}, {-intPaso, intPaso}, "the distance does not count"},
+        {{-200, 12}, {-intPaso, 0}, "left alone"},
+        {{0, 0}, {0, 0}, "where it was pressed"},
     };
     const clsArbol arbol;
     arbol.fCrear("a.jpg", m_strGrande);
@@ -442,9 +437,9 @@ void clsPruebasFoto::fTheRightButtonOpensTheMenuEverywhere()
         QPoint punto;
     };
     const clsCaso lstCasos[] = {
-        {recuadro,                    recuadro->rect().center()}, // the picture
-        {recuadro,                    {5, 5}                   }, // beside it
-        {sesion.fControl("lblFondo"), {10, 1}                  }, // beside the frame
+        {recuadro, recuadro->rect().center()},  // the picture
+        {recuadro, {5, 5}},                     // beside it
+        {sesion.fControl("lblFondo"), {10, 1}}, // beside the frame
     };
     for (const clsCaso &caso : lstCasos) {
         sesion.fClic(caso.control, caso.punto, Qt::RightButton);

@@ -200,8 +200,8 @@ void clsPruebasInicio::fTheKindOfMediaIsTakenFromTheSettings()
     fLlenarArbol(arbol);
     arbol.fCrear("foto.JPEG", fJpeg(fCuartos({10, 10}))); // the extension is not JPG
     const clsCaso lstCasos[] = {
-        {"0", {"playa.jpg", "boda.JPG", "nieve.jpg"}               },
-        {"1", {"brindis.mov"}                                      },
+        {"0", {"playa.jpg", "boda.JPG", "nieve.jpg"}},
+        {"1", {"brindis.mov"}},
         {"2", {"playa.jpg", "boda.JPG", "brindis.mov", "nieve.jpg"}},
     };
     for (const clsCaso &caso : lstCasos) {

@@ -47,10 +47,10 @@ void clsPruebasLista::fColumnsHaveTheirTextsWidthsAndSides()
     clsSesion sesion(arbol);
     QVERIFY(sesion.fAbrir());
     const clsColumna lstColumnas[] = {
-        {"Nombre",  200, Qt::AlignLeft,  "grande.avi"                                   },
-        {"Fecha",   120, Qt::AlignLeft,  "2000/02/29 23:59:58"                          },
-        {"Tamaño", 100, Qt::AlignRight, "      1.206 KB"                               },
-        {"Carpeta", 113, Qt::AlignLeft,  QString::fromStdString(arbol.fRaiz()) + "2000/"},
+        {"Nombre", 200, Qt::AlignLeft, "grande.avi"},
+        {"Fecha", 120, Qt::AlignLeft, "2000/02/29 23:59:58"},
+        {"Tamaño", 100, Qt::AlignRight, "      1.206 KB"},
+        {"Carpeta", 113, Qt::AlignLeft, QString::fromStdString(arbol.fRaiz()) + "2000/"},
     };
     const QAbstractItemModel &modelo = *sesion.fLista()->model();
     QCOMPARE(modelo.columnCount(), 4);
@@ -98,11 +98,11 @@ void clsPruebasLista::fAHeaderOrdersTogglesAndKeepsTheCurrentFile()
     QCOMPARE(sesion.fNombres(), lstPorFecha);
     const clsPaso lstPasos[] = {
         {1, {"ola.jpg", "Oso.jpg", "nube.jpg", "ñu.jpg"}, "the date was ordered already: turned"},
-        {0, {"nube.jpg", "ñu.jpg", "ola.jpg", "Oso.jpg"}, "Spanish order without case"          },
-        {0, {"Oso.jpg", "ola.jpg", "ñu.jpg", "nube.jpg"}, "the same once more: turned"          },
-        {3, {"ola.jpg", "nube.jpg", "Oso.jpg", "ñu.jpg"}, "same folder: stable"                 },
-        {2, {"ola.jpg", "nube.jpg", "ñu.jpg", "Oso.jpg"}, "same size: stable"                   },
-        {1, lstPorFecha,                                   "another column begins ascending"     },
+        {0, {"nube.jpg", "ñu.jpg", "ola.jpg", "Oso.jpg"}, "Spanish order without case"},
+        {0, {"Oso.jpg", "ola.jpg", "ñu.jpg", "nube.jpg"}, "the same once more: turned"},
+        {3, {"ola.jpg", "nube.jpg", "Oso.jpg", "ñu.jpg"}, "same folder: stable"},
+        {2, {"ola.jpg", "nube.jpg", "ñu.jpg", "Oso.jpg"}, "same size: stable"},
+        {1, lstPorFecha, "another column begins ascending"},
     };
     QHeaderView *const cabecera = sesion.fLista()->horizontalHeader();
     for (const clsPaso &paso : lstPasos) {
@@ -287,11 +287,11 @@ void clsPruebasLista::fAMediaEntryRefillsAndKeepsTheFileOrTakesTheFirst()
         const char *strFrase;
     };
     const clsPaso lstPasos[] = {
-        {0, 3, "nieve.jpg",   "still listed: stays current"},
+        {0, 3, "nieve.jpg", "still listed: stays current"},
         {1, 1, "brindis.mov", "no longer listed: the first"},
-        {2, 4, "brindis.mov", "listed again"               },
-        {2, 4, "brindis.mov", "the same again"             },
-        {0, 3, "playa.jpg",   "the film is gone: the first"},
+        {2, 4, "brindis.mov", "listed again"},
+        {2, 4, "brindis.mov", "the same again"},
+        {0, 3, "playa.jpg", "the film is gone: the first"},
     };
     const clsArbol arbol;
     fLlenarArbol(arbol);

@@ -188,13 +188,10 @@ void clsPruebasMiniaturas::fSizesFollowEntriesAndPad()
         int intTam;
         int intLado; ///< of the thumbnail in pixels
     } const lstCasos[] = {
-        {nullptr,             Qt::Key_Minus, 0, 66 }, // there is none smaller
-        {nullptr,             Qt::Key_Plus,  1, 100},
-        {nullptr,             Qt::Key_Plus,  2, 133},
-        {nullptr,             Qt::Key_Plus,  2, 133},
-        {"mnuOpcionesThump0", {},            0, 66 },
-        {"mnuOpcionesThump1", {},            1, 100},
-        {nullptr,             Qt::Key_Minus, 0, 66 },
+        {nullptr, Qt::Key_Minus, 0, 66}, // there is none smaller
+        {nullptr, Qt::Key_Plus, 1, 100},   {nullptr, Qt::Key_Plus, 2, 133},
+        {nullptr, Qt::Key_Plus, 2, 133},   {"mnuOpcionesThump0", {}, 0, 66},
+        {"mnuOpcionesThump1", {}, 1, 100}, {nullptr, Qt::Key_Minus, 0, 66},
     };
     for (const auto &caso : lstCasos) {
         if (caso.strEntrada != nullptr) {
@@ -449,9 +446,9 @@ void clsPruebasMiniaturas::fWhatComesInTheMiddleOfADrawWins()
         std::function<void()> fHacer;
         int lngDespues;
     } const lstCasos[] = {
-        {"a row of another page",        [&] { pagina.fClicFila(1); },              1        },
-        {"a cell that is drawn already", [&] { pagina.fClicMini(0); },              intCeldas},
-        {"another size of the window",   [&] { pagina.ventana->resize(520, 430); }, -1       },
+        {"a row of another page", [&] { pagina.fClicFila(1); }, 1},
+        {"a cell that is drawn already", [&] { pagina.fClicMini(0); }, intCeldas},
+        {"another size of the window", [&] { pagina.ventana->resize(520, 430); }, -1},
     };
     for (const auto &caso : lstCasos) {
         pagina.fTecla(Qt::Key_F11, Qt::ShiftModifier);

@@ -192,15 +192,15 @@ void clsPruebasPeligros::fOddNamesAreListedAndShown()
     const std::string strAlReves = "\xE2\x80\xAEgpj.jpg"; // right-to-left override
     const std::string strSignos = "100%1 <b>&amp;<i> \"'\\ #?.jpg";
     const clsCaso lstCasos[] = {
-        {"fiesta 🎉.jpg",      "fiesta 🎉.jpg",                  true },
-        {"cumplean\u0303os.jpg", "cumplean\u0303os.jpg",             true },
-        {"a\xF1o nuevo.jpg",     "año nuevo.jpg",                   true },
-        {"dos\nl\rineas.jpg",    "dos?l?ineas.jpg",                  false},
-        {strLargo,               QString::fromStdString(strLargo),   true },
-        {strSignos,              QString::fromStdString(strSignos),  true },
-        {" blancos .jpg",        " blancos .jpg",                    true },
-        {strAlReves,             QString::fromStdString(strAlReves), true },
-        {"c\xE1mara/foto.jpg",   "foto.jpg",                         true },
+        {"fiesta 🎉.jpg", "fiesta 🎉.jpg", true},
+        {"cumplean\u0303os.jpg", "cumplean\u0303os.jpg", true},
+        {"a\xF1o nuevo.jpg", "año nuevo.jpg", true},
+        {"dos\nl\rineas.jpg", "dos?l?ineas.jpg", false},
+        {strLargo, QString::fromStdString(strLargo), true},
+        {strSignos, QString::fromStdString(strSignos), true},
+        {" blancos .jpg", " blancos .jpg", true},
+        {strAlReves, QString::fromStdString(strAlReves), true},
+        {"c\xE1mara/foto.jpg", "foto.jpg", true},
     };
     const clsArbol arbol;
     const std::string strFoto = fJpeg(fCuartos({50, 30}));

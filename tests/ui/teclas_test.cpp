@@ -48,20 +48,20 @@ void clsPruebasTeclas::fStepsFollowTheScript()
     };
     const Qt::KeyboardModifiers ctrlMayus = Qt::ControlModifier | Qt::ShiftModifier;
     const clsPaso lstPasos[] = {
-        {Qt::Key_F11, {},                  0, "nothing lies before the first"    },
-        {Qt::Key_F12, {},                  1, "on"                               },
-        {Qt::Key_F12, {},                  2, "on again"                         },
-        {Qt::Key_F11, {},                  1, "back"                             },
-        {Qt::Key_F12, Qt::ShiftModifier,   5, "to the end"                       },
-        {Qt::Key_F12, {},                  5, "nothing lies behind the last"     },
-        {Qt::Key_F12, Qt::ShiftModifier,   5, "already at the end"               },
-        {Qt::Key_F11, ctrlMayus,           4, "Ctrl+Shift is not Shift: back"    },
-        {Qt::Key_F11, Qt::ControlModifier, 3, "Ctrl alone does not count"        },
-        {Qt::Key_F11, Qt::AltModifier,     2, "nor does Alt"                     },
-        {Qt::Key_F12, ctrlMayus,           3, "Ctrl+Shift is not Shift: on"      },
-        {Qt::Key_F12, Qt::MetaModifier,    3, "the system's keys are no commands"},
-        {Qt::Key_F11, Qt::ShiftModifier,   0, "to the beginning"                 },
-        {Qt::Key_F11, Qt::ShiftModifier,   0, "already at the beginning"         },
+        {Qt::Key_F11, {}, 0, "nothing lies before the first"},
+        {Qt::Key_F12, {}, 1, "on"},
+        {Qt::Key_F12, {}, 2, "on again"},
+        {Qt::Key_F11, {}, 1, "back"},
+        {Qt::Key_F12, Qt::ShiftModifier, 5, "to the end"},
+        {Qt::Key_F12, {}, 5, "nothing lies behind the last"},
+        {Qt::Key_F12, Qt::ShiftModifier, 5, "already at the end"},
+        {Qt::Key_F11, ctrlMayus, 4, "Ctrl+Shift is not Shift: back"},
+        {Qt::Key_F11, Qt::ControlModifier, 3, "Ctrl alone does not count"},
+        {Qt::Key_F11, Qt::AltModifier, 2, "nor does Alt"},
+        {Qt::Key_F12, ctrlMayus, 3, "Ctrl+Shift is not Shift: on"},
+        {Qt::Key_F12, Qt::MetaModifier, 3, "the system's keys are no commands"},
+        {Qt::Key_F11, Qt::ShiftModifier, 0, "to the beginning"},
+        {Qt::Key_F11, Qt::ShiftModifier, 0, "already at the beginning"},
     };
     const clsArbol arbol;
     fLlenarConCatalogo(arbol, 6);
@@ -177,12 +177,8 @@ void clsPruebasTeclas::fToolbarButtonsAreTheSameCommands()
         const char *strBoton;
         int lngPosicion;
     };
-    for (const clsPaso &paso : {
-             clsPaso{"toolBar5", 1},
-             clsPaso{"toolBar6", 3},
-             clsPaso{"toolBar4", 2},
-             clsPaso{"toolBar3", 0}
-    }) {
+    for (const clsPaso &paso : {clsPaso{"toolBar5", 1}, clsPaso{"toolBar6", 3},
+                                clsPaso{"toolBar4", 2}, clsPaso{"toolBar3", 0}}) {
         QWidget *const boton = sesion.fControl(paso.strBoton);
         sesion.fClic(boton, boton->rect().center());
         QTRY_COMPARE(sesion.fPosicion(), paso.lngPosicion);

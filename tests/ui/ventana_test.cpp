@@ -189,14 +189,14 @@ void clsPruebasVentana::fTheSplitterSetsThePanelWidth()
     const int intVentana = 700;
     const int intTope = (intVentana * 15 - (2000 + 480)) / 15;
     const clsCaso lstCasos[] = {
-        {400,         400,         "to the right"                        },
-        {120,         120,         "to the left, over the list"          },
-        {-30,         0,           "beyond the left edge"                },
-        {250,         250,         "back from the edge"                  },
-        {690,         intTope,     "room for one thumbnail stays"        },
-        {850,         intTope,     "beyond the right edge, already there"},
-        {300,         300,         "back again"                          },
-        {intTope - 1, intTope - 1, "just before the reserve"             },
+        {400, 400, "to the right"},
+        {120, 120, "to the left, over the list"},
+        {-30, 0, "beyond the left edge"},
+        {250, 250, "back from the edge"},
+        {690, intTope, "room for one thumbnail stays"},
+        {850, intTope, "beyond the right edge, already there"},
+        {300, 300, "back again"},
+        {intTope - 1, intTope - 1, "just before the reserve"},
     };
     clsSesion sesion(*m_arbol);
     QVERIFY(sesion.fAbrir());
@@ -305,7 +305,7 @@ void clsPruebasVentana::fMenusHaveTheirEntriesInOrder()
         QStringList lstEntradas;
     };
     const clsCaso lstCasos[] = {
-        {"mnuBaul",     {"mnuBaulAñadir|Añadir", "mnuBaulVaciar|Vacíar|off", "mnuBaulAbrir|Mostrar"}},
+        {"mnuBaul", {"mnuBaulAñadir|Añadir", "mnuBaulVaciar|Vacíar|off", "mnuBaulAbrir|Mostrar"}},
         {"mnuOpciones",
          {"mnuAbrirCarpetaContenedora|Abrir carpeta contenedora",
           "mnuOpcionesCopiar|Copiar a ...",
@@ -326,12 +326,12 @@ void clsPruebasVentana::fMenusHaveTheirEntriesInOrder()
           "mnuSeleccion0|Seleccionar Todo",
           "mnuSeleccion1|Seleccionar Pantalla",
           "mnuSeleccion2|Deseleccionar Todo",
-          "mnuSeleccion3|Invertir Seleccion"}                                                          },
-        {"mnuAyuda",    {"mnuAyudaAyuda|Ayuda", "mnuAyudaAcerca|Acerca de ..."}                        },
+          "mnuSeleccion3|Invertir Seleccion"}},
+        {"mnuAyuda", {"mnuAyudaAyuda|Ayuda", "mnuAyudaAcerca|Acerca de ..."}},
         {"mnuFoto",
          {"mnuFotoMiniaturas|Miniaturas", "mnuFotoAjustar|Ajustar", "-", "mnuFotoValor0|400%",
           "mnuFotoValor1|200%", "mnuFotoValor2|100%", "mnuFotoValor3|50%", "mnuFotoValor4|25%",
-          "mnuFotoValor5|12%"}                                                                         },
+          "mnuFotoValor5|12%"}},
     };
     for (const clsCaso &caso : lstCasos) {
         const auto *const menu = sesion.fControl<QMenu>(caso.strMenu);
@@ -351,12 +351,12 @@ void clsPruebasVentana::fTheToolbarHasItsButtons()
         QString strTexto;
     };
     const clsCaso lstCasos[] = {
-        {"toolBar1",  "ThumbNail"                },
-        {"toolBar3",  "Primera"                  },
-        {"toolBar4",  "Anterior"                 },
-        {"toolBar5",  "Siguiente"                },
-        {"toolBar6",  "Ultima"                   },
-        {"toolBar8",  "Información EXIF"        },
+        {"toolBar1", "ThumbNail"},
+        {"toolBar3", "Primera"},
+        {"toolBar4", "Anterior"},
+        {"toolBar5", "Siguiente"},
+        {"toolBar6", "Ultima"},
+        {"toolBar8", "Información EXIF"},
         {"toolBar10", "Teclas de acceso rápido."},
     };
     clsSesion sesion(*m_arbol);
@@ -439,8 +439,8 @@ void clsPruebasVentana::fBoxesAreSpanishAndNoIsTheDefault()
     const clsCaso lstCasos[] = {
         {nullptr, Qt::Key_Return, false}, // the default
         {nullptr, Qt::Key_Escape, false},
-        {"No",    {},             false},
-        {"Sí",   {},             true },
+        {"No", {}, false},
+        {"Sí", {}, true},
     };
     for (const clsCaso &caso : lstCasos) {
         fCaja([caso](QMessageBox &caja) {

@@ -137,11 +137,11 @@ TEST_F(Fotogramas, AreUprightFitTheBoxAndComeFromATenthOfTheLength)
         QSize tam;
     };
     const clsCaso lstCasos[] = {
-        {"ancho.avi", fAviRojo(),          100,             {100, 56}                        },
-        {"alto.MOV",  fMovRojo({180, 320}, false),          133,                               {75, 133}},
-        {"girado.mov",           fMovRojo({320, 180},                   true),     66,               {37, 66}},
-        {"peque\xf1o.avi",   fAviRojo({48, 32}),                      300,                      {48, 32}                    },
-        {"C\xc3\xa1/a #1 100%d:\"q'\n\xff.mp4",   fAviRojo(),                      1000,{320, 180}},
+        {"ancho.avi", fAviRojo(), 100, {100, 56}},
+        {"alto.MOV", fMovRojo({180, 320}, false), 133, {75, 133}},
+        {"girado.mov", fMovRojo({320, 180}, true), 66, {37, 66}},
+        {"peque\xf1o.avi", fAviRojo({48, 32}), 300, {48, 32}},
+        {"C\xc3\xa1/a #1 100%d:\"q'\n\xff.mp4", fAviRojo(), 1000, {320, 180}},
     };
     for (const clsCaso &caso : lstCasos) {
         SCOPED_TRACE(caso.strNombre);
@@ -169,13 +169,9 @@ TEST_F(Fotogramas, AreNullForWhatIsNoVideo)
     m_arbol.fTuberia("tuberia.mpg");
     m_arbol.fCrear("bueno.avi", strAvi);
     const std::pair<const char *, const char *> lstCasos[] = {
-        {"cortado.avi", "fail"},
-        {"vacio.mpg",   "fail"},
-        {"basura.flv",  "fail"},
-        {"lista.mp4",   "fail"},
-        {"carpeta.avi", ""    },
-        {"tuberia.mpg", ""    },
-        {"falta.avi",   ""    },
+        {"cortado.avi", "fail"}, {"vacio.mpg", "fail"}, {"basura.flv", "fail"},
+        {"lista.mp4", "fail"},   {"carpeta.avi", ""},   {"tuberia.mpg", ""},
+        {"falta.avi", ""},
     };
     for (const auto &[strNombre, strFallo] : lstCasos) {
         SCOPED_TRACE(strNombre);
@@ -360,18 +356,18 @@ TEST_F(Fotogramas, ComeFromTheCacheOnlyWhenTheEntryIsOfThisFileAsItIs)
         {"another second",
          [&] {
              fGuardar({3, buena.lngSegundos + 1, 0});
-         }                                                                                               },
+         }},
         {"another size",
          [&] {
              fGuardar({4, buena.lngSegundos, 0});
-         }                                                                                               },
-        {"cut",             [&] { m_arbol.fCrear(strEntrada, m_arbol.fLeer(strEntrada).substr(0, 300)); }},
-        {"no PNG",          [&] { m_arbol.fCrear(strEntrada, "x"); }                                     },
+         }},
+        {"cut", [&] { m_arbol.fCrear(strEntrada, m_arbol.fLeer(strEntrada).substr(0, 300)); }},
+        {"no PNG", [&] { m_arbol.fCrear(strEntrada, "x"); }},
         {"of another file",
          [&] {
              cache.fGuardar(m_arbol.fRuta("b.avi"), buena, 128, verde);
              m_arbol.fCrear(strEntrada, m_arbol.fLeer(fEntrada("normal", "b.avi")));
-         }                                                                                               },
+         }},
     };
     for (const auto &[strFrase, fEstropear] : lstMalas) {
         SCOPED_TRACE(strFrase);

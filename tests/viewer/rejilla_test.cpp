@@ -12,13 +12,13 @@ TEST(Rejilla, HoldsAsManyCellsAsThePanelsFullSize)
         int intColumnas, intCeldas;
     };
     const clsCaso lstCasos[] = {
-        {"medium cells",                   7000,  3500,  1, 4,  8   },
-        {"too low: one line",              5000,  1000,  1, 2,  2   },
-        {"too narrow: one column",         1000,  7000,  1, 1,  4   },
-        {"smaller than a cell",            1000,  1000,  2, 1,  1   },
-        {"nothing at all",                 0,     0,     0, 1,  1   },
-        {"the inset is not taken off",     2480,  1240,  0, 2,  2   },
-        {"a twip less",                    2479,  1240,  0, 1,  1   },
+        {"medium cells", 7000, 3500, 1, 4, 8},
+        {"too low: one line", 5000, 1000, 1, 2, 2},
+        {"too narrow: one column", 1000, 7000, 1, 1, 4},
+        {"smaller than a cell", 1000, 1000, 2, 1, 1},
+        {"nothing at all", 0, 0, 0, 1, 1},
+        {"the inset is not taken off", 2480, 1240, 0, 2, 2},
+        {"a twip less", 2479, 1240, 0, 1, 1},
         {"a large screen and small cells", 57600, 32400, 0, 46, 1196},
     };
     for (const clsCaso &caso : lstCasos) {

@@ -16,15 +16,15 @@ TEST(Thumbnailer, FillsTheCodesOfACommandLine)
     };
     const clsDatosOrden datos{"file:///a%20b", "/a b%s\"", "/tmp/x.png", 128};
     const clsCaso lstCasos[] = {
-        {"t -i %i  -o\t%o -s %s",          {"t", "-i", "/a b%s\"", "-o", "/tmp/x.png", "-s", "128"}},
-        {"t %u --x=%s% %%",                {}                                                      },
-        {"t %u --x=%s%% %%",               {"t", "file:///a%20b", "--x=128%", "%"}                 },
-        {"\"a b\" 'c\\d' \"\" \"\\\"%i\"", {"a b", "c\\d", "", "\"/a b%s\""}                       },
-        {"t e\\ f",                        {"t", "e f"}                                            },
-        {"t \"open",                       {}                                                      },
-        {"t %x",                           {}                                                      },
-        {"t %",                            {}                                                      },
-        {"",                               {}                                                      },
+        {"t -i %i  -o\t%o -s %s", {"t", "-i", "/a b%s\"", "-o", "/tmp/x.png", "-s", "128"}},
+        {"t %u --x=%s% %%", {}},
+        {"t %u --x=%s%% %%", {"t", "file:///a%20b", "--x=128%", "%"}},
+        {"\"a b\" 'c\\d' \"\" \"\\\"%i\"", {"a b", "c\\d", "", "\"/a b%s\""}},
+        {"t e\\ f", {"t", "e f"}},
+        {"t \"open", {}},
+        {"t %x", {}},
+        {"t %", {}},
+        {"", {}},
     };
     for (const clsCaso &caso : lstCasos) {
         SCOPED_TRACE(caso.strExec);
@@ -57,13 +57,9 @@ TEST(Thumbnailer, IsFoundByTypeInTheFirstFolderThatHasOne)
     fPoner("dos/d.thumbnailer", "Exec=dos\nMimeType=video/mp4;video/mpeg;image/jpeg\n");
     const clsTextos lstCarpetas{arbol.fRuta("nada/"), arbol.fRuta("uno/"), arbol.fRuta("dos/")};
     const std::pair<const char *, std::optional<std::string>> lstCasos[] = {
-        {"/v.mp4", "uno"       },
-        {"/v.FLV", "uno"       },
-        {"/v.mpg", "dos"       },
-        {"/v.wmv", std::nullopt},
-        {"/v.mov", std::nullopt},
-        {"/v.jpg", std::nullopt},
-        {"/v",     std::nullopt},
+        {"/v.mp4", "uno"},        {"/v.FLV", "uno"},        {"/v.mpg", "dos"},
+        {"/v.wmv", std::nullopt}, {"/v.mov", std::nullopt}, {"/v.jpg", std::nullopt},
+        {"/v", std::nullopt},
     };
     for (const auto &[strRuta, exec] : lstCasos) {
         SCOPED_TRACE(strRuta);
