@@ -2,7 +2,7 @@
 /// of an archive that does not exist.
 
 #include "catalogue/registro.h"
-#include "shared/archivo.h"
+#include "sistema/reemplazo.h"
 
 #include <cstdio>
 #include <cstdlib>

@@ -5,8 +5,8 @@
 #include "catalogue/orden.h"
 #include "corte_desnudo.h"
 #include "medir.h"
-#include "shared/archivo.h"
 #include "shared/medios.h"
+#include "sistema/archivo.h"
 
 #include <algorithm>
 #include <cstdio>

@@ -1,9 +1,9 @@
 #include "app/arranque.h"
 
-#include "shared/archivo.h"
 #include "shared/numeros.h"
 #include "shared/rutas.h"
 #include "shared/texto.h"
+#include "sistema/archivo.h"
 
 #include <fcntl.h>
 #include <unistd.h>

@@ -11,7 +11,7 @@
 #include "dates/panel.h"
 #include "shared/programa.h"
 #include "shared/qtexto.h"
-#include "shared/sistema.h"
+#include "sistema/entorno.h"
 #include "viewer/cmdAncho.h"
 #include "viewer/fotogramas.h"
 #include "viewer/geometria.h"

@@ -8,7 +8,7 @@
 #include "browse/ir_a_fecha.h"
 #include "shared/errores.h"
 #include "shared/qtexto.h"
-#include "shared/sistema.h"
+#include "sistema/entorno.h"
 #include "viewer/encaje.h"
 #include "viewer/miniaturas.h"
 #include "viewer/visor.h"

@@ -7,7 +7,7 @@
 #include "catalogue/modelo_fotos.h"
 #include "shared/errores.h"
 #include "shared/qtexto.h"
-#include "shared/sistema.h"
+#include "sistema/entorno.h"
 
 #include <QMenuBar>
 

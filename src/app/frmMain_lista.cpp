@@ -14,9 +14,9 @@
 #include "catalogue/modelo_fotos.h"
 #include "catalogue/registro.h"
 #include "filter/frmFiltro.h"
-#include "shared/archivo.h"
 #include "shared/errores.h"
 #include "shared/qtexto.h"
+#include "sistema/archivo.h"
 #include "viewer/miniaturas.h"
 #include "viewer/visor.h"
 

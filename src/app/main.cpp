@@ -3,9 +3,9 @@
 #include "app/frmMain.h"
 #include "app/mensajes_qt.h"
 #include "shared/ajustes.h"
-#include "shared/archivo.h"
 #include "shared/formato_fecha.h"
-#include "shared/sistema.h"
+#include "sistema/archivo.h"
+#include "sistema/entorno.h"
 
 #include <QApplication>
 

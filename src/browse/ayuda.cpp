@@ -1,9 +1,9 @@
 #include "browse/ayuda.h"
 
 #include "browse/ayuda_texto.h"
-#include "shared/archivo.h"
 #include "shared/programa.h"
 #include "shared/texto.h"
+#include "sistema/reemplazo.h"
 
 #include <algorithm>
 #include <string_view>

@@ -1,9 +1,9 @@
 #include "browse/baul.h"
 
 #include "catalogue/carpeta.h"
-#include "shared/archivo.h"
 #include "shared/fecha.h"
 #include "shared/rutas.h"
+#include "sistema/archivo.h"
 
 #include <algorithm>
 #include <cerrno>

@@ -1,7 +1,7 @@
 #include "browse/copia.h"
 
-#include "shared/archivo.h"
 #include "shared/rutas.h"
+#include "sistema/reemplazo.h"
 
 #include <algorithm>
 #include <cerrno>

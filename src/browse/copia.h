@@ -1,6 +1,6 @@
 #pragma once
 
-#include "shared/disco.h"
+#include "sistema/disco.h"
 
 #include <atomic>
 #include <functional>

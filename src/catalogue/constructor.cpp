@@ -4,10 +4,11 @@
 #include "catalogue/recorrido.h"
 #include "catalogue/registro.h"
 #include "shared/ajustes.h"
+#include "sistema/cerrojo.h"
+#include "sistema/reemplazo.h"
 
 #include <cerrno>
 #include <fcntl.h>
-#include <sys/file.h>
 #include <unistd.h>
 #include <vector>
 
@@ -105,11 +106,4 @@ clsConstruccion fConstruir(const std::string &strRaiz, clsObservador &observador
     escribano.fVaciar();
     const int intError = archivo.fConfirmar(true);
     return {intError == 0 ? Construccion::Hecha : Construccion::SinEscribir, intError};
-}
-
-clsCerrojoArchivo::clsCerrojoArchivo(const std::string &strRaiz)
-    : m_carpeta(open(strRaiz.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC))
-{
-    m_bolTenido = !m_carpeta.fAbierto() || flock(m_carpeta.fFd(), LOCK_EX | LOCK_NB) == 0 ||
-                  errno != EWOULDBLOCK;
 }

@@ -1,7 +1,5 @@
 #pragma once
 
-#include "shared/archivo.h"
-
 #include <string>
 
 /// How building the catalogue ended. Only in the first case was it replaced.
@@ -36,15 +34,3 @@ public:
 /// @param intHilos threads that read ahead; 0: the usual number.
 [[nodiscard]] clsConstruccion fConstruir(const std::string &strRaiz, clsObservador &observador,
                                          int intHilos = 0);
-
-/// The right to write an archive's catalogue, held by one program at a time (flock on the root).
-class clsCerrojoArchivo {
-public:
-    /// fTenido tells whether it was free. A file system without locks counts as free.
-    explicit clsCerrojoArchivo(const std::string &strRaiz);
-    [[nodiscard]] bool fTenido() const { return m_bolTenido; }
-
-private:
-    clsDescriptor m_carpeta;
-    bool m_bolTenido = false;
-};

@@ -1,10 +1,10 @@
 #include "catalogue/lector.h"
 
-#include "shared/archivo.h"
 #include "shared/medios.h"
 #include "shared/numeros.h"
 #include "shared/rutas.h"
 #include "shared/texto.h"
+#include "sistema/archivo.h"
 
 #include <algorithm>
 #include <array>

@@ -2,8 +2,8 @@
 
 #include "dates/exif_fecha.h"
 #include "dates/fecha_nombre.h"
-#include "shared/archivo.h"
 #include "shared/rutas.h"
+#include "sistema/archivo.h"
 
 #include <cstdlib>
 

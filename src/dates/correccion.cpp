@@ -1,10 +1,10 @@
 #include "dates/correccion.h"
 
-#include "catalogue/constructor.h"
 #include "catalogue/registro.h"
-#include "dates/cambio_disco.h"
-#include "shared/archivo.h"
 #include "shared/rutas.h"
+#include "sistema/cambios.h"
+#include "sistema/cerrojo.h"
+#include "sistema/reemplazo.h"
 
 #include <algorithm>
 #include <cerrno>
@@ -24,6 +24,13 @@ clsDestinos fDestinos(const std::vector<clsCorregido> &lstFicheros)
         destinos.emplace(fichero.strFilePath, fichero.strFilePathNew);
     }
     return destinos;
+}
+
+/// EOVERFLOW when the system has no moment for that date.
+int fFechaArchivo(const std::string &strRuta, clsFecha fecha, const clsDisco &disco)
+{
+    const auto lngMomento = fMomento(fecha);
+    return lngMomento ? fFechar(strRuta, *lngMomento, disco) : EOVERFLOW;
 }
 
 void fCorregirFichero(clsCorregido &fichero, clsFecha fecha, const clsFalloNombre &fFallo,

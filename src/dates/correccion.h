@@ -1,7 +1,7 @@
 #pragma once
 
-#include "shared/disco.h"
 #include "shared/fecha.h"
+#include "sistema/disco.h"
 
 #include <functional>
 #include <string>

@@ -3,8 +3,8 @@
 #include "dates/exif_fecha.h"
 #include "dates/nombres.h"
 #include "dates/valor.h"
-#include "shared/archivo.h"
 #include "shared/texto.h"
+#include "sistema/archivo.h"
 
 #include <algorithm>
 #include <charconv>

@@ -1,8 +1,8 @@
 #include "filter/filtro.h"
 
 #include "shared/adelanto.h"
-#include "shared/archivo.h"
 #include "shared/texto.h"
+#include "sistema/archivo.h"
 
 #include <algorithm>
 #include <chrono>

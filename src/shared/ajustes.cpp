@@ -1,8 +1,8 @@
 #include "shared/ajustes.h"
 
-#include "shared/archivo.h"
 #include "shared/ini.h"
 #include "shared/texto.h"
+#include "sistema/reemplazo.h"
 
 #include <cerrno>
 #include <utility>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "shared/archivo.h"
+#include "sistema/archivo.h"
 #include "viewer/fuente.h"
 #include "viewer/hilos.h"
 

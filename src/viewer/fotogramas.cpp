@@ -1,8 +1,8 @@
 #include "viewer/fotogramas.h"
 
 #include "shared/rutas.h"
-#include "shared/sistema.h"
 #include "shared/uri.h"
+#include "sistema/entorno.h"
 #include "viewer/extraccion.h"
 #include "viewer/thumbnailer.h"
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "shared/archivo.h"
+#include "sistema/archivo.h"
 #include "viewer/cache_escritorio.h"
 #include "viewer/hijo_video.h"
 

@@ -1,6 +1,6 @@
 #include "viewer/fuente.h"
 
-#include "shared/archivo.h"
+#include "sistema/archivo.h"
 #include "viewer/archivo_anulable.h"
 
 #include <QImageReader>

@@ -1,8 +1,8 @@
 #pragma once
 
-#include "shared/archivo.h"
+#include "sistema/archivo.h"
+#include "sistema/proceso.h"
 #include "viewer/mensaje_hijo.h"
-#include "viewer/proceso.h"
 
 #include <atomic>
 #include <chrono>

@@ -1,9 +1,9 @@
 #include "viewer/thumbnailer.h"
 
-#include "shared/archivo.h"
 #include "shared/rutas.h"
 #include "shared/texto.h"
-#include "viewer/proceso.h"
+#include "sistema/archivo.h"
+#include "sistema/proceso.h"
 
 #include <algorithm>
 #include <cstdlib>

@@ -1,4 +1,5 @@
 #include "catalogue/constructor.h"
+#include "sistema/cerrojo.h"
 
 #include "soporte/arbol.h"
 #include "soporte/proceso.h"

@@ -1,7 +1,7 @@
 #include "dates/correccion.h"
 
-#include "catalogue/constructor.h"
 #include "catalogue/registro.h"
+#include "sistema/cerrojo.h"
 #include "soporte/arbol.h"
 #include "soporte/proceso.h"
 

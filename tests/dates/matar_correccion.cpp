@@ -9,6 +9,7 @@
 #include "catalogue/constructor.h"
 #include "catalogue/registro.h"
 #include "dates/correccion.h"
+#include "sistema/reemplazo.h"
 #include "soporte/arbol.h"
 #include "soporte/proceso.h"
 

@@ -9,11 +9,11 @@
 #include "dates/clsFile.h"
 #include "dates/correccion.h"
 #include "dates/fecha_tecleada.h"
-#include "shared/archivo.h"
 #include "shared/errores.h"
 #include "shared/rutas.h"
-#include "shared/sistema.h"
 #include "shared/texto.h"
+#include "sistema/archivo.h"
+#include "sistema/entorno.h"
 
 #include <cerrno>
 #include <cstdio>

@@ -1,7 +1,7 @@
 // Starting on an archive: what is said, built, listed, shown and stored.
 #include "sesion.h"
 
-#include "shared/archivo.h"
+#include "sistema/archivo.h"
 
 #include <QTableView>
 

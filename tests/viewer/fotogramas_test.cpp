@@ -3,8 +3,8 @@
 
 #include "../../data/demo/avi_escritor.h"
 #include "../../data/demo/mov_escritor.h"
-#include "shared/sistema.h"
 #include "shared/uri.h"
+#include "sistema/entorno.h"
 #include "soporte/arbol.h"
 
 #include <QBuffer>

@@ -2,7 +2,7 @@
 // input, answers go to standard output, see viewer/mensaje_hijo.h. It is a program of its own
 // because a decoder that hangs or dies over a broken file must not take Miravel with it.
 
-#include "shared/archivo.h"
+#include "sistema/archivo.h"
 #include "viewer/hijo/fotograma.h"
 
 #include <cerrno>

@@ -1,4 +1,4 @@
-#include "dates/cambio_disco.h"
+#include "sistema/cambios.h"
 
 #include "soporte/arbol.h"
 
@@ -161,7 +161,7 @@ TEST(FechaArchivo, SetsTheModificationTimeAndNothingElse)
         SCOPED_TRACE(strNombre);
         for (const std::time_t lngMomento : {1247587402, 1231952602, -1, 0}) {
             SCOPED_TRACE(lngMomento);
-            EXPECT_EQ(fFechaArchivo(arbol.fRuta(strNombre), fFechaLocal(lngMomento)), 0);
+            EXPECT_EQ(fFechar(arbol.fRuta(strNombre), lngMomento), 0);
             const auto datos = fDatos(arbol.fRuta("a.jpg"));
             ASSERT_TRUE(datos);
             EXPECT_EQ(datos->st_mtim.tv_sec, lngMomento);
@@ -191,14 +191,12 @@ TEST(FechaArchivo, ReportsWhatIsNoFileOrHasNoSuchTime)
                                 {"t.jpg", EINVAL},
                                 {"a.jpg/x", ENOTDIR}}) {
         SCOPED_TRACE(caso.strNombre);
-        EXPECT_EQ(fFechaArchivo(arbol.fRuta(caso.strNombre), clsFecha{1}), caso.intError);
+        EXPECT_EQ(fFechar(arbol.fRuta(caso.strNombre), 1), caso.intError);
     }
     EXPECT_EQ(arbol.fNombres(), (Textos{"a.jpg", "c.jpg", "rota.jpg", "t.jpg"}));
     // The oldest and the last date have a moment, whatever the file system makes of it.
-    for (const clsPartesFecha &partes :
-         {clsPartesFecha{100, 1, 1, 0, 0, 0}, clsPartesFecha{9999, 12, 31, 23, 59, 59}}) {
-        const int intError =
-            fFechaArchivo(arbol.fRuta("a.jpg"), fFechaDe(partes).value_or(clsFecha{}));
+    for (const std::int64_t lngMomento : {-59'000'000'000, 253'402'300'799}) { // years 100, 9999
+        const int intError = fFechar(arbol.fRuta("a.jpg"), lngMomento);
         EXPECT_TRUE(intError == 0 || intError == EINVAL || intError == EOVERFLOW) << intError;
     }
 }

@@ -1,6 +1,4 @@
-#include "shared/sistema.h"
-
-#include "shared/rutas.h"
+#include "sistema/entorno.h"
 
 #include <cerrno>
 #include <sys/wait.h>
@@ -31,7 +29,7 @@ std::string fCarpetaPrograma()
     const std::string strPrograma = fConBufer([](char *chrBufer, std::size_t lngTam) {
         return readlink("/proc/self/exe", chrBufer, lngTam);
     });
-    return std::string(fCarpetaDe(strPrograma));
+    return strPrograma.substr(0, strPrograma.rfind('/') + 1);
 }
 
 std::string fCarpetaTrabajo()

@@ -1,4 +1,4 @@
-#include "shared/disco.h"
+#include "sistema/disco.h"
 
 #include <cstdio>
 #include <fcntl.h>

@@ -1,4 +1,4 @@
-#include "shared/archivo.h"
+#include "sistema/reemplazo.h"
 
 #include "soporte/arbol.h"
 #include "soporte/proceso.h"

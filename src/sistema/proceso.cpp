@@ -1,4 +1,4 @@
-#include "viewer/proceso.h"
+#include "sistema/proceso.h"
 
 #include <cerrno>
 #include <chrono>

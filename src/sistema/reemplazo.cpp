@@ -1,11 +1,8 @@
-#include "shared/archivo.h"
-
-#include "shared/rutas.h"
+#include "sistema/reemplazo.h"
 
 #include <algorithm>
 #include <atomic>
 #include <cerrno>
-#include <cstdio>
 #include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -14,16 +11,14 @@ namespace {
 
 constexpr std::string_view strFinTemporal = ".tmp";
 
-clsHuella fHuellaDe(const struct stat &datos)
-{
-    return {datos.st_size, datos.st_mtim.tv_sec, datos.st_mtim.tv_nsec};
-}
-
 bool fEsNumero(std::string_view strTexto)
 {
     return !strTexto.empty() && std::all_of(strTexto.begin(), strTexto.end(),
                                             [](char chr) { return chr >= '0' && chr <= '9'; });
 }
+
+/// Length of the folder at the start of a path, "/" included.
+std::size_t fLargoCarpeta(const std::string &strRuta) { return strRuta.rfind('/') + 1; }
 
 /// Flushes a folder; file systems that cannot flush one (EINVAL) count as done.
 int fVolcarCarpeta(const std::string &strCarpeta, const clsDisco &disco)
@@ -38,97 +33,6 @@ int fVolcarCarpeta(const std::string &strCarpeta, const clsDisco &disco)
 
 } // namespace
 
-clsDescriptor::~clsDescriptor() { fCerrar(); }
-
-int clsDescriptor::fCerrar()
-{
-    const int intFd = std::exchange(m_intFd, -1);
-    return intFd >= 0 && close(intFd) != 0 ? errno : 0;
-}
-
-clsDescriptor fAbrirRegular(const std::string &strRuta, int &intError, clsHuella *huella)
-{
-    clsDescriptor archivo{open(strRuta.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC | O_NOCTTY)};
-    struct stat datos {};
-    if (!archivo.fAbierto() || fstat(archivo.fFd(), &datos) != 0) {
-        intError = errno;
-        return {};
-    }
-    if (!S_ISREG(datos.st_mode)) {
-        intError = S_ISDIR(datos.st_mode) ? EISDIR : EINVAL;
-        return {};
-    }
-    if (huella != nullptr) {
-        *huella = fHuellaDe(datos);
-    }
-    return archivo;
-}
-
-std::optional<clsHuella> fHuella(const std::string &strRuta, int *intError)
-{
-    struct stat datos {};
-    const int intFallo = stat(strRuta.c_str(), &datos) != 0 ? errno : EINVAL;
-    if (intFallo == EINVAL && S_ISREG(datos.st_mode)) {
-        return fHuellaDe(datos);
-    }
-    if (intError != nullptr) {
-        *intError = intFallo;
-    }
-    return {};
-}
-
-bool fExisteArchivo(const std::string &strRuta) { return fHuella(strRuta).has_value(); }
-
-bool fExisteCarpeta(const std::string &strRuta)
-{
-    struct stat datos {};
-    return stat(strRuta.c_str(), &datos) == 0 && S_ISDIR(datos.st_mode);
-}
-
-std::optional<std::string> fLeerArchivo(const std::string &strRuta, int &intError)
-{
-    clsHuella huella;
-    const clsDescriptor archivo = fAbrirRegular(strRuta, intError, &huella);
-    if (!archivo.fAbierto()) {
-        return {};
-    }
-    // One byte more than the size, so that the last read sees the end without another call.
-    std::string strBytes(static_cast<std::size_t>(huella.lngBytes) + 1, '\0');
-    std::size_t lngLeidos = 0;
-    while (true) {
-        if (lngLeidos == strBytes.size()) {
-            strBytes.resize(strBytes.size() * 2);
-        }
-        const ssize_t lngTrozo =
-            read(archivo.fFd(), strBytes.data() + lngLeidos, strBytes.size() - lngLeidos);
-        if (lngTrozo < 0 && errno == EINTR) {
-            continue;
-        }
-        if (lngTrozo < 0) {
-            intError = errno;
-            return {};
-        }
-        if (lngTrozo == 0) {
-            break;
-        }
-        lngLeidos += static_cast<std::size_t>(lngTrozo);
-    }
-    strBytes.resize(lngLeidos);
-    return strBytes;
-}
-
-int fEscribirTodo(int intFd, std::string_view strBytes, const clsDisco &disco)
-{
-    while (!strBytes.empty()) {
-        const ssize_t lngEscritos = disco.fEscribir(intFd, strBytes.data(), strBytes.size());
-        if (lngEscritos <= 0 && (lngEscritos == 0 || errno != EINTR)) {
-            return lngEscritos == 0 ? EIO : errno;
-        }
-        strBytes.remove_prefix(static_cast<std::size_t>(std::max<ssize_t>(lngEscritos, 0)));
-    }
-    return 0;
-}
-
 clsReemplazo::clsReemplazo(std::string strRuta, const clsDisco &disco, std::optional<mode_t> modo)
     : m_disco(disco), m_strRuta(std::move(strRuta))
 {
@@ -136,9 +40,10 @@ clsReemplazo::clsReemplazo(std::string strRuta, const clsDisco &disco, std::opti
     struct stat datos {};
     const bool bolHabia = !modo && lstat(m_strRuta.c_str(), &datos) == 0 && S_ISREG(datos.st_mode);
     // The name is cut so that the temporary one still fits where the final one does (255 bytes).
-    const std::string strBase = std::string(fCarpetaDe(m_strRuta)) + '.' +
-                                std::string(fNombreDe(m_strRuta).substr(0, 200)) + '.' +
-                                std::to_string(getpid()) + '.';
+    const std::size_t lngCarpeta = fLargoCarpeta(m_strRuta);
+    const std::string strBase = m_strRuta.substr(0, lngCarpeta) + '.' +
+                                m_strRuta.substr(lngCarpeta, 200) + '.' + std::to_string(getpid()) +
+                                '.';
     constexpr int intModo = O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC;
     for (int intIntento = 0; intIntento < 1000 && !m_descriptor.fAbierto(); ++intIntento) {
         m_strTemporal = strBase + std::to_string(lngSiguiente++) + std::string(strFinTemporal);
@@ -215,7 +120,7 @@ int clsReemplazo::fConfirmar(bool bolCarpeta)
     }
     m_strTemporal.clear();
     if (bolCarpeta) {
-        m_intError = fVolcarCarpeta(std::string(fCarpetaDe(m_strRuta)), m_disco);
+        m_intError = fVolcarCarpeta(m_strRuta.substr(0, fLargoCarpeta(m_strRuta)), m_disco);
     }
     return m_intError;
 }

@@ -1,4 +1,4 @@
-#include "dates/cambio_disco.h"
+#include "sistema/cambios.h"
 
 #include <array>
 #include <cerrno>
@@ -43,7 +43,7 @@ int fEnlazarYBorrar(const char *strDe, const char *strA, const clsDisco &disco)
 
 } // namespace
 
-int fFechaArchivo(const std::string &strRuta, clsFecha fecha, const clsDisco &disco)
+int fFechar(const std::string &strRuta, std::int64_t lngMomento, const clsDisco &disco)
 {
     struct stat datos {};
     if (stat(strRuta.c_str(), &datos) != 0) {
@@ -52,12 +52,8 @@ int fFechaArchivo(const std::string &strRuta, clsFecha fecha, const clsDisco &di
     if (!S_ISREG(datos.st_mode)) {
         return S_ISDIR(datos.st_mode) ? EISDIR : EINVAL;
     }
-    const auto lngMomento = fMomento(fecha);
-    if (!lngMomento) {
-        return EOVERFLOW;
-    }
     const std::array<timespec, 2> lstMomentos = {
-        {{0, UTIME_OMIT}, {*lngMomento, 0}}
+        {{0, UTIME_OMIT}, {lngMomento, 0}}
     };
     return fError(disco.fFechar(strRuta.c_str(), lstMomentos.data()));
 }
