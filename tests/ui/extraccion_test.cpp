@@ -7,9 +7,6 @@
 
 #include <QImageReader>
 
-#include <random>
-#include <sys/resource.h>
-
 namespace {
 
 const QColor colFoto(200, 30, 30);
@@ -58,7 +55,6 @@ private slots:
     void fAThumbnailInsideIsTakenWhenItIsGoodEnough();
     void fEveryOrientationComesOutUpright();
     void fWhatIsNoPhotoGivesAReason();
-    void fMutatedFilesHarmNobody();
     void fTheSurfaceGrowsAndCopies();
     void fTheGeneratorHasItsStartingValues();
 };
@@ -163,50 +159,6 @@ void clsPruebasExtraccion::fWhatIsNoPhotoGivesAReason()
         const clsMiniatura miniatura = fExtraerFoto(arbol.fRuta(strNombre), 100, bolAnulado);
         QVERIFY2(miniatura.extraccion == extraccion && miniatura.imagen.isNull(), strNombre);
     }
-}
-
-void clsPruebasExtraccion::fMutatedFilesHarmNobody()
-{
-    constexpr int intMutantes = 10000;
-    constexpr qint64 lngMaximoMs = 1000;
-#ifdef __SANITIZE_ADDRESS__
-    constexpr long lngMaximoKB = 1024 * 1024; // it keeps what was freed
-#else
-    constexpr long lngMaximoKB = 400 * 1024;
-#endif
-    const clsArbol arbol("/dev/shm"); // a disk would be flushed at every truncation
-    clsJpegConMini progresivo{fDibujo({160, 120}), fDibujo({160, 120}), 6};
-    progresivo.bolProgresivo = true;
-    const clsJpegConMini normal{fDibujo({320, 240}), fDibujo({80, 60}), 3};
-    const std::string strDibujo = fJpeg(fDibujo({200, 160}));
-    const std::string lstSemillas[] = {normal.fBytes(), progresivo.fBytes(), fJpegCmyk(),
-                                       strDibujo};
-    std::mt19937 azar(20090714);
-    const auto fAzar = [&azar](std::size_t lngHasta) { return azar() % lngHasta; };
-    qint64 lngPeor = 0;
-    int intHechas = 0;
-    for (int intMutante = 0; intMutante < intMutantes; ++intMutante) {
-        std::string strBytes = lstSemillas[fAzar(std::size(lstSemillas))];
-        // Heads are where lies do harm, so half of the changes go there.
-        for (std::size_t lngCambio = 0; lngCambio <= fAzar(6); ++lngCambio) {
-            const std::size_t lngZona = fAzar(2) == 0 ? 700 : strBytes.size();
-            strBytes[fAzar(std::min(lngZona, strBytes.size()))] = static_cast<char>(fAzar(256));
-        }
-        if (fAzar(8) == 0) {
-            strBytes.resize(fAzar(strBytes.size()));
-        }
-        QElapsedTimer reloj;
-        reloj.start();
-        const clsMiniatura miniatura = fExtraer(arbol, strBytes, 100);
-        lngPeor = std::max(lngPeor, reloj.elapsed());
-        QVERIFY(miniatura.imagen.width() <= 100 && miniatura.imagen.height() <= 100);
-        intHechas += miniatura.extraccion == Extraccion::Hecha ? 1 : 0;
-    }
-    QVERIFY2(lngPeor < lngMaximoMs, qPrintable(QString::number(lngPeor)));
-    QVERIFY(intHechas > intMutantes / 4); // they were still JPEG files
-    rusage uso{};
-    getrusage(RUSAGE_SELF, &uso);
-    QVERIFY2(uso.ru_maxrss < lngMaximoKB, qPrintable(QString::number(uso.ru_maxrss)));
 }
 
 void clsPruebasExtraccion::fTheSurfaceGrowsAndCopies()

@@ -14,7 +14,7 @@ private slots:
     void fClosingDuringABuildEndsItAndKeepsTheCatalogue();
     void fClosingDuringTheFirstBuildLeavesNoCatalogue();
     void fTheWindowOfTheBuildCannotBeClosed();
-    void fClosingDuringTheLoadOfABigCatalogueEndsIt();
+    void fClosingBesideABoxDuringTheLoadEndsIt();
     void fClosingWhileAPictureLoadsEndsIt();
     void fFilesThatCannotBeShownShowTheNoImagePicture();
     void fACutPictureShowsWhatThereIs();
@@ -92,20 +92,17 @@ void clsPruebasPeligros::fTheWindowOfTheBuildCannotBeClosed()
     QCOMPARE(sesion.fNombres().size(), 4);
 }
 
-void clsPruebasPeligros::fClosingDuringTheLoadOfABigCatalogueEndsIt()
+void clsPruebasPeligros::fClosingBesideABoxDuringTheLoadEndsIt()
 {
     const clsArbol arbol;
-    std::string strCatalogo;
-    for (int intFila = 0; intFila < 100000; ++intFila) {
-        strCatalogo += fRegistro(arbol.fRuta("c" + std::to_string(intFila % 500) + "/f" +
-                                             std::to_string(intFila) + ".jpg"),
-                                 "2010/01/01 00:00:00");
-    }
+    const std::string strCatalogo = fRegistro(arbol.fRuta("falta.jpg"), "2010/01/01 00:00:00");
     arbol.fCrear("Miravel.dat", strCatalogo);
     clsSesion sesion(arbol);
+    bool bolEnseguida = true;
+    sesion.mensajes.fMientras = [&] { bolEnseguida = sesion.ventana->close(); };
     sesion.ventana->fIniciar();
-    QTimer::singleShot(0, sesion.ventana.get(), [&sesion] { sesion.ventana->close(); });
     QTRY_VERIFY(!sesion.ventana->isVisible());
+    QVERIFY(!bolEnseguida); // the list was still being filled
     QVERIFY(QApplication::overrideCursor() == nullptr);
     QVERIFY(arbol.fLeer("Miravel.dat") == strCatalogo);
 }
