@@ -1,79 +1,77 @@
 #include "app/barra.h"
 
-#include "browse/comandos.h"
+#include "shared/qtexto.h"
 
 #include <QIcon>
 #include <QMenu>
 #include <QToolBar>
 #include <QToolButton>
 
+#include <map>
+
 namespace {
 
-struct clsBoton {
-    int intIndice;
-    const char *strTexto; ///< also its accessible name; nullptr: a separator
-    const char *strIcono;
-};
-
-constexpr int intBotonModo = 1;
-constexpr int intBotonTeclas = 10;
-
-constexpr clsBoton lstBotones[] = {
-    {1,  "ThumbNail",                 "miniaturas"},
-    {2,  nullptr,                     nullptr     },
-    {3,  "Primera",                   "primera"   },
-    {4,  "Anterior",                  "anterior"  },
-    {5,  "Siguiente",                 "siguiente" },
-    {6,  "Ultima",                    "ultima"    },
-    {7,  nullptr,                     nullptr     },
-    {8,  "Información EXIF",         "exif"      },
-    {9,  nullptr,                     nullptr     },
-    {10, "Teclas de acceso rápido.", "teclas"    },
-};
+QString fNombre(int intIndice) { return QStringLiteral("toolBar%1").arg(intIndice); }
 
 QMenu *fMenuTeclas(QWidget *padre)
 {
+    std::map<int, const char *> mapLineas;
+    for (const clsComando &comando : fComandos()) {
+        mapLineas.emplace(comando.linea.intLugar, comando.linea.strTexto);
+    }
+    mapLineas.erase(0);
     auto *const menu = new QMenu(padre);
     menu->setObjectName(QStringLiteral("mnuTeclas"));
-    for (const char *const strTexto : fTextosTeclas()) {
-        QAction *const entrada = menu->addAction(QString::fromUtf8(strTexto)); // it does nothing
-        entrada->setObjectName(QStringLiteral("mnuTeclas%1").arg(menu->actions().size() - 1));
+    for (const auto &[intLugar, strTexto] : mapLineas) {
+        QAction *const entrada = menu->addAction(fQ(strTexto)); // it does nothing
+        entrada->setObjectName(QStringLiteral("mnuTeclas%1").arg(intLugar - 1));
     }
     return menu;
 }
 
+QToolButton *fPonerBoton(QToolBar &barra, const clsComando::clsBoton &datos)
+{
+    auto *const boton = new QToolButton(&barra);
+    boton->setObjectName(fNombre(datos.intIndice));
+    boton->setAccessibleName(fQ(datos.strTexto));
+    boton->setToolTip(boton->accessibleName());
+    boton->setIcon(QIcon(QStringLiteral(":/iconos/%1.svg").arg(fQ(datos.strIcono))));
+    boton->setAutoRaise(true);
+    boton->setFocusPolicy(Qt::NoFocus);
+    barra.addWidget(boton);
+    return boton;
+}
+
 } // namespace
 
-QToolBar *fCrearBarra(QWidget *cliente, const std::function<void(int)> &fPulsado)
+QToolBar *fCrearBarra(QWidget *cliente, const clsElegido &fElegido)
 {
     auto *const barra = new QToolBar(cliente);
     barra->setObjectName(QStringLiteral("toolBar"));
     barra->setAccessibleName(QStringLiteral("Barra de herramientas"));
     barra->setIconSize(QSize(24, 24));
-    for (const clsBoton &datos : lstBotones) {
-        if (datos.strTexto == nullptr) {
-            barra->addSeparator();
+    int intSiguiente = 1;
+    for (const clsComando &comando : fComandos()) {
+        if (comando.boton.intIndice == 0) {
             continue;
         }
-        auto *const boton = new QToolButton(barra);
-        const QString strTexto = QString::fromUtf8(datos.strTexto);
-        boton->setObjectName(QStringLiteral("toolBar%1").arg(datos.intIndice));
-        boton->setAccessibleName(strTexto);
-        boton->setToolTip(strTexto);
-        boton->setIcon(QIcon(QStringLiteral(":/iconos/%1.svg").arg(datos.strIcono)));
-        boton->setAutoRaise(true);
-        boton->setFocusPolicy(Qt::NoFocus);
-        boton->setCheckable(datos.intIndice == intBotonModo);
-        boton->setEnabled(datos.intIndice == intBotonTeclas ||
-                          fComandoDeBoton(datos.intIndice) != nullptr);
-        if (datos.intIndice == intBotonTeclas) {
-            boton->setMenu(fMenuTeclas(boton));
-            boton->setPopupMode(QToolButton::InstantPopup);
-        } else {
-            QObject::connect(boton, &QToolButton::clicked, boton,
-                             [fPulsado, intIndice = datos.intIndice] { fPulsado(intIndice); });
+        if (comando.boton.intIndice != intSiguiente) {
+            barra->addSeparator();
         }
-        barra->addWidget(boton);
+        intSiguiente = comando.boton.intIndice + 1;
+        QToolButton *const boton = fPonerBoton(*barra, comando.boton);
+        boton->setCheckable(comando.fMarca != nullptr);
+        QObject::connect(boton, &QToolButton::clicked, boton,
+                         [fElegido, &comando] { fElegido(comando); });
     }
+    barra->addSeparator();
+    QToolButton *const teclas = fPonerBoton(*barra, {10, "Teclas de acceso rápido.", "teclas"});
+    teclas->setMenu(fMenuTeclas(teclas));
+    teclas->setPopupMode(QToolButton::InstantPopup);
     return barra;
+}
+
+QToolButton *fBoton(const QObject &ventana, int intIndice)
+{
+    return ventana.findChild<QToolButton *>(fNombre(intIndice));
 }

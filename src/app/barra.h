@@ -1,11 +1,13 @@
 #pragma once
 
-#include <functional>
+#include "app/menus.h"
 
 class QToolBar;
-class QWidget;
+class QToolButton;
 
-/// Builds the toolbar: `toolBar`, its buttons `toolBar1` to `toolBar10` by their index. Buttons
-/// that nothing is connected to are disabled.
-/// @param fPulsado runs with a button's index.
-QToolBar *fCrearBarra(QWidget *cliente, const std::function<void(int)> &fPulsado);
+/// Builds the toolbar: `toolBar`, its buttons `toolBar1` to `toolBar10` by their index. The last
+/// one lists the shortcuts.
+QToolBar *fCrearBarra(QWidget *cliente, const clsElegido &fElegido);
+
+/// The button with an index, which must be that of a command.
+[[nodiscard]] QToolButton *fBoton(const QObject &ventana, int intIndice);

@@ -21,10 +21,9 @@
 #include <QApplication>
 #include <QCloseEvent>
 #include <QHeaderView>
-#include <QMenuBar>
+#include <QMenu>
 #include <QScreen>
 #include <QToolBar>
-#include <QToolButton>
 
 #include <algorithm>
 #include <memory>
@@ -62,31 +61,44 @@ private:
 frmMain::frmMain(clsArchivo archivo, clsAjustes &ajustes, clsMensajes &mensajes)
     : m_archivo(std::move(archivo)), m_ajustes(ajustes), m_mensajes(mensajes),
       m_signos(fSignosLocales()),
-      m_ocupacion([] { QApplication::setOverrideCursor(Qt::WaitCursor); },
-                  [this] {
-                      QApplication::restoreOverrideCursor();
-                      m_lista->setFocus();
-                      m_puerta->fMirarCtrl();
-                      if (std::exchange(m_bolDobleClic, false) && !m_bolCerrando) {
-                          QTimer::singleShot(0, this, &frmMain::fAbrirArchivo);
-                      }
-                      if (m_bolCerrando) {
-                          QTimer::singleShot(0, this, &QWidget::close);
-                      }
-                  }),
-      m_medios(m_archivo.preferencias.medios), m_lngAncho(m_archivo.preferencias.lngAncho),
-      m_intTamMini(m_archivo.preferencias.intTamMini), m_cliente(new QWidget(this)),
-      m_modelo(new clsModeloFotos(m_filas, m_signos, this)), m_lista(new lstFotos(m_cliente)),
-      m_visor(new clsVisor(m_cliente)),
-      m_miniaturas(new clsMiniaturas(m_cliente, m_filas, m_signos, m_mensajes, fDeVideos())),
+      m_ocupacion(
+          [this] {
+              m_estado.bolOcupado = true;
+              QApplication::setOverrideCursor(Qt::WaitCursor);
+          },
+          [this] {
+              m_estado.bolOcupado = false;
+              QApplication::restoreOverrideCursor();
+              m_lista->setFocus();
+              m_puerta->fMirarCtrl();
+              if (std::exchange(m_bolDobleClic, false) && !m_bolCerrando) {
+                  QTimer::singleShot(0, this, &frmMain::fAbrirArchivo);
+              }
+              if (m_bolCerrando) {
+                  QTimer::singleShot(0, this, &QWidget::close);
+              }
+          }),
+      m_lngAncho(m_archivo.preferencias.lngAncho), m_cliente(new QWidget(this)),
+      m_modelo(new clsModeloFotos(m_estado.filas, m_signos, this)),
+      m_lista(new lstFotos(m_cliente)), m_visor(new clsVisor(m_cliente)),
+      m_miniaturas(new clsMiniaturas(m_cliente, m_estado.filas, m_signos, m_mensajes, fDeVideos())),
       m_divisor(new cmdAncho(m_cliente))
 {
+    m_estado.medios = m_archivo.preferencias.medios;
+    m_estado.intTamMini = m_archivo.preferencias.intTamMini;
     m_visor->fAnticipar(m_ajustes.fConsultar(strSeccionGeneral, "SELEC"));
     setObjectName(QStringLiteral("frmMain"));
     setWindowTitle(fQ(std::string(strPrograma) + ' ' + strVersion));
     fCrearControles();
     fCrearInformacion();
     fConectar();
+    fAtenderPasos();
+    fAtenderPanel();
+    fAtenderProgramas();
+    fAtenderLista();
+    fAtenderCopias();
+    fAtenderFechas();
+    fMostrarEstado();
 }
 
 frmMain::~frmMain() = default;
@@ -94,16 +106,12 @@ frmMain::~frmMain() = default;
 void frmMain::fCrearControles()
 {
     m_cliente->setObjectName(QStringLiteral("frmMainCliente"));
-    menuBar()->setObjectName(QStringLiteral("menuBar"));
     setCentralWidget(m_cliente);
     m_lista->setModel(m_modelo);
     m_lista->fAnchosIniciales();
-    m_toolBar = fCrearBarra(m_cliente, [this](int intBoton) { fBotonPulsado(intBoton); });
-    m_botonModo = m_toolBar->findChild<QToolButton *>(QStringLiteral("toolBar1"));
-    m_mnuFoto =
-        fCrearMenus(*menuBar(), [this](const QString &strNombre) { fEntradaElegida(strNombre); });
-    fMarcarEntrada(*menuBar(), "mnuOpcionesThump", m_intTamMini);
-    fMarcarEntrada(*menuBar(), "mnuOpcionesFotosVideos", static_cast<int>(m_medios));
+    const clsElegido fElegir = [this](const clsComando &comando) { fElegido(comando); };
+    m_toolBar = fCrearBarra(m_cliente, fElegir);
+    m_mnuFoto = fCrearMenus(*this, fElegir);
 }
 
 void frmMain::fCrearInformacion()
@@ -138,15 +146,13 @@ void frmMain::fConectar()
     connect(&m_relojVeredicto, &QTimer::timeout, this, &frmMain::fTomarVeredicto);
     m_cliente->installEventFilter(this);
     m_puerta = new clsPuerta(
-        *this, [this] { return m_ocupacion.fEsta(); },
-        [this](int intTecla, int intMayus) {
-            return fTeclaPulsada(intTecla, intMayus, fEstado(), *this);
-        });
+        *this, [this] { return m_estado.bolOcupado; },
+        [this](int intTecla, int intMayus) { return m_mandos.fTecla(intTecla, intMayus); });
     // The first click of a double click shows the row, and the second falls into that.
     connect(m_puerta, &clsPuerta::fDobleClicOcupada, this,
             [this](const QWidget *control, const QPoint &punto) {
-                m_bolDobleClic =
-                    control == m_lista->viewport() && m_lista->indexAt(punto).row() == m_lngActual;
+                m_bolDobleClic = control == m_lista->viewport() &&
+                                 m_lista->indexAt(punto).row() == m_estado.lngActual;
             });
     connect(m_puerta, &clsPuerta::fEscOcupada, this, [this] { m_bolEsc = true; });
     connect(m_lista, &lstFotos::fFila, this, [this](int lngPos) { fMostrarArchivo(lngPos, true); });
@@ -159,12 +165,12 @@ void frmMain::fConectar()
         });
     }
     connect(m_modelo, &clsModeloFotos::fMarcaCambiada, this,
-            [this] { fMostrarArchivo(m_lngActual, true); });
+            [this] { fMostrarArchivo(m_estado.lngActual, true); });
     connect(m_divisor, &cmdAncho::fSoltado, this,
             [this](int intX) { fFijarAncho(intX * intTwipsPixel); });
     connect(m_miniaturas, &clsMiniaturas::fPulsada, this, &frmMain::fCeldaPulsada);
     connect(m_visor, &clsVisor::fTarde, this, [this] {
-        if (!m_bolMiniaturas && !m_bolOcupado && !m_ocupacion.fEsta()) {
+        if (!m_estado.bolMiniaturas && !m_estado.bolPaso && !m_estado.bolOcupado) {
             fRedibujar();
         }
     });
@@ -195,7 +201,7 @@ void frmMain::closeEvent(QCloseEvent *evento)
 {
     // Whatever runs sees this at its next yield and unwinds; then the window closes.
     m_bolCerrando = true;
-    evento->setAccepted(!m_ocupacion.fEsta());
+    evento->setAccepted(!m_estado.bolOcupado);
 }
 
 bool frmMain::eventFilter(QObject *objeto, QEvent *evento)
@@ -219,7 +225,7 @@ void frmMain::fRedimensionar()
 
 void frmMain::fTemporizador()
 {
-    if (m_ocupacion.fEsta() || m_bolOcupado) {
+    if (m_estado.bolOcupado || m_estado.bolPaso) {
         m_Timer1.start();
         return;
     }
@@ -231,7 +237,7 @@ void frmMain::fTemporizador()
 
 void frmMain::fDisponerPanel()
 {
-    ++m_lngGeneracion;
+    ++m_estado.lngGeneracion;
     m_tamDispuesto = m_cliente->size();
     const int intArriba = m_txtInfo1->y() + m_txtInfo1->height();
     const clsDisposicion sitio =
@@ -239,8 +245,8 @@ void frmMain::fDisponerPanel()
                    intArriba * intTwipsPixel, m_lngAncho, m_txtInfo3->width() * intTwipsPixel});
     m_lista->setGeometry(0, intArriba, sitio.lista.lngAncho / intTwipsPixel,
                          sitio.lista.lngAlto / intTwipsPixel);
-    m_visor->fDisponer(sitio, !m_bolMiniaturas);
-    m_miniaturas->fDisponer(sitio.fondo, m_intTamMini);
+    m_visor->fDisponer(sitio, !m_estado.bolMiniaturas);
+    m_miniaturas->fDisponer(sitio.fondo, m_estado.intTamMini);
     m_divisor->setGeometry(sitio.divisor.lngIzq / intTwipsPixel, intArriba, cmdAncho::intPixeles,
                            sitio.divisor.lngAlto / intTwipsPixel);
     m_divisor->raise();
@@ -262,7 +268,7 @@ void frmMain::fLimitarInfo2()
 void frmMain::fFijarAncho(int lngTwips)
 {
     m_lngAncho =
-        fAnchoPanel(lngTwips, m_cliente->width() * intTwipsPixel, lstTamMini[m_intTamMini]);
+        fAnchoPanel(lngTwips, m_cliente->width() * intTwipsPixel, lstTamMini[m_estado.intTamMini]);
     m_ajustes.fGuardarIni(strSeccionGeneral, "ANCHO", std::to_string(m_lngAncho));
     fDisponerPanel();
     fRedibujar();
@@ -270,17 +276,17 @@ void frmMain::fFijarAncho(int lngTwips)
 
 void frmMain::fFijarTamMini(int intTam)
 {
-    m_intTamMini = intTam;
+    m_estado.intTamMini = intTam;
     m_ajustes.fGuardarIni(strSeccionGeneral, "TAM_MINI", std::to_string(intTam));
-    fMarcarEntrada(*menuBar(), "mnuOpcionesThump", m_intTamMini);
+    fMostrarEstado();
     fDisponerPanel();
     fRedibujar();
 }
 
 void frmMain::fFijarModo(bool bolMiniaturas)
 {
-    m_bolMiniaturas = bolMiniaturas;
-    m_botonModo->setChecked(bolMiniaturas);
+    m_estado.bolMiniaturas = bolMiniaturas;
+    fMostrarEstado();
     m_visor->fVaciar();
     if (!bolMiniaturas) {
         m_miniaturas->fParar();
@@ -293,7 +299,7 @@ void frmMain::fFijarModo(bool bolMiniaturas)
 
 void frmMain::fMostrarArchivo(int lngPos, bool bolOcupar)
 {
-    if (m_filas.fVacia()) {
+    if (m_estado.filas.fVacia()) {
         return;
     }
     if (bolOcupar) {
@@ -301,7 +307,7 @@ void frmMain::fMostrarArchivo(int lngPos, bool bolOcupar)
         fMostrarArchivo(lngPos, false);
         return;
     }
-    m_lngActual = std::clamp(lngPos, 0, fUltimoPos());
+    m_estado.lngActual = std::clamp(lngPos, 0, fUltimoPos());
     m_bolGuardarSelec = true;
     m_visor->fVaciar();
     fRedibujar();
@@ -309,43 +315,43 @@ void frmMain::fMostrarArchivo(int lngPos, bool bolOcupar)
 
 void frmMain::fRedibujar()
 {
-    if (!m_filas.fVacia() && fDibujar()) {
+    if (!m_estado.filas.fVacia() && fDibujar()) {
         fTerminarMostrar();
     }
 }
 
 bool frmMain::fDibujar()
 {
-    const std::uint64_t lngGeneracion = ++m_lngGeneracion;
-    const clsCuenta cuenta(m_intDibujos);
+    const std::uint64_t lngGeneracion = ++m_estado.lngGeneracion;
+    const clsCuenta cuenta(m_estado.intDibujos);
     clsEntorno entorno;
     entorno.fProcesando = [this] { fInfo2(QStringLiteral("Procesando...")); };
     entorno.fCeder = [](int intMs) { fCederEventos(intMs); };
     entorno.fVigente = [this, lngGeneracion] {
-        return lngGeneracion == m_lngGeneracion && !m_bolCerrando;
+        return lngGeneracion == m_estado.lngGeneracion && !m_bolCerrando;
     };
     entorno.fFalta = [this] { fIncidencias(); };
-    if (m_bolMiniaturas) {
-        return m_miniaturas->fMostrar(m_lngActual, entorno);
+    if (m_estado.bolMiniaturas) {
+        return m_miniaturas->fMostrar(m_estado.lngActual, entorno);
     }
-    return m_visor->fMostrar(m_filas.fRuta(m_lngActual), entorno);
+    return m_visor->fMostrar(m_estado.filas.fRuta(m_estado.lngActual), entorno);
 }
 
 void frmMain::fTerminarMostrar()
 {
-    m_lista->fElegir(m_lngActual);
+    m_lista->fElegir(m_estado.lngActual);
     fInformar();
     if (m_bolGuardarSelec) {
         m_bolGuardarSelec = false;
-        m_ajustes.fGuardarIni(strSeccionGeneral, "SELEC", m_filas.fRuta(m_lngActual));
+        m_ajustes.fGuardarIni(strSeccionGeneral, "SELEC", m_estado.filas.fRuta(m_estado.lngActual));
     }
-    if (m_bolMiniaturas) {
+    if (m_estado.bolMiniaturas) {
         return;
     }
     std::vector<std::string> lstVecinas;
-    for (const int lngPos : {m_lngActual + 1, m_lngActual - 1}) {
+    for (const int lngPos : {m_estado.lngActual + 1, m_estado.lngActual - 1}) {
         if (lngPos >= 0 && lngPos <= fUltimoPos()) {
-            lstVecinas.push_back(m_filas.fRuta(lngPos));
+            lstVecinas.push_back(m_estado.filas.fRuta(lngPos));
         }
     }
     m_visor->fAdelantar(lstVecinas);
@@ -354,14 +360,16 @@ void frmMain::fTerminarMostrar()
 void frmMain::fInformar()
 {
     fJuzgar();
-    m_txtInfo1->setText(fQ(fTextoInfo1(m_lngActual, m_filas.fCantidad())));
+    m_txtInfo1->setText(fQ(fTextoInfo1(m_estado.lngActual, m_estado.filas.fCantidad())));
     // Folder and name each in its own encoding, as the list shows them.
-    const std::string strRuta = fTextoPantalla(m_filas.fCarpeta(m_lngActual)) +
-                                fTextoPantalla(m_filas.fNombre(m_lngActual));
-    fInfo2(fQ(fTextoInfo2(strRuta, m_filas.fFecha(m_lngActual),
-                          fCampo(m_filas, m_lngActual + 1, Campo::Tamano, m_signos))));
-    m_visor->fDescribir(fQPantalla(m_filas.fNombre(m_lngActual)) + QStringLiteral(" (") +
-                        fQPantalla(m_filas.fFecha(m_lngActual)) + QLatin1Char(')'));
+    const std::string strRuta = fTextoPantalla(m_estado.filas.fCarpeta(m_estado.lngActual)) +
+                                fTextoPantalla(m_estado.filas.fNombre(m_estado.lngActual));
+    fInfo2(
+        fQ(fTextoInfo2(strRuta, m_estado.filas.fFecha(m_estado.lngActual),
+                       fCampo(m_estado.filas, m_estado.lngActual + 1, Campo::Tamano, m_signos))));
+    m_visor->fDescribir(fQPantalla(m_estado.filas.fNombre(m_estado.lngActual)) +
+                        QStringLiteral(" (") +
+                        fQPantalla(m_estado.filas.fFecha(m_estado.lngActual)) + QLatin1Char(')'));
 }
 
 /// Has the current file's date judged. As a rule that takes no time worth mentioning; a disk that
@@ -370,7 +378,7 @@ void frmMain::fJuzgar()
 {
     constexpr std::chrono::milliseconds lngPaciencia(200);
     m_jueces.fVaciar();
-    m_veredicto = fPreguntar<bool>(m_jueces, [strRuta = m_filas.fRuta(m_lngActual)] {
+    m_veredicto = fPreguntar<bool>(m_jueces, [strRuta = m_estado.filas.fRuta(m_estado.lngActual)] {
         clsFile fichero;
         fichero.fCargar(strRuta);
         return fichero.bolFechaCorrecta();
@@ -405,13 +413,13 @@ void frmMain::fInfo2(const QString &strTexto)
 
 void frmMain::fCeldaPulsada(int lngPos, Qt::MouseButton boton, Qt::KeyboardModifiers mayus)
 {
-    if (m_ocupacion.fEsta()) { // assistive technology does not come through the gate
+    if (m_estado.bolOcupado) { // assistive technology does not come through the gate
         return;
     }
     const bool bolCtrl = m_puerta->fCtrl();
     if (boton == Qt::RightButton) {
-        m_bolMiniaturas = false;
-        m_botonModo->setChecked(false);
+        m_estado.bolMiniaturas = false;
+        fMostrarEstado();
         m_miniaturas->fParar();
         fDisponerPanel();
     } else if (bolCtrl) {
@@ -428,6 +436,7 @@ void frmMain::fCeldaPulsada(int lngPos, Qt::MouseButton boton, Qt::KeyboardModif
 /// Inverts the ticks from the current row to another one, both included, which becomes current.
 void frmMain::fAlternarRango(int lngHasta)
 {
-    m_modelo->fMarcar([&](clsFilas &filas) { fInvertirEntre(filas, m_lngActual, lngHasta); });
+    m_modelo->fMarcar(
+        [&](clsFilas &filas) { fInvertirEntre(filas, m_estado.lngActual, lngHasta); });
     fMostrarArchivo(lngHasta, true);
 }

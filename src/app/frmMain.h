@@ -1,9 +1,9 @@
 #pragma once
 
 #include "app/arranque.h"
-#include "browse/comandos.h"
-#include "catalogue/filas.h"
-#include "catalogue/orden.h"
+#include "browse/mandos.h"
+#include "browse/mover.h"
+#include "browse/seleccion.h"
 #include "filter/formulario_filtro.h"
 #include "shared/ajustes.h"
 #include "shared/mensajes.h"
@@ -31,7 +31,6 @@ class clsVisor;
 class cmdAncho;
 class lstFotos;
 class QToolBar;
-class QToolButton;
 
 /// What start-up found out about the archive.
 struct clsArchivo {
@@ -41,7 +40,7 @@ struct clsArchivo {
 };
 
 /// The main window: the list of files on the left, the viewing panel on the right.
-class frmMain : public QMainWindow, private clsAcciones {
+class frmMain : public QMainWindow {
     Q_OBJECT
 public:
     frmMain(clsArchivo archivo, clsAjustes &ajustes, clsMensajes &mensajes);
@@ -49,6 +48,8 @@ public:
 
     /// Shows the window and, as soon as events run, fills the list.
     void fIniciar();
+    /// Who does the work of the commands.
+    [[nodiscard]] const clsMandos &fMandos() const { return m_mandos; }
 
 protected:
     void showEvent(QShowEvent *evento) override;
@@ -91,37 +92,37 @@ private:
     void fAlternarRango(int lngHasta);
 
     // Commands
-    [[nodiscard]] clsEstado fEstado() const;
-    void fEntradaElegida(const QString &strNombre);
-    void fBotonPulsado(int intBoton);
-    void fActualizarMenus();
-    void fMover(Movimiento movimiento) override;
-    void fPaso(Sentido sentido) override;
-    void fFijarAvance(bool bolSiguiente) override;
-    void fPedirFecha() override;
-    void fCambiarModo() override { fFijarModo(!m_bolMiniaturas); }
-    void fMiniaturas() override { fFijarModo(true); }
-    void fFijarZoom(int intZoom) override;
-    void fAumentar() override;
-    void fReducir() override;
-    void fFijarTamMini(int intTam) override;
-    void fElegirMedios(Medios medios) override;
-    void fMarcar(Seleccion seleccion) override;
-    void fTotales() override;
-    void fFiltrar() override;
-    void fQuitarFiltro() override;
-    void fActualizarLista() override;
-    void fAbrirArchivo() override;
-    void fAbrirCarpeta() override;
-    void fCopiar() override;
-    void fAgregarAlBaul() override;
-    void fVaciarBaul() override;
-    void fMostrarBaul() override;
-    void fMostrarExif() override;
-    void fBuscarFecha() override;
-    void fModificarFecha(bool bolSiempre) override;
-    void fMostrarAyuda() override;
-    void fMostrarAcerca() override;
+    void fAtenderPasos();
+    void fAtenderPanel();
+    void fAtenderProgramas();
+    void fAtenderLista();
+    void fAtenderCopias();
+    void fAtenderFechas();
+    void fElegido(const clsComando &comando);
+    void fMostrarEstado();
+    void fMover(Movimiento movimiento);
+    void fPaso(Sentido sentido);
+    void fFijarAvance(Avance avance);
+    void fPedirFecha();
+    void fAumentar();
+    void fReducir();
+    void fFijarTamMini(int intTam);
+    void fElegirMedios(Medios medios);
+    void fMarcar(Seleccion seleccion);
+    void fTotales();
+    void fFiltrar();
+    void fQuitarFiltro();
+    void fActualizarLista();
+    void fAbrirArchivo();
+    void fCopiar();
+    void fAgregarAlBaul();
+    void fVaciarBaul();
+    void fMostrarBaul();
+    void fMostrarExif();
+    void fBuscarFecha();
+    void fModificarFecha(bool bolSiempre);
+    void fMostrarAyuda();
+    void fMostrarAcerca();
 
     // Copies
     void fEnviar(const std::function<std::string(const std::string &)> &fDestino);
@@ -134,7 +135,7 @@ private:
     [[nodiscard]] bool fCorregirFicheros(std::vector<clsCorregido> &lstFicheros, clsFecha fecha);
     void fAvisarOcupada();
 
-    [[nodiscard]] int fUltimoPos() const { return m_filas.fCantidad() - 1; }
+    [[nodiscard]] int fUltimoPos() const { return m_estado.filas.fCantidad() - 1; }
     [[nodiscard]] int fCeldasPagina() const;
     void fInfo2(const QString &strTexto);
 
@@ -144,30 +145,18 @@ private:
     const clsSignos m_signos;
     clsOcupacion m_ocupacion;
 
-    clsFilas m_filas;
-    int m_lngActual = 0;
-    Medios m_medios;
-    Columna m_columna = Columna::Fecha;
-    bool m_bolDescendente = false;
-    std::int64_t m_dblTotalKB = 0;
-    Avance m_avance = Avance::Normal;
-    bool m_bolFiltrada = false; ///< the list shows what passed a filter
-    int m_lngEnBaul = 0;        ///< files in the Baúl
-    clsValoresFiltro m_filtro;  ///< what the filter dialog showed last
+    clsEstado m_estado;
+    clsMandos m_mandos{m_estado};
+    clsValoresFiltro m_filtro; ///< what the filter dialog showed last
     bool m_bolIncidenciasAvisadas = false;
     bool m_bolCargando = true;      ///< until the first fill ends
-    bool m_bolOcupado = false;      ///< a navigation command runs
-    int m_intDibujos = 0;           ///< draws that are under way
     bool m_bolGuardarSelec = false; ///< the current file is still to be stored
     bool m_bolDobleClic = false;    ///< a row was double-clicked while it was being shown
     bool m_bolCerrando = false;
     bool m_bolEsc = false; ///< Esc was pressed during a search or while files are copied
-    std::uint64_t m_lngGeneracion = 0; ///< raised by every layout, draw and list change
 
-    int m_lngAncho;               ///< panel width in twips
-    int m_intTamMini;             ///< index of the thumbnail size
-    bool m_bolMiniaturas = false; ///< the panel shows a page of thumbnails
-    QSize m_tamDispuesto;         ///< client size last laid out
+    int m_lngAncho;       ///< panel width in twips
+    QSize m_tamDispuesto; ///< client size last laid out
     QTimer m_Timer1;
     QTimer m_relojVeredicto;       ///< looks whether the verdict has come
     std::future<bool> m_veredicto; ///< whether the current file's date is right
@@ -181,7 +170,6 @@ private:
     clsPuerta *m_puerta = nullptr;
     cmdAncho *m_divisor;
     QToolBar *m_toolBar;
-    QToolButton *m_botonModo;
     clsCajaInfo *m_txtInfo1;
     clsCajaInfo *m_txtInfo2;
     clsCajaInfo *m_txtInfo3;

@@ -14,57 +14,27 @@
 #include "viewer/visor.h"
 
 #include <QMenuBar>
-#include <QToolButton>
+#include <QScopedValueRollback>
 
-namespace {
-
-/// A flag that is set as long as this lives.
-class clsBandera {
-public:
-    explicit clsBandera(bool &bol) : m_bol(bol) { m_bol = true; }
-    ~clsBandera() { m_bol = false; }
-    clsBandera(const clsBandera &) = delete;
-    clsBandera &operator=(const clsBandera &) = delete;
-
-private:
-    bool &m_bol;
-};
-
-} // namespace
-
-clsEstado frmMain::fEstado() const
+void frmMain::fElegido(const clsComando &comando)
 {
-    return {!m_filas.fVacia(), m_ocupacion.fEsta(), m_intDibujos > 0, m_bolFiltrada,
-            m_lngEnBaul > 0};
+    m_mandos.fEjecutar(comando);
+    fMostrarEstado(); // entry or button has taken the mark by itself, wanted or not
 }
 
-void frmMain::fEntradaElegida(const QString &strNombre)
-{
-    if (const clsComando *const comando = fComandoDeMenu(fUtf8(strNombre).c_str())) {
-        fEjecutar(*comando, fEstado(), *this);
-    }
-    // The entry has taken the mark by itself, wanted or not.
-    fMarcarEntrada(*menuBar(), "mnuOpcionesThump", m_intTamMini);
-    fMarcarEntrada(*menuBar(), "mnuOpcionesFotosVideos", static_cast<int>(m_medios));
-}
-
-void frmMain::fBotonPulsado(int intBoton)
-{
-    if (const clsComando *const comando = fComandoDeBoton(intBoton)) {
-        fEjecutar(*comando, fEstado(), *this);
-    }
-    m_botonModo->setChecked(m_bolMiniaturas); // the click has toggled it, wanted or not
-}
-
-/// What the entries of the menus can do, as far as it does not change from moment to moment.
-void frmMain::fActualizarMenus()
-{
-    clsEstado estado = fEstado();
-    estado.bolOcupado = estado.bolDibujando = false;
-    fHabilitarEntradas(*menuBar(), estado);
-}
+void frmMain::fMostrarEstado() { ::fMostrarEstado(*this, m_estado); }
 
 // --- Moving ---
+
+void frmMain::fAtenderPasos()
+{
+    m_mandos.fAtender("mover", [this](int intCual) { fMover(static_cast<Movimiento>(intCual)); });
+    m_mandos.fAtender("paso", [this](int intSentido) { fPaso(static_cast<Sentido>(intSentido)); });
+    m_mandos.fAtender("avance", [this](int bolSiguiente) {
+        fFijarAvance(bolSiguiente != 0 ? fSiguienteAvance(m_estado.avance) : Avance::Normal);
+    });
+    m_mandos.fAtender("irFecha", [this] { fPedirFecha(); });
+}
 
 /// Shows where a movement led to, if it led anywhere.
 void frmMain::fIrA(std::optional<int> lngDestino)
@@ -75,31 +45,29 @@ void frmMain::fIrA(std::optional<int> lngDestino)
 }
 
 /// Files that the panel shows at a time.
-int frmMain::fCeldasPagina() const { return m_bolMiniaturas ? m_miniaturas->fCeldas() : 1; }
+int frmMain::fCeldasPagina() const { return m_estado.bolMiniaturas ? m_miniaturas->fCeldas() : 1; }
 
 void frmMain::fMover(Movimiento movimiento)
 {
-    if (!m_bolOcupado) {
-        const clsBandera bandera(m_bolOcupado);
-        fIrA(fDestino(movimiento, m_lngActual, fUltimoPos(), fCeldasPagina()));
-    }
+    const QScopedValueRollback paso(m_estado.bolPaso, true);
+    fIrA(fDestino(movimiento, m_estado.lngActual, fUltimoPos(), fCeldasPagina()));
 }
 
 void frmMain::fPaso(Sentido sentido)
 {
-    if (m_avance == Avance::Normal) {
+    if (m_estado.avance == Avance::Normal) {
         fMover(sentido == Sentido::Atras ? Movimiento::Anterior : Movimiento::Siguiente);
-    } else if (!m_bolOcupado) {
-        const clsBandera bandera(m_bolOcupado);
-        fIrA(fAvanzar(m_filas, m_lngActual, m_avance, sentido));
+    } else {
+        const QScopedValueRollback paso(m_estado.bolPaso, true);
+        fIrA(fAvanzar(m_estado.filas, m_estado.lngActual, m_estado.avance, sentido));
     }
 }
 
-void frmMain::fFijarAvance(bool bolSiguiente)
+void frmMain::fFijarAvance(Avance avance)
 {
-    m_avance = bolSiguiente ? fSiguienteAvance(m_avance) : Avance::Normal;
+    m_estado.avance = avance;
     auto *const mnuAVance = menuBar()->findChild<QAction *>(QStringLiteral("mnuAVance"));
-    const std::string strTexto = fTextoAvance(m_avance);
+    const std::string strTexto = fTextoAvance(m_estado.avance);
     if (!strTexto.empty()) {
         mnuAVance->setText(fQ(strTexto));
     }
@@ -108,10 +76,7 @@ void frmMain::fFijarAvance(bool bolSiguiente)
 
 void frmMain::fPedirFecha()
 {
-    if (m_bolOcupado) {
-        return;
-    }
-    const clsBandera bandera(m_bolOcupado);
+    const QScopedValueRollback paso(m_estado.bolPaso, true);
     std::optional<std::chrono::year_month_day> dia;
     while (!dia) {
         const auto strRespuesta = m_mensajes.fPedir(strPreguntaFecha);
@@ -120,41 +85,57 @@ void frmMain::fPedirFecha()
         }
         dia = fLeerRespuestaFecha(*strRespuesta);
     }
-    fIrA(::fIrAFecha(m_filas, m_lngActual, *dia));
+    fIrA(::fIrAFecha(m_estado.filas, m_estado.lngActual, *dia));
 }
 
 // --- The panel ---
 
-void frmMain::fFijarZoom(int intZoom) { m_visor->fFijarZoom(intZoom); }
+void frmMain::fAtenderPanel()
+{
+    m_mandos.fAtender("modo", [this] { fFijarModo(!m_estado.bolMiniaturas); });
+    m_mandos.fAtender("miniaturas", [this] { fFijarModo(true); });
+    m_mandos.fAtender("zoom", [this](int intZoom) { m_visor->fFijarZoom(intZoom); });
+    m_mandos.fAtender("tamMini", [this](int intTam) { fFijarTamMini(intTam); });
+    m_mandos.fAtender("aumentar", [this] { fAumentar(); });
+    m_mandos.fAtender("reducir", [this] { fReducir(); });
+}
 
 void frmMain::fAumentar()
 {
-    if (!m_bolMiniaturas) {
+    if (!m_estado.bolMiniaturas) {
         m_visor->fFijarZoom(fZoomMayor(m_visor->fZoom()));
-    } else if (m_intTamMini < 2) {
-        fFijarTamMini(m_intTamMini + 1);
+    } else if (m_estado.intTamMini < 2) {
+        fFijarTamMini(m_estado.intTamMini + 1);
     }
 }
 
 void frmMain::fReducir()
 {
-    if (!m_bolMiniaturas) {
+    if (!m_estado.bolMiniaturas) {
         m_visor->fFijarZoom(fZoomMenor(m_visor->fZoom()));
-    } else if (m_intTamMini > 0) {
-        fFijarTamMini(m_intTamMini - 1);
+    } else if (m_estado.intTamMini > 0) {
+        fFijarTamMini(m_estado.intTamMini - 1);
     }
 }
 
 // --- Other programs ---
 
-void frmMain::fAbrirArchivo()
+void frmMain::fAtenderProgramas()
 {
-    if (!m_filas.fVacia()) { // the list can have changed since the double click
-        fAbrirConSistema(m_filas.fRuta(m_lngActual));
-    }
+    m_mandos.fAtender("abrir", [this] { fAbrirArchivo(); });
+    m_mandos.fAtender("carpeta", [this] {
+        fAbrirConSistema(std::string(m_estado.filas.fCarpeta(m_estado.lngActual)));
+    });
+    m_mandos.fAtender("ayuda", [this] { fMostrarAyuda(); });
+    m_mandos.fAtender("acerca", [this] { fMostrarAcerca(); });
 }
 
-void frmMain::fAbrirCarpeta() { fAbrirConSistema(std::string(m_filas.fCarpeta(m_lngActual))); }
+void frmMain::fAbrirArchivo()
+{
+    if (!m_estado.filas.fVacia()) { // the list can have changed since the double click
+        fAbrirConSistema(m_estado.filas.fRuta(m_estado.lngActual));
+    }
+}
 
 void frmMain::fMostrarAyuda()
 {

@@ -25,19 +25,27 @@ void fAvisarFallo(clsMensajes &mensajes, const clsFalloCopia &fallo)
 
 } // namespace
 
+void frmMain::fAtenderCopias()
+{
+    m_mandos.fAtender("copiar", [this] { fCopiar(); });
+    m_mandos.fAtender("agregar", [this] { fAgregarAlBaul(); });
+    m_mandos.fAtender("vaciar", [this] { fVaciarBaul(); });
+    m_mandos.fAtender("baul", [this] { fMostrarBaul(); });
+}
+
 /// Copies the ticked files, or the current one. What was copied loses its tick; what comes after a
 /// failure keeps it.
 void frmMain::fEnviar(const std::function<std::string(const std::string &)> &fDestino)
 {
     const clsOcupado ocupado(m_ocupacion);
-    if (m_filas.fContarMarcados() == 0) {
-        m_modelo->fMarcar([this](clsFilas &filas) { filas.fMarcar(m_lngActual, true); });
+    if (m_estado.filas.fContarMarcados() == 0) {
+        m_modelo->fMarcar([this](clsFilas &filas) { filas.fMarcar(m_estado.lngActual, true); });
     }
-    const std::vector<int> lstPosiciones = fMarcadas(m_filas);
+    const std::vector<int> lstPosiciones = fMarcadas(m_estado.filas);
     std::vector<std::string> lstRutas;
     lstRutas.reserve(lstPosiciones.size());
     for (const int lngPos : lstPosiciones) {
-        lstRutas.push_back(m_filas.fRuta(lngPos));
+        lstRutas.push_back(m_estado.filas.fRuta(lngPos));
     }
     m_bolEsc = false;
     std::size_t lngSinMarca = 0;
@@ -64,7 +72,7 @@ void frmMain::fEnviar(const std::function<std::string(const std::string &)> &fDe
     if (fin.fallo) {
         fAvisarFallo(m_mensajes, *fin.fallo);
     }
-    fMostrarArchivo(m_lngActual, false);
+    fMostrarArchivo(m_estado.lngActual, false);
 }
 
 void frmMain::fCopiar()
@@ -81,11 +89,11 @@ void frmMain::fCopiar()
 void frmMain::fContarElBaul()
 {
     const clsLugarBaul lugar = fAsegurarBaul();
-    m_lngEnBaul = lugar.intError == 0 ? fContarBaul(lugar.strCarpeta) : 0;
+    m_estado.lngEnBaul = lugar.intError == 0 ? fContarBaul(lugar.strCarpeta) : 0;
     menuBar()
         ->findChild<QMenu *>(QStringLiteral("mnuBaul"))
-        ->setTitle(QStringLiteral("Baúl (%1)").arg(m_lngEnBaul));
-    fActualizarMenus();
+        ->setTitle(QStringLiteral("Baúl (%1)").arg(m_estado.lngEnBaul));
+    fMostrarEstado();
 }
 
 /// The folder of the Baúl; empty, and said, when there is none and none can be made.

@@ -24,25 +24,32 @@ constexpr qint64 lngPausaProgreso = 50; // milliseconds
 
 } // namespace
 
+void frmMain::fAtenderFechas()
+{
+    m_mandos.fAtender("exif", [this] { fMostrarExif(); });
+    m_mandos.fAtender("buscarFecha", [this] { fBuscarFecha(); });
+    m_mandos.fAtender("corregir", [this](int bolSiempre) { fModificarFecha(bolSiempre != 0); });
+}
+
 void frmMain::fMostrarExif()
 {
     frmExif ventana(this);
     ventana.setWindowIcon(windowIcon());
-    ventana.fbolShow(fQ(GetExifText(m_filas.fRuta(m_lngActual))));
+    ventana.fbolShow(fQ(GetExifText(m_estado.filas.fRuta(m_estado.lngActual))));
 }
 
 void frmMain::fBuscarFecha()
 {
     const clsOcupado ocupado(m_ocupacion);
     m_bolEsc = false;
-    ++m_lngGeneracion;
+    ++m_estado.lngGeneracion;
     m_visor->fVaciar();
     fCederEventos();
     QElapsedTimer reloj;
     reloj.start();
     qint64 lngUltima = -lngPausaProgreso;
     clsPreguntas preguntas;
-    preguntas.fRuta = [this](int lngPos) { return m_filas.fRuta(lngPos); };
+    preguntas.fRuta = [this](int lngPos) { return m_estado.filas.fRuta(lngPos); };
     preguntas.fCorrecta = [](const std::string &strRuta) {
         clsFile fichero;
         fichero.fCargar(strRuta);
@@ -51,22 +58,22 @@ void frmMain::fBuscarFecha()
     preguntas.fPaso = [&](int lngPos) {
         if (reloj.elapsed() - lngUltima >= lngPausaProgreso) {
             lngUltima = reloj.elapsed();
-            m_txtInfo1->setText(fQ(fTextoInfo1(lngPos, m_filas.fCantidad())));
+            m_txtInfo1->setText(fQ(fTextoInfo1(lngPos, m_estado.filas.fCantidad())));
             fCederEventos();
         }
         return !m_bolEsc && !m_bolCerrando;
     };
-    const auto lngHallada = fBuscarIncorrecta(m_lngActual, preguntas);
+    const auto lngHallada = fBuscarIncorrecta(m_estado.lngActual, preguntas);
     if (!m_bolCerrando) {
-        fMostrarArchivo(lngHallada.value_or(m_lngActual), false);
+        fMostrarArchivo(lngHallada.value_or(m_estado.lngActual), false);
     }
 }
 
 std::vector<int> frmMain::fMarcadasOActual() const
 {
-    std::vector<int> lstPosiciones = fMarcadas(m_filas);
+    std::vector<int> lstPosiciones = fMarcadas(m_estado.filas);
     if (lstPosiciones.empty()) {
-        lstPosiciones.push_back(m_lngActual);
+        lstPosiciones.push_back(m_estado.lngActual);
     }
     return lstPosiciones;
 }
@@ -77,7 +84,7 @@ bool frmMain::fCargarFicheros(std::vector<clsFile> &lstFicheros)
     QElapsedTimer reloj;
     reloj.start();
     for (const int lngPos : fMarcadasOActual()) {
-        const std::string strRuta = m_filas.fRuta(lngPos);
+        const std::string strRuta = m_estado.filas.fRuta(lngPos);
         lstFicheros.emplace_back().fCargar(strRuta);
         if (!lstFicheros.back().bolDatos()) {
             m_mensajes.fAviso(Icono::Problema, fAvisoFichero(fTextoPantalla(strRuta)));
@@ -116,8 +123,8 @@ void frmMain::fModificarFecha(bool bolSiempre)
         return;
     }
     // Moving on: when the current file has a new name, the row that takes its place is current.
-    const int lngAntes = m_lngActual;
-    const std::string strActual = m_filas.fRuta(m_lngActual);
+    const int lngAntes = m_estado.lngActual;
+    const std::string strActual = m_estado.filas.fRuta(m_estado.lngActual);
     const bool bolQuedarse = cierre == frmFecha::Cierre::Quedarse;
     fLlenarLista(false, bolQuedarse ? lstCorregidos.back().strFilePathNew : strActual, lngAntes);
 }

@@ -4,7 +4,6 @@
 
 #include "app/caja_info.h"
 #include "app/ceder.h"
-#include "app/menus.h"
 #include "catalogue/carga.h"
 #include "catalogue/constructor.h"
 #include "catalogue/cotejo.h"
@@ -21,9 +20,19 @@
 #include "viewer/visor.h"
 
 #include <QHeaderView>
-#include <QMenuBar>
 
 #include <cerrno>
+
+void frmMain::fAtenderLista()
+{
+    m_mandos.fAtender("medios",
+                      [this](int intMedios) { fElegirMedios(static_cast<Medios>(intMedios)); });
+    m_mandos.fAtender("marcar", [this](int intCual) { fMarcar(static_cast<Seleccion>(intCual)); });
+    m_mandos.fAtender("totales", [this] { fTotales(); });
+    m_mandos.fAtender("filtrar", [this] { fFiltrar(); });
+    m_mandos.fAtender("quitarFiltro", [this] { fQuitarFiltro(); });
+    m_mandos.fAtender("actualizar", [this] { fActualizarLista(); });
+}
 
 void frmMain::fLlenarLista(bool bolForzar, const std::string &strRuta, int lngSiFalta)
 {
@@ -31,25 +40,25 @@ void frmMain::fLlenarLista(bool bolForzar, const std::string &strRuta, int lngSi
     std::string strReelegir;
     if (m_bolCargando) {
         strReelegir = m_ajustes.fLeerIni(strSeccionGeneral, "SELEC", "");
-    } else if (!m_filas.fVacia()) {
-        strReelegir = strRuta.empty() ? m_filas.fRuta(m_lngActual) : strRuta;
+    } else if (!m_estado.filas.fVacia()) {
+        strReelegir = strRuta.empty() ? m_estado.filas.fRuta(m_estado.lngActual) : strRuta;
     }
-    ++m_lngGeneracion;
+    ++m_estado.lngGeneracion;
     fInfo2(QStringLiteral("Analizando..."));
     m_visor->fVaciar();
     m_miniaturas->fVaciar();
     m_modelo->fRellenar([](clsFilas &filas) { filas.fVaciar(); });
     m_lista->fAnchosIniciales();
-    m_bolFiltrada = false;
+    m_estado.bolFiltrada = false;
     fCargarCatalogo(bolForzar);
-    m_lngActual = 0;
-    fActualizarMenus();
+    m_estado.lngActual = 0;
+    fMostrarEstado();
     if (m_bolCerrando) {
         return;
     }
-    m_columna = Columna::Fecha;
-    m_bolDescendente = true; // ordering by the same column turns it round
-    if (m_filas.fVacia()) {
+    m_estado.columna = Columna::Fecha;
+    m_estado.bolDescendente = true; // ordering by the same column turns it round
+    if (m_estado.filas.fVacia()) {
         m_txtInfo1->clear();
         m_txtInfo3->hide();
         m_relojVeredicto.stop();
@@ -108,10 +117,10 @@ void frmMain::fLeerCatalogoEnLista()
     int intError = 0;
     std::optional<clsLectura> lectura;
     m_modelo->fRellenar([&](clsFilas &filas) {
-        lectura =
-            fLeerFicheroCatalogo(strCatalogo, fExtensionesVisibles(m_medios), filas, intError);
+        lectura = fLeerFicheroCatalogo(strCatalogo, fExtensionesVisibles(m_estado.medios), filas,
+                                       intError);
     });
-    m_dblTotalKB = lectura ? lectura->lngTotalKB : 0;
+    m_estado.lngTotalKB = lectura ? lectura->lngTotalKB : 0;
     if (!lectura && intError != ENOENT) {
         m_mensajes.fAviso(Icono::Problema, strMostrado + fTextoError(intError));
     } else if (lectura && lectura->fallo) {
@@ -125,30 +134,33 @@ void frmMain::fLeerCatalogoEnLista()
 void frmMain::fOrdenarLista(Columna columna, bool bolReelegir, const std::string &strRuta,
                             int lngSiFalta)
 {
-    if (m_filas.fVacia()) {
+    if (m_estado.filas.fVacia()) {
         return;
     }
     const clsOcupado ocupado(m_ocupacion);
-    m_bolDescendente = columna == m_columna && !m_bolDescendente;
-    m_columna = columna;
-    const std::uint32_t lngFila = m_filas.fOrden()[static_cast<std::size_t>(m_lngActual)];
-    ++m_lngGeneracion;
-    m_modelo->fReordenar(
-        [&](clsFilas &filas) { fOrdenar(filas, m_columna, m_bolDescendente, fRangosEspanol); });
+    m_estado.bolDescendente = columna == m_estado.columna && !m_estado.bolDescendente;
+    m_estado.columna = columna;
+    const std::uint32_t lngFila =
+        m_estado.filas.fOrden()[static_cast<std::size_t>(m_estado.lngActual)];
+    ++m_estado.lngGeneracion;
+    m_modelo->fReordenar([&](clsFilas &filas) {
+        fOrdenar(filas, m_estado.columna, m_estado.bolDescendente, fRangosEspanol);
+    });
     m_lista->horizontalHeader()->setSortIndicatorShown(true);
-    m_lista->horizontalHeader()->setSortIndicator(
-        static_cast<int>(columna) - 1, m_bolDescendente ? Qt::DescendingOrder : Qt::AscendingOrder);
-    const int lngEncontrada = strRuta.empty() ? -1 : m_filas.fBuscarRuta(strRuta);
+    m_lista->horizontalHeader()->setSortIndicator(static_cast<int>(columna) - 1,
+                                                  m_estado.bolDescendente ? Qt::DescendingOrder
+                                                                          : Qt::AscendingOrder);
+    const int lngEncontrada = strRuta.empty() ? -1 : m_estado.filas.fBuscarRuta(strRuta);
     fMostrarArchivo(fElegida(bolReelegir, !strRuta.empty(), lngEncontrada,
-                             m_filas.fPosicion(lngFila), lngSiFalta),
+                             m_estado.filas.fPosicion(lngFila), lngSiFalta),
                     false);
 }
 
 void frmMain::fElegirMedios(Medios medios)
 {
-    m_medios = medios;
+    m_estado.medios = medios;
     const int intIndice = static_cast<int>(medios);
-    fMarcarEntrada(*menuBar(), "mnuOpcionesFotosVideos", intIndice);
+    fMostrarEstado();
     m_ajustes.fGuardarIni(strSeccionGeneral, "FOTOVIDEO", std::to_string(intIndice));
     fLlenarLista(false, {});
 }
@@ -162,7 +174,7 @@ void frmMain::fActualizarLista()
 
 void frmMain::fFiltrar()
 {
-    frmFiltro dialogo(this, m_filas, m_filtro, m_mensajes, [this] {
+    frmFiltro dialogo(this, m_estado.filas, m_filtro, m_mensajes, [this] {
         fCederEventos();
         return !m_bolCerrando;
     });
@@ -171,14 +183,14 @@ void frmMain::fFiltrar()
         return;
     }
     const clsOcupado ocupado(m_ocupacion);
-    ++m_lngGeneracion;
+    ++m_estado.lngGeneracion;
     fInfo2(QStringLiteral("Filtrando..."));
     m_modelo->fRellenar([&](clsFilas &filas) { filas.fConservar(filtrado.lstFilas); });
-    m_dblTotalKB = filtrado.lngTotalKB;
+    m_estado.lngTotalKB = filtrado.lngTotalKB;
     const bool bolMenos = filtrado.resultado == ResultadoFiltro::Menos;
-    m_bolFiltrada = m_bolFiltrada || bolMenos;
-    fActualizarMenus();
-    fMostrarArchivo(bolMenos ? 0 : m_lngActual, false);
+    m_estado.bolFiltrada = m_estado.bolFiltrada || bolMenos;
+    fMostrarEstado();
+    fMostrarArchivo(bolMenos ? 0 : m_estado.lngActual, false);
 }
 
 void frmMain::fQuitarFiltro()
@@ -190,14 +202,16 @@ void frmMain::fQuitarFiltro()
 
 void frmMain::fMarcar(Seleccion seleccion)
 {
-    const clsTramo pagina = fTramoPagina(m_lngActual, m_filas.fCantidad(), fCeldasPagina());
+    const clsTramo pagina =
+        fTramoPagina(m_estado.lngActual, m_estado.filas.fCantidad(), fCeldasPagina());
     m_modelo->fMarcar([=](clsFilas &filas) { fSeleccionar(filas, seleccion, pagina); });
-    fMostrarArchivo(m_lngActual, true);
+    fMostrarArchivo(m_estado.lngActual, true);
 }
 
 void frmMain::fTotales()
 {
-    m_mensajes.fAviso(Icono::Aviso, fTextoTotales(m_filas.fCantidad(), m_dblTotalKB, m_signos),
+    m_mensajes.fAviso(Icono::Aviso,
+                      fTextoTotales(m_estado.filas.fCantidad(), m_estado.lngTotalKB, m_signos),
                       "Totales");
 }
 

@@ -2,20 +2,19 @@
 
 #include "browse/comandos.h"
 
-#include <QMenu>
-
 #include <functional>
 
-class QMenuBar;
+class QMainWindow;
+class QMenu;
+
+/// What runs when the user chooses a command.
+using clsElegido = std::function<void(const clsComando &)>;
 
 /// Builds the menus of the main window, each entry an action with its given name, and the pop-up
 /// menu of the picture.
-/// @param fElegida runs with an entry's name when the user chooses it.
 /// @return the pop-up menu.
-QMenu *fCrearMenus(QMenuBar &barra, const std::function<void(const QString &)> &fElegida);
+QMenu *fCrearMenus(QMainWindow &ventana, const clsElegido &fElegido);
 
-/// Enables the entries whose commands may run in a state of the window, and disables the others.
-void fHabilitarEntradas(QMenuBar &barra, const clsEstado &estado);
-
-/// Puts the only check mark of an array of entries ("mnuOpcionesFotosVideos") on one of them.
-void fMarcarEntrada(QMenuBar &barra, const char *strArreglo, int intIndice);
+/// Enables the entries whose commands could run in a state, disables the others, and puts the check
+/// marks of entries and buttons where they belong.
+void fMostrarEstado(const QMainWindow &ventana, const clsEstado &estado);

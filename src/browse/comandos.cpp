@@ -1,104 +1,158 @@
 #include "browse/comandos.h"
 
+#include "browse/mover.h"
+#include "browse/seleccion.h"
 #include "browse/teclas.h"
 
 #include <algorithm>
 #include <iterator>
-#include <string_view>
 
 namespace {
 
-bool fDesocupada(const clsEstado &estado) { return !estado.bolOcupado; }
-bool fConLista(const clsEstado &estado) { return estado.bolHayLista && !estado.bolOcupado; }
-bool fLibre(const clsEstado &estado) { return !estado.bolOcupado && !estado.bolDibujando; }
-/// What acts on the current file must not do so before the user sees which one that is.
-bool fALaVista(const clsEstado &estado) { return fConLista(estado) && fLibre(estado); }
-bool fFiltrada(const clsEstado &estado) { return estado.bolFiltrada && fLibre(estado); }
-bool fConBaul(const clsEstado &estado) { return estado.bolHayBaul && fDesocupada(estado); }
+bool fSiempre(const clsEstado & /*estado*/) { return true; }
+bool fFiltrada(const clsEstado &estado) { return estado.bolFiltrada; }
+bool fConBaul(const clsEstado &estado) { return estado.lngEnBaul > 0; }
 
-using A = clsAcciones;
-using M = Movimiento;
-using S = Seleccion;
+bool fEnMiniaturas(const clsEstado &estado, int /*intValor*/) { return estado.bolMiniaturas; }
+bool fEsTamMini(const clsEstado &estado, int intTam) { return estado.intTamMini == intTam; }
+bool fSonMedios(const clsEstado &estado, int intMedios)
+{
+    return static_cast<int>(estado.medios) == intMedios;
+}
+
+template <typename Numerado>
+constexpr clsComando::clsObra fObra(const char *strObra, Numerado valor)
+{
+    return {strObra, static_cast<int>(valor)};
+}
+
+using enum Espera;
 constexpr Mayus Con = Mayus::Con;
 constexpr Mayus Sin = Mayus::Sin;
-constexpr Mayus Da = Mayus::Indiferente;
 
+// The texts of the list of shortcuts are kept to the letter, also the two that read "Shit" and the
+// fifteenth, which names F11 for F12.
+// Formatted by hand: the formatter tears the rows apart.
+// clang-format off
 constexpr clsComando lstComandos[] = {
-    {"abrir",        intTeclaEnter, Da,  nullptr,                      0, fALaVista,   [](A &a) { a.fAbrirArchivo(); }         },
-    {"anular",       intTeclaEsc,   Da,  nullptr,                      0, fConLista,   [](A &a) { a.fFijarAvance(false); }     },
-    {"avance",       intTeclaMenor, Da,  nullptr,                      0, fConLista,   [](A &a) { a.fFijarAvance(true); }      },
-    {"buscarFecha",  intTeclaE,     Da,  nullptr,                      0, fALaVista,   [](A &a) { a.fBuscarFecha(); }          },
-    {"corregir",     intTeclaW,     Sin, nullptr,                      0, fALaVista,   [](A &a) { a.fModificarFecha(false); }  },
-    {"corregirMas",  intTeclaW,     Con, nullptr,                      0, fALaVista,   [](A &a) { a.fModificarFecha(true); }   },
-    {"irFecha",      intTeclaD,     Da,  nullptr,                      0, fALaVista,   [](A &a) { a.fPedirFecha(); }           },
-    {"aumentar",     intTeclaMas,   Da,  nullptr,                      0, fConLista,   [](A &a) { a.fAumentar(); }             },
-    {"reducir",      intTeclaMenos, Da,  nullptr,                      0, fConLista,   [](A &a) { a.fReducir(); }              },
-    {"modo",         intTeclaM,     Da,  nullptr,                      1, fConLista,   [](A &a) { a.fCambiarModo(); }          },
-    {"primero",      intTeclaF11,   Con, nullptr,                      3, fConLista,   [](A &a) { a.fMover(M::Primero); }      },
-    {"atras",        intTeclaF11,   Sin, nullptr,                      4, fConLista,   [](A &a) { a.fPaso(Sentido::Atras); }   },
-    {"adelante",     intTeclaF12,   Sin, nullptr,                      5, fConLista,   [](A &a) { a.fPaso(Sentido::Adelante); }},
-    {"ultimo",       intTeclaF12,   Con, nullptr,                      6, fConLista,   [](A &a) { a.fMover(M::Ultimo); }       },
-    {"exif",         intTeclaI,     Da,  nullptr,                      8, fALaVista,   [](A &a) { a.fMostrarExif(); }          },
-    {"agregar",      intTeclaA,     Da,  "mnuBaulAñadir",             0, fALaVista,   [](A &a) { a.fAgregarAlBaul(); }        },
-    {"vaciar",       0,             Da,  "mnuBaulVaciar",              0, fConBaul,    [](A &a) { a.fVaciarBaul(); }           },
-    {"baul",         intTeclaB,     Da,  "mnuBaulAbrir",               0, fDesocupada, [](A &a) { a.fMostrarBaul(); }          },
-    {"carpeta",      intTeclaC,     Da,  "mnuAbrirCarpetaContenedora", 0, fALaVista,
-     [](A &a) { a.fAbrirCarpeta(); }                                                                                           },
-    {"copiar",       0,             Da,  "mnuOpcionesCopiar",          0, fALaVista,   [](A &a) { a.fCopiar(); }               },
-    {"totales",      0,             Da,  "mnuOpcionesTotal",           0, fDesocupada, [](A &a) { a.fTotales(); }              },
-    {"actualizar",   0,             Da,  "mnuOpcionesActualizar",      0, fLibre,      [](A &a) { a.fActualizarLista(); }      },
-    {"filtrar",      intTeclaF,     Sin, "mnuOpcionesFiltrar",         0, fALaVista,   [](A &a) { a.fFiltrar(); }              },
-    {"quitarFiltro", intTeclaF,     Con, "mnuOpcionesQuitarFiltro",    0, fFiltrada,
-     [](A &a) { a.fQuitarFiltro(); }                                                                                           },
-    {"fotos",        0,             Da,  "mnuOpcionesFotosVideos0",    0, fDesocupada,
-     [](A &a) { a.fElegirMedios(Medios::Fotos); }                                                                              },
-    {"videos",       0,             Da,  "mnuOpcionesFotosVideos1",    0, fDesocupada,
-     [](A &a) { a.fElegirMedios(Medios::Videos); }                                                                             },
-    {"fotosVideos",  0,             Da,  "mnuOpcionesFotosVideos2",    0, fDesocupada,
-     [](A &a) { a.fElegirMedios(Medios::Todos); }                                                                              },
-    {"pequeno",      0,             Da,  "mnuOpcionesThump0",          0, fConLista,   [](A &a) { a.fFijarTamMini(0); }        },
-    {"medio",        0,             Da,  "mnuOpcionesThump1",          0, fConLista,   [](A &a) { a.fFijarTamMini(1); }        },
-    {"grande",       0,             Da,  "mnuOpcionesThump2",          0, fConLista,   [](A &a) { a.fFijarTamMini(2); }        },
-    {"todo",         0,             Da,  "mnuSeleccion0",              0, fConLista,   [](A &a) { a.fMarcar(S::Todo); }        },
-    {"pantalla",     0,             Da,  "mnuSeleccion1",              0, fConLista,   [](A &a) { a.fMarcar(S::Pantalla); }    },
-    {"nada",         0,             Da,  "mnuSeleccion2",              0, fConLista,   [](A &a) { a.fMarcar(S::Nada); }        },
-    {"invertir",     0,             Da,  "mnuSeleccion3",              0, fConLista,   [](A &a) { a.fMarcar(S::Invertir); }    },
-    {"ayuda",        0,             Da,  "mnuAyudaAyuda",              0, fDesocupada, [](A &a) { a.fMostrarAyuda(); }         },
-    {"acerca",       0,             Da,  "mnuAyudaAcerca",             0, fDesocupada, [](A &a) { a.fMostrarAcerca(); }        },
-    {"miniaturas",   0,             Da,  "mnuFotoMiniaturas",          0, fConLista,   [](A &a) { a.fMiniaturas(); }           },
-    {"ajustar",      intTeclaJ,     Da,  "mnuFotoAjustar",             0, fConLista,   [](A &a) { a.fFijarZoom(0); }           },
-    {"zoom400",      0,             Da,  "mnuFotoValor0",              0, fConLista,   [](A &a) { a.fFijarZoom(400); }         },
-    {"zoom200",      0,             Da,  "mnuFotoValor1",              0, fConLista,   [](A &a) { a.fFijarZoom(200); }         },
-    {"zoom100",      0,             Da,  "mnuFotoValor2",              0, fConLista,   [](A &a) { a.fFijarZoom(100); }         },
-    {"zoom50",       0,             Da,  "mnuFotoValor3",              0, fConLista,   [](A &a) { a.fFijarZoom(50); }          },
-    {"zoom25",       0,             Da,  "mnuFotoValor4",              0, fConLista,   [](A &a) { a.fFijarZoom(25); }          },
-    {"zoom12",       0,             Da,  "mnuFotoValor5",              0, fConLista,   [](A &a) { a.fFijarZoom(12); }          },
-};
+    // Keys and toolbar
+    {.strNombre = "abrir", .tecla = {intTeclaEnter},
+     .linea = {16, "Enter: Abrir con programa predeterminado."}, .espera = ALaVista},
+    {.strNombre = "anular", .tecla = {intTeclaEsc},
+     .linea = {18, "[ESC]: Anula el modo de avance."}, .obra = fObra("avance", false)},
+    {.strNombre = "avance", .tecla = {intTeclaMenor},
+     .linea = {17, "[>]: Cambia el modo de avance."}, .obra = fObra("avance", true)},
+    {.strNombre = "buscarFecha", .tecla = {intTeclaE},
+     .linea = {22, "[E]: Buscar la primera fecha incorrecta."}, .espera = ALaVista},
+    {.strNombre = "corregir", .tecla = {intTeclaW, Sin},
+     .linea = {20, "[W]: Modificar fecha (si es incorrecta)."}, .obra = fObra("corregir", false),
+     .espera = ALaVista},
+    {.strNombre = "corregirMas", .tecla = {intTeclaW, Con},
+     .linea = {21, "Shift + [W]: Modificar fecha (siempre)."}, .obra = fObra("corregir", true),
+     .espera = ALaVista},
+    {.strNombre = "irFecha", .tecla = {intTeclaD},
+     .linea = {19, "[D]: Ir a una fecha en concreto."}, .espera = ALaVista},
+    {.strNombre = "aumentar", .tecla = {intTeclaMas},
+     .linea = {8, "[+]: Aumenta zoom ó tamaño thumbnail."}},
+    {.strNombre = "reducir", .tecla = {intTeclaMenos},
+     .linea = {9, "[-]: Reduce zoom ó tamaño thumbnail."}},
+    {.strNombre = "modo", .tecla = {intTeclaM}, .linea = {7, "[M]: Modo (Thumbnail/Vista normal)."},
+     .boton = {1, "ThumbNail", "miniaturas"}, .fMarca = fEnMiniaturas},
+    {.strNombre = "primero", .tecla = {intTeclaF11, Con},
+     .linea = {13, "Shit + [F11]: Ir al inicio."}, .boton = {3, "Primera", "primera"},
+     .obra = fObra("mover", Movimiento::Primero), .espera = Paso},
+    {.strNombre = "atras", .tecla = {intTeclaF11, Sin}, .linea = {12, "[F11]: Retroceder."},
+     .boton = {4, "Anterior", "anterior"}, .obra = fObra("paso", Sentido::Atras), .espera = Paso},
+    {.strNombre = "adelante", .tecla = {intTeclaF12, Sin}, .linea = {14, "[F12]: Avanzar."},
+     .boton = {5, "Siguiente", "siguiente"}, .obra = fObra("paso", Sentido::Adelante),
+     .espera = Paso},
+    {.strNombre = "ultimo", .tecla = {intTeclaF12, Con},
+     .linea = {15, "Shit + [F11]: Ir al final."}, .boton = {6, "Ultima", "ultima"},
+     .obra = fObra("mover", Movimiento::Ultimo), .espera = Paso},
+    {.strNombre = "exif", .tecla = {intTeclaI}, .boton = {8, "Información EXIF", "exif"},
+     .espera = ALaVista},
 
-// Kept to the letter, also the two that read "Shit" and the fifteenth, which names F11 for F12.
-constexpr const char *lstTextos[] = {
-    "[A]: Añadir al Baúl.",
-    "[B]: Mostrar Baúl.",
-    "[C]: Abrir carpeta contenedora.",
-    "[F]: Poner Filtro.",
-    "Shift + [F]: Quitar Filtro.",
-    "[J]: Ajustar a pantalla.",
-    "[M]: Modo (Thumbnail/Vista normal).",
-    "[+]: Aumenta zoom ó tamaño thumbnail.",
-    "[-]: Reduce zoom ó tamaño thumbnail.",
-    "[F1]: Ayuda.",
-    "[F5]: Actualizar lista de archivos.",
-    "[F11]: Retroceder.",
-    "Shit + [F11]: Ir al inicio.",
-    "[F12]: Avanzar.",
-    "Shit + [F11]: Ir al final.",
-    "Enter: Abrir con programa predeterminado.",
-    "[>]: Cambia el modo de avance.",
-    "[ESC]: Anula el modo de avance.",
-    "[D]: Ir a una fecha en concreto.",
-    "[W]: Modificar fecha (si es incorrecta).",
-    "Shift + [W]: Modificar fecha (siempre).",
-    "[E]: Buscar la primera fecha incorrecta.",
+    // Baúl
+    {.strNombre = "agregar", .tecla = {intTeclaA}, .linea = {1, "[A]: Añadir al Baúl."},
+     .entrada = {Menu::Baul, "mnuBaulAñadir", "Añadir"}, .espera = ALaVista},
+    {.strNombre = "vaciar", .entrada = {Menu::Baul, "mnuBaulVaciar", "Vacíar"},
+     .fPermitido = fConBaul},
+    {.strNombre = "baul", .tecla = {intTeclaB}, .linea = {2, "[B]: Mostrar Baúl."},
+     .entrada = {Menu::Baul, "mnuBaulAbrir", "Mostrar"}, .fPermitido = fSiempre},
+
+    // Opciones
+    {.strNombre = "carpeta", .tecla = {intTeclaC}, .linea = {3, "[C]: Abrir carpeta contenedora."},
+     .entrada = {Menu::Opciones, "mnuAbrirCarpetaContenedora", "Abrir carpeta contenedora"},
+     .espera = ALaVista},
+    {.strNombre = "copiar", .entrada = {Menu::Opciones, "mnuOpcionesCopiar", "Copiar a ..."},
+     .espera = ALaVista},
+    {.strNombre = "totales", .entrada = {Menu::Opciones, "mnuOpcionesTotal", "Mostrar Total"},
+     .fPermitido = fSiempre},
+    {.strNombre = "actualizar", .linea = {11, "[F5]: Actualizar lista de archivos."},
+     .entrada = {Menu::Opciones, "mnuOpcionesActualizar", "Actualizar lista de archivos", "F5"},
+     .espera = ALaVista, .fPermitido = fSiempre},
+    {.strNombre = "filtrar", .tecla = {intTeclaF, Sin}, .linea = {4, "[F]: Poner Filtro."},
+     .entrada = {Menu::Opciones, "mnuOpcionesFiltrar", "Filtrar", "", true}, .espera = ALaVista},
+    {.strNombre = "quitarFiltro", .tecla = {intTeclaF, Con},
+     .linea = {5, "Shift + [F]: Quitar Filtro."},
+     .entrada = {Menu::Opciones, "mnuOpcionesQuitarFiltro", "Quitar Filtro"}, .espera = ALaVista,
+     .fPermitido = fFiltrada},
+    {.strNombre = "fotos",
+     .entrada = {Menu::Opciones, "mnuOpcionesFotosVideos0", "Mostrar solo Fotos", "", true},
+     .obra = fObra("medios", Medios::Fotos), .fPermitido = fSiempre, .fMarca = fSonMedios},
+    {.strNombre = "videos",
+     .entrada = {Menu::Opciones, "mnuOpcionesFotosVideos1", "Mostrar solo Vídeos"},
+     .obra = fObra("medios", Medios::Videos), .fPermitido = fSiempre, .fMarca = fSonMedios},
+    {.strNombre = "fotosVideos",
+     .entrada = {Menu::Opciones, "mnuOpcionesFotosVideos2", "Mostrar Fotos y Vídeos"},
+     .obra = fObra("medios", Medios::Todos), .fPermitido = fSiempre, .fMarca = fSonMedios},
+    {.strNombre = "pequeno",
+     .entrada = {Menu::Opciones, "mnuOpcionesThump0", "Thumbnail Pequeño", "", true},
+     .obra = fObra("tamMini", 0), .fMarca = fEsTamMini},
+    {.strNombre = "medio", .entrada = {Menu::Opciones, "mnuOpcionesThump1", "Thumbnail Medio"},
+     .obra = fObra("tamMini", 1), .fMarca = fEsTamMini},
+    {.strNombre = "grande", .entrada = {Menu::Opciones, "mnuOpcionesThump2", "Thumbnail Grande"},
+     .obra = fObra("tamMini", 2), .fMarca = fEsTamMini},
+    {.strNombre = "todo",
+     .entrada = {Menu::Opciones, "mnuSeleccion0", "Seleccionar Todo", "", true},
+     .obra = fObra("marcar", Seleccion::Todo)},
+    {.strNombre = "pantalla", .entrada = {Menu::Opciones, "mnuSeleccion1", "Seleccionar Pantalla"},
+     .obra = fObra("marcar", Seleccion::Pantalla)},
+    {.strNombre = "nada", .entrada = {Menu::Opciones, "mnuSeleccion2", "Deseleccionar Todo"},
+     .obra = fObra("marcar", Seleccion::Nada)},
+    {.strNombre = "invertir", .entrada = {Menu::Opciones, "mnuSeleccion3", "Invertir Seleccion"},
+     .obra = fObra("marcar", Seleccion::Invertir)},
+
+    // Ayuda
+    {.strNombre = "ayuda", .linea = {10, "[F1]: Ayuda."},
+     .entrada = {Menu::Ayuda, "mnuAyudaAyuda", "Ayuda", "F1"}, .fPermitido = fSiempre},
+    {.strNombre = "acerca", .entrada = {Menu::Ayuda, "mnuAyudaAcerca", "Acerca de ..."},
+     .fPermitido = fSiempre},
+
+    // The pop-up of the picture
+    {.strNombre = "miniaturas", .entrada = {Menu::Foto, "mnuFotoMiniaturas", "Miniaturas"}},
+    {.strNombre = "ajustar", .tecla = {intTeclaJ}, .linea = {6, "[J]: Ajustar a pantalla."},
+     .entrada = {Menu::Foto, "mnuFotoAjustar", "Ajustar"}, .obra = fObra("zoom", 0)},
+    {.strNombre = "zoom400", .entrada = {Menu::Foto, "mnuFotoValor0", "400%", "", true},
+     .obra = fObra("zoom", 400)},
+    {.strNombre = "zoom200", .entrada = {Menu::Foto, "mnuFotoValor1", "200%"},
+     .obra = fObra("zoom", 200)},
+    {.strNombre = "zoom100", .entrada = {Menu::Foto, "mnuFotoValor2", "100%"},
+     .obra = fObra("zoom", 100)},
+    {.strNombre = "zoom50", .entrada = {Menu::Foto, "mnuFotoValor3", "50%"},
+     .obra = fObra("zoom", 50)},
+    {.strNombre = "zoom25", .entrada = {Menu::Foto, "mnuFotoValor4", "25%"},
+     .obra = fObra("zoom", 25)},
+    {.strNombre = "zoom12", .entrada = {Menu::Foto, "mnuFotoValor5", "12%"},
+     .obra = fObra("zoom", 12)},
+};
+// clang-format on
+
+constexpr clsMenu lstMenus[] = {
+    {Menu::Baul,     "mnuBaul",     "Baúl (0)"},
+    {Menu::Opciones, "mnuOpciones", "Opciones" },
+    {Menu::Ayuda,    "mnuAyuda",    "Ayuda"    },
+    {Menu::Foto,     "mnuFoto",     ""         },
 };
 
 bool fCoincide(Mayus mayus, int intEstadoMayus)
@@ -106,17 +160,11 @@ bool fCoincide(Mayus mayus, int intEstadoMayus)
     return mayus == Mayus::Indiferente || (mayus == Mayus::Con) == (intEstadoMayus == intMayus);
 }
 
-template <typename Cumple> const clsComando *fBuscar(Cumple fCumple)
-{
-    const auto it = std::find_if(std::begin(lstComandos), std::end(lstComandos), fCumple);
-    return it == std::end(lstComandos) ? nullptr : it;
-}
-
 } // namespace
 
 std::span<const clsComando> fComandos() { return lstComandos; }
 
-std::span<const char *const> fTextosTeclas() { return lstTextos; }
+std::span<const clsMenu> fMenus() { return lstMenus; }
 
 const clsComando *fComandoDeTecla(int intTecla, int intEstadoMayus)
 {
@@ -124,38 +172,17 @@ const clsComando *fComandoDeTecla(int intTecla, int intEstadoMayus)
     if (intTecla == 0 || (intEstadoMayus & intSuper) != 0) {
         return nullptr;
     }
-    return fBuscar([=](const clsComando &comando) {
-        return comando.intTecla == intTecla && fCoincide(comando.mayus, intEstadoMayus);
-    });
+    const auto it = std::find_if(std::begin(lstComandos), std::end(lstComandos),
+                                 [=](const clsComando &comando) {
+                                     return comando.tecla.intNumero == intTecla &&
+                                            fCoincide(comando.tecla.mayus, intEstadoMayus);
+                                 });
+    return it == std::end(lstComandos) ? nullptr : it;
 }
 
-const clsComando *fComandoDeBoton(int intBoton)
+bool fPuede(const clsComando &comando, const clsEstado &estado)
 {
-    return fBuscar(
-        [=](const clsComando &comando) { return intBoton != 0 && comando.intBoton == intBoton; });
-}
-
-const clsComando *fComandoDeMenu(const char *strMenu)
-{
-    return fBuscar([=](const clsComando &comando) {
-        return comando.strMenu != nullptr && std::string_view(comando.strMenu) == strMenu;
-    });
-}
-
-void fEjecutar(const clsComando &comando, const clsEstado &estado, clsAcciones &acciones)
-{
-    if (comando.fPermitido(estado)) {
-        comando.fEjecutar(acciones);
-    }
-}
-
-bool fTeclaPulsada(int intTecla, int intEstadoMayus, const clsEstado &estado, clsAcciones &acciones)
-{
-    if (!estado.bolHayLista) {
-        return false;
-    }
-    if (const clsComando *const comando = fComandoDeTecla(intTecla, intEstadoMayus)) {
-        fEjecutar(*comando, estado, acciones);
-    }
-    return fTragada(intTecla) || intTecla == intTeclaEsc || intTecla == intTeclaMenor;
+    const bool bolPaso = estado.bolPaso && comando.espera != Nada;
+    const bool bolDibujo = estado.intDibujos > 0 && comando.espera == ALaVista;
+    return !estado.bolOcupado && !bolPaso && !bolDibujo && comando.fPermitido(estado);
 }

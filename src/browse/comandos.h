@@ -1,91 +1,89 @@
 #pragma once
 
-#include "browse/avance.h"
-#include "browse/mover.h"
-#include "browse/seleccion.h"
-#include "shared/medios.h"
+#include "browse/estado.h"
 
 #include <span>
-
-/// Everything a command can ask the main window to do. The window fills it; tests record it.
-class clsAcciones {
-public:
-    virtual ~clsAcciones() = default;
-    // Moving
-    virtual void fMover(Movimiento movimiento) = 0;
-    virtual void fPaso(Sentido sentido) = 0;
-    virtual void fFijarAvance(bool bolSiguiente) = 0;
-    virtual void fPedirFecha() = 0;
-    // The panel
-    virtual void fCambiarModo() = 0;
-    virtual void fMiniaturas() = 0;
-    virtual void fFijarZoom(int intZoom) = 0;
-    virtual void fAumentar() = 0;
-    virtual void fReducir() = 0;
-    virtual void fFijarTamMini(int intTam) = 0;
-    // The list
-    virtual void fElegirMedios(Medios medios) = 0;
-    virtual void fMarcar(Seleccion seleccion) = 0;
-    virtual void fTotales() = 0;
-    virtual void fFiltrar() = 0;
-    virtual void fQuitarFiltro() = 0;
-    virtual void fActualizarLista() = 0;
-    // Files
-    virtual void fAbrirArchivo() = 0;
-    virtual void fAbrirCarpeta() = 0;
-    virtual void fCopiar() = 0;
-    virtual void fAgregarAlBaul() = 0;
-    virtual void fVaciarBaul() = 0;
-    virtual void fMostrarBaul() = 0;
-    virtual void fMostrarExif() = 0;
-    // Dates
-    virtual void fBuscarFecha() = 0;
-    virtual void fModificarFecha(bool bolSiempre) = 0;
-    // Help
-    virtual void fMostrarAyuda() = 0;
-    virtual void fMostrarAcerca() = 0;
-};
-
-/// What decides whether a command may run.
-struct clsEstado {
-    bool bolHayLista = false;  ///< the list has rows
-    bool bolOcupado = false;   ///< the window is busy
-    bool bolDibujando = false; ///< a picture is being waited for: what is current is not yet shown
-    bool bolFiltrada = false;  ///< the list shows what passed a filter
-    bool bolHayBaul = false;   ///< there are files in the Baúl
-};
+#include <string_view>
 
 /// Shift state a key asks for. "With" means Shift alone: Ctrl+Shift or Alt+Shift does not count.
 enum class Mayus { Con, Sin, Indiferente };
 
-/// One command of the main window. Keys, menus and the toolbar read this table.
+/// The menus; their names and titles stand in fMenus. Ninguno: the command has no entry.
+enum class Menu { Ninguno, Baul, Opciones, Ayuda, Foto };
+
+/// What a command waits for. While the window is busy none runs.
+enum class Espera {
+    Nada,
+    Paso,    ///< no other command that moves is under way
+    ALaVista ///< and what is current can be seen, so that the user knows which file it acts on
+};
+
+/// One command of the main window. Keys, menus, toolbar, pop-up and the list of shortcuts are made
+/// from this table; whoever does the work says so to clsMandos. Texts are UTF-8.
 struct clsComando {
-    const char *strNombre;                 ///< unique
-    int intTecla;                          ///< key number, 0: none (see teclas.h)
-    Mayus mayus;                           ///< Shift state of the key
-    const char *strMenu;                   ///< objectName of its menu entry, nullptr: none
-    int intBoton;                          ///< index of its toolbar button, 0: none
-    bool (*fPermitido)(const clsEstado &); ///< may it run now?
-    void (*fEjecutar)(clsAcciones &);      ///< one call; the work lives behind it
+    struct clsTecla {
+        int intNumero = 0; ///< see teclas.h; 0: no key
+        Mayus mayus = Mayus::Indiferente;
+    };
+    /// Its line in the list of shortcuts.
+    struct clsLinea {
+        int intLugar = 0; ///< from 1; 0: it is not listed
+        const char *strTexto = "";
+    };
+    /// Its menu entry. Entries stand in the order of the table.
+    struct clsEntrada {
+        Menu menu = Menu::Ninguno;
+        const char *strNombre = ""; ///< objectName of the QAction
+        const char *strTexto = "";
+        const char *strAtajo = ""; ///< the shortcut it shows and answers to
+        bool bolRaya = false;      ///< a separator stands above it
+    };
+    /// Its toolbar button. A number that no command has is a separator.
+    struct clsBoton {
+        int intIndice = 0;         ///< from 1, rising in the table; 0: none
+        const char *strTexto = ""; ///< tooltip and accessible name
+        const char *strIcono = "";
+    };
+    /// What is done. Commands that differ by a number have one handler, which gets that number.
+    struct clsObra {
+        std::string_view strNombre = {}; ///< empty: the command's own name
+        int intValor = 0;
+    };
+
+    std::string_view strNombre; ///< unique
+    clsTecla tecla = {};
+    clsLinea linea = {};
+    clsEntrada entrada = {};
+    clsBoton boton = {};
+    clsObra obra = {};
+    Espera espera = Espera::Nada;
+    /// Whether there is anything it could act on; its entry is enabled then.
+    bool (*fPermitido)(const clsEstado &) = [](const clsEstado &estado) {
+        return !estado.filas.fVacia();
+    };
+    /// Whether it carries the check mark; nullptr: never. Entries with the same function exclude
+    /// each other.
+    bool (*fMarca)(const clsEstado &, int intValor) = nullptr;
+
+    [[nodiscard]] std::string_view fObra() const
+    {
+        return obra.strNombre.empty() ? strNombre : obra.strNombre;
+    }
 };
 
 [[nodiscard]] std::span<const clsComando> fComandos();
 
+/// A menu; those with a title stand in the menu bar, in this order.
+struct clsMenu {
+    Menu menu;
+    const char *strNombre;
+    const char *strTexto;
+};
+[[nodiscard]] std::span<const clsMenu> fMenus();
+
 /// The command of a key; nullptr when it has none.
-/// @param intMayus Shift state bits, see teclas.h.
+/// @param intEstadoMayus Shift state bits, see teclas.h.
 [[nodiscard]] const clsComando *fComandoDeTecla(int intTecla, int intEstadoMayus);
 
-/// The command of a toolbar button or a menu entry; nullptr when it has none.
-[[nodiscard]] const clsComando *fComandoDeBoton(int intBoton);
-[[nodiscard]] const clsComando *fComandoDeMenu(const char *strMenu);
-
-/// Runs a command if it may run now.
-void fEjecutar(const clsComando &comando, const clsEstado &estado, clsAcciones &acciones);
-
-/// Handles a key press of the main window.
-/// @return whether the key must not reach the focused control.
-[[nodiscard]] bool fTeclaPulsada(int intTecla, int intEstadoMayus, const clsEstado &estado,
-                                 clsAcciones &acciones);
-
-/// The texts of the "Teclas" button, in order.
-[[nodiscard]] std::span<const char *const> fTextosTeclas();
+/// Whether a command may run now.
+[[nodiscard]] bool fPuede(const clsComando &comando, const clsEstado &estado);

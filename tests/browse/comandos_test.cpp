@@ -1,86 +1,53 @@
 #include "browse/comandos.h"
 
+#include "browse/mandos.h"
 #include "browse/teclas.h"
 
-#include <array>
+#include <algorithm>
 #include <gtest/gtest.h>
+#include <map>
 #include <set>
 #include <string>
 
 namespace {
 
-/// Writes down what it was asked to do, in the words of the table.
-class clsGrabadora : public clsAcciones {
-public:
-    void fMover(Movimiento movimiento) override
-    {
-        strHecho = movimiento == Movimiento::Primero ? "primero" : "ultimo";
-    }
-    void fPaso(Sentido sentido) override
-    {
-        strHecho = sentido == Sentido::Atras ? "atras" : "adelante";
-    }
-    void fFijarAvance(bool bolSiguiente) override { strHecho = bolSiguiente ? "avance" : "anular"; }
-    void fPedirFecha() override { strHecho = "irFecha"; }
-    void fCambiarModo() override { strHecho = "modo"; }
-    void fMiniaturas() override { strHecho = "miniaturas"; }
-    void fFijarZoom(int intZoom) override
-    {
-        strHecho = intZoom == 0 ? "ajustar" : "zoom" + std::to_string(intZoom);
-    }
-    void fAumentar() override { strHecho = "aumentar"; }
-    void fReducir() override { strHecho = "reducir"; }
-    void fFijarTamMini(int intTam) override
-    {
-        strHecho = std::array{"pequeno", "medio", "grande"}.at(static_cast<std::size_t>(intTam));
-    }
-    void fElegirMedios(Medios medios) override
-    {
-        strHecho =
-            std::array{"fotos", "videos", "fotosVideos"}.at(static_cast<std::size_t>(medios));
-    }
-    void fMarcar(Seleccion seleccion) override
-    {
-        strHecho = std::array{"todo", "pantalla", "nada", "invertir"}.at(
-            static_cast<std::size_t>(seleccion));
-    }
-    void fTotales() override { strHecho = "totales"; }
-    void fFiltrar() override { strHecho = "filtrar"; }
-    void fQuitarFiltro() override { strHecho = "quitarFiltro"; }
-    void fActualizarLista() override { strHecho = "actualizar"; }
-    void fAbrirArchivo() override { strHecho = "abrir"; }
-    void fAbrirCarpeta() override { strHecho = "carpeta"; }
-    void fCopiar() override { strHecho = "copiar"; }
-    void fAgregarAlBaul() override { strHecho = "agregar"; }
-    void fVaciarBaul() override { strHecho = "vaciar"; }
-    void fMostrarBaul() override { strHecho = "baul"; }
-    void fMostrarExif() override { strHecho = "exif"; }
-    void fBuscarFecha() override { strHecho = "buscarFecha"; }
-    void fModificarFecha(bool bolSiempre) override
-    {
-        strHecho = bolSiempre ? "corregirMas" : "corregir";
-    }
-    void fMostrarAyuda() override { strHecho = "ayuda"; }
-    void fMostrarAcerca() override { strHecho = "acerca"; }
-
-    std::string strHecho;
-};
-
-/// The window with everything in it, at rest.
-constexpr clsEstado estadoLleno{true, false, false, true, true};
-
-TEST(Comandos, HaveNamesMenusAndButtonsOfTheirOwn)
+/// A window at rest.
+/// @param bolLlena with a list that is filtered, and files in the Baúl.
+clsEstado fEstado(bool bolLlena)
 {
-    std::set<std::string> lstNombres;
-    std::set<std::string> lstMenus;
-    std::set<int> lstBotones;
+    clsEstado estado;
+    if (bolLlena) {
+        estado.filas.fAgregarFila("/r/a.jpg", "2010/01/01 00:00:00", 1);
+    }
+    estado.bolFiltrada = bolLlena;
+    estado.lngEnBaul = bolLlena ? 1 : 0;
+    return estado;
+}
+
+const clsComando &fComando(std::string_view strNombre)
+{
+    return *std::find_if(
+        fComandos().begin(), fComandos().end(),
+        [strNombre](const clsComando &comando) { return comando.strNombre == strNombre; });
+}
+
+TEST(Comandos, HaveNamesEntriesButtonsAndWorkOfTheirOwn)
+{
+    std::set<std::string_view> lstNombres;
+    std::set<std::string> lstEntradas;
+    std::set<std::pair<std::string_view, int>> lstObras;
+    int intBoton = 0;
     for (const clsComando &comando : fComandos()) {
         SCOPED_TRACE(comando.strNombre);
         EXPECT_TRUE(lstNombres.insert(comando.strNombre).second);
-        EXPECT_TRUE(comando.strMenu == nullptr || lstMenus.insert(comando.strMenu).second);
-        EXPECT_TRUE(comando.intBoton == 0 || lstBotones.insert(comando.intBoton).second);
-        EXPECT_NE(comando.fPermitido, nullptr);
-        EXPECT_NE(comando.fEjecutar, nullptr);
+        EXPECT_TRUE(lstObras.emplace(comando.fObra(), comando.obra.intValor).second);
+        const bool bolEntrada = comando.entrada.menu != Menu::Ninguno;
+        EXPECT_TRUE(!bolEntrada || lstEntradas.insert(comando.entrada.strNombre).second);
+        EXPECT_TRUE(bolEntrada || comando.tecla.intNumero != 0) << "nothing starts it";
+        if (comando.boton.intIndice != 0) {
+            EXPECT_GT(comando.boton.intIndice, intBoton);
+            intBoton = comando.boton.intIndice;
+        }
     }
 }
 
@@ -88,41 +55,133 @@ TEST(Comandos, NeverClaimTheSameKeyAndShift)
 {
     for (const clsComando &uno : fComandos()) {
         for (const clsComando &otro : fComandos()) {
-            if (&uno != &otro && uno.intTecla != 0 && uno.intTecla == otro.intTecla) {
-                SCOPED_TRACE(std::string(uno.strNombre) + " and " + otro.strNombre);
-                EXPECT_NE(uno.mayus, otro.mayus);
-                EXPECT_NE(uno.mayus, Mayus::Indiferente);
+            const bool bolMisma = uno.tecla.intNumero == otro.tecla.intNumero;
+            if (&uno != &otro && uno.tecla.intNumero != 0 && bolMisma) {
+                SCOPED_TRACE(std::string(uno.strNombre) + " and " + std::string(otro.strNombre));
+                EXPECT_NE(uno.tecla.mayus, otro.tecla.mayus);
+                EXPECT_NE(uno.tecla.mayus, Mayus::Indiferente);
             }
+            const std::string strAtajo = uno.entrada.strAtajo;
+            EXPECT_TRUE(&uno == &otro || strAtajo.empty() || strAtajo != otro.entrada.strAtajo);
         }
     }
 }
 
-TEST(Comandos, DoWhatTheirNameSays)
+TEST(Comandos, ListTheirShortcutsToTheLetter)
 {
+    const char *const lstTextos[] = {
+        "[A]: Añadir al Baúl.",
+        "[B]: Mostrar Baúl.",
+        "[C]: Abrir carpeta contenedora.",
+        "[F]: Poner Filtro.",
+        "Shift + [F]: Quitar Filtro.",
+        "[J]: Ajustar a pantalla.",
+        "[M]: Modo (Thumbnail/Vista normal).",
+        "[+]: Aumenta zoom ó tamaño thumbnail.",
+        "[-]: Reduce zoom ó tamaño thumbnail.",
+        "[F1]: Ayuda.",
+        "[F5]: Actualizar lista de archivos.",
+        "[F11]: Retroceder.",
+        "Shit + [F11]: Ir al inicio.",
+        "[F12]: Avanzar.",
+        "Shit + [F11]: Ir al final.",
+        "Enter: Abrir con programa predeterminado.",
+        "[>]: Cambia el modo de avance.",
+        "[ESC]: Anula el modo de avance.",
+        "[D]: Ir a una fecha en concreto.",
+        "[W]: Modificar fecha (si es incorrecta).",
+        "Shift + [W]: Modificar fecha (siempre).",
+        "[E]: Buscar la primera fecha incorrecta.",
+    };
+    std::map<int, std::string> mapLineas;
     for (const clsComando &comando : fComandos()) {
-        clsGrabadora grabadora;
-        fEjecutar(comando, estadoLleno, grabadora);
-        EXPECT_EQ(grabadora.strHecho, comando.strNombre);
-        grabadora.strHecho.clear();
-        fEjecutar(comando, {true, true, false, true, true}, grabadora);
-        EXPECT_EQ(grabadora.strHecho, "") << comando.strNombre << " while busy";
+        if (comando.linea.intLugar != 0) {
+            EXPECT_TRUE(mapLineas.emplace(comando.linea.intLugar, comando.linea.strTexto).second);
+            EXPECT_TRUE(comando.tecla.intNumero != 0 || *comando.entrada.strAtajo != '\0')
+                << comando.strNombre << " is listed but has no key";
+        }
+    }
+    ASSERT_EQ(mapLineas.size(), std::size(lstTextos));
+    for (int intLugar = 1; const char *const strTexto : lstTextos) {
+        EXPECT_EQ(mapLineas[intLugar++], strTexto);
     }
 }
 
-TEST(Comandos, WaitForThePictureWhenTheyActOnTheCurrentFile)
+TEST(Comandos, WaitForWhatTheyActOn)
 {
-    const std::set<std::string> lstALaVista = {
+    const std::set<std::string_view> lstALaVista = {
         "abrir",   "exif",   "buscarFecha", "corregir", "corregirMas", "actualizar",
         "irFecha", "copiar", "agregar",     "carpeta",  "filtrar",     "quitarFiltro"};
+    const std::set<std::string_view> lstPasos = {"primero", "atras", "adelante", "ultimo"};
     for (const clsComando &comando : fComandos()) {
-        clsGrabadora grabadora;
-        fEjecutar(comando, {true, false, true, true, true}, grabadora);
-        EXPECT_EQ(grabadora.strHecho.empty(), lstALaVista.count(comando.strNombre) > 0)
-            << comando.strNombre;
+        SCOPED_TRACE(comando.strNombre);
+        clsEstado estado = fEstado(true);
+        EXPECT_TRUE(fPuede(comando, estado)) << "at rest";
+        const bool bolALaVista = lstALaVista.contains(comando.strNombre);
+        estado.intDibujos = 1;
+        EXPECT_EQ(fPuede(comando, estado), !bolALaVista) << "while a picture is being drawn";
+        estado.intDibujos = 0;
+        estado.bolPaso = true;
+        EXPECT_EQ(fPuede(comando, estado), !bolALaVista && !lstPasos.contains(comando.strNombre))
+            << "while another one moves";
+        estado.bolPaso = false;
+        estado.bolOcupado = true;
+        EXPECT_FALSE(fPuede(comando, estado)) << "while the window is busy";
     }
 }
 
-TEST(Comandos, AnswerToTheirKeys)
+TEST(Comandos, OnAnEmptyListAreFew)
+{
+    const std::set<std::string_view> lstVivos = {"actualizar", "fotos", "videos", "fotosVideos",
+                                                 "totales",    "ayuda", "acerca", "baul"};
+    for (const clsComando &comando : fComandos()) {
+        EXPECT_EQ(comando.fPermitido(fEstado(false)), lstVivos.contains(comando.strNombre))
+            << comando.strNombre;
+    }
+    clsEstado estado = fEstado(false);
+    estado.lngEnBaul = 1;
+    EXPECT_TRUE(fComando("vaciar").fPermitido(estado));
+    estado = fEstado(true);
+    estado.bolFiltrada = false;
+    EXPECT_FALSE(fComando("quitarFiltro").fPermitido(estado));
+}
+
+TEST(Comandos, CarryTheMarkOfTheState)
+{
+    clsEstado estado;
+    estado.medios = Medios::Videos;
+    estado.intTamMini = 0;
+    const auto fMarcados = [&estado] {
+        std::set<std::string_view> lstNombres;
+        for (const clsComando &comando : fComandos()) {
+            if (comando.fMarca != nullptr && comando.fMarca(estado, comando.obra.intValor)) {
+                lstNombres.insert(comando.strNombre);
+            }
+        }
+        return lstNombres;
+    };
+    EXPECT_EQ(fMarcados(), (std::set<std::string_view>{"videos", "pequeno"}));
+    estado.bolMiniaturas = true;
+    estado.medios = Medios::Todos;
+    EXPECT_EQ(fMarcados(), (std::set<std::string_view>{"fotosVideos", "pequeno", "modo"}));
+}
+
+/// Whoever attends to all commands; writes down what was asked of it.
+class clsGrabadora {
+public:
+    explicit clsGrabadora(const clsEstado &estado) : mandos(estado)
+    {
+        for (const clsComando &comando : fComandos()) {
+            mandos.fAtender(comando.fObra(), [this, strObra = comando.fObra()](int intValor) {
+                strHecho = std::string(strObra) + " " + std::to_string(intValor);
+            });
+        }
+    }
+    clsMandos mandos;
+    std::string strHecho;
+};
+
+TEST(Mandos, AnswerToKeys)
 {
     struct clsCaso {
         const char *strFrase;
@@ -132,74 +191,63 @@ TEST(Comandos, AnswerToTheirKeys)
         bool bolTragada;
     };
     const clsCaso lstCasos[] = {
-        {"F11", intTeclaF11, 0, "atras", false},
-        {"Shift+F11", intTeclaF11, intMayus, "primero", false},
-        {"Ctrl+Shift is not Shift", intTeclaF11, intMayus | intCtrl, "atras", false},
-        {"Alt is not Shift", intTeclaF12, intAlt, "adelante", true},
-        {"Shift+F12", intTeclaF12, intMayus, "ultimo", true},
-        {"Enter with any Shift", intTeclaEnter, intMayus, "abrir", false},
-        {"J", intTeclaJ, 0, "ajustar", true},
-        {"M", intTeclaM, intMayus, "modo", true},
-        {"+ of the pad", intTeclaMas, 0, "aumentar", false},
-        {"- of the pad", intTeclaMenos, intCtrl, "reducir", false},
-        {"W", intTeclaW, 0, "corregir", true},
-        {"Shift+W", intTeclaW, intMayus, "corregirMas", true},
-        {"Ctrl+Shift+W is not Shift+W", intTeclaW, intMayus | intCtrl, "corregir", true},
-        {"E with Shift", intTeclaE, intMayus, "buscarFecha", true},
-        {"I", intTeclaI, 0, "exif", true},
+        {"F11", intTeclaF11, 0, "paso -1", false},
+        {"Shift+F11", intTeclaF11, intMayus, "mover 1", false},
+        {"Ctrl+Shift is not Shift", intTeclaF11, intMayus | intCtrl, "paso -1", false},
+        {"Alt is not Shift", intTeclaF12, intAlt, "paso 1", true},
+        {"Shift+F12", intTeclaF12, intMayus, "mover 4", false},
+        {"Enter with any Shift", intTeclaEnter, intMayus, "abrir 0", false},
+        {"J", intTeclaJ, 0, "zoom 0", true},
+        {"M", intTeclaM, intMayus, "modo 0", true},
+        {"+ of the pad", intTeclaMas, 0, "aumentar 0", false},
+        {"- of the pad", intTeclaMenos, intCtrl, "reducir 0", false},
+        {"W", intTeclaW, 0, "corregir 0", true},
+        {"Shift+W", intTeclaW, intMayus, "corregir 1", true},
+        {"Ctrl+Shift+W is not Shift+W", intTeclaW, intMayus | intCtrl, "corregir 0", true},
+        {"E with Shift", intTeclaE, intMayus, "buscarFecha 0", true},
+        {"I", intTeclaI, 0, "exif 0", true},
         {"the system's own combinations", intTeclaJ, intSuper, "", true},
         {"a letter without a command", 90, 0, "", true},
         {"Page Up, by its number", 33, 0, "", true},
         {"Page Down reaches the list", 34, 0, "", false},
         {"Space reaches the list", 32, 0, "", false},
-        {"Esc never reaches it", intTeclaEsc, 0, "anular", true},
-        {"the key left of Z neither", intTeclaMenor, intMayus, "avance", true},
-        {"A", intTeclaA, 0, "agregar", true},
-        {"B", intTeclaB, intMayus, "baul", true},
-        {"C", intTeclaC, 0, "carpeta", true},
-        {"D", intTeclaD, 0, "irFecha", true},
-        {"F", intTeclaF, 0, "filtrar", true},
-        {"Shift+F", intTeclaF, intMayus, "quitarFiltro", true},
+        {"Esc never reaches it", intTeclaEsc, 0, "avance 0", true},
+        {"the key left of Z neither", intTeclaMenor, intMayus, "avance 1", true},
+        {"A", intTeclaA, 0, "agregar 0", true},
+        {"B", intTeclaB, intMayus, "baul 0", true},
+        {"C", intTeclaC, 0, "carpeta 0", true},
+        {"D", intTeclaD, 0, "irFecha 0", true},
+        {"F", intTeclaF, 0, "filtrar 0", true},
+        {"Shift+F", intTeclaF, intMayus, "quitarFiltro 0", true},
         {"a key without a number", 0, 0, "", false},
     };
+    const clsEstado lleno = fEstado(true);
+    const clsEstado vacio = fEstado(false);
     for (const clsCaso &caso : lstCasos) {
         SCOPED_TRACE(caso.strFrase);
-        clsGrabadora grabadora;
-        EXPECT_EQ(fTeclaPulsada(caso.intTecla, caso.intMayus, estadoLleno, grabadora),
-                  caso.bolTragada);
+        clsGrabadora grabadora(lleno);
+        EXPECT_EQ(grabadora.mandos.fTecla(caso.intTecla, caso.intMayus), caso.bolTragada);
         EXPECT_EQ(grabadora.strHecho, caso.strHecho);
-        grabadora.strHecho.clear();
-        EXPECT_FALSE(fTeclaPulsada(caso.intTecla, caso.intMayus, {false, false}, grabadora));
-        EXPECT_EQ(grabadora.strHecho, "") << "with an empty list no key does anything";
+        clsGrabadora sin(vacio);
+        EXPECT_FALSE(sin.mandos.fTecla(caso.intTecla, caso.intMayus));
+        EXPECT_EQ(sin.strHecho, "") << "with an empty list no key does anything";
     }
 }
 
-TEST(Comandos, AnswerToTheirButtonsAndMenus)
+TEST(Mandos, RunOnlyWhatMayRunAndIsAttendedTo)
 {
-    EXPECT_STREQ(fComandoDeBoton(3)->strNombre, "primero");
-    EXPECT_STREQ(fComandoDeBoton(4)->strNombre, "atras");
-    EXPECT_STREQ(fComandoDeBoton(5)->strNombre, "adelante");
-    EXPECT_STREQ(fComandoDeBoton(6)->strNombre, "ultimo");
-    EXPECT_EQ(fComandoDeBoton(0), nullptr);
-    EXPECT_EQ(fComandoDeBoton(99), nullptr);
-    EXPECT_STREQ(fComandoDeMenu("mnuOpcionesActualizar")->strNombre, "actualizar");
-    EXPECT_EQ(fComandoDeMenu("mnuNada"), nullptr);
-    ASSERT_EQ(fTextosTeclas().size(), 22U);
-    EXPECT_STREQ(fTextosTeclas()[14], "Shit + [F11]: Ir al final."); // to the letter
-}
-
-TEST(Comandos, OnAnEmptyListAreFew)
-{
-    const std::set<std::string> lstVivos = {"actualizar",  "fotos",   "videos",
-                                            "fotosVideos", "totales", "ayuda",
-                                            "acerca",      "baul",    "vaciar"};
-    for (const clsComando &comando : fComandos()) {
-        EXPECT_EQ(comando.fPermitido({false, false, false, false, true}),
-                  lstVivos.count(comando.strNombre) > 0)
-            << comando.strNombre;
-    }
-    EXPECT_FALSE(fComandoDeMenu("mnuBaulVaciar")->fPermitido({true}));
-    EXPECT_FALSE(fComandoDeMenu("mnuOpcionesQuitarFiltro")->fPermitido({true}));
+    clsEstado estado = fEstado(true);
+    clsGrabadora grabadora(estado);
+    EXPECT_TRUE(grabadora.mandos.fSinAtender().empty());
+    grabadora.mandos.fEjecutar(fComando("zoom25"));
+    EXPECT_EQ(grabadora.strHecho, "zoom 25");
+    estado.bolOcupado = true;
+    grabadora.mandos.fEjecutar(fComando("zoom50"));
+    EXPECT_EQ(grabadora.strHecho, "zoom 25");
+    estado.bolOcupado = false;
+    clsMandos nadie(estado);
+    nadie.fEjecutar(fComando("zoom50")); // does nothing
+    EXPECT_EQ(nadie.fSinAtender().size(), fComandos().size());
 }
 
 } // namespace
