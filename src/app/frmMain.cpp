@@ -160,9 +160,8 @@ void frmMain::fConectar()
     connect(m_lista, &lstFotos::fDobleClic, this, &frmMain::fAbrirArchivo);
     // The second of two quick clicks is a click, too.
     for (const auto clic : {&QHeaderView::sectionClicked, &QHeaderView::sectionDoubleClicked}) {
-        connect(m_lista->horizontalHeader(), clic, this, [this](int intSeccion) {
-            fOrdenarLista(static_cast<Columna>(intSeccion + 1), true, {});
-        });
+        connect(m_lista->horizontalHeader(), clic, this,
+                [this](int intSeccion) { fCabeceraPulsada(static_cast<Columna>(intSeccion + 1)); });
     }
     connect(m_modelo, &clsModeloFotos::fMarcaCambiada, this,
             [this] { fMostrarArchivo(m_estado.lngActual, true); });
@@ -184,8 +183,7 @@ void frmMain::fIniciar()
     showMaximized();
     QTimer::singleShot(0, this, [this] {
         fContarElBaul();
-        fLlenarLista(false, {});
-        m_bolCargando = false;
+        fLlenarLista(false, m_ajustes.fLeerIni(strSeccionGeneral, "SELEC", ""));
     });
 }
 
@@ -247,6 +245,7 @@ void frmMain::fDisponerPanel()
                          sitio.lista.lngAlto / intTwipsPixel);
     m_visor->fDisponer(sitio, !m_estado.bolMiniaturas);
     m_miniaturas->fDisponer(sitio.fondo, m_estado.intTamMini);
+    m_estado.intCeldas = m_miniaturas->fCeldas();
     m_divisor->setGeometry(sitio.divisor.lngIzq / intTwipsPixel, intArriba, cmdAncho::intPixeles,
                            sitio.divisor.lngAlto / intTwipsPixel);
     m_divisor->raise();
@@ -307,7 +306,7 @@ void frmMain::fMostrarArchivo(int lngPos, bool bolOcupar)
         fMostrarArchivo(lngPos, false);
         return;
     }
-    m_estado.lngActual = std::clamp(lngPos, 0, fUltimoPos());
+    fHacerActual(m_estado, lngPos);
     m_bolGuardarSelec = true;
     m_visor->fVaciar();
     fRedibujar();
@@ -349,10 +348,8 @@ void frmMain::fTerminarMostrar()
         return;
     }
     std::vector<std::string> lstVecinas;
-    for (const int lngPos : {m_estado.lngActual + 1, m_estado.lngActual - 1}) {
-        if (lngPos >= 0 && lngPos <= fUltimoPos()) {
-            lstVecinas.push_back(m_estado.filas.fRuta(lngPos));
-        }
+    for (const int lngPos : fVecinas(m_estado)) {
+        lstVecinas.push_back(m_estado.filas.fRuta(lngPos));
     }
     m_visor->fAdelantar(lstVecinas);
 }

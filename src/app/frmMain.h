@@ -75,8 +75,9 @@ private:
     void fCargarCatalogo(bool bolForzar);
     void fConstruirCatalogo();
     void fLeerCatalogoEnLista();
-    void fOrdenarLista(Columna columna, bool bolReelegir, const std::string &strRuta,
-                       int lngSiFalta = 0);
+    void fRecargar(bool bolForzar);
+    void fOrdenarLista();
+    void fCabeceraPulsada(Columna columna);
     void fIncidencias();
 
     // Making a file current
@@ -100,8 +101,7 @@ private:
     void fAtenderFechas();
     void fElegido(const clsComando &comando);
     void fMostrarEstado();
-    void fMover(Movimiento movimiento);
-    void fPaso(Sentido sentido);
+    template <typename Paso> void fIr(Paso paso);
     void fFijarAvance(Avance avance);
     void fPedirFecha();
     void fAumentar();
@@ -130,13 +130,10 @@ private:
     [[nodiscard]] std::string fExigirBaul();
 
     // Dates
-    [[nodiscard]] std::vector<int> fMarcadasOActual() const;
     [[nodiscard]] bool fCargarFicheros(std::vector<clsFile> &lstFicheros);
     [[nodiscard]] bool fCorregirFicheros(std::vector<clsCorregido> &lstFicheros, clsFecha fecha);
     void fAvisarOcupada();
 
-    [[nodiscard]] int fUltimoPos() const { return m_estado.filas.fCantidad() - 1; }
-    [[nodiscard]] int fCeldasPagina() const;
     void fInfo2(const QString &strTexto);
 
     const clsArchivo m_archivo;
@@ -149,7 +146,6 @@ private:
     clsMandos m_mandos{m_estado};
     clsValoresFiltro m_filtro; ///< what the filter dialog showed last
     bool m_bolIncidenciasAvisadas = false;
-    bool m_bolCargando = true;      ///< until the first fill ends
     bool m_bolGuardarSelec = false; ///< the current file is still to be stored
     bool m_bolDobleClic = false;    ///< a row was double-clicked while it was being shown
     bool m_bolCerrando = false;

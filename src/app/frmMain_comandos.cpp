@@ -28,8 +28,8 @@ void frmMain::fMostrarEstado() { ::fMostrarEstado(*this, m_estado); }
 
 void frmMain::fAtenderPasos()
 {
-    m_mandos.fAtender("mover", [this](int intCual) { fMover(static_cast<Movimiento>(intCual)); });
-    m_mandos.fAtender("paso", [this](int intSentido) { fPaso(static_cast<Sentido>(intSentido)); });
+    m_mandos.fAtender("mover", [this](int intCual) { fIr(static_cast<Movimiento>(intCual)); });
+    m_mandos.fAtender("paso", [this](int intSentido) { fIr(static_cast<Sentido>(intSentido)); });
     m_mandos.fAtender("avance", [this](int bolSiguiente) {
         fFijarAvance(bolSiguiente != 0 ? fSiguienteAvance(m_estado.avance) : Avance::Normal);
     });
@@ -44,23 +44,10 @@ void frmMain::fIrA(std::optional<int> lngDestino)
     }
 }
 
-/// Files that the panel shows at a time.
-int frmMain::fCeldasPagina() const { return m_estado.bolMiniaturas ? m_miniaturas->fCeldas() : 1; }
-
-void frmMain::fMover(Movimiento movimiento)
+template <typename Paso> void frmMain::fIr(Paso paso)
 {
-    const QScopedValueRollback paso(m_estado.bolPaso, true);
-    fIrA(fDestino(movimiento, m_estado.lngActual, fUltimoPos(), fCeldasPagina()));
-}
-
-void frmMain::fPaso(Sentido sentido)
-{
-    if (m_estado.avance == Avance::Normal) {
-        fMover(sentido == Sentido::Atras ? Movimiento::Anterior : Movimiento::Siguiente);
-    } else {
-        const QScopedValueRollback paso(m_estado.bolPaso, true);
-        fIrA(fAvanzar(m_estado.filas, m_estado.lngActual, m_estado.avance, sentido));
-    }
+    const QScopedValueRollback<bool> enPaso(m_estado.bolPaso, true);
+    fIrA(fDestino(m_estado, paso));
 }
 
 void frmMain::fFijarAvance(Avance avance)
@@ -76,7 +63,7 @@ void frmMain::fFijarAvance(Avance avance)
 
 void frmMain::fPedirFecha()
 {
-    const QScopedValueRollback paso(m_estado.bolPaso, true);
+    const QScopedValueRollback<bool> enPaso(m_estado.bolPaso, true);
     std::optional<std::chrono::year_month_day> dia;
     while (!dia) {
         const auto strRespuesta = m_mensajes.fPedir(strPreguntaFecha);

@@ -69,21 +69,12 @@ void frmMain::fBuscarFecha()
     }
 }
 
-std::vector<int> frmMain::fMarcadasOActual() const
-{
-    std::vector<int> lstPosiciones = fMarcadas(m_estado.filas);
-    if (lstPosiciones.empty()) {
-        lstPosiciones.push_back(m_estado.lngActual);
-    }
-    return lstPosiciones;
-}
-
 bool frmMain::fCargarFicheros(std::vector<clsFile> &lstFicheros)
 {
     const clsOcupado ocupado(m_ocupacion);
     QElapsedTimer reloj;
     reloj.start();
-    for (const int lngPos : fMarcadasOActual()) {
+    for (const int lngPos : fMarcadasOActual(m_estado)) {
         const std::string strRuta = m_estado.filas.fRuta(lngPos);
         lstFicheros.emplace_back().fCargar(strRuta);
         if (!lstFicheros.back().bolDatos()) {

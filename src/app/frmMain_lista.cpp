@@ -34,39 +34,36 @@ void frmMain::fAtenderLista()
     m_mandos.fAtender("actualizar", [this] { fActualizarLista(); });
 }
 
+/// Fills the list anew; the file that is current stays so, if it is still listed.
+void frmMain::fRecargar(bool bolForzar)
+{
+    fLlenarLista(bolForzar,
+                 m_estado.filas.fVacia() ? "" : m_estado.filas.fRuta(m_estado.lngActual));
+}
+
 void frmMain::fLlenarLista(bool bolForzar, const std::string &strRuta, int lngSiFalta)
 {
     const clsOcupado ocupado(m_ocupacion);
-    std::string strReelegir;
-    if (m_bolCargando) {
-        strReelegir = m_ajustes.fLeerIni(strSeccionGeneral, "SELEC", "");
-    } else if (!m_estado.filas.fVacia()) {
-        strReelegir = strRuta.empty() ? m_estado.filas.fRuta(m_estado.lngActual) : strRuta;
-    }
-    ++m_estado.lngGeneracion;
     fInfo2(QStringLiteral("Analizando..."));
     m_visor->fVaciar();
     m_miniaturas->fVaciar();
-    m_modelo->fRellenar([](clsFilas &filas) { filas.fVaciar(); });
+    m_modelo->fRellenar([this](clsFilas & /*filas*/) { fEmpezarLista(m_estado); });
     m_lista->fAnchosIniciales();
-    m_estado.bolFiltrada = false;
     fCargarCatalogo(bolForzar);
-    m_estado.lngActual = 0;
     fMostrarEstado();
     if (m_bolCerrando) {
         return;
     }
-    m_estado.columna = Columna::Fecha;
-    m_estado.bolDescendente = true; // ordering by the same column turns it round
     if (m_estado.filas.fVacia()) {
         m_txtInfo1->clear();
         m_txtInfo3->hide();
         m_relojVeredicto.stop();
         fInfo2({});
         m_mensajes.fAviso(Icono::Problema, "No se ha encontrado ningún archivo.");
-    } else {
-        fOrdenarLista(Columna::Fecha, !strReelegir.empty(), strReelegir, lngSiFalta);
+        return;
     }
+    fOrdenarLista();
+    fMostrarArchivo(fActualTrasLlenar(m_estado, strRuta, lngSiFalta), false);
 }
 
 void frmMain::fCargarCatalogo(bool bolForzar)
@@ -131,29 +128,20 @@ void frmMain::fLeerCatalogoEnLista()
     }
 }
 
-void frmMain::fOrdenarLista(Columna columna, bool bolReelegir, const std::string &strRuta,
-                            int lngSiFalta)
+void frmMain::fOrdenarLista()
 {
-    if (m_estado.filas.fVacia()) {
-        return;
+    m_modelo->fReordenar([this](clsFilas & /*filas*/) { fOrdenarFilas(m_estado, fRangosEspanol); });
+    m_lista->fSenalarOrden(static_cast<int>(m_estado.columna) - 1, m_estado.bolDescendente);
+}
+
+void frmMain::fCabeceraPulsada(Columna columna)
+{
+    if (!m_estado.filas.fVacia()) {
+        const clsOcupado ocupado(m_ocupacion);
+        fElegirColumna(m_estado, columna);
+        fOrdenarLista();
+        fMostrarArchivo(m_estado.lngActual, false);
     }
-    const clsOcupado ocupado(m_ocupacion);
-    m_estado.bolDescendente = columna == m_estado.columna && !m_estado.bolDescendente;
-    m_estado.columna = columna;
-    const std::uint32_t lngFila =
-        m_estado.filas.fOrden()[static_cast<std::size_t>(m_estado.lngActual)];
-    ++m_estado.lngGeneracion;
-    m_modelo->fReordenar([&](clsFilas &filas) {
-        fOrdenar(filas, m_estado.columna, m_estado.bolDescendente, fRangosEspanol);
-    });
-    m_lista->horizontalHeader()->setSortIndicatorShown(true);
-    m_lista->horizontalHeader()->setSortIndicator(static_cast<int>(columna) - 1,
-                                                  m_estado.bolDescendente ? Qt::DescendingOrder
-                                                                          : Qt::AscendingOrder);
-    const int lngEncontrada = strRuta.empty() ? -1 : m_estado.filas.fBuscarRuta(strRuta);
-    fMostrarArchivo(fElegida(bolReelegir, !strRuta.empty(), lngEncontrada,
-                             m_estado.filas.fPosicion(lngFila), lngSiFalta),
-                    false);
 }
 
 void frmMain::fElegirMedios(Medios medios)
@@ -162,13 +150,13 @@ void frmMain::fElegirMedios(Medios medios)
     const int intIndice = static_cast<int>(medios);
     fMostrarEstado();
     m_ajustes.fGuardarIni(strSeccionGeneral, "FOTOVIDEO", std::to_string(intIndice));
-    fLlenarLista(false, {});
+    fRecargar(false);
 }
 
 void frmMain::fActualizarLista()
 {
     if (m_mensajes.fSiNo("¿Actualizar lista de archivos?")) {
-        fLlenarLista(true, {});
+        fRecargar(true);
     }
 }
 
@@ -183,28 +171,25 @@ void frmMain::fFiltrar()
         return;
     }
     const clsOcupado ocupado(m_ocupacion);
-    ++m_estado.lngGeneracion;
     fInfo2(QStringLiteral("Filtrando..."));
-    m_modelo->fRellenar([&](clsFilas &filas) { filas.fConservar(filtrado.lstFilas); });
-    m_estado.lngTotalKB = filtrado.lngTotalKB;
-    const bool bolMenos = filtrado.resultado == ResultadoFiltro::Menos;
-    m_estado.bolFiltrada = m_estado.bolFiltrada || bolMenos;
+    m_modelo->fRellenar([&](clsFilas & /*filas*/) {
+        fTomarFiltradas(m_estado, filtrado.lstFilas, filtrado.lngTotalKB);
+    });
     fMostrarEstado();
-    fMostrarArchivo(bolMenos ? 0 : m_estado.lngActual, false);
+    fMostrarArchivo(m_estado.lngActual, false);
 }
 
 void frmMain::fQuitarFiltro()
 {
     if (m_mensajes.fAceptarCancelar("¿Quitar Filtro?")) {
-        fLlenarLista(false, {});
+        fRecargar(false);
     }
 }
 
 void frmMain::fMarcar(Seleccion seleccion)
 {
-    const clsTramo pagina =
-        fTramoPagina(m_estado.lngActual, m_estado.filas.fCantidad(), fCeldasPagina());
-    m_modelo->fMarcar([=](clsFilas &filas) { fSeleccionar(filas, seleccion, pagina); });
+    m_modelo->fMarcar(
+        [&](clsFilas &filas) { fSeleccionar(filas, seleccion, fALaVista(m_estado)); });
     fMostrarArchivo(m_estado.lngActual, true);
 }
 

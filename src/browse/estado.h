@@ -1,11 +1,15 @@
 #pragma once
 
 #include "browse/avance.h"
+#include "browse/mover.h"
 #include "catalogue/filas.h"
 #include "catalogue/orden.h"
 #include "shared/medios.h"
 
 #include <cstdint>
+#include <optional>
+#include <string_view>
+#include <vector>
 
 /// Where we are: the rows of the list, which of them is current and how it is shown.
 struct clsEstado {
@@ -19,6 +23,7 @@ struct clsEstado {
     Avance avance = Avance::Normal;
     bool bolMiniaturas = false;      ///< the panel shows a page of thumbnails
     int intTamMini = 2;              ///< index of their size
+    int intCeldas = 1;               ///< how many fit on a page
     int lngEnBaul = 0;               ///< files in the Baúl
     std::uint64_t lngGeneracion = 0; ///< raised by every layout, draw and list change
 
@@ -26,3 +31,38 @@ struct clsEstado {
     bool bolPaso = false;    ///< a command that moves is under way
     int intDibujos = 0;      ///< draws that are under way: what is current is not shown yet
 };
+
+// What an operation does to the state. Each that changes the list raises the generation.
+
+/// The list is going to be filled anew: no rows, no filter, by date ascending.
+void fEmpezarLista(clsEstado &estado);
+
+/// What becomes current when the list has been filled and ordered.
+/// @param strRuta    full path of the file that was current; empty: none was.
+/// @param lngSiFalta position to take when it is not in the list, which may lie beyond its end.
+[[nodiscard]] int fActualTrasLlenar(const clsEstado &estado, std::string_view strRuta,
+                                    int lngSiFalta = 0);
+
+/// Makes a position current; one outside the list, which must not be empty, gives its nearer end.
+void fHacerActual(clsEstado &estado, int lngPos);
+
+/// The user asks for an order: by another column ascending, by the same one the other way round.
+void fElegirColumna(clsEstado &estado, Columna columna);
+/// Orders the rows so. The current file stays current.
+void fOrdenarFilas(clsEstado &estado, const clsRangos &fRangos);
+
+/// Takes what passed a filter. When that is fewer rows, the list counts as filtered and its first
+/// file becomes current; else these are the same files, and the position stays.
+void fTomarFiltradas(clsEstado &estado, const std::vector<clsConservada> &lstFilas,
+                     std::int64_t lngTotalKB);
+
+/// Where a movement or a step by the advance mode leads to; nothing when it changes nothing.
+[[nodiscard]] std::optional<int> fDestino(const clsEstado &estado, Movimiento movimiento);
+[[nodiscard]] std::optional<int> fDestino(const clsEstado &estado, Sentido sentido);
+
+/// The positions the viewing panel shows.
+[[nodiscard]] clsTramo fALaVista(const clsEstado &estado);
+/// The positions that are likely to be current next.
+[[nodiscard]] std::vector<int> fVecinas(const clsEstado &estado);
+/// The rows a command acts on: those with a tick, else the current one.
+[[nodiscard]] std::vector<int> fMarcadasOActual(const clsEstado &estado);

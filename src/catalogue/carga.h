@@ -15,19 +15,3 @@ struct clsDecision {
     const bool bolHaceFalta = bolForzar || !bolExiste;
     return {!bolForzar && !bolExiste, bolHaceFalta && bolEscritura, bolHaceFalta && !bolEscritura};
 }
-
-/// The row that becomes current after the list was sorted.
-/// @param bolReelegir   whether a row was current before.
-/// @param lngEncontrada position of the path that was asked for, -1 when it is not in the list.
-/// @param bolRuta       whether a path was asked for.
-/// @param lngActual     position of the current row in the new order.
-/// @param lngSiFalta    position to take when that path is not in the list.
-[[nodiscard]] constexpr int fElegida(bool bolReelegir, bool bolRuta, int lngEncontrada,
-                                     int lngActual, int lngSiFalta = 0)
-{
-    if (!bolReelegir) {
-        return 0;
-    }
-    const int lngElegida = bolRuta ? lngEncontrada : lngActual;
-    return lngElegida < 0 ? lngSiFalta : lngElegida;
-}

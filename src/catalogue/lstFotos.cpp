@@ -90,6 +90,13 @@ lstFotos::lstFotos(QWidget *padre) : QTableView(padre)
     horizontalHeader()->setHighlightSections(false);
 }
 
+void lstFotos::fSenalarOrden(int intSeccion, bool bolDescendente)
+{
+    horizontalHeader()->setSortIndicatorShown(true);
+    horizontalHeader()->setSortIndicator(intSeccion,
+                                         bolDescendente ? Qt::DescendingOrder : Qt::AscendingOrder);
+}
+
 void lstFotos::fAnchosIniciales()
 {
     const int intMargen =

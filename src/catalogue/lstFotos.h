@@ -11,6 +11,8 @@ public:
 
     /// Column widths as they are at every fill.
     void fAnchosIniciales();
+    /// Shows in the header of a section (from 0) that the rows are ordered by it.
+    void fSenalarOrden(int intSeccion, bool bolDescendente);
     /// Selects a row (from 0) and scrolls it into view, without telling anybody.
     void fElegir(int lngPos);
     /// Up and down only: who has scrolled to a column keeps seeing it.

@@ -29,12 +29,4 @@ TEST(Carga, DecidesWhetherACatalogueIsBuilt)
     }
 }
 
-TEST(Carga, KeepsTheCurrentFileOrTakesTheFirst)
-{
-    EXPECT_EQ(fElegida(false, true, 5, 7), 0); // nothing was current
-    EXPECT_EQ(fElegida(true, true, 5, 7), 5);
-    EXPECT_EQ(fElegida(true, true, -1, 7), 0); // the path is gone
-    EXPECT_EQ(fElegida(true, false, 5, 7), 7);
-}
-
 } // namespace

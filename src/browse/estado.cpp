@@ -1,0 +1,104 @@
+#include "browse/estado.h"
+
+#include "browse/seleccion.h"
+
+#include <algorithm>
+
+namespace {
+
+int fUltima(const clsEstado &estado) { return estado.filas.fCantidad() - 1; }
+
+/// Files that the panel shows at a time.
+int fCeldas(const clsEstado &estado) { return estado.bolMiniaturas ? estado.intCeldas : 1; }
+
+} // namespace
+
+void fEmpezarLista(clsEstado &estado)
+{
+    ++estado.lngGeneracion;
+    estado.filas.fVaciar();
+    estado.lngActual = 0;
+    estado.columna = Columna::Fecha;
+    estado.bolDescendente = false;
+    estado.bolFiltrada = false;
+    estado.lngTotalKB = 0;
+}
+
+int fActualTrasLlenar(const clsEstado &estado, std::string_view strRuta, int lngSiFalta)
+{
+    const int lngPos = strRuta.empty() ? 0 : estado.filas.fBuscarRuta(strRuta);
+    return lngPos < 0 ? lngSiFalta : lngPos;
+}
+
+void fHacerActual(clsEstado &estado, int lngPos)
+{
+    estado.lngActual = std::clamp(lngPos, 0, fUltima(estado));
+}
+
+void fElegirColumna(clsEstado &estado, Columna columna)
+{
+    estado.bolDescendente = columna == estado.columna && !estado.bolDescendente;
+    estado.columna = columna;
+}
+
+void fOrdenarFilas(clsEstado &estado, const clsRangos &fRangos)
+{
+    if (estado.filas.fVacia()) {
+        return;
+    }
+    ++estado.lngGeneracion;
+    const std::uint32_t lngFila = estado.filas.fOrden()[static_cast<std::size_t>(estado.lngActual)];
+    fOrdenar(estado.filas, estado.columna, estado.bolDescendente, fRangos);
+    estado.lngActual = estado.filas.fPosicion(lngFila);
+}
+
+void fTomarFiltradas(clsEstado &estado, const std::vector<clsConservada> &lstFilas,
+                     std::int64_t lngTotalKB)
+{
+    ++estado.lngGeneracion;
+    if (static_cast<int>(lstFilas.size()) < estado.filas.fCantidad()) {
+        estado.bolFiltrada = true;
+        estado.lngActual = 0;
+    }
+    estado.filas.fConservar(lstFilas);
+    estado.lngTotalKB = lngTotalKB;
+}
+
+std::optional<int> fDestino(const clsEstado &estado, Movimiento movimiento)
+{
+    return fDestino(movimiento, estado.lngActual, fUltima(estado), fCeldas(estado));
+}
+
+std::optional<int> fDestino(const clsEstado &estado, Sentido sentido)
+{
+    if (estado.avance == Avance::Normal) {
+        return fDestino(estado,
+                        sentido == Sentido::Atras ? Movimiento::Anterior : Movimiento::Siguiente);
+    }
+    return fAvanzar(estado.filas, estado.lngActual, estado.avance, sentido);
+}
+
+clsTramo fALaVista(const clsEstado &estado)
+{
+    return fTramoPagina(estado.lngActual, estado.filas.fCantidad(), fCeldas(estado));
+}
+
+std::vector<int> fVecinas(const clsEstado &estado)
+{
+    std::vector<int> lstPosiciones;
+    for (const int lngPos : {estado.lngActual + 1, estado.lngActual - 1}) {
+        if (lngPos >= 0 && lngPos <= fUltima(estado)) {
+            lstPosiciones.push_back(lngPos);
+        }
+    }
+    return lstPosiciones;
+}
+
+std::vector<int> fMarcadasOActual(const clsEstado &estado)
+{
+    std::vector<int> lstPosiciones = fMarcadas(estado.filas);
+    if (lstPosiciones.empty()) {
+        lstPosiciones.push_back(estado.lngActual);
+    }
+    return lstPosiciones;
+}
