@@ -2,8 +2,10 @@
 
 #include "app/menus.h"
 
+class QObject;
 class QToolBar;
 class QToolButton;
+class QWidget;
 
 /// Builds the toolbar: `toolBar`, its buttons `toolBar1` to `toolBar10` by their index. The last
 /// one lists the shortcuts.

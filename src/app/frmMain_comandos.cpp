@@ -9,11 +9,8 @@
 #include "shared/errores.h"
 #include "shared/qtexto.h"
 #include "sistema/entorno.h"
-#include "viewer/encaje.h"
-#include "viewer/miniaturas.h"
 #include "viewer/visor.h"
 
-#include <QMenuBar>
 #include <QScopedValueRollback>
 
 void frmMain::fElegido(const clsComando &comando)
@@ -31,7 +28,8 @@ void frmMain::fAtenderPasos()
     m_mandos.fAtender("mover", [this](int intCual) { fIr(static_cast<Movimiento>(intCual)); });
     m_mandos.fAtender("paso", [this](int intSentido) { fIr(static_cast<Sentido>(intSentido)); });
     m_mandos.fAtender("avance", [this](int bolSiguiente) {
-        fFijarAvance(bolSiguiente != 0 ? fSiguienteAvance(m_estado.avance) : Avance::Normal);
+        m_estado.avance = bolSiguiente != 0 ? fSiguienteAvance(m_estado.avance) : Avance::Normal;
+        fMostrarEstado();
     });
     m_mandos.fAtender("irFecha", [this] { fPedirFecha(); });
 }
@@ -40,7 +38,7 @@ void frmMain::fAtenderPasos()
 void frmMain::fIrA(std::optional<int> lngDestino)
 {
     if (lngDestino) {
-        fMostrarArchivo(*lngDestino, false);
+        fMostrarArchivo(*lngDestino);
     }
 }
 
@@ -50,24 +48,13 @@ template <typename Paso> void frmMain::fIr(Paso paso)
     fIrA(fDestino(m_estado, paso));
 }
 
-void frmMain::fFijarAvance(Avance avance)
-{
-    m_estado.avance = avance;
-    auto *const mnuAVance = menuBar()->findChild<QAction *>(QStringLiteral("mnuAVance"));
-    const std::string strTexto = fTextoAvance(m_estado.avance);
-    if (!strTexto.empty()) {
-        mnuAVance->setText(fQ(strTexto));
-    }
-    mnuAVance->setVisible(!strTexto.empty());
-}
-
 void frmMain::fPedirFecha()
 {
     const QScopedValueRollback<bool> enPaso(m_estado.bolPaso, true);
     std::optional<std::chrono::year_month_day> dia;
     while (!dia) {
         const auto strRespuesta = m_mensajes.fPedir(strPreguntaFecha);
-        if (!strRespuesta || strRespuesta->empty() || m_bolCerrando) {
+        if (!strRespuesta || strRespuesta->empty() || m_estado.bolCerrando) {
             return;
         }
         dia = fLeerRespuestaFecha(*strRespuesta);
@@ -83,26 +70,7 @@ void frmMain::fAtenderPanel()
     m_mandos.fAtender("miniaturas", [this] { fFijarModo(true); });
     m_mandos.fAtender("zoom", [this](int intZoom) { m_visor->fFijarZoom(intZoom); });
     m_mandos.fAtender("tamMini", [this](int intTam) { fFijarTamMini(intTam); });
-    m_mandos.fAtender("aumentar", [this] { fAumentar(); });
-    m_mandos.fAtender("reducir", [this] { fReducir(); });
-}
-
-void frmMain::fAumentar()
-{
-    if (!m_estado.bolMiniaturas) {
-        m_visor->fFijarZoom(fZoomMayor(m_visor->fZoom()));
-    } else if (m_estado.intTamMini < 2) {
-        fFijarTamMini(m_estado.intTamMini + 1);
-    }
-}
-
-void frmMain::fReducir()
-{
-    if (!m_estado.bolMiniaturas) {
-        m_visor->fFijarZoom(fZoomMenor(m_visor->fZoom()));
-    } else if (m_estado.intTamMini > 0) {
-        fFijarTamMini(m_estado.intTamMini - 1);
-    }
+    m_mandos.fAtender("aumentar", [this](int intPasos) { fAumentar(intPasos); });
 }
 
 // --- Other programs ---

@@ -54,6 +54,20 @@ void fLlenar(QMenu &menu, Menu cual, const clsElegido &fElegido)
     }
 }
 
+void fMostrarEstado(const QMainWindow &ventana, const clsComando &comando, const clsEstado &estado)
+{
+    const bool bolMarca =
+        comando.fMarca != nullptr && comando.fMarca(estado, comando.obra.intValor);
+    if (comando.entrada.menu != Menu::Ninguno) {
+        auto *const accion = ventana.findChild<QAction *>(fQ(comando.entrada.strNombre));
+        accion->setEnabled(comando.fPermitido(estado));
+        accion->setChecked(bolMarca);
+    }
+    if (comando.boton.intIndice != 0) {
+        fBoton(ventana, comando.boton.intIndice)->setChecked(bolMarca);
+    }
+}
+
 } // namespace
 
 QMenu *fCrearMenus(QMainWindow &ventana, const clsElegido &fElegido)
@@ -72,22 +86,19 @@ QMenu *fCrearMenus(QMainWindow &ventana, const clsElegido &fElegido)
     // Shows the advance mode; it has no entries of its own.
     QAction *const avance = barra->addAction(QStringLiteral("[avance]"));
     avance->setObjectName(QStringLiteral("mnuAVance"));
-    avance->setVisible(false);
     return mnuFoto;
 }
 
 void fMostrarEstado(const QMainWindow &ventana, const clsEstado &estado)
 {
     for (const clsComando &comando : fComandos()) {
-        const bool bolMarca =
-            comando.fMarca != nullptr && comando.fMarca(estado, comando.obra.intValor);
-        if (comando.entrada.menu != Menu::Ninguno) {
-            auto *const accion = ventana.findChild<QAction *>(fQ(comando.entrada.strNombre));
-            accion->setEnabled(comando.fPermitido(estado));
-            accion->setChecked(bolMarca);
-        }
-        if (comando.boton.intIndice != 0) {
-            fBoton(ventana, comando.boton.intIndice)->setChecked(bolMarca);
-        }
+        fMostrarEstado(ventana, comando, estado);
+    }
+    ventana.findChild<QMenu *>(QStringLiteral("mnuBaul"))
+        ->setTitle(QStringLiteral("Baúl (%1)").arg(estado.lngEnBaul));
+    auto *const avance = ventana.findChild<QAction *>(QStringLiteral("mnuAVance"));
+    avance->setVisible(estado.avance != Avance::Normal);
+    if (avance->isVisible()) {
+        avance->setText(fQ(fTextoAvance(estado.avance)));
     }
 }

@@ -15,6 +15,6 @@ using clsElegido = std::function<void(const clsComando &)>;
 /// @return the pop-up menu.
 QMenu *fCrearMenus(QMainWindow &ventana, const clsElegido &fElegido);
 
-/// Enables the entries whose commands could run in a state, disables the others, and puts the check
-/// marks of entries and buttons where they belong.
+/// Shows a state in menus and toolbar: which commands could run, where the check marks belong, what
+/// is in the Baúl, the advance mode.
 void fMostrarEstado(const QMainWindow &ventana, const clsEstado &estado);

@@ -25,11 +25,14 @@ struct clsEstado {
     int intTamMini = 2;              ///< index of their size
     int intCeldas = 1;               ///< how many fit on a page
     int lngEnBaul = 0;               ///< files in the Baúl
+    bool bolIncidencias = false;     ///< that files of the list are missing has been said
     std::uint64_t lngGeneracion = 0; ///< raised by every layout, draw and list change
 
-    bool bolOcupado = false; ///< the window is busy: what the user does to it is dropped
-    bool bolPaso = false;    ///< a command that moves is under way
-    int intDibujos = 0;      ///< draws that are under way: what is current is not shown yet
+    bool bolOcupado = false;  ///< the window is busy: what the user does to it is dropped
+    bool bolPaso = false;     ///< a command that moves is under way
+    bool bolCerrando = false; ///< the window is to close: whatever is under way ends
+    bool bolEsc = false;      ///< Esc was pressed while the window is busy
+    int intDibujos = 0;       ///< draws that are under way: what is current is not shown yet
 };
 
 // What an operation does to the state. Each that changes the list raises the generation.

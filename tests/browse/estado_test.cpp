@@ -112,18 +112,18 @@ TEST(Estado, ChangesAsEveryOperationAsks)
     constexpr auto fLlenarEnLugar = fLlenar<strOtra, 2>;
     constexpr auto fLlenarTrasFin = fLlenar<strOtra, 4>;
     const clsCaso lstCasos[] = {
-        {"as it was",                            fNada,            "cA[b]d", false},
-        {"a fill keeps the file asked for",      fLlenarConD,      "cab[d]", false},
-        {"a fill without one takes the first",   fLlenarSinRuta,   "[c]abd", false},
-        {"so does one whose file is gone",       fLlenarSinOtra,   "[c]abd", false},
-        {"or it takes the position asked for",   fLlenarEnLugar,   "ca[b]d", false},
-        {"but none beyond the end",              fLlenarTrasFin,   "cab[d]", false},
-        {"by name",                              fPorNombre,       "A[b]cd", false},
-        {"by date again turns round",            fPorFecha,        "d[b]Ac", false},
-        {"another column ascends",               fPorFechaYTamano, "[b]Acd", false},
-        {"a filter keeps the position with all", fFiltrarTodas,    "ca[b]d", false},
-        {"with fewer it begins with the first",  fFiltrarDos,      "[b]d",   true },
-        {"a fill removes it and keeps the file", fQuitarFiltro,    "cab[d]", false},
+        {"as it was", fNada, "cA[b]d", false},
+        {"a fill keeps the file asked for", fLlenarConD, "cab[d]", false},
+        {"a fill without one takes the first", fLlenarSinRuta, "[c]abd", false},
+        {"so does one whose file is gone", fLlenarSinOtra, "[c]abd", false},
+        {"or it takes the position asked for", fLlenarEnLugar, "ca[b]d", false},
+        {"but none beyond the end", fLlenarTrasFin, "cab[d]", false},
+        {"by name", fPorNombre, "A[b]cd", false},
+        {"by date again turns round", fPorFecha, "d[b]Ac", false},
+        {"another column ascends", fPorFechaYTamano, "[b]Acd", false},
+        {"a filter keeps the position with all", fFiltrarTodas, "ca[b]d", false},
+        {"with fewer it begins with the first", fFiltrarDos, "[b]d", true},
+        {"a fill removes it and keeps the file", fQuitarFiltro, "cab[d]", false},
     };
     for (const clsCaso &caso : lstCasos) {
         SCOPED_TRACE(caso.strFrase);
@@ -160,11 +160,11 @@ TEST(Estado, KnowsWhereAStepLeads)
         std::optional<int> lngAtras, lngAdelante;
     };
     const clsCaso lstCasos[] = {
-        {"file by file",              Avance::Normal,  false, 2, 1,            3           },
-        {"at the end",                Avance::Normal,  false, 3, 2,            std::nullopt},
-        {"page by page",              Avance::Normal,  true,  1, std::nullopt, 3           },
-        {"by months, also of a page", Avance::Mes,     true,  2, 1,            3           },
-        {"by folders",                Avance::Carpeta, false, 0, std::nullopt, 2           },
+        {"file by file", Avance::Normal, false, 2, 1, 3},
+        {"at the end", Avance::Normal, false, 3, 2, std::nullopt},
+        {"page by page", Avance::Normal, true, 1, std::nullopt, 3},
+        {"by months, also of a page", Avance::Mes, true, 2, 1, 3},
+        {"by folders", Avance::Carpeta, false, 0, std::nullopt, 2},
     };
     for (const clsCaso &caso : lstCasos) {
         SCOPED_TRACE(caso.strFrase);

@@ -1,0 +1,136 @@
+#include "app/copias.h"
+
+#include "app/ceder.h"
+#include "app/informacion.h"
+#include "browse/baul.h"
+#include "catalogue/modelo_fotos.h"
+#include "shared/errores.h"
+#include "shared/texto.h"
+#include "sistema/entorno.h"
+
+#include <QString>
+
+#include <algorithm>
+#include <vector>
+
+namespace {
+
+void fAvisarFallo(clsMensajes &mensajes, const clsFalloCopia &fallo)
+{
+    mensajes.fAviso(Icono::Problema, "No se ha podido copiar el archivo.\r\n" +
+                                         fTextoPantalla(fallo.strOrigen) + "\r\n" +
+                                         fTextoPantalla(fallo.strDestino) + "\r\n" +
+                                         fTextoError(fallo.intError));
+}
+
+/// The folder of the Baúl; empty, and said, when there is none and none can be made.
+[[nodiscard]] std::string fExigirBaul(const clsComun &comun)
+{
+    const clsLugarBaul lugar = fAsegurarBaul();
+    if (lugar.intError == 0) {
+        return lugar.strCarpeta;
+    }
+    comun.mensajes.fAviso(Icono::Problema,
+                          fTextoPantalla(lugar.strCarpeta) + "\r\n" + fTextoError(lugar.intError));
+    return {};
+}
+
+void fMarcar(clsModeloFotos &modelo, std::span<const int> lstPosiciones, bool bolMarca)
+{
+    modelo.fMarcar([=](clsFilas &filas) {
+        for (const int lngPos : lstPosiciones) {
+            filas.fMarcar(lngPos, bolMarca);
+        }
+    });
+}
+
+/// Copies the ticked files, or the current one. What was copied loses its tick; what comes after a
+/// failure keeps it.
+void fEnviar(const clsComun &comun, const clsDestino &fDestino)
+{
+    const clsOcupado ocupado(comun.ocupacion);
+    const std::vector<int> lstPosiciones = fMarcadasOActual(comun.estado);
+    fMarcar(comun.modelo, lstPosiciones, true);
+    std::vector<std::string> lstRutas;
+    lstRutas.reserve(lstPosiciones.size());
+    for (const int lngPos : lstPosiciones) {
+        lstRutas.push_back(comun.estado.filas.fRuta(lngPos));
+    }
+    std::span<const int> lstConMarca = lstPosiciones;
+    const auto fQuitarMarcas = [&](int lngHechas) {
+        const auto lngNuevas =
+            lstConMarca.size() + static_cast<std::size_t>(lngHechas) - lstPosiciones.size();
+        fMarcar(comun.modelo, lstConMarca.first(lngNuevas), false);
+        lstConMarca = lstConMarca.subspan(lngNuevas);
+    };
+    comun.estado.bolEsc = false;
+    const clsFinCopia fin = fCopiarLista(lstRutas, fDestino, [&](int lngHechas) {
+        fQuitarMarcas(lngHechas);
+        const auto lngCuantos = static_cast<int>(lstRutas.size());
+        comun.informacion.fDecir(
+            QStringLiteral("%1 de %2 ...")
+                .arg(std::min(lngHechas + 1, lngCuantos)) // the last one may be done by now
+                .arg(lngCuantos));
+        fCederEventos();
+        return !comun.estado.bolCerrando && !comun.estado.bolEsc;
+    });
+    fQuitarMarcas(fin.lngHechas);
+    if (comun.estado.bolCerrando) {
+        return;
+    }
+    if (fin.fallo) {
+        fAvisarFallo(comun.mensajes, *fin.fallo);
+    }
+    comun.fMostrar(comun.estado.lngActual);
+}
+
+void fCopiarA(const clsComun &comun)
+{
+    const std::string strCarpeta = comun.mensajes.fElegirCarpeta("Selecciona carpeta de destino:");
+    if (!strCarpeta.empty() && !comun.estado.bolCerrando) {
+        fEnviar(comun, fDestinoEn(strCarpeta));
+    }
+}
+
+void fAgregar(const clsComun &comun)
+{
+    if (const std::string strCarpeta = fExigirBaul(comun); !strCarpeta.empty()) {
+        fEnviar(comun, fDestinoEnBaul(strCarpeta));
+    }
+    fContarElBaul(comun);
+}
+
+void fVaciarElBaul(const clsComun &comun)
+{
+    if (comun.mensajes.fAceptarCancelar("¿Quieres vaciar el Baul?")) {
+        if (const std::string strCarpeta = fExigirBaul(comun); !strCarpeta.empty()) {
+            fVaciarBaul(strCarpeta, comun.archivo.strRaiz);
+        }
+    }
+    fContarElBaul(comun);
+}
+
+void fMostrarBaul(const clsComun &comun)
+{
+    if (const std::string strCarpeta = fExigirBaul(comun); !strCarpeta.empty()) {
+        fAbrirConSistema(strCarpeta);
+    }
+    fContarElBaul(comun);
+}
+
+} // namespace
+
+void fAtenderCopias(const clsComun &comun, clsMandos &mandos)
+{
+    mandos.fAtender("copiar", [&comun] { fCopiarA(comun); });
+    mandos.fAtender("agregar", [&comun] { fAgregar(comun); });
+    mandos.fAtender("vaciar", [&comun] { fVaciarElBaul(comun); });
+    mandos.fAtender("baul", [&comun] { fMostrarBaul(comun); });
+}
+
+void fContarElBaul(const clsComun &comun)
+{
+    const clsLugarBaul lugar = fAsegurarBaul();
+    comun.estado.lngEnBaul = lugar.intError == 0 ? fContarBaul(lugar.strCarpeta) : 0;
+    comun.fEstadoCambiado();
+}

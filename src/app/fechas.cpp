@@ -1,0 +1,144 @@
+#include "app/fechas.h"
+
+#include "app/ceder.h"
+#include "app/informacion.h"
+#include "app/llenado.h"
+#include "dates/busqueda.h"
+#include "dates/correccion.h"
+#include "dates/exif.h"
+#include "dates/fecha_tecleada.h"
+#include "dates/formulario_fecha.h"
+#include "dates/frmExif.h"
+#include "dates/frmFecha.h"
+#include "shared/errores.h"
+#include "shared/qtexto.h"
+
+#include <QElapsedTimer>
+
+namespace {
+
+constexpr qint64 lngPausaProgreso = 50; // milliseconds
+
+void fMostrarExif(const clsComun &comun)
+{
+    frmExif ventana(comun.ventana);
+    ventana.setWindowIcon(comun.ventana->windowIcon());
+    ventana.fbolShow(fQ(GetExifText(comun.estado.filas.fRuta(comun.estado.lngActual))));
+}
+
+void fBuscar(const clsComun &comun)
+{
+    const clsOcupado ocupado(comun.ocupacion);
+    comun.estado.bolEsc = false;
+    ++comun.estado.lngGeneracion;
+    comun.fVaciarPanel();
+    fCederEventos();
+    QElapsedTimer reloj;
+    reloj.start();
+    qint64 lngUltima = -lngPausaProgreso;
+    clsPreguntas preguntas;
+    preguntas.fRuta = [&comun](int lngPos) { return comun.estado.filas.fRuta(lngPos); };
+    preguntas.fCorrecta = [](const std::string &strRuta) {
+        clsFile fichero;
+        fichero.fCargar(strRuta);
+        return fichero.bolFechaCorrecta();
+    };
+    preguntas.fPaso = [&](int lngPos) {
+        if (reloj.elapsed() - lngUltima >= lngPausaProgreso) {
+            lngUltima = reloj.elapsed();
+            comun.informacion.fLugar(lngPos, comun.estado.filas.fCantidad());
+            fCederEventos();
+        }
+        return !comun.estado.bolEsc && !comun.estado.bolCerrando;
+    };
+    const auto lngHallada = fBuscarIncorrecta(comun.estado.lngActual, preguntas);
+    if (!comun.estado.bolCerrando) {
+        comun.fMostrar(lngHallada.value_or(comun.estado.lngActual));
+    }
+}
+
+[[nodiscard]] bool fCargar(const clsComun &comun, std::vector<clsFile> &lstFicheros)
+{
+    const clsOcupado ocupado(comun.ocupacion);
+    QElapsedTimer reloj;
+    reloj.start();
+    for (const int lngPos : fMarcadasOActual(comun.estado)) {
+        const std::string strRuta = comun.estado.filas.fRuta(lngPos);
+        lstFicheros.emplace_back().fCargar(strRuta);
+        if (!lstFicheros.back().bolDatos()) {
+            comun.mensajes.fAviso(Icono::Problema, fAvisoFichero(fTextoPantalla(strRuta)));
+            return false;
+        }
+        if (reloj.elapsed() >= lngPausaProgreso) {
+            fCederEventos();
+            reloj.restart();
+        }
+        if (comun.estado.bolCerrando) {
+            return false;
+        }
+    }
+    return true;
+}
+
+[[nodiscard]] bool fAplicar(const clsComun &comun, std::vector<clsCorregido> &lstFicheros,
+                            clsFecha fecha)
+{
+    const clsOcupado ocupado(comun.ocupacion);
+    QElapsedTimer reloj;
+    reloj.start();
+    const auto fFallo = [&comun](const std::string &strRuta, int intError) {
+        comun.mensajes.fAviso(Icono::Problema,
+                              fTextoPantalla(strRuta) + "\r\n" + fTextoError(intError));
+    };
+    const auto fPaso = [&reloj] {
+        if (reloj.elapsed() >= lngPausaProgreso) {
+            fCederEventos();
+            reloj.restart();
+        }
+    };
+    const clsFinCorreccion fin = fCorregir(comun.archivo.strRaiz, comun.archivo.bolEscritura,
+                                           lstFicheros, fecha, fFallo, fPaso);
+    if (fin.correccion == Correccion::Ocupada) {
+        fAvisarOcupada(comun.mensajes);
+    } else if (fin.correccion == Correccion::SinCatalogo) {
+        fAvisarSinCatalogo(comun.mensajes, fTextoError(fin.intError));
+    }
+    return fin.correccion == Correccion::Hecha || fin.correccion == Correccion::SinCatalogo;
+}
+
+void fModificar(const clsComun &comun, bool bolSiempre)
+{
+    std::vector<clsFile> lstFicheros;
+    if (!fCargar(comun, lstFicheros) || !fSeCorrige(lstFicheros, bolSiempre)) {
+        return;
+    }
+    if (!comun.archivo.bolEscritura) {
+        comun.mensajes.fAviso(Icono::Problema, "No tienes permiso de escritura.");
+        return;
+    }
+    std::vector<clsCorregido> lstCorregidos;
+    lstCorregidos.reserve(lstFicheros.size());
+    for (const clsFile &fichero : lstFicheros) {
+        lstCorregidos.push_back({fichero.strFilePath(), {}, 0, 0});
+    }
+    frmFecha dialogo(comun.ventana, fFormularioFecha(lstFicheros), comun.mensajes,
+                     [&](clsFecha fecha) { return fAplicar(comun, lstCorregidos, fecha); });
+    const frmFecha::Cierre cierre = dialogo.fMostrar();
+    if (cierre == frmFecha::Cierre::Cancelada) {
+        return;
+    }
+    // Moving on: when the current file has a new name, the row that takes its place is current.
+    const int lngAntes = comun.estado.lngActual;
+    const std::string strActual = comun.estado.filas.fRuta(comun.estado.lngActual);
+    const bool bolQuedarse = cierre == frmFecha::Cierre::Quedarse;
+    comun.fLlenar(false, bolQuedarse ? lstCorregidos.back().strFilePathNew : strActual, lngAntes);
+}
+
+} // namespace
+
+void fAtenderFechas(const clsComun &comun, clsMandos &mandos)
+{
+    mandos.fAtender("exif", [&comun] { fMostrarExif(comun); });
+    mandos.fAtender("buscarFecha", [&comun] { fBuscar(comun); });
+    mandos.fAtender("corregir", [&comun](int bolSiempre) { fModificar(comun, bolSiempre != 0); });
+}

@@ -1,0 +1,96 @@
+#include "app/listado.h"
+
+#include "app/ceder.h"
+#include "app/informacion.h"
+#include "browse/seleccion.h"
+#include "catalogue/modelo_fotos.h"
+#include "filter/frmFiltro.h"
+#include "shared/numeros.h"
+#include "sistema/entorno.h"
+
+#include <QString>
+
+namespace {
+
+/// Fills the list anew; the file that is current stays so, if it is still listed.
+void fRecargar(const clsComun &comun, bool bolForzar)
+{
+    comun.fLlenar(
+        bolForzar,
+        comun.estado.filas.fVacia() ? "" : comun.estado.filas.fRuta(comun.estado.lngActual), 0);
+}
+
+void fElegirMedios(const clsComun &comun, Medios medios)
+{
+    comun.estado.medios = medios;
+    comun.fEstadoCambiado();
+    comun.ajustes.fGuardarIni(strSeccionGeneral, "FOTOVIDEO",
+                              std::to_string(static_cast<int>(medios)));
+    fRecargar(comun, false);
+}
+
+void fActualizar(const clsComun &comun)
+{
+    if (comun.mensajes.fSiNo("¿Actualizar lista de archivos?")) {
+        fRecargar(comun, true);
+    }
+}
+
+void fFiltrar(const clsComun &comun, clsValoresFiltro &valores)
+{
+    frmFiltro dialogo(comun.ventana, comun.estado.filas, valores, comun.mensajes, [&comun] {
+        fCederEventos();
+        return !comun.estado.bolCerrando;
+    });
+    const clsFiltrado filtrado = dialogo.fMostrar();
+    if (filtrado.resultado == ResultadoFiltro::Cancelado || comun.estado.bolCerrando) {
+        return;
+    }
+    const clsOcupado ocupado(comun.ocupacion);
+    comun.informacion.fDecir(QStringLiteral("Filtrando..."));
+    comun.modelo.fRellenar([&](clsFilas & /*filas*/) {
+        fTomarFiltradas(comun.estado, filtrado.lstFilas, filtrado.lngTotalKB);
+    });
+    comun.fEstadoCambiado();
+    comun.fMostrar(comun.estado.lngActual);
+}
+
+void fQuitarFiltro(const clsComun &comun)
+{
+    if (comun.mensajes.fAceptarCancelar("¿Quitar Filtro?")) {
+        fRecargar(comun, false);
+    }
+}
+
+void fMarcar(const clsComun &comun, Seleccion seleccion)
+{
+    const clsOcupado ocupado(comun.ocupacion);
+    comun.modelo.fMarcar(
+        [&](clsFilas &filas) { fSeleccionar(filas, seleccion, fALaVista(comun.estado)); });
+    comun.fMostrar(comun.estado.lngActual);
+}
+
+void fTotales(const clsComun &comun)
+{
+    comun.mensajes.fAviso(
+        Icono::Aviso,
+        fTextoTotales(comun.estado.filas.fCantidad(), comun.estado.lngTotalKB, fSignosLocales()),
+        "Totales");
+}
+
+} // namespace
+
+void fAtenderListado(const clsComun &comun, clsMandos &mandos)
+{
+    mandos.fAtender("medios", [&comun](int intCuales) {
+        fElegirMedios(comun, static_cast<Medios>(intCuales));
+    });
+    mandos.fAtender("actualizar", [&comun] { fActualizar(comun); });
+    // The dialog shows again what it last filtered by.
+    mandos.fAtender("filtrar",
+                    [&comun, valores = clsValoresFiltro()]() mutable { fFiltrar(comun, valores); });
+    mandos.fAtender("quitarFiltro", [&comun] { fQuitarFiltro(comun); });
+    mandos.fAtender("marcar",
+                    [&comun](int intCual) { fMarcar(comun, static_cast<Seleccion>(intCual)); });
+    mandos.fAtender("totales", [&comun] { fTotales(comun); });
+}

@@ -1,0 +1,84 @@
+#include "app/llenado.h"
+
+#include "app/ceder.h"
+#include "catalogue/carga.h"
+#include "catalogue/constructor.h"
+#include "catalogue/frmBusqueda.h"
+#include "catalogue/lector.h"
+#include "catalogue/modelo_fotos.h"
+#include "catalogue/registro.h"
+#include "shared/errores.h"
+#include "shared/texto.h"
+#include "sistema/archivo.h"
+
+#include <cerrno>
+#include <optional>
+
+namespace {
+
+void fConstruir(const clsComun &comun)
+{
+    comun.estado.bolIncidencias = false;
+    frmBusqueda busqueda(comun.ventana, comun.mensajes, [&comun] {
+        fCederEventos();
+        return !comun.estado.bolCerrando;
+    });
+    const clsConstruccion construccion = busqueda.fBuscar(comun.archivo.strRaiz);
+    if (construccion.construccion == Construccion::Ocupada) {
+        fAvisarOcupada(comun.mensajes);
+    } else if (construccion.construccion == Construccion::SinEscribir) {
+        fAvisarSinCatalogo(comun.mensajes, fTextoError(construccion.intError));
+    }
+}
+
+void fLeer(const clsComun &comun, const std::string &strCatalogo)
+{
+    const std::string strMostrado = fTextoPantalla(strCatalogo) + "\r\n";
+    int intError = 0;
+    std::optional<clsLectura> lectura;
+    comun.modelo.fRellenar([&](clsFilas &filas) {
+        lectura = fLeerFicheroCatalogo(strCatalogo, fExtensionesVisibles(comun.estado.medios),
+                                       filas, intError);
+    });
+    comun.estado.lngTotalKB = lectura ? lectura->lngTotalKB : 0;
+    if (!lectura && intError != ENOENT) {
+        comun.mensajes.fAviso(Icono::Problema, strMostrado + fTextoError(intError));
+    } else if (lectura && lectura->fallo) {
+        comun.mensajes.fAviso(Icono::Problema,
+                              strMostrado + "Línea " + std::to_string(lectura->fallo->lngLinea) +
+                                  ": '" + lectura->fallo->strTexto +
+                                  "' no es un tamaño.\r\nActualiza la lista de archivos.");
+    }
+}
+
+} // namespace
+
+void fCargarCatalogo(const clsComun &comun, bool bolForzar)
+{
+    const std::string strCatalogo = comun.archivo.strRaiz + std::string(strFicheroCatalogo);
+    const auto huella = fHuella(strCatalogo);
+    const bool bolExiste = huella && huella->lngBytes > 0;
+    const clsDecision decision = fDecidirCarga(bolForzar, bolExiste, comun.archivo.bolEscritura);
+    if (decision.bolAnunciar) {
+        comun.mensajes.fAviso(Icono::Aviso,
+                              "Se va a crear el fichero de información de las imágenes.");
+    }
+    if (decision.bolConstruir) {
+        fConstruir(comun);
+    }
+    if (decision.bolSinPermiso) {
+        fAvisarSinCatalogo(comun.mensajes, "No tienes permiso de escritura.");
+    }
+    fLeer(comun, strCatalogo);
+}
+
+void fAvisarOcupada(clsMensajes &mensajes)
+{
+    mensajes.fAviso(Icono::Problema,
+                    "Otro Miravel está trabajando con estos archivos. Inténtalo cuando termine.");
+}
+
+void fAvisarSinCatalogo(clsMensajes &mensajes, const std::string &strMotivo)
+{
+    mensajes.fAviso(Icono::Problema, "No se puede generar la lista de ficheros.\r\n" + strMotivo);
+}
