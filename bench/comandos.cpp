@@ -59,7 +59,6 @@ void fMedir(const char *strNombre, const std::function<void()> &fHacer)
 
 void fMedirLista(const char *strNombre, clsFilas &filas)
 {
-    using namespace std::chrono_literals;
     std::printf("%s\n  %-24s %8s %8s %8s\n", strNombre, "", "best ms", "median", "worst");
     const int lngUltimo = filas.fCantidad() - 1;
     for (const Avance modo :
@@ -71,7 +70,7 @@ void fMedirLista(const char *strNombre, clsFilas &filas)
                [&] { lngSuma += fAvanzar(filas, lngUltimo, modo, Sentido::Atras).value_or(0); });
     }
     fMedir("to a date", [&] {
-        lngSuma += fIrAFecha(filas, 0, 9999y / std::chrono::December / 31d).value_or(0);
+        lngSuma += fIrAFecha(filas, 0, fFechaDe({9999, 12, 31}).value()).value_or(0);
     });
     fMedir("select all", [&] { fSeleccionar(filas, Seleccion::Todo, {}); });
     fMedir("invert the selection", [&] { fSeleccionar(filas, Seleccion::Invertir, {}); });

@@ -77,10 +77,10 @@ void fComprobarFechas(std::string_view strTexto)
     const clsFechasNombre nombre = fFechasDeNombre(strTexto);
     for (const clsFecha fecha : {nombre.datAnoPrimero, nombre.datDiaPrimero}) {
         fExigir(fecha.lngSegundos % 86400 == 0);
-        fExigir(fLeerTextoCatalogo(fTextoCatalogo(fecha)) == fecha);
+        fExigir(fLeerFecha(fEscribirFecha(fecha)) == fecha);
     }
     if (const auto fecha = fLeerFechaExif(strTexto)) {
-        fExigir(fLeerFechaExif(fTextoCatalogo(*fecha).replace(4, 1, ":").replace(7, 1, ":")) ==
+        fExigir(fLeerFechaExif(fEscribirFecha(*fecha).replace(4, 1, ":").replace(7, 1, ":")) ==
                 fecha);
     }
 }

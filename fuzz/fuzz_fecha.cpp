@@ -2,6 +2,7 @@
 // back.
 
 #include "dates/fecha_tecleada.h"
+#include "shared/fecha.h"
 
 #include <cstddef>
 #include <cstdint>
@@ -21,11 +22,12 @@ void fExigir(bool bolCierto)
 /// What is known of every date, wherever it came from.
 void fComprobarFecha(clsFecha fecha)
 {
-    const std::string strFecha = fTextoUsuario(fecha);
-    fExigir(fLeerTecleada(strFecha) == fecha);
-    fExigir(fLeerTextoCatalogo(fTextoCatalogo(fecha)) == fecha);
-    fExigir(fTextoDia(fecha) + strFecha.substr(10) == strFecha);
-    fExigir(fTextoSello(fecha).size() == 14 && fPrefijoNombre(fecha).size() == 9);
+    const std::string strFecha = fEscribirFecha(fecha, strFormaUsuario);
+    fExigir(fLeerFecha(strFecha, strFormaUsuario) == fecha);
+    fExigir(fLeerFecha(fEscribirFecha(fecha)) == fecha);
+    fExigir(fEscribirFecha(fecha, strFormaDia) + strFecha.substr(10) == strFecha);
+    fExigir(fEscribirFecha(fecha, "yyyyMMddHHmmss").size() == 14 &&
+            fEscribirFecha(fecha, "yyyyMMdd_").size() == 9);
     fExigir(fMomento(fecha).has_value());
 }
 
@@ -39,8 +41,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *bytDatos, std::size_t 
     fExigir(strNormal.starts_with(strTecleada) && strNormal.size() <= lngBytes + 9);
     fExigir(fNormalizarTecleada(strNormal) == strNormal);
     fExigir(fAvisoFechaNoValida(strNormal).starts_with('\'' + strNormal + "' no"));
-    if (const auto fecha = fLeerTecleada(strNormal)) {
-        fExigir(fTextoUsuario(*fecha) == strNormal);
+    if (const auto fecha = fLeerFecha(strNormal, strFormaUsuario)) {
+        fExigir(fEscribirFecha(*fecha, strFormaUsuario) == strNormal);
         fComprobarFecha(*fecha);
     }
     std::uint64_t lngSegundos = 0;
@@ -49,7 +51,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *bytDatos, std::size_t 
     }
     // Any number of seconds has texts; a date of the valid years has them back.
     const clsFecha fecha{static_cast<std::int64_t>(lngSegundos)};
-    const auto leida = fLeerTecleada(fTextoUsuario(fecha));
+    const auto leida = fLeerFecha(fEscribirFecha(fecha, strFormaUsuario), strFormaUsuario);
     fExigir(leida == fecha || leida == clsFecha{});
     fComprobarFecha(*leida);
     return 0;

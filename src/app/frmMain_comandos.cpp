@@ -51,7 +51,7 @@ template <typename Paso> void frmMain::fIr(Paso paso)
 void frmMain::fPedirFecha()
 {
     const QScopedValueRollback<bool> enPaso(m_estado.bolPaso, true);
-    std::optional<std::chrono::year_month_day> dia;
+    std::optional<clsFecha> dia;
     while (!dia) {
         const auto strRespuesta = m_mensajes.fPedir(strPreguntaFecha);
         if (!strRespuesta || strRespuesta->empty() || m_estado.bolCerrando) {

@@ -8,7 +8,6 @@
 
 namespace {
 
-using std::chrono::days;
 using std::chrono::sys_days;
 using std::chrono::year_month_day;
 
@@ -25,34 +24,45 @@ std::string fMayusculas(std::string_view strUtf8)
     return strTexto;
 }
 
-/// The first day of the next unit.
-year_month_day fDiaSiguiente(year_month_day dia, Avance modo)
+/// The first day of the unit that a day lies in.
+sys_days fInicio(year_month_day dia, Avance modo)
 {
     switch (modo) {
     case Avance::Semana:
-        return sys_days{dia} + days{8 - static_cast<int>(std::chrono::weekday{dia}.iso_encoding())};
+        return sys_days{dia} - (std::chrono::weekday{dia} - std::chrono::Monday);
     case Avance::Mes:
-        return (dia.year() / dia.month() + std::chrono::months{1}) / std::chrono::day{1};
+        return dia.year() / dia.month() / 1;
     case Avance::Ano:
-        return (dia.year() + std::chrono::years{1}) / std::chrono::January / std::chrono::day{1};
+        return dia.year() / 1 / 1;
     default:
-        return sys_days{dia} + days{1};
+        return dia;
     }
 }
 
-/// The last day of the unit before.
-year_month_day fDiaAnterior(year_month_day dia, Avance modo)
+/// The first day of the next unit.
+sys_days fSiguiente(year_month_day dia, Avance modo)
 {
     switch (modo) {
     case Avance::Semana:
-        return sys_days{dia} - days{std::chrono::weekday{dia}.iso_encoding()};
+        return fInicio(dia, modo) + std::chrono::weeks{1};
     case Avance::Mes:
-        return sys_days{dia.year() / dia.month() / std::chrono::day{1}} - days{1};
+        return (dia.year() / dia.month() + std::chrono::months{1}) / 1;
     case Avance::Ano:
-        return (dia.year() - std::chrono::years{1}) / std::chrono::December / std::chrono::day{31};
+        return (dia.year() + std::chrono::years{1}) / 1 / 1;
     default:
-        return sys_days{dia} - days{1};
+        return sys_days{dia} + std::chrono::days{1};
     }
+}
+
+/// To the first file of a later unit, or to the last one of an earlier unit.
+std::optional<int> fAvanzarFecha(const clsFilas &filas, int lngActual, clsFecha fecha, Avance modo,
+                                 Sentido sentido)
+{
+    // Deliberate: on stops at the first file of a unit, back at the last one.
+    const sys_days dia = fDia(fecha);
+    return sentido == Sentido::Adelante
+               ? fPrimeroDesde(filas, lngActual + 1, fMedianoche(fSiguiente(dia, modo)))
+               : fPrimeroAntes(filas, lngActual - 1, fMedianoche(fInicio(dia, modo)));
 }
 
 /// The first position from lngDesde on, in a direction, that lies in another folder than the one
@@ -63,7 +73,7 @@ std::optional<int> fOtraCarpeta(const clsFilas &filas, int lngDesde, Sentido sen
     const auto &lstOrden = filas.fOrden();
     for (int lngPos = lngDesde; lngPos >= 0 && lngPos < filas.fCantidad();
          lngPos += static_cast<int>(sentido)) {
-        if (filas.fClave(lstOrden[static_cast<std::size_t>(lngPos)]).lngCarpeta != lngCarpeta) {
+        if (filas.fNumeroCarpeta(lstOrden[static_cast<std::size_t>(lngPos)]) != lngCarpeta) {
             return lngPos;
         }
     }
@@ -73,7 +83,7 @@ std::optional<int> fOtraCarpeta(const clsFilas &filas, int lngDesde, Sentido sen
 std::optional<int> fAvanzarCarpeta(const clsFilas &filas, int lngActual, Sentido sentido)
 {
     const auto fCarpeta = [&](int lngPos) {
-        return filas.fClave(filas.fOrden()[static_cast<std::size_t>(lngPos)]).lngCarpeta;
+        return filas.fNumeroCarpeta(filas.fOrden()[static_cast<std::size_t>(lngPos)]);
     };
     const auto lngOtra = fOtraCarpeta(filas, lngActual, sentido, fCarpeta(lngActual));
     if (!lngOtra || sentido == Sentido::Adelante) {
@@ -101,12 +111,11 @@ std::optional<int> fAvanzar(const clsFilas &filas, int lngActual, Avance modo, S
     }
     const bool bolAdelante = sentido == Sentido::Adelante;
     std::optional<int> lngHallada;
+    const clsFecha fecha = filas.fDatFecha(filas.fOrden()[static_cast<std::size_t>(lngActual)]);
     if (modo == Avance::Carpeta) {
         lngHallada = fAvanzarCarpeta(filas, lngActual, sentido);
-    } else if (const auto dia = fDia(filas, lngActual)) {
-        // Deliberate: on stops at the first file of a unit, back at the last one.
-        lngHallada = bolAdelante ? fPrimeroDesde(filas, lngActual + 1, fDiaSiguiente(*dia, modo))
-                                 : fPrimeroHasta(filas, lngActual - 1, fDiaAnterior(*dia, modo));
+    } else if (fecha != clsFilas::datNinguna) {
+        lngHallada = fAvanzarFecha(filas, lngActual, fecha, modo, sentido);
     } else {
         return {};
     }

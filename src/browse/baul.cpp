@@ -134,9 +134,7 @@ std::string fNombreEnBaul(const std::string &strRuta)
     if (!huella) {
         return strNombre;
     }
-    std::string strDia = fTextoCatalogo(fFechaLocal(huella->lngSegundos)).substr(0, 10);
-    std::replace(strDia.begin(), strDia.end(), '/', '.');
-    return strDia + '.' + strNombre;
+    return fEscribirFecha(fFechaLocal(huella->lngSegundos), "yyyy.MM.dd.") + strNombre;
 }
 
 clsDestino fDestinoEnBaul(const std::string &strCarpeta)

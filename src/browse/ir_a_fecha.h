@@ -1,8 +1,8 @@
 #pragma once
 
 #include "catalogue/filas.h"
+#include "shared/fecha.h"
 
-#include <chrono>
 #include <optional>
 #include <string_view>
 
@@ -11,10 +11,9 @@ inline constexpr const char *strPreguntaFecha = "Ir a la fecha (ddmmyyyy):";
 
 /// Reads the answer: exactly eight digits, day first, that name a real day of the years 100 to
 /// 9999; nothing for any other text.
-[[nodiscard]] std::optional<std::chrono::year_month_day> fLeerRespuestaFecha(std::string_view str);
+[[nodiscard]] std::optional<clsFecha> fLeerRespuestaFecha(std::string_view str);
 
-/// The position of the first file on or after a day, from the start of the list, which may be the
-/// current one; the last position if there is none. Nothing when the list is empty, and when there
-/// is none and the last file is the current one.
-[[nodiscard]] std::optional<int> fIrAFecha(const clsFilas &filas, int lngActual,
-                                           std::chrono::year_month_day dia);
+/// The position of the first file on or after a day (its midnight), from the start of the list,
+/// which may be the current one; the last position if there is none. Nothing when the list is
+/// empty, and when there is none and the last file is the current one.
+[[nodiscard]] std::optional<int> fIrAFecha(const clsFilas &filas, int lngActual, clsFecha dia);

@@ -19,7 +19,8 @@ struct clsConservada {
 };
 
 /// The list: one row per listed file, in display order, with its tick. It holds the file's name,
-/// date text, size and folder; about 60 bytes a row, since folders are shared and dates packed.
+/// date, size and folder; about 60 bytes a row, since folders are shared and a date is a number. A
+/// date text that is no date, or has another form than the catalogue's, stays a text besides.
 ///
 /// Positions count from 0 in display order. Paths are bytes. Every change of which rows there are
 /// or of their order raises fRevision.
@@ -54,23 +55,21 @@ public:
     /// of the rows that go stay in memory until fVaciar.
     void fConservar(const std::vector<clsConservada> &lstConservadas);
 
-    /// What a row is ordered by, without building texts.
-    struct clsClave {
-        std::uint64_t lngFecha; ///< orders as the date text does; meaningless if not packed
-        bool bolEmpaquetada;    ///< the date text has the form "nnnn/nn/nn nn:nn:nn"
-        std::int64_t lngBytes;
-        std::uint32_t lngCarpeta; ///< number of the folder, see fTextosCarpeta
-    };
-    /// Rows by their fixed number (order of adding), and the display order as such numbers.
-    [[nodiscard]] clsClave fClave(std::uint32_t lngFila) const
+    /// Fields of a row by its fixed number (order of adding).
+    [[nodiscard]] std::int64_t fBytes(std::uint32_t lngFila) const
     {
-        const clsFila &fila = m_lstFilas[lngFila];
-        return {fila.lngFecha, (fila.lngFecha & lngFechaTexto) == 0, fila.lngBytes,
-                m_lstCarpetaDe[lngFila]};
+        return m_lstFilas[lngFila].lngBytes;
     }
-    /// The day of a row by its number, as year * 512 + month * 32 + day. 0 when the date text,
-    /// blanks around it left out, is no real date of the years 100 to 9999.
-    [[nodiscard]] std::uint32_t fDia(std::uint32_t lngFila) const { return m_lstDias[lngFila]; }
+    /// The number of its folder, see fTextosCarpeta.
+    [[nodiscard]] std::uint32_t fNumeroCarpeta(std::uint32_t lngFila) const
+    {
+        return m_lstCarpetaDe[lngFila];
+    }
+    /// What its date text means, blanks around it left out; datNinguna when that is no date.
+    [[nodiscard]] clsFecha fDatFecha(std::uint32_t lngFila) const { return m_lstFechas[lngFila]; }
+    static constexpr clsFecha datNinguna{INT64_MIN}; ///< earlier than every date
+    /// Whether every date text is that of its date, so that texts order as the dates do.
+    [[nodiscard]] bool fFechasExactas() const;
     [[nodiscard]] std::string_view fTextoNombre(std::uint32_t lngFila) const;
     [[nodiscard]] std::string fTextoFecha(std::uint32_t lngFila) const;
     [[nodiscard]] const std::vector<std::string> &fTextosCarpeta() const { return m_lstCarpetas; }
@@ -81,24 +80,23 @@ public:
     void fReordenar(std::vector<std::uint32_t> lstOrden);
 
 private:
-    static constexpr std::uint64_t lngFechaTexto = std::uint64_t{1} << 63;
     struct clsFila {
-        std::uint64_t lngTexto;  ///< where the name starts in m_strTextos
-        std::uint64_t lngFecha;  ///< packed date; or lngFechaTexto + length of its text
-        std::int64_t lngBytes;   ///< size of the file
-        std::uint32_t lngNombre; ///< length of the name
+        std::uint64_t lngTexto;      ///< where the name starts in m_strTextos
+        std::int64_t lngBytes;       ///< size of the file
+        std::uint32_t lngNombre;     ///< length of the name
+        std::uint32_t lngTextoFecha; ///< length of the date text behind it; 0: that of the date
     };
     [[nodiscard]] std::uint32_t fNumero(int lngPos) const
     {
         return m_lstOrden[static_cast<std::size_t>(lngPos)];
     }
-    std::uint32_t fNumeroCarpeta(std::string_view strCarpeta);
+    std::uint32_t fAnotarCarpeta(std::string_view strCarpeta);
 
     std::string m_strTextos;
     std::vector<clsFila> m_lstFilas;
     // Apart from the rest of a row, since a step can have to look at those of all rows at once.
     std::vector<std::uint32_t> m_lstCarpetaDe; ///< index into m_lstCarpetas
-    std::vector<std::uint32_t> m_lstDias;      ///< see fDia
+    std::vector<clsFecha> m_lstFechas;         ///< datNinguna where the text is no date
     std::vector<std::uint32_t> m_lstOrden;
     std::vector<bool> m_lstMarcas;
     std::vector<std::string> m_lstCarpetas;

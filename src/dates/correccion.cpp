@@ -70,7 +70,7 @@ clsLinea fTomarLinea(std::string_view &strResto)
 void fReescribir(std::string_view strCatalogo, const clsDestinos &destinos, clsFecha fecha,
                  clsReemplazo &archivo)
 {
-    const std::string strFecha = fTextoCatalogo(fecha);
+    const std::string strFecha = fEscribirFecha(fecha);
     std::string_view strResto = strCatalogo;
     std::size_t lngCopiados = 0;
     const auto fPosicion = [&] { return strCatalogo.size() - strResto.size(); };
@@ -103,7 +103,7 @@ int fApartar(const std::string &strCatalogo, std::string &strCopia, const clsDis
     clsFecha fecha = fFechaLocal(disco.fAhora());
     int intError = EEXIST;
     for (int intVez = 0; intVez < intIntentos && intError == EEXIST; ++intVez) {
-        strCopia = strCatalogo + '.' + fTextoSello(fecha);
+        strCopia = strCatalogo + '.' + fEscribirFecha(fecha, "yyyyMMddHHmmss");
         intError = fRenombrar(strCatalogo, strCopia, disco);
         ++fecha.lngSegundos;
     }
@@ -145,7 +145,7 @@ clsFinCorreccion fCorregirCatalogo(const std::string &strRuta, const clsDestinos
 
 std::string fRutaCorregida(std::string_view strRuta, clsFecha fecha)
 {
-    return std::string(fCarpetaDe(strRuta)) + fPrefijoNombre(fecha) +
+    return std::string(fCarpetaDe(strRuta)) + fEscribirFecha(fecha, "yyyyMMdd_") +
            std::string(fNombreDe(strRuta));
 }
 

@@ -62,7 +62,7 @@ clsFilaExif fFila(const clsDatosTiff &tiff, const clsEntradaIfd &entrada, std::s
 std::string fTextoConvertido(const clsFilaExif &fila)
 {
     if (const auto *const fecha = std::get_if<clsFecha>(&fila.convertido)) {
-        return fTextoUsuario(*fecha);
+        return fEscribirFecha(*fecha, strFormaUsuario);
     }
     const auto *const strTexto = std::get_if<std::string>(&fila.convertido);
     return fTextoExif(strTexto != nullptr && !strTexto->empty() ? *strTexto : fila.strValor);

@@ -3,27 +3,9 @@
 #include "dates/ifd.h"
 #include "dates/valor.h"
 
-#include <algorithm>
-#include <array>
+#include <utility>
 
 namespace {
-
-/// The number of some places of the text: digits, or blanks instead of leading zeros; else -1.
-int fCampo(std::string_view strTexto, std::size_t lngPos, std::size_t lngCifras)
-{
-    std::string_view strCampo = strTexto.substr(lngPos, lngCifras);
-    while (strCampo.size() > 1 && strCampo.front() == ' ') {
-        strCampo.remove_prefix(1);
-    }
-    int intValor = 0;
-    for (const char chr : strCampo) {
-        if (chr < '0' || chr > '9') {
-            return -1;
-        }
-        intValor = intValor * 10 + (chr - '0');
-    }
-    return intValor;
-}
 
 std::string_view fRecortar(std::string_view strTexto)
 {
@@ -35,34 +17,38 @@ std::string_view fRecortar(std::string_view strTexto)
     return strTexto.substr(lngDesde, strTexto.find_last_not_of(strFuera) - lngDesde + 1);
 }
 
+/// Puts the zeros that a number of the form begins with where blanks stand instead.
+void fRellenarCeros(std::string &strFecha, std::string_view strForma)
+{
+    bool bolPrimeras = true; // nothing but blanks so far in this number
+    for (std::size_t lng = 0; lng + 1 < strForma.size(); ++lng) {
+        bolPrimeras = (bolPrimeras || strForma[lng] != strForma[lng - 1]) && strFecha[lng] == ' ';
+        if (bolPrimeras && strForma[lng] == strForma[lng + 1]) {
+            strFecha[lng] = '0';
+        }
+    }
+}
+
 } // namespace
 
 std::optional<clsFecha> fLeerFechaExif(std::string_view strTexto)
 {
     // Exif 2.32, section 4.6.5, DateTimeOriginal: "YYYY:MM:DD HH:MM:SS". The first two colons count
     // as slashes, so that a text with slashes of its own has none left for its time.
-    constexpr std::string_view strForma = "nnnn/nn/nn nn:nn:nn";
-    std::string strFecha(fRecortar(strTexto).substr(0, strForma.size() + 1));
+    std::string strFecha(fRecortar(strTexto).substr(0, strFormaCatalogo.size() + 1));
     for (int intVez = 0; intVez < 2; ++intVez) {
         if (const std::size_t lngPos = strFecha.find(':'); lngPos != std::string::npos) {
             strFecha[lngPos] = '/';
         }
     }
-    const std::size_t lngLargo = strFecha.size();
     // Down to the day, to the minute, to the first or the second digit of the second.
+    const std::size_t lngLargo = strFecha.size();
     if (lngLargo != 10 && lngLargo != 16 && lngLargo != 18 && lngLargo != 19) {
         return {};
     }
-    for (std::size_t lng = 0; lng < lngLargo; ++lng) {
-        if (strForma[lng] != 'n' && strFecha[lng] != strForma[lng]) {
-            return {};
-        }
-    }
-    const auto fNumero = [&](std::size_t lngPos, std::size_t lngCifras) {
-        return lngPos < lngLargo ? fCampo(strFecha, lngPos, lngCifras) : 0;
-    };
-    return fFechaDe({fNumero(0, 4), fNumero(5, 2), fNumero(8, 2), fNumero(11, 2), fNumero(14, 2),
-                     fNumero(17, 2)});
+    const std::string_view strForma = strFormaCatalogo.substr(0, lngLargo);
+    fRellenarCeros(strFecha, strForma);
+    return fLeerFecha(strFecha, strForma);
 }
 
 clsFechasExif fLeerFechasExif(clsOrigen &origen)

@@ -1,23 +1,15 @@
 #include "dates/fecha_nombre.h"
 
-#include <array>
+#include <algorithm>
+#include <iterator>
+#include <string>
 
 clsFechasNombre fFechasDeNombre(std::string_view strNombre)
 {
-    std::array<int, 8> lstCifras{};
-    std::size_t lngCifras = 0;
-    for (const char chr : strNombre) {
-        if (chr >= '0' && chr <= '9' && lngCifras < lstCifras.size()) {
-            lstCifras[lngCifras++] = chr - '0';
-        }
-    }
-    if (lngCifras < lstCifras.size()) {
-        return {};
-    }
-    const auto fDos = [&](std::size_t lng) { return lstCifras[lng] * 10 + lstCifras[lng + 1]; };
-    const auto fFecha = [](int intAno, int intMes, int intDia) {
-        return fFechaDe({intAno, intMes, intDia}).value_or(clsFecha{});
-    };
-    return {fFecha(fDos(0) * 100 + fDos(2), fDos(4), fDos(6)),
-            fFecha(fDos(4) * 100 + fDos(6), fDos(2), fDos(0))};
+    std::string strCifras;
+    std::copy_if(strNombre.begin(), strNombre.end(), std::back_inserter(strCifras),
+                 [](char chr) { return chr >= '0' && chr <= '9'; });
+    const std::string_view strOcho = std::string_view(strCifras).substr(0, 8);
+    return {fLeerFecha(strOcho, "yyyyMMdd").value_or(clsFecha{}),
+            fLeerFecha(strOcho, "ddMMyyyy").value_or(clsFecha{})};
 }

@@ -14,20 +14,6 @@ std::string fNormalizarTecleada(std::string_view strTexto)
     return strCompleto;
 }
 
-std::optional<clsFecha> fLeerTecleada(std::string_view strTexto)
-{
-    constexpr std::string_view strForma = "dd/mm/yyyy hh:mm:ss";
-    if (strTexto.size() != strForma.size()) {
-        return {};
-    }
-    // The catalogue's form holds the same digits, year first; its reader checks every position.
-    std::string strCatalogo;
-    strCatalogo.append(strTexto.substr(6, 4)).append(strTexto.substr(2, 1));
-    strCatalogo.append(strTexto.substr(3, 2)).append(strTexto.substr(5, 1));
-    strCatalogo.append(strTexto.substr(0, 2)).append(strTexto.substr(10));
-    return fLeerTextoCatalogo(strCatalogo);
-}
-
 std::string fAvisoFechaNoValida(std::string_view strTexto)
 {
     std::string strAviso(1, '\'');

@@ -1,18 +1,12 @@
 #pragma once
 
-#include "shared/fecha.h"
-
-#include <optional>
 #include <string>
 #include <string_view>
 
-/// A typed date with what may be left out: a text of 10 characters gets " 12:00:00", one of 16
+/// A typed date (strFormaUsuario) with what may be left out: a text of 10 characters gets "
+/// 12:00:00", one of 16
 /// ":00", any other stays as it is. UTF-8 in and out; nothing is validated.
 [[nodiscard]] std::string fNormalizarTecleada(std::string_view strTexto);
-
-/// Reads exactly "dd/mm/yyyy hh:mm:ss", day first; nothing for any other text and for what is no
-/// real date of the years 100 to 9999.
-[[nodiscard]] std::optional<clsFecha> fLeerTecleada(std::string_view strTexto);
 
 /// The warning for a typed text that is no date (UTF-8, line breaks CR LF).
 [[nodiscard]] std::string fAvisoFechaNoValida(std::string_view strTexto);

@@ -1,7 +1,6 @@
 #include "dates/formulario_fecha.h"
 
 #include "dates/fecha_tecleada.h"
-#include "shared/fecha.h"
 
 #include <algorithm>
 
@@ -12,7 +11,7 @@ constexpr clsColor colRojo{255, 128, 128};
 constexpr clsColor colAmarillo{255, 255, 128};
 
 /// Names tell the day only: noon is offered, the middle of what is not known.
-std::string fAMediodia(clsFecha fecha) { return fTextoDia(fecha) + " 12:00:00"; }
+std::string fAMediodia(clsFecha fecha) { return fEscribirFecha(fecha, "dd/MM/yyyy 12:00:00"); }
 
 } // namespace
 
@@ -22,14 +21,14 @@ clsFormularioFecha fFormularioFecha(const std::vector<clsFile> &lstFicheros)
     formulario.strActual = fTextoFicheros(static_cast<int>(lstFicheros.size()));
     formulario.fondo = colAmarillo;
     if (lstFicheros.size() == 1) {
-        formulario.strActual = fTextoUsuario(lstFicheros.front().datFile());
+        formulario.strActual = fEscribirFecha(lstFicheros.front().datFile(), strFormaUsuario);
         const bool bolCorrecta = lstFicheros.front().bolFechaCorrecta();
         formulario.fondo = bolCorrecta ? colVerde : colRojo;
         formulario.strJuicio = bolCorrecta ? "Fecha correcta" : "Fecha incorrecta";
     }
     for (const clsFile &fichero : lstFicheros) {
         if (fichero.datExif().fHay()) {
-            formulario.lstFechas[0] = fTextoUsuario(fichero.datExif());
+            formulario.lstFechas[0] = fEscribirFecha(fichero.datExif(), strFormaUsuario);
         }
         if (fichero.datNombre1().fHay()) {
             formulario.lstFechas[1] = fAMediodia(fichero.datNombre1());

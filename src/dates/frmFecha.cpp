@@ -1,6 +1,7 @@
 #include "dates/frmFecha.h"
 
 #include "dates/fecha_tecleada.h"
+#include "shared/fecha.h"
 #include "shared/qtexto.h"
 
 #include <QFormLayout>
@@ -94,7 +95,7 @@ void frmFecha::fAceptar(Cierre cierre)
 {
     const std::string strTexto = fNormalizarTecleada(fUtf8(m_txtDateTime->text()));
     m_txtDateTime->setText(fQ(strTexto));
-    const auto fecha = fLeerTecleada(strTexto);
+    const auto fecha = fLeerFecha(strTexto, strFormaUsuario);
     if (!fecha) {
         m_mensajes.fAviso(Icono::Problema, fAvisoFechaNoValida(strTexto));
         m_txtDateTime->setFocus();

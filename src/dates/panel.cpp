@@ -10,8 +10,8 @@ std::string fTextoInfo1(int lngActual, int lngCantidad)
 std::string fTextoInfo2(std::string_view strRuta, std::string_view strFecha,
                         std::string_view strTamano)
 {
-    const auto fecha = fLeerTextoCatalogo(strFecha);
-    return std::string(strRuta) +
-           "      Fecha: " + (fecha ? fTextoUsuario(*fecha) : std::string(strFecha)) +
+    const auto fecha = fLeerFecha(strFecha);
+    return std::string(strRuta) + "      Fecha: " +
+           (fecha ? fEscribirFecha(*fecha, strFormaUsuario) : std::string(strFecha)) +
            "      Tamaño: " + std::string(strTamano);
 }

@@ -335,7 +335,7 @@ void clsBuscaTexto::fAnadir(std::string_view strUtf8)
 const std::string &clsBuscaTexto::fCarpeta(const clsFilas &filas, int lngPos)
 {
     const std::uint32_t lngFila = filas.fOrden()[static_cast<std::size_t>(lngPos)];
-    const std::uint32_t lngCarpeta = filas.fClave(lngFila).lngCarpeta;
+    const std::uint32_t lngCarpeta = filas.fNumeroCarpeta(lngFila);
     if (m_lstCarpetas.size() <= lngCarpeta) {
         m_lstCarpetas.resize(filas.fTextosCarpeta().size());
     }

@@ -1,21 +1,13 @@
 #include "filter/formulario_filtro.h"
 
-#include "dates/fecha_tecleada.h"
 #include "shared/texto.h"
 
 #include <algorithm>
-#include <optional>
 
 namespace {
 
 constexpr std::string_view strPrimerDia = "01/01/1901";
 constexpr std::string_view strUltimoDia = "31/12/2100";
-
-/// The midnight that a day "dd/mm/yyyy" begins with.
-std::optional<clsFecha> fLeerDia(std::string_view strDia)
-{
-    return fLeerTecleada(std::string(strDia) + " 00:00:00");
-}
 
 /// "dd/mm/yyyy" from six characters, which need not be digits.
 std::string fConSiglo(std::string_view strSeis)
@@ -95,7 +87,7 @@ clsCajaFecha fDejarCaja(std::string_view strTexto, std::string_view strValida)
         return {FalloFiltro::Formato, std::string(strTexto)};
     }
     const std::string strDia = fConSiglo(strTexto);
-    if (!fLeerDia(strDia)) {
+    if (!fLeerFecha(strDia, strFormaDia)) {
         return {FalloFiltro::NoValida, std::string(strTexto)};
     }
     return {FalloFiltro::Ninguno, strDia};
@@ -104,7 +96,7 @@ clsCajaFecha fDejarCaja(std::string_view strTexto, std::string_view strValida)
 std::string fEditarCaja(std::string_view strTexto)
 {
     std::string strSeis(strTexto);
-    if (fLeerDia(strTexto)) {
+    if (fLeerFecha(strTexto, strFormaDia)) {
         strSeis.erase(6, 2); // the century
         std::erase(strSeis, '/');
     }
@@ -122,7 +114,7 @@ clsPeticionFiltro fPedirFiltro(clsValoresFiltro &valores)
         return peticion;
     }
     const auto fDia = [](const std::string &strCaja, std::string_view strVacia) {
-        return fLeerDia(strCaja.empty() ? strVacia : strCaja).value_or(clsFecha{});
+        return fLeerFecha(strCaja.empty() ? strVacia : strCaja, strFormaDia).value_or(clsFecha{});
     };
     filtro.datDesde = fDia(valores.strFiltroDesde, strPrimerDia);
     filtro.datHasta = fDia(valores.strFiltroHasta, strUltimoDia);

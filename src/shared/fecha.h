@@ -1,5 +1,6 @@
 #pragma once
 
+#include <chrono>
 #include <cstdint>
 #include <ctime>
 #include <optional>
@@ -41,20 +42,37 @@ struct clsPartesFecha {
 /// it has no such moment.
 [[nodiscard]] std::optional<std::time_t> fMomento(clsFecha fecha);
 
-/// "yyyy/MM/dd HH:mm:ss", as the catalogue and the list hold it.
-[[nodiscard]] std::string fTextoCatalogo(clsFecha fecha);
+/// Day 0.
+inline constexpr std::chrono::sys_days datDiaCero =
+    std::chrono::year{1899} / std::chrono::December / std::chrono::day{30};
 
-/// "dd/mm/yyyy hh:mm:ss", as the user reads it.
-[[nodiscard]] std::string fTextoUsuario(clsFecha fecha);
+/// The midnight that a day begins with.
+[[nodiscard]] constexpr clsFecha fMedianoche(std::chrono::sys_days dia)
+{
+    return {std::chrono::seconds{dia - datDiaCero}.count()};
+}
 
-/// "dd/mm/yyyy".
-[[nodiscard]] std::string fTextoDia(clsFecha fecha);
+/// The day a date lies in.
+[[nodiscard]] constexpr std::chrono::sys_days fDia(clsFecha fecha)
+{
+    return datDiaCero +
+           std::chrono::floor<std::chrono::days>(std::chrono::seconds{fecha.lngSegundos});
+}
 
-/// "yyyyMMddHHmmss", as the catalogue's backups end.
-[[nodiscard]] std::string fTextoSello(clsFecha fecha);
+/// The forms of date texts. Each letter of y M d H m s stands for one digit of year, month, day,
+/// hour, minute and second; every other character for itself.
+inline constexpr std::string_view strFormaCatalogo = "yyyy/MM/dd HH:mm:ss"; ///< and of the list
+inline constexpr std::string_view strFormaUsuario = "dd/MM/yyyy HH:mm:ss";
+inline constexpr std::string_view strFormaDia = "dd/MM/yyyy";
 
-/// "yyyyMMdd_", as the names of corrected files begin.
-[[nodiscard]] std::string fPrefijoNombre(clsFecha fecha);
+/// Writes a date in a form. Dates outside the valid years are written as the zero date.
+[[nodiscard]] std::string fEscribirFecha(clsFecha fecha,
+                                         std::string_view strForma = strFormaCatalogo);
 
-/// Reads exactly the form of fTextoCatalogo; nothing for any other text.
-[[nodiscard]] std::optional<clsFecha> fLeerTextoCatalogo(std::string_view strTexto);
+/// The same into a place of as many bytes as the form has.
+void fEscribirFecha(clsFecha fecha, std::string_view strForma, char *chrDestino);
+
+/// Reads a text of exactly that form; nothing for any other text, and for what is no real date of
+/// the valid years. What the form leaves out of the time of day is 0.
+[[nodiscard]] std::optional<clsFecha> fLeerFecha(std::string_view strTexto,
+                                                 std::string_view strForma = strFormaCatalogo);

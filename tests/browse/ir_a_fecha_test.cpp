@@ -6,10 +6,9 @@ namespace {
 
 TEST(IrAFecha, AcceptsEightDigitsThatNameADay)
 {
-    using namespace std::chrono_literals;
-    EXPECT_EQ(fLeerRespuestaFecha("07052010"), 2010y / std::chrono::May / 7d);
-    EXPECT_EQ(fLeerRespuestaFecha("29022008"), 2008y / std::chrono::February / 29d);
-    EXPECT_EQ(fLeerRespuestaFecha("31129999"), 9999y / std::chrono::December / 31d);
+    EXPECT_EQ(fLeerRespuestaFecha("07052010"), fFechaDe({2010, 5, 7}));
+    EXPECT_EQ(fLeerRespuestaFecha("29022008"), fFechaDe({2008, 2, 29}));
+    EXPECT_EQ(fLeerRespuestaFecha("31129999"), fFechaDe({9999, 12, 31}));
     for (const char *const strRespuesta :
          {"", "7052010", "070520100", "31022010", "29022010", "00052010", "07132010", "07050099",
           "siete de", "07/05/10", "0705201O", " 7052010", "+7052010", "-7052010", "ñ052010"}) {

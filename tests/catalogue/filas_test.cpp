@@ -32,29 +32,40 @@ TEST(Filas, KeepDateTextsThatOnlyLookAlmostRight)
     }
 }
 
-TEST(Filas, KnowTheDayOfARealDate)
+TEST(Filas, KnowTheDateThatTheirTextMeans)
 {
-    constexpr std::uint32_t lngDia = 2009 * 512 + 7 * 32 + 14;
-    const std::pair<const char *, std::uint32_t> lstCasos[] = {
-        {"2009/07/14 23:59:59", lngDia},
-        {" 2009/07/14 18:03:22 ", lngDia},
-        {"2009/07/15 00:00:00", lngDia + 1},
-        {"9999/12/31 00:00:00", 9999 * 512 + 12 * 32 + 31},
-        {"2009/07/14 24:00:00", 0},
-        {"2009/07/14 23:60:00", 0},
-        {"2009/07/14 23:59:60", 0},
-        {"2009/02/29 18:03:22", 0},
-        {"0099/07/14 18:03:22", 0},
-        {"2009/07/14", 0},
-        {"", 0},
+    const std::pair<const char *, std::optional<clsFecha>> lstCasos[] = {
+        {"2009/07/14 23:59:59", fFechaDe({2009, 7, 14, 23, 59, 59})},
+        {" 2009/07/14 18:03:22 ", fFechaDe({2009, 7, 14, 18, 3, 22})},
+        {"9999/12/31 00:00:00", fFechaDe({9999, 12, 31})},
+        {"0100/01/01 00:00:00", fFechaDe({100, 1, 1})},
+        {"1899/12/30 00:00:00", clsFecha{}}, // what files without one get
+        {"2009/07/14 24:00:00", {}},
+        {"2009/02/29 18:03:22", {}},
+        {"0099/07/14 18:03:22", {}},
+        {"2009/07/14", {}},
+        {"", {}},
     };
-    for (const auto &[strTexto, lngEsperado] : lstCasos) {
+    for (const auto &[strTexto, fecha] : lstCasos) {
         SCOPED_TRACE(strTexto);
         clsFilas filas;
-        filas.fAgregarFila("/f/a.jpg", strFecha, 1); // of the same day as some of them
-        filas.fAgregarFila("/f/b.jpg", strTexto, 1);
-        EXPECT_EQ(filas.fDia(1), lngEsperado);
+        filas.fAgregarFila("/f/a.jpg", strTexto, 1);
+        EXPECT_EQ(filas.fDatFecha(0), fecha.value_or(clsFilas::datNinguna));
+        EXPECT_EQ(filas.fFecha(0), strTexto);
+        EXPECT_EQ(filas.fFechasExactas(), fecha.has_value() && strTexto[0] != ' ');
     }
+}
+
+TEST(Filas, TakeTheDiskDateInPlaceOfATextOfAnotherForm)
+{
+    clsFilas filas = fTres();
+    const clsFecha fecha = fFechaDe({2010, 1, 2, 3, 4, 5}).value();
+    filas.fConservar({{2, -1, {}}, {1, 7, fecha}});
+    EXPECT_EQ(filas.fFecha(0), "");
+    EXPECT_EQ(filas.fFecha(1), "2010/01/02 03:04:05");
+    EXPECT_EQ(filas.fDatFecha(0), clsFilas::datNinguna);
+    EXPECT_EQ(filas.fDatFecha(1), fecha);
+    EXPECT_EQ(filas.fTamano(1), 7);
 }
 
 TEST(Filas, FindTheLastRowOfExactlyThePath)

@@ -29,16 +29,15 @@ std::vector<std::uint32_t> fRangosDeBytes(const std::vector<std::string_view> &l
 /// What a cell of the column shows: what the order goes by.
 std::string fTexto(const clsFilas &filas, std::uint32_t lngFila, Columna columna)
 {
-    const clsFilas::clsClave clave = filas.fClave(lngFila);
     switch (columna) {
     case Columna::Nombre:
         return std::string(filas.fTextoNombre(lngFila));
     case Columna::Fecha:
         return filas.fTextoFecha(lngFila);
     case Columna::Tamano:
-        return fTextoKB(clave.lngBytes, {});
+        return fTextoKB(filas.fBytes(lngFila), {});
     case Columna::Carpeta:
-        return filas.fTextosCarpeta()[clave.lngCarpeta];
+        return filas.fTextosCarpeta()[filas.fNumeroCarpeta(lngFila)];
     }
     return {};
 }
@@ -86,16 +85,11 @@ TEST(Orden, IsThatOfAStableSortOfTheTextsBothWays)
         int intFilas;
         bool bolRaras;
     };
-    // From 4096 rows on another way of sorting is taken.
     const clsCaso lstCasos[] = {
         {"no rows", 0, false},
         {"one row", 1, false},
-        {"few rows", 300, false},
-        {"few odd rows", 300, true},
-        {"just below the turn", 4095, false},
-        {"at the turn", 4096, false},
-        {"many rows", 9000, false},
-        {"many odd rows", 5000, true},
+        {"many rows", 3000, false},
+        {"many odd rows", 3000, true},
     };
     for (const clsCaso &caso : lstCasos) {
         SCOPED_TRACE(caso.strFrase);

@@ -250,7 +250,7 @@ TEST(Examen, DatesEveryFileByTheZoneHoweverOddItsChanges)
             const std::time_t lngMomento = lngCambio + 3600 + lngDia * 86400 + lngResto;
             lstNombres.push_back(std::to_string(lngMomento));
             arbol.fCrear(lstNombres.back(), "x", lngMomento);
-            lstEsperadas.push_back(fTextoCatalogo(fFechaLocal(lngMomento)));
+            lstEsperadas.push_back(fEscribirFecha(fFechaLocal(lngMomento)));
         }
     }
     const Textos lstLineas = fLineas(fExaminarNombres(arbol, lstNombres).strLineas);

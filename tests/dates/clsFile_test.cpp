@@ -14,7 +14,7 @@ namespace {
 
 using namespace std::string_literals;
 
-std::string fTexto(clsFecha fecha) { return fecha.fHay() ? fTextoCatalogo(fecha) : "-"; }
+std::string fTexto(clsFecha fecha) { return fecha.fHay() ? fEscribirFecha(fecha) : "-"; }
 
 std::string fExif(std::string_view strTexto)
 {
@@ -223,7 +223,7 @@ TEST_F(File, ThatMayNotBeReadHasItsOtherDates)
 TEST_F(File, HasItsDateInEveryCentury)
 {
     for (const char *const strFecha : {"1700/01/02 03:04:05", "2400/01/02 03:04:05"}) {
-        const auto lngMomento = fMomento(fLeerTextoCatalogo(strFecha).value()).value();
+        const auto lngMomento = fMomento(fLeerFecha(strFecha).value()).value();
         arbol.fCrear("siglo.jpg", "x", lngMomento);
         struct stat datos {};
         ASSERT_EQ(stat(arbol.fRuta("siglo.jpg").c_str(), &datos), 0);

@@ -8,7 +8,7 @@ namespace {
 
 clsFile fFichero(const clsArbol &arbol, const std::string &strNombre, const std::string &strFecha)
 {
-    const auto fecha = fLeerTextoCatalogo(strFecha);
+    const auto fecha = fLeerFecha(strFecha);
     arbol.fCrear(strNombre, "no picture", fMomento(fecha.value()).value());
     clsFile fichero;
     fichero.fCargar(arbol.fRuta(strNombre));

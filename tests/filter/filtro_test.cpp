@@ -115,7 +115,7 @@ TEST(FiltroFechas, ReadsTheDiskAndNotTheList)
     const clsZona zona("Europe/Madrid");
     const clsArbol arbol;
     const auto fMomentoDe = [](const char *str) {
-        return fMomento(fLeerTextoCatalogo(str).value()).value();
+        return fMomento(fLeerFecha(str).value()).value();
     };
     arbol.fCrear("antes.jpg", "x", fMomentoDe("1999/07/04 23:59:59"));
     arbol.fCrear("primero.jpg", "x", fMomentoDe("1999/07/05 00:00:00"));

@@ -87,8 +87,11 @@ TEST(FormularioFiltro, FillsTheOpenEndsOfARange)
 {
     clsValoresFiltro desde{"05/07/1999", "", "", "N", 0};
     clsValoresFiltro hasta{"", "05/07/1999", "", "N", 0};
-    EXPECT_EQ(fTextoUsuario(fPedirFiltro(desde).filtro.datHasta), "31/12/2100 00:00:00");
-    EXPECT_EQ(fTextoUsuario(fPedirFiltro(hasta).filtro.datDesde), "01/01/1901 00:00:00");
-    EXPECT_EQ(fTextoUsuario(fPedirFiltro(hasta).filtro.datHasta), "05/07/1999 00:00:00");
+    EXPECT_EQ(fEscribirFecha(fPedirFiltro(desde).filtro.datHasta, strFormaUsuario),
+              "31/12/2100 00:00:00");
+    EXPECT_EQ(fEscribirFecha(fPedirFiltro(hasta).filtro.datDesde, strFormaUsuario),
+              "01/01/1901 00:00:00");
+    EXPECT_EQ(fEscribirFecha(fPedirFiltro(hasta).filtro.datHasta, strFormaUsuario),
+              "05/07/1999 00:00:00");
     EXPECT_EQ(fTituloFiltro(200'000), "Filtro (200000 archivos)");
 }

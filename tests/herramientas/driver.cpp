@@ -145,7 +145,7 @@ int fOrdenCorrect(const clsArgumentos &lstArgumentos)
         return intSalidaMal;
     }
     const std::string strTecleada = fNormalizarTecleada(lstArgumentos[1]);
-    const auto fecha = fLeerTecleada(strTecleada);
+    const auto fecha = fLeerFecha(strTecleada, strFormaUsuario);
     if (!fecha) {
         fAvisar(fAvisoFechaNoValida(strTecleada));
         return intSalidaMal;

@@ -14,7 +14,7 @@
 
 namespace {
 
-std::string fTextoFecha(clsFecha fecha) { return fecha.fHay() ? fTextoCatalogo(fecha) : "-"; }
+std::string fTextoFecha(clsFecha fecha) { return fecha.fHay() ? fEscribirFecha(fecha) : "-"; }
 
 std::string fTextoFechas(const std::string &strRuta)
 {
