@@ -6,12 +6,10 @@
 #include "corte_desnudo.h"
 #include "medir.h"
 #include "shared/medios.h"
-#include "sistema/archivo.h"
 
 #include <algorithm>
 #include <cstdio>
 #include <cstdlib>
-#include <optional>
 #include <string>
 #include <string_view>
 
@@ -23,19 +21,13 @@ void fCortar(const std::string &strRuta)
     std::printf("bare cut: %zu lines, VmHWM %ld kB\n", lstLineas.size(), fMemoria("VmHWM"));
 }
 
-enum class Modo { Bloques, Entero };
-
-void fCargar(const std::string &strRuta, Medios medios, Modo modo)
+void fCargar(const std::string &strRuta, Medios medios)
 {
     const long lngAntes = fMemoria("VmRSS");
     clsFilas filas;
-    std::optional<clsLectura> lectura;
     int intError = 0;
-    if (modo == Modo::Bloques) {
-        lectura = fLeerFicheroCatalogo(strRuta, fExtensionesVisibles(medios), filas, intError);
-    } else if (const auto strBytes = fLeerArchivo(strRuta, intError)) {
-        lectura = fLeerCatalogo(*strBytes, fExtensionesVisibles(medios), filas);
-    }
+    const auto lectura =
+        fLeerFicheroCatalogo(strRuta, fExtensionesVisibles(medios), filas, intError);
     if (!lectura || lectura->fallo) {
         std::fprintf(stderr, "not read: error %d\n", intError);
         std::_Exit(1);
@@ -64,16 +56,15 @@ int main(int intArgumentos, char **lstArgumentos)
         return 0;
     }
     if (strCual == "nuestro") {
-        fCargar(strRuta, Medios::Todos, Modo::Bloques);
+        fCargar(strRuta, Medios::Todos);
         return 0;
     }
     return fComparar(
         {
-            {"bare cut",                   [&] { fCortar(strRuta); }                               },
-            {"rows, all media",            [&] { fCargar(strRuta, Medios::Todos, Modo::Bloques); } },
-            {"rows, photos",               [&] { fCargar(strRuta, Medios::Fotos, Modo::Bloques); } },
-            {"rows, videos",               [&] { fCargar(strRuta, Medios::Videos, Modo::Bloques); }},
-            {"rows, all, read as a whole", [&] { fCargar(strRuta, Medios::Todos, Modo::Entero); }  }
+            {"bare cut",        [&] { fCortar(strRuta); }                },
+            {"rows, all media", [&] { fCargar(strRuta, Medios::Todos); } },
+            {"rows, photos",    [&] { fCargar(strRuta, Medios::Fotos); } },
+            {"rows, videos",    [&] { fCargar(strRuta, Medios::Videos); }},
     },
         std::atoi(std::string(strCual).c_str()));
 }

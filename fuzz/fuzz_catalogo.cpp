@@ -61,6 +61,31 @@ void fComprobarOrden(clsFilas &filas)
     }
 }
 
+/// Reads a catalogue in blocks of a size.
+clsLectura fLeer(std::string_view strCatalogo, std::string_view strExtensiones,
+                 std::size_t lngBloque, clsFilas &filas)
+{
+    clsRegistros registros(
+        [strCatalogo](char *chrDestino, std::size_t lngBytes) mutable {
+            const std::size_t lngDados = strCatalogo.copy(chrDestino, lngBytes);
+            strCatalogo.remove_prefix(lngDados);
+            return static_cast<std::int64_t>(lngDados);
+        },
+        lngBloque);
+    return fLeerCatalogo(registros, strExtensiones, filas);
+}
+
+/// Nothing of what was read depends on where the blocks end.
+void fComprobarBloques(const clsFilas &filas, const clsFilas &otras)
+{
+    fExigir(filas.fCantidad() == otras.fCantidad());
+    for (int lngPos = 0; lngPos < filas.fCantidad(); ++lngPos) {
+        fExigir(filas.fRuta(lngPos) == otras.fRuta(lngPos));
+        fExigir(filas.fFecha(lngPos) == otras.fFecha(lngPos));
+        fExigir(filas.fTamano(lngPos) == otras.fTamano(lngPos));
+    }
+}
+
 } // namespace
 
 /// The first byte chooses the media kind, the rest is the catalogue.
@@ -72,7 +97,13 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *bytDatos, std::size_t 
     const std::string_view strExtensiones = fExtensionesVisibles(medios);
 
     clsFilas filas;
-    const clsLectura lectura = fLeerCatalogo(strCatalogo, strExtensiones, filas);
+    const clsLectura lectura = fLeer(strCatalogo, strExtensiones, 1 << 18, filas);
+    clsFilas otras;
+    const clsLectura otra = fLeer(strCatalogo, strExtensiones, 16, otras);
+    fExigir(lectura.fallo.has_value() == otra.fallo.has_value());
+    fExigir(!lectura.fallo || lectura.fallo->lngLinea == otra.fallo->lngLinea);
+    fExigir(lectura.lngTotalKB == otra.lngTotalKB);
+    fComprobarBloques(filas, otras);
     const auto lngLineas =
         std::count(strCatalogo.begin(), strCatalogo.end(), '\n') + !strCatalogo.ends_with('\n');
     fExigir(std::int64_t{filas.fCantidad()} * 3 <= lngLineas);

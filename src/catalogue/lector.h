@@ -1,6 +1,7 @@
 #pragma once
 
 #include "catalogue/filas.h"
+#include "catalogue/registro.h"
 
 #include <cstdint>
 #include <optional>
@@ -24,11 +25,11 @@ struct clsLectura {
 ///
 /// Nothing is validated: records are told apart by counting lines, a final incomplete one is
 /// ignored, a line too few shifts all that follows. Only a size that is no number stops the
-/// reading; the rows before it stay.
-[[nodiscard]] clsLectura fLeerCatalogo(std::string_view strBytes, std::string_view strExtensiones,
+/// reading; the rows before it stay, as they do when the bytes end in an error.
+[[nodiscard]] clsLectura fLeerCatalogo(clsRegistros &registros, std::string_view strExtensiones,
                                        clsFilas &filas);
 
-/// The same from the catalogue's file, block by block: it is never in memory as a whole.
+/// The same from the catalogue's file.
 /// @return nothing when the file cannot be read to its end, whose error number goes to intError;
 ///         the rows before it stay.
 [[nodiscard]] std::optional<clsLectura> fLeerFicheroCatalogo(const std::string &strRuta,

@@ -1,15 +1,21 @@
 #include "catalogue/registro.h"
 
 #include <algorithm>
+#include <cerrno>
 #include <charconv>
+#include <cstring>
 #include <iterator>
+#include <unistd.h>
 
 namespace {
 
-void fDosCifras(char *chr, int intValor)
+/// A line with its end.
+clsLinea fLinea(std::string_view strLinea)
 {
-    chr[0] = static_cast<char>('0' + intValor / 10);
-    chr[1] = static_cast<char>('0' + intValor % 10);
+    const bool bolDoble = strLinea.ends_with("\r\n");
+    const bool bolFin = strLinea.ends_with('\n') || strLinea.ends_with('\r');
+    const std::size_t lngTexto = strLinea.size() - (bolDoble ? 2 : bolFin ? 1 : 0);
+    return {strLinea.substr(0, lngTexto), strLinea.substr(lngTexto)};
 }
 
 } // namespace
@@ -25,15 +31,66 @@ void fAnadirRegistro(std::string &strCatalogo, std::string_view strCarpeta,
                    [](char chr) { return chr == '\r' || chr == '\n' ? '?' : chr; });
     // Date and size in place: a hundred thousand files are written here while their disk waits.
     char chrResto[] = "\r\nyyyy/MM/dd HH:mm:ss\r\n -9223372036854775808 \r\n";
-    const clsPartesFecha partes = fPartes(fecha);
-    fDosCifras(chrResto + 2, partes.intAno / 100);
-    fDosCifras(chrResto + 4, partes.intAno % 100);
-    fDosCifras(chrResto + 7, partes.intMes);
-    fDosCifras(chrResto + 10, partes.intDia);
-    fDosCifras(chrResto + 13, partes.intHora);
-    fDosCifras(chrResto + 16, partes.intMinuto);
-    fDosCifras(chrResto + 19, partes.intSegundo);
-    char *const chrTamano = chrResto + 24;
+    fEscribirFecha(fecha, strFormaCatalogo, chrResto + 2);
+    char *const chrTamano = chrResto + 2 + strFormaCatalogo.size() + 3;
     char *const chrFin = std::to_chars(chrTamano, std::end(chrResto), lngBytes).ptr;
     strCatalogo.append(chrResto, chrFin).append(" \r\n");
+}
+
+clsSurtidor fBytesDe(const clsDescriptor &archivo)
+{
+    return [intFd = archivo.fFd()](char *chrDestino, std::size_t lngBytes) -> std::int64_t {
+        const ssize_t lngLeidos = fInsistir([&] { return read(intFd, chrDestino, lngBytes); });
+        return lngLeidos < 0 ? -errno : lngLeidos;
+    };
+}
+
+const clsRegistro *clsRegistros::fSiguiente()
+{
+    m_lngDesde += m_registro.strBytes.size();
+    while (!fCortar()) {
+        fRellenar();
+    }
+    return m_registro.lngLineas > 0 && m_intError == 0 ? &m_registro : nullptr;
+}
+
+/// Cuts the next record; false when more bytes are needed for that.
+bool clsRegistros::fCortar()
+{
+    const char *const chrInicio = m_lstBloque.data() + m_lngDesde;
+    const char *const chrFin = m_lstBloque.data() + m_lngHasta;
+    const char *chrDesde = chrInicio;
+    m_registro.lngLineas = 0;
+    for (clsLinea &linea : m_registro.lstLineas) {
+        const auto lngQuedan = static_cast<std::size_t>(chrFin - chrDesde);
+        const void *const pos = std::memchr(chrDesde, '\n', lngQuedan);
+        if (pos == nullptr && !m_bolFin) {
+            return false;
+        }
+        if (lngQuedan == 0) {
+            break;
+        }
+        const char *const chrHasta = pos == nullptr ? chrFin : static_cast<const char *>(pos) + 1;
+        linea = fLinea({chrDesde, chrHasta});
+        ++m_registro.lngLineas;
+        chrDesde = chrHasta;
+    }
+    m_registro.strBytes = {chrInicio, chrDesde};
+    return true;
+}
+
+/// Reads more bytes behind those that were not cut yet.
+void clsRegistros::fRellenar()
+{
+    m_lngHasta -= m_lngDesde;
+    std::memmove(m_lstBloque.data(), m_lstBloque.data() + m_lngDesde, m_lngHasta);
+    m_lngDesde = 0;
+    if (m_lngHasta == m_lstBloque.size()) {
+        m_lstBloque.resize(m_lstBloque.size() * 2); // a record longer than the block
+    }
+    const std::int64_t lngLeidos =
+        m_fSurtir(m_lstBloque.data() + m_lngHasta, m_lstBloque.size() - m_lngHasta);
+    m_bolFin = lngLeidos <= 0;
+    m_intError = lngLeidos < 0 ? static_cast<int>(-lngLeidos) : 0;
+    m_lngHasta += static_cast<std::size_t>(std::max<std::int64_t>(lngLeidos, 0));
 }

@@ -1,12 +1,18 @@
 #pragma once
 
 #include "shared/fecha.h"
+#include "sistema/archivo.h"
 
+#include <array>
+#include <cstddef>
 #include <cstdint>
+#include <functional>
 #include <string>
 #include <string_view>
+#include <utility>
+#include <vector>
 
-/// The catalogue file `Miravel.dat`, as its writer makes it and its reader expects it:
+/// The catalogue file `Miravel.dat`, as its writer makes it and its readers expect it:
 ///
 /// Plain bytes, one value a line, every line ended by CR LF; no header, no count, no trailer. A
 /// file of the archive is three lines:
@@ -20,3 +26,49 @@ inline constexpr std::string_view strFicheroCatalogo = "Miravel.dat";
 /// Appends the three lines of one file.
 void fAnadirRegistro(std::string &strCatalogo, std::string_view strCarpeta,
                      std::string_view strNombre, clsFecha fecha, std::int64_t lngBytes);
+
+/// One line as it stands in a catalogue.
+struct clsLinea {
+    std::string_view strTexto; ///< without its end
+    std::string_view strFin;   ///< CR LF, LF; at the end of the file CR or nothing, too
+};
+
+/// The lines of one record. Records are told apart by counting lines, nothing is validated.
+struct clsRegistro {
+    std::array<clsLinea, 3> lstLineas;
+    std::size_t lngLineas = 0; ///< fewer than three at the end of a cut catalogue
+    std::string_view strBytes; ///< all of them, byte by byte
+};
+
+/// Where the bytes of a catalogue come from: fills in at most that many; how many there were, 0 at
+/// the end, an error number with a minus.
+using clsSurtidor = std::function<std::int64_t(char *chrDestino, std::size_t lngBytes)>;
+
+/// The bytes of an open file, which has to stay open.
+[[nodiscard]] clsSurtidor fBytesDe(const clsDescriptor &archivo);
+
+/// The records of a catalogue one after the other. It is never in memory as a whole.
+class clsRegistros {
+public:
+    /// @param lngBloque bytes read at a time, at least; as many as stay in the processor's cache.
+    explicit clsRegistros(clsSurtidor fSurtir, std::size_t lngBloque = 1 << 18)
+        : m_fSurtir(std::move(fSurtir)), m_lstBloque(lngBloque)
+    {
+    }
+    /// The next record, whose texts live until the next call; none at the end and after an error.
+    [[nodiscard]] const clsRegistro *fSiguiente();
+    /// The error number that ended the records, 0 when there was none.
+    [[nodiscard]] int fError() const { return m_intError; }
+
+private:
+    [[nodiscard]] bool fCortar();
+    void fRellenar();
+
+    clsSurtidor m_fSurtir;
+    std::vector<char> m_lstBloque; ///< what is not read yet lies from m_lngDesde to m_lngHasta
+    std::size_t m_lngDesde = 0;
+    std::size_t m_lngHasta = 0;
+    bool m_bolFin = false; ///< nothing follows what is in the block
+    int m_intError = 0;
+    clsRegistro m_registro;
+};

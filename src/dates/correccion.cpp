@@ -48,51 +48,40 @@ void fCorregirFichero(clsCorregido &fichero, clsFecha fecha, const clsFalloNombr
     }
 }
 
-/// One line at the start of a text.
-struct clsLinea {
-    std::string_view strTexto; ///< without its end
-    std::string_view strFin;   ///< CR LF, LF, or nothing at the end of the file
-};
-
-/// Takes the first line from a text that is not empty.
-clsLinea fTomarLinea(std::string_view &strResto)
+/// Appends a record: that of a corrected file with its present path and the date, any other byte by
+/// byte, an incomplete one at the end too.
+void fAnadirCorregido(std::string &strSalida, const clsRegistro &registro,
+                      const clsDestinos &destinos, std::string_view strFecha)
 {
-    const std::size_t lngLinea = std::min(strResto.find('\n'), strResto.size() - 1) + 1;
-    const std::string_view strLinea = strResto.substr(0, lngLinea);
-    strResto.remove_prefix(lngLinea);
-    const int intFin = strLinea.ends_with("\r\n") ? 2 : strLinea.ends_with('\n') ? 1 : 0;
-    const std::size_t lngTexto = lngLinea - static_cast<std::size_t>(intFin);
-    return {strLinea.substr(0, lngTexto), strLinea.substr(lngTexto)};
+    const auto &[ruta, fecha, tamano] = registro.lstLineas;
+    const bool bolEntero = registro.lngLineas == registro.lstLineas.size();
+    const auto destino = bolEntero ? destinos.find(ruta.strTexto) : destinos.end();
+    if (destino == destinos.end()) {
+        strSalida.append(registro.strBytes);
+        return;
+    }
+    strSalida.append(destino->second).append(ruta.strFin);
+    strSalida.append(strFecha).append(fecha.strFin);
+    strSalida.append(tamano.strTexto).append(tamano.strFin);
 }
 
-/// Writes a catalogue anew: the records of corrected files with their present path and the date,
-/// everything else byte by byte, an incomplete record at the end too.
-void fReescribir(std::string_view strCatalogo, const clsDestinos &destinos, clsFecha fecha,
-                 clsReemplazo &archivo)
+/// Writes a catalogue anew.
+/// @return 0 or the number of the error that ended the records; archivo knows those of its own.
+int fReescribir(clsRegistros &registros, const clsDestinos &destinos, clsFecha fecha,
+                clsReemplazo &archivo)
 {
+    constexpr std::size_t lngTramo = 1 << 18;
     const std::string strFecha = fEscribirFecha(fecha);
-    std::string_view strResto = strCatalogo;
-    std::size_t lngCopiados = 0;
-    const auto fPosicion = [&] { return strCatalogo.size() - strResto.size(); };
-    while (!strResto.empty()) {
-        const std::size_t lngRegistro = fPosicion();
-        const clsLinea ruta = fTomarLinea(strResto);
-        const clsLinea linea2 = strResto.empty() ? clsLinea{} : fTomarLinea(strResto);
-        if (strResto.empty()) {
-            break;
-        }
-        const std::size_t lngTamano = fPosicion();
-        fTomarLinea(strResto);
-        const auto destino = destinos.find(ruta.strTexto);
-        if (destino != destinos.end()) {
-            archivo.fEscribir(strCatalogo.substr(lngCopiados, lngRegistro - lngCopiados));
-            std::string strLineas(destino->second);
-            strLineas.append(ruta.strFin).append(strFecha).append(linea2.strFin);
-            archivo.fEscribir(strLineas);
-            lngCopiados = lngTamano;
+    std::string strPendiente;
+    while (const clsRegistro *const registro = registros.fSiguiente()) {
+        fAnadirCorregido(strPendiente, *registro, destinos, strFecha);
+        if (strPendiente.size() >= lngTramo) {
+            archivo.fEscribir(strPendiente);
+            strPendiente.clear();
         }
     }
-    archivo.fEscribir(strCatalogo.substr(lngCopiados));
+    archivo.fEscribir(strPendiente);
+    return registros.fError();
 }
 
 /// Gives the catalogue the name of a backup: the present second, or the next one that is free.
@@ -118,14 +107,17 @@ clsFinCorreccion fCorregirCatalogo(const std::string &strRuta, const clsDestinos
                                    clsFecha fecha, const clsDisco &disco)
 {
     clsFinCorreccion fin{Correccion::SinCatalogo, 0, {}};
-    const auto strCatalogo = fLeerArchivo(strRuta, fin.intError);
-    if (!strCatalogo) {
+    const clsDescriptor viejo = fAbrirRegular(strRuta, fin.intError);
+    if (!viejo.fAbierto()) {
         return fin;
     }
     // Written and flushed before the old one is touched: a full disk is found out here.
     clsReemplazo archivo(strRuta, disco);
-    fReescribir(*strCatalogo, destinos, fecha, archivo);
-    fin.intError = archivo.fVolcar();
+    clsRegistros registros(fBytesDe(viejo));
+    fin.intError = fReescribir(registros, destinos, fecha, archivo);
+    if (fin.intError == 0) {
+        fin.intError = archivo.fVolcar();
+    }
     if (fin.intError == 0) {
         fin.intError = fApartar(strRuta, fin.strCopia, disco);
     }

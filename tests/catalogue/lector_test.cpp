@@ -2,6 +2,7 @@
 
 #include "shared/medios.h"
 
+#include <cerrno>
 #include <gtest/gtest.h>
 #include <vector>
 
@@ -28,6 +29,43 @@ std::vector<std::string> fFilas(const clsFilas &filas)
     return lstFilas;
 }
 
+/// What was read: rows, fault, kilobytes, and the error that the bytes ended in.
+struct clsLeido {
+    std::vector<std::string> lstFilas;
+    std::int64_t lngFallo = 0;
+    std::string strFallo;
+    std::int64_t lngTotalKB = 0;
+    int intError = 0;
+    friend bool operator==(const clsLeido &, const clsLeido &) = default;
+};
+
+/// @param intErrorFinal what the bytes end in instead of their end.
+clsLeido fLeerEnBloques(std::string_view strBytes, Medios medios, std::size_t lngBloque,
+                        int intErrorFinal = 0)
+{
+    clsRegistros registros(
+        [&](char *chrDestino, std::size_t lngBytes) -> std::int64_t {
+            const std::size_t lngDados = strBytes.copy(chrDestino, lngBytes);
+            strBytes.remove_prefix(lngDados);
+            return lngDados > 0 ? static_cast<std::int64_t>(lngDados) : -intErrorFinal;
+        },
+        lngBloque);
+    clsFilas filas;
+    const clsLectura lectura = fLeerCatalogo(registros, fExtensionesVisibles(medios), filas);
+    const clsFallo fallo = lectura.fallo.value_or(clsFallo{});
+    return {fFilas(filas), fallo.lngLinea, fallo.strTexto, lectura.lngTotalKB, registros.fError()};
+}
+
+/// Reads a catalogue in a few blocks and in many.
+clsLeido fLeer(std::string_view strBytes, Medios medios = Medios::Todos)
+{
+    clsLeido leido = fLeerEnBloques(strBytes, medios, 1 << 18);
+    for (const std::size_t lngBloque : {1, 2, 3, 16, 61}) {
+        EXPECT_EQ(fLeerEnBloques(strBytes, medios, lngBloque), leido) << lngBloque;
+    }
+    return leido;
+}
+
 struct clsCaso {
     const char *strFrase;
     std::string strBytes;
@@ -38,11 +76,9 @@ struct clsCaso {
 void fComprobar(const clsCaso &caso)
 {
     SCOPED_TRACE(caso.strFrase);
-    clsFilas filas;
-    const clsLectura lectura =
-        fLeerCatalogo(caso.strBytes, fExtensionesVisibles(Medios::Todos), filas);
-    EXPECT_EQ(fFilas(filas), caso.lstFilas);
-    EXPECT_EQ(lectura.fallo ? lectura.fallo->lngLinea : 0, caso.lngFallo);
+    const clsLeido leido = fLeer(caso.strBytes);
+    EXPECT_EQ(leido.lstFilas, caso.lstFilas);
+    EXPECT_EQ(leido.lngFallo, caso.lngFallo);
 }
 
 const std::string strFecha = "2009/07/14 18:03:22";
@@ -51,26 +87,31 @@ TEST(Lector, ReadsEveryRecordWhateverItsLineEnds)
 {
     const std::string strA = "/f/a.jpg|2009/07/14 18:03:22|5";
     const std::string strB = "/f/b.MP4|2010/01/01 00:00:00|3000000000";
-    const std::string strDos =
-        fLineas({"/f/a.jpg", strFecha, " 5 ", "/f/b.MP4", "2010/01/01 00:00:00", " 3000000000 "});
-    std::string strSoloLF = strDos;
+    const std::string strUno = fLineas({"/f/a.jpg", strFecha, " 5 "});
+    const std::string strDos = strUno + "/f/b.MP4\r\n2010/01/01 00:00:00\r\n 3000000000 ";
+    std::string strSoloLF = strDos + '\n';
     std::erase(strSoloLF, '\r');
-    const clsCaso lstCasos[] = {
-        {"nothing", "", {}, 0},
-        {"two records", strDos, {strA, strB}, 0},
-        {"LF only", strSoloLF, {strA, strB}, 0},
-        {"no line end at the end", strDos.substr(0, strDos.size() - 2), {strA, strB}, 0},
-        {"half a line end at the end", strDos.substr(0, strDos.size() - 1), {strA, strB}, 0},
-        {"last record without a size", strDos.substr(0, strDos.find(" 3000")), {strA}, 0},
-        {"last record without a date", strDos.substr(0, strDos.find("2010")), {strA}, 0},
-        {"last line cut",
-         strDos.substr(0, strDos.find("00000 \r")),
-         {strA, "/f/b.MP4|2010/01/01 00:00:00|30000"},
-         0},
-        {"empty lines at the end", strDos + "\r\n\r\n", {strA, strB}, 0},
-    };
-    for (const clsCaso &caso : lstCasos) {
-        fComprobar(caso);
+    const std::string strCortado = "/f/b.MP4|2010/01/01 00:00:00|30000";
+    fComprobar({"nothing", "", {}, 0});
+    fComprobar({"two records", strDos + "\r\n", {strA, strB}, 0});
+    fComprobar({"LF only", strSoloLF, {strA, strB}, 0});
+    fComprobar({"no line end at the end", strDos, {strA, strB}, 0});
+    fComprobar({"half a line end at the end", strDos + '\r', {strA, strB}, 0});
+    fComprobar({"no size at the end", strUno + "/f/b.MP4\r\n2010\r\n", {strA}, 0});
+    fComprobar({"no date at the end", strUno + "/f/b.MP4", {strA}, 0});
+    fComprobar({"a cut size", strDos.substr(0, strDos.size() - 6), {strA, strCortado}, 0});
+    fComprobar({"empty lines at the end", strDos + "\r\n\r\n\r\n", {strA, strB}, 0});
+}
+
+TEST(Lector, EndsAtAnErrorOfTheDiskWithTheWholeRecordsBefore)
+{
+    const std::string strBytes = fLineas({"/f/a.jpg", strFecha, "1", "/f/b.jpg", strFecha, "22"});
+    // The second size may be cut: it must not count as far as it was read.
+    for (const std::size_t lngBloque : {1, 16, 1 << 18}) {
+        const auto leido = fLeerEnBloques(std::string_view(strBytes).substr(0, strBytes.size() - 3),
+                                          Medios::Todos, lngBloque, EIO);
+        EXPECT_EQ(leido.lstFilas, std::vector<std::string>{"/f/a.jpg|" + strFecha + "|1"});
+        EXPECT_EQ(leido.intError, EIO);
     }
 }
 
@@ -89,54 +130,54 @@ TEST(Lector, LeavesOutWhatIsHiddenOrOfAnotherKind)
                          strFecha, "7", "/f/jpg", strFecha, "7", "/f/aX_/b.jpg", strFecha, "7"}),
                 {"/f/aX_/b.jpg|" + strFecha + "|7"},
                 0});
-    clsFilas filas;
     const std::string strBytes = fLineas({"/f/a.jpg", strFecha, "1", "/f/b.avi", strFecha, "2"});
-    static_cast<void>(fLeerCatalogo(strBytes, fExtensionesVisibles(Medios::Videos), filas));
-    EXPECT_EQ(fFilas(filas), std::vector<std::string>{"/f/b.avi|" + strFecha + "|2"});
+    EXPECT_EQ(fLeer(strBytes, Medios::Videos).lstFilas,
+              std::vector<std::string>{"/f/b.avi|" + strFecha + "|2"});
 }
 
 TEST(Lector, StopsAtASizeThatIsNoNumberAndKeepsTheRowsBefore)
 {
-    clsFilas filas;
-    const clsLectura lectura =
-        fLeerCatalogo(fLineas({"/f/a.jpg", strFecha, " 2048 ", "/f/b.jpg", strFecha, " \xF1 ",
-                               "/f/c.jpg", strFecha, " 1 "}),
-                      fExtensionesVisibles(Medios::Fotos), filas);
-    ASSERT_TRUE(lectura.fallo);
-    EXPECT_EQ(lectura.fallo->lngLinea, 6);
-    EXPECT_EQ(lectura.fallo->strTexto, " \u00F1 ");
-    EXPECT_EQ(filas.fCantidad(), 1);
-    EXPECT_EQ(lectura.lngTotalKB, 2);
+    const clsLeido leido = fLeer(fLineas({"/f/a.jpg", strFecha, " 2048 ", "/f/b.jpg", strFecha,
+                                          " \xF1 ", "/f/c.jpg", strFecha, " 1 "}));
+    EXPECT_EQ(leido.lngFallo, 6);
+    EXPECT_EQ(leido.strFallo, " \u00F1 ");
+    EXPECT_EQ(leido.lstFilas.size(), 1U);
+    EXPECT_EQ(leido.lngTotalKB, 2);
 }
 
 TEST(Lector, CountsLinesAndDoesNotFindItsWayBackAfterALostOne)
 {
-    const clsCaso lstCasos[] = {
-        {"the path of the first is lost: no line stands where a path is looked for",
-         fLineas({strFecha, "5", "/f/b.jpg", strFecha, "6"}),
-         {},
-         0},
-        {"the size of the first is lost: the next path is taken for it",
-         fLineas({"/f/a.jpg", strFecha, "/f/b.jpg", strFecha, "6"}),
-         {},
-         3},
-        {"an empty line in front shifts all", fLineas({"", "/f/a.jpg", strFecha, "5"}), {}, 0},
+    fComprobar({"the path of the first is lost: no line stands where a path is looked for",
+                fLineas({strFecha, "5", "/f/b.jpg", strFecha, "6"}),
+                {},
+                0});
+    fComprobar({"the size of the first is lost: the next path is taken for it",
+                fLineas({"/f/a.jpg", strFecha, "/f/b.jpg", strFecha, "6"}),
+                {},
+                3});
+    fComprobar(
+        {"an empty line in front shifts all", fLineas({"", "/f/a.jpg", strFecha, "5"}), {}, 0});
+    fComprobar(
         {"an empty size: the next kept text takes its place",
          fLineas({"/f/a.jpg", strFecha, "", "/f/x.txt", "a", "b", "/f/b.jpg", strFecha, "6"}),
          {},
-         7},
-        {"an empty date likewise",
-         fLineas({"/f/a.jpg", "", "5", "/f/b.jpg", strFecha, "6"}),
-         {},
-         4},
-        {"an empty date of the last record: it stays incomplete",
-         fLineas({"/f/a.jpg", "", "5"}),
-         {},
-         0},
-    };
-    for (const clsCaso &caso : lstCasos) {
-        fComprobar(caso);
-    }
+         7});
+    fComprobar({"an empty date likewise",
+                fLineas({"/f/a.jpg", "", "5", "/f/b.jpg", strFecha, "6"}),
+                {},
+                4});
+    fComprobar({"an empty date, and a number where a path should be",
+                fLineas({"/f/a.jpg", "", strFecha, "7.jpg", "8", "9"}),
+                {},
+                4});
+    fComprobar({"an empty date of the last record: it stays incomplete",
+                fLineas({"/f/a.jpg", "", "5"}),
+                {},
+                0});
+    fComprobar({"an empty date, and the rest of a cut catalogue takes its turn",
+                fLineas({"/f/a.jpg", "", strFecha}) + "9.jpg",
+                {},
+                4});
 }
 
 TEST(Lector, SumsTheBytesOfTheRowsAndDropsTheRest)
@@ -155,11 +196,9 @@ TEST(Lector, SumsTheBytesOfTheRowsAndDropsTheRest)
     };
     for (const clsSuma &caso : lstCasos) {
         SCOPED_TRACE(caso.strFrase);
-        clsFilas filas;
-        const std::string strBytes =
-            fLineas({"/f/a.jpg", strFecha, caso.strUno, "/f/b.jpg", strFecha, caso.strOtro,
-                     "/f/X_c.jpg", strFecha, "999999"});
-        EXPECT_EQ(fLeerCatalogo(strBytes, fExtensionesVisibles(Medios::Todos), filas).lngTotalKB,
+        EXPECT_EQ(fLeer(fLineas({"/f/a.jpg", strFecha, caso.strUno, "/f/b.jpg", strFecha,
+                                 caso.strOtro, "/f/X_c.jpg", strFecha, "999999"}))
+                      .lngTotalKB,
                   caso.lngTotalKB);
     }
 }
