@@ -10,7 +10,6 @@
 #include <csignal>
 #include <fcntl.h>
 #include <gtest/gtest.h>
-#include <random>
 #include <sys/file.h>
 #include <sys/resource.h>
 #include <sys/stat.h>
@@ -44,18 +43,6 @@ int fRegistros(const std::string &strBytes)
     const auto lngLineas = std::count(strBytes.begin(), strBytes.end(), '\n');
     const bool bolEntero = strBytes.empty() || strBytes.ends_with(" \r\n");
     return bolEntero && lngLineas % 3 == 0 ? static_cast<int>(lngLineas / 3) : -1;
-}
-
-/// A catalogue without the record of the catalogue itself, which differs from build to build.
-std::string fSinPropio(const clsArbol &arbol, std::string strBytes)
-{
-    const std::string strPropio = arbol.fRuta(strDat) + "\r\n";
-    const std::size_t lngInicio = strBytes.find(strPropio);
-    if (lngInicio != std::string::npos) {
-        const std::size_t lngFin = strBytes.find(" \r\n", lngInicio + strPropio.size() + 21);
-        strBytes.erase(lngInicio, lngFin + 3 - lngInicio);
-    }
-    return strBytes;
 }
 
 TEST(Constructor, RecordsItselfAsAnEmptyFileTheFirstTime)
@@ -183,40 +170,54 @@ TEST(Constructor, KeepsTheOldCatalogueWhenTheNewOneCannotBeWritten)
     EXPECT_EQ(arbol.fNombres(), (Textos{strDat, "carpeta"}));
 }
 
-TEST(Constructor, LeavesTheOldOrTheNewCatalogueWhenItIsKilled)
+/// Dies when it is told of its n-th folder.
+class clsMortal : public clsPaciente {
+public:
+    explicit clsMortal(int intCarpeta) : m_intQuedan(intCarpeta) {}
+    void fCarpeta(const std::string &) override
+    {
+        if (--m_intQuedan == 0) {
+            raise(SIGKILL);
+        }
+    }
+
+private:
+    int m_intQuedan;
+};
+
+TEST(Constructor, LeavesTheOldCatalogueWhenItIsKilledBeforeTheNewOneIsWhole)
 {
     const clsArbol arbol;
-    constexpr int intArchivos = 3000;
+    constexpr int intArchivos = 400;
+    constexpr int intCarpetas = 40;
     for (int intArchivo = 0; intArchivo < intArchivos; ++intArchivo) {
-        arbol.fCrear(std::to_string(intArchivo % 40) + '/' + std::to_string(intArchivo) + ".jpg");
+        arbol.fCrear(std::to_string(intArchivo % intCarpetas) + '/' + std::to_string(intArchivo));
     }
-    arbol.fCrear("cambia.jpg");
-    const auto lngInicio = std::chrono::steady_clock::now();
     ASSERT_EQ(fConstruirEn(arbol), Construccion::Hecha);
-    const auto lngDuracion = std::chrono::duration_cast<std::chrono::microseconds>(
-        std::chrono::steady_clock::now() - lngInicio);
-    std::mt19937 azar(std::random_device{}());
-    std::uniform_int_distribution<std::int64_t> reparto(0, lngDuracion.count() * 3 / 2);
-    for (int intVez = 0; intVez < 20; ++intVez) {
+    const auto fMatar = [&](int intSenal, const std::function<void()> &fConstruirYMorir) {
         const std::string strViejo = arbol.fLeer(strDat);
-        arbol.fCrear("cambia.jpg", std::string(static_cast<std::size_t>(intVez) + 2, 'x'));
-        const std::chrono::microseconds lngEspera(reparto(azar));
-        SCOPED_TRACE(lngEspera.count());
-        clsHijo hijo([&] { static_cast<void>(fConstruirEn(arbol)); });
-        std::this_thread::sleep_for(lngEspera); // any moment will do
-        hijo.fMatar();
-        hijo.fEsperar();
-        const std::string strQueda = arbol.fLeer(strDat);
-        // The next build cleans up and tells what a whole new one looks like.
-        ASSERT_EQ(fConstruirEn(arbol), Construccion::Hecha);
-        const std::string strNuevo = arbol.fLeer(strDat);
-        ASSERT_EQ(fRegistros(strNuevo), intArchivos + 2);
-        ASSERT_NE(fSinPropio(arbol, strNuevo), fSinPropio(arbol, strViejo));
-        if (strQueda != strViejo) {
-            EXPECT_EQ(fRegistros(strQueda), intArchivos + 2);
-            EXPECT_TRUE(fSinPropio(arbol, strQueda) == fSinPropio(arbol, strNuevo));
-        }
-        EXPECT_EQ(arbol.fNombres().size(), 42U); // 40 folders, the catalogue and one file
+        EXPECT_EQ(fEnHijo(fConstruirYMorir), -intSenal);
+        EXPECT_TRUE(arbol.fLeer(strDat) == strViejo);
+        // The next build cleans up.
+        EXPECT_EQ(fConstruirEn(arbol), Construccion::Hecha);
+        EXPECT_EQ(fRegistros(arbol.fLeer(strDat)), intArchivos + 1);
+        EXPECT_EQ(arbol.fNombres().size(), intCarpetas + 1U);
+    };
+    for (const int intCarpeta : {1, 2, intCarpetas, intCarpetas + 1}) {
+        SCOPED_TRACE(intCarpeta);
+        fMatar(SIGKILL, [&] {
+            clsMortal observador(intCarpeta);
+            static_cast<void>(fConstruir(arbol.fRaiz(), observador));
+        });
+    }
+    for (const rlim_t lngBytes : {0U, 1U, 5000U}) { // of the new one, when death comes to writing
+        SCOPED_TRACE(lngBytes);
+        fMatar(SIGXFSZ, [&] {
+            const rlimit lstLimites[] = {{0, 0}, {lngBytes, RLIM_INFINITY}};
+            setrlimit(RLIMIT_CORE, &lstLimites[0]);
+            setrlimit(RLIMIT_FSIZE, &lstLimites[1]);
+            static_cast<void>(fConstruirEn(arbol));
+        });
     }
 }
 
