@@ -12,7 +12,7 @@ packages_package=(dpkg-dev file)
 packages_tests=(libgtest-dev xvfb xauth xdotool locales util-linux procps
     at-spi2-core dbus-daemon gir1.2-atspi-2.0 python3-gi
     desktop-file-utils appstream lintian libglib2.0-bin
-    clang clang-format clang-tidy libclang-rt-14-dev)
+    clang clang-format clang-tidy)
 
 say() { printf '== %s\n' "$*"; }
 
@@ -37,6 +37,9 @@ install_packages() {
     "${as_root[@]}" env DEBIAN_FRONTEND=noninteractive \
         apt-get install -y -qq --no-install-recommends "${missing[@]}" >/dev/null
 }
+
+# The name of the package with clang's sanitizers and libFuzzer, which holds clang's version.
+package_libfuzzer() { echo "libclang-rt-$(clang -dumpversion | cut -d. -f1)-dev"; }
 
 # Configures and builds a preset; further arguments go to the build (targets).
 build_preset() {

@@ -50,9 +50,6 @@ void clsPruebasAcerca::fItLeadsToTheHelpAndCloses()
     }
 }
 
-int main(int intArgumentos, char **lstArgumentos)
-{
-    return fPrincipal<clsPruebasAcerca>(intArgumentos, lstArgumentos);
-}
+static const clsTema tema{"acerca", fCorrer<clsPruebasAcerca>};
 
 #include "acerca_test.moc"

@@ -529,9 +529,6 @@ void clsPruebasComandos::fTheProgramsOwnBoxesAskInSpanish()
     QVERIFY(cuando.fHecho());
 }
 
-int main(int intArgumentos, char **lstArgumentos)
-{
-    return fPrincipal<clsPruebasComandos>(intArgumentos, lstArgumentos);
-}
+static const clsTema tema{"comandos", fCorrer<clsPruebasComandos>};
 
 #include "comandos_test.moc"

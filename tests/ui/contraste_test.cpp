@@ -162,9 +162,6 @@ void clsPruebasContraste::fIconsStandOutFromTheToolbar()
     QVERIFY(intColores >= 7);
 }
 
-int main(int intArgumentos, char **lstArgumentos)
-{
-    return fPrincipal<clsPruebasContraste>(intArgumentos, lstArgumentos);
-}
+static const clsTema tema{"contraste", fCorrer<clsPruebasContraste>};
 
 #include "contraste_test.moc"

@@ -208,9 +208,6 @@ void clsPruebasExtraccion::fTheGeneratorHasItsStartingValues()
     QVERIFY(bolHay && superficie->Width() == 66 && mensajes.lstTextos.isEmpty());
 }
 
-int main(int intArgumentos, char **lstArgumentos)
-{
-    return fPrincipal<clsPruebasExtraccion>(intArgumentos, lstArgumentos);
-}
+static const clsTema tema{"extraccion", fCorrer<clsPruebasExtraccion>};
 
 #include "extraccion_test.moc"

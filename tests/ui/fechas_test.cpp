@@ -300,9 +300,6 @@ void clsPruebasFechas::fTheExifTextClosesWithEsc()
     QCOMPARE(strTexto.trimmed(), QString("Orientation: Normal"));
 }
 
-int main(int intArgumentos, char **lstArgumentos)
-{
-    return fPrincipal<clsPruebasFechas>(intArgumentos, lstArgumentos);
-}
+static const clsTema tema{"fechas", fCorrer<clsPruebasFechas>};
 
 #include "fechas_test.moc"

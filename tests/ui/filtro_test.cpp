@@ -307,9 +307,6 @@ void clsPruebasFiltro::fEveryLatinLetterIsFoundHoweverItIsWritten()
     }
 }
 
-int main(int intArgumentos, char **lstArgumentos)
-{
-    return fPrincipal<clsPruebasFiltro>(intArgumentos, lstArgumentos);
-}
+static const clsTema tema{"filtro", fCorrer<clsPruebasFiltro>};
 
 #include "filtro_test.moc"

@@ -464,9 +464,6 @@ void clsPruebasFoto::fALargeNeighbourIsNotDecodedSmallerThanItIsShown()
     QCOMPARE(fOctavos(tam, pedido), 4);
 }
 
-int main(int intArgumentos, char **lstArgumentos)
-{
-    return fPrincipal<clsPruebasFoto>(intArgumentos, lstArgumentos);
-}
+static const clsTema tema{"foto", fCorrer<clsPruebasFoto>};
 
 #include "foto_test.moc"

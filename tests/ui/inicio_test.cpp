@@ -214,9 +214,6 @@ void clsPruebasInicio::fTheKindOfMediaIsTakenFromTheSettings()
     }
 }
 
-int main(int intArgumentos, char **lstArgumentos)
-{
-    return fPrincipal<clsPruebasInicio>(intArgumentos, lstArgumentos);
-}
+static const clsTema tema{"inicio", fCorrer<clsPruebasInicio>};
 
 #include "inicio_test.moc"

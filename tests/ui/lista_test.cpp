@@ -353,9 +353,6 @@ void clsPruebasLista::fMissingFilesAreToldOncePerCatalogue()
     QTRY_COMPARE(sesion.mensajes.lstTextos, QStringList(strIncidencias));
 }
 
-int main(int intArgumentos, char **lstArgumentos)
-{
-    return fPrincipal<clsPruebasLista>(intArgumentos, lstArgumentos);
-}
+static const clsTema tema{"lista", fCorrer<clsPruebasLista>};
 
 #include "lista_test.moc"

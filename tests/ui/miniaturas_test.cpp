@@ -524,9 +524,6 @@ void clsPruebasMiniaturas::fAnEmptyListDrawsNothing()
     QVERIFY(pagina.fControl("frmRecuadro")->isVisible() && !pagina.fMini(0)->isVisible());
 }
 
-int main(int intArgumentos, char **lstArgumentos)
-{
-    return fPrincipal<clsPruebasMiniaturas>(intArgumentos, lstArgumentos);
-}
+static const clsTema tema{"miniaturas", fCorrer<clsPruebasMiniaturas>};
 
 #include "miniaturas_test.moc"

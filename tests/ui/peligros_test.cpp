@@ -247,9 +247,6 @@ void clsPruebasPeligros::fAFileThatChangesUnderItsNameIsReadAgain()
     QTRY_COMPARE(sesion.fTamFoto(), QSize(30, 60));
 }
 
-int main(int intArgumentos, char **lstArgumentos)
-{
-    return fPrincipal<clsPruebasPeligros>(intArgumentos, lstArgumentos);
-}
+static const clsTema tema{"peligros", fCorrer<clsPruebasPeligros>};
 
 #include "peligros_test.moc"

@@ -130,19 +130,15 @@ private:
     [[nodiscard]] bool fEsperarDisposicion();
 };
 
-/// The main function of a test program.
-template <typename Pruebas> int fPrincipal(int intArgumentos, char **lstArgumentos)
+/// The tests of one subject. The program runs those whose name is its first argument; what follows
+/// goes to Qt's test runner. One program, because thirteen would each link the whole window.
+struct clsTema {
+    using fnCorrer = int (*)(const QStringList &lstArgumentos);
+    clsTema(const char *strNombre, fnCorrer fCorrer);
+};
+
+template <typename Pruebas> int fCorrer(const QStringList &lstArgumentos)
 {
-    setenv("QT_QPA_PLATFORM", "offscreen", 0);
-    setenv("TZ", "UTC", 1);
-    setenv("LC_ALL", "C.UTF-8", 1);
-    tzset();
-    const clsArbol arbolPropio; // neither the desktop's thumbnails nor the user's Baúl are touched
-    setenv("XDG_CACHE_HOME", arbolPropio.fRaiz().c_str(), 1);
-    setenv("TMPDIR", arbolPropio.fRaiz().c_str(), 1);
-    QApplication aplicacion(intArgumentos, lstArgumentos);
-    fPrepararAplicacion(aplicacion);
-    QApplication::setQuitOnLastWindowClosed(false);
     Pruebas pruebas;
-    return QTest::qExec(&pruebas, intArgumentos, lstArgumentos);
+    return QTest::qExec(&pruebas, lstArgumentos);
 }

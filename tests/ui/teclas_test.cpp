@@ -246,9 +246,6 @@ void clsPruebasTeclas::fKeysAndMouseDuringABuildAreDropped()
     QVERIFY(sesion.fLista()->hasFocus());
 }
 
-int main(int intArgumentos, char **lstArgumentos)
-{
-    return fPrincipal<clsPruebasTeclas>(intArgumentos, lstArgumentos);
-}
+static const clsTema tema{"teclas", fCorrer<clsPruebasTeclas>};
 
 #include "teclas_test.moc"

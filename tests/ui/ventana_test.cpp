@@ -460,9 +460,6 @@ void clsPruebasVentana::fBoxesAreSpanishAndNoIsTheDefault()
     }
 }
 
-int main(int intArgumentos, char **lstArgumentos)
-{
-    return fPrincipal<clsPruebasVentana>(intArgumentos, lstArgumentos);
-}
+static const clsTema tema{"ventana", fCorrer<clsPruebasVentana>};
 
 #include "ventana_test.moc"
