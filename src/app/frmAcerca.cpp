@@ -27,10 +27,10 @@ constexpr std::array<clsContacto, 0> lstContactos = {};
 frmAcerca::frmAcerca(QWidget *padre) : QDialog(padre)
 {
     setObjectName(QStringLiteral("frmAcerca"));
-    setWindowTitle(tr("Acerca de %1").arg(QString::fromUtf8(strPrograma)));
+    setWindowTitle(QStringLiteral("Acerca de %1").arg(QString::fromUtf8(strPrograma)));
     auto *const imgLogo = new QLabel(this);
     imgLogo->setObjectName(QStringLiteral("imgLogo"));
-    imgLogo->setAccessibleName(tr("Logotipo"));
+    imgLogo->setAccessibleName(QStringLiteral("Logotipo"));
     imgLogo->setPixmap(QIcon(QStringLiteral(":/iconos/miravel.svg"))
                            .pixmap(QSize(intLadoLogo, intLadoLogo), devicePixelRatioF()));
     auto *const arriba = new QHBoxLayout;
@@ -61,14 +61,14 @@ QLayout *frmAcerca::fCrearTextos()
     letra.setPointSizeF(letra.pointSizeF() * 1.8);
     lblNombre->setFont(letra);
     textos->addWidget(lblNombre);
-    textos->addWidget(
-        fCrearEtiqueta("lblVersion", tr("Versión %1").arg(QString::fromUtf8(strVersion))));
-    textos->addWidget(
-        fCrearEtiqueta("lblDescripcion", tr("Consulta y visualización de imágenes y vídeos.")));
+    textos->addWidget(fCrearEtiqueta(
+        "lblVersion", QStringLiteral("Versión %1").arg(QString::fromUtf8(strVersion))));
+    textos->addWidget(fCrearEtiqueta(
+        "lblDescripcion", QStringLiteral("Consulta y visualización de imágenes y vídeos.")));
     textos->addWidget(fCrearEtiqueta(
         "lblLicencia",
-        tr("Es software libre, sin ninguna garantía. Puedes usarlo, cambiarlo y\n"
-           "compartirlo según la GNU General Public License, versión 3 o posterior.")));
+        QStringLiteral("Es software libre, sin ninguna garantía. Puedes usarlo, cambiarlo y\n"
+                       "compartirlo según la GNU General Public License, versión 3 o posterior.")));
     int intIndice = 0;
     for (const clsContacto &contacto : lstContactos) {
         auto *const enlace = new QLabel(
@@ -85,11 +85,11 @@ QLayout *frmAcerca::fCrearTextos()
 
 QLayout *frmAcerca::fCrearBotones()
 {
-    auto *const cmdAyuda = new QPushButton(tr("Ayuda"), this);
+    auto *const cmdAyuda = new QPushButton(QStringLiteral("Ayuda"), this);
     cmdAyuda->setObjectName(QStringLiteral("cmdAyuda"));
     cmdAyuda->setAutoDefault(false);
     connect(cmdAyuda, &QPushButton::clicked, this, &frmAcerca::fAyudaPedida);
-    auto *const cmdAceptar = new QPushButton(tr("Aceptar"), this);
+    auto *const cmdAceptar = new QPushButton(QStringLiteral("Aceptar"), this);
     cmdAceptar->setObjectName(QStringLiteral("cmdAceptar"));
     cmdAceptar->setDefault(true);
     cmdAceptar->setFocus();

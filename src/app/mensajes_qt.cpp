@@ -100,8 +100,7 @@ void clsMensajesQt::fAviso(Icono icono, const std::string &strTexto, const std::
     QMessageBox caja(fPadre());
     fPreparar(caja, fIcono(icono), strTexto);
     caja.setWindowTitle(fQ(strTitulo));
-    QPushButton *const aceptar =
-        caja.addButton(QMessageBox::tr("Aceptar"), QMessageBox::AcceptRole);
+    QPushButton *const aceptar = caja.addButton(QStringLiteral("Aceptar"), QMessageBox::AcceptRole);
     caja.setDefaultButton(aceptar);
     caja.setEscapeButton(aceptar);
     caja.exec();
@@ -109,12 +108,12 @@ void clsMensajesQt::fAviso(Icono icono, const std::string &strTexto, const std::
 
 bool clsMensajesQt::fSiNo(const std::string &strTexto)
 {
-    return fPreguntar(strTexto, QMessageBox::tr("Sí"), QMessageBox::tr("No"));
+    return fPreguntar(strTexto, QStringLiteral("Sí"), QStringLiteral("No"));
 }
 
 bool clsMensajesQt::fAceptarCancelar(const std::string &strTexto)
 {
-    return fPreguntar(strTexto, QMessageBox::tr("Aceptar"), QMessageBox::tr("Cancelar"));
+    return fPreguntar(strTexto, QStringLiteral("Aceptar"), QStringLiteral("Cancelar"));
 }
 
 std::optional<std::string> clsMensajesQt::fPedir(const std::string &strPregunta)
@@ -124,8 +123,8 @@ std::optional<std::string> clsMensajesQt::fPedir(const std::string &strPregunta)
     caja.setObjectName(QStringLiteral("inpMiravel"));
     caja.setWindowTitle(QStringLiteral("Miravel"));
     caja.setLabelText(fQ(strPregunta));
-    caja.setOkButtonText(QInputDialog::tr("Aceptar"));
-    caja.setCancelButtonText(QInputDialog::tr("Cancelar"));
+    caja.setOkButtonText(QStringLiteral("Aceptar"));
+    caja.setCancelButtonText(QStringLiteral("Cancelar"));
     for (QPushButton *const boton : caja.findChildren<QPushButton *>()) {
         boton->setIcon({}); // none of our boxes has any
     }

@@ -33,10 +33,10 @@ protected:
 
 frmBusqueda::frmBusqueda(QWidget *padre, clsMensajes &mensajes, std::function<bool()> fCeder)
     : QDialog(padre), m_mensajes(mensajes), m_fCeder(std::move(fCeder)),
-      m_lblMsg(new clsEtiquetaRuta(tr("Buscando..."), this))
+      m_lblMsg(new clsEtiquetaRuta(QStringLiteral("Buscando..."), this))
 {
     setObjectName(QStringLiteral("frmBusqueda"));
-    setWindowTitle(tr("Analizando..."));
+    setWindowTitle(QStringLiteral("Analizando..."));
     m_lblMsg->setObjectName(QStringLiteral("lblMsg"));
     m_lblMsg->setTextFormat(Qt::PlainText);
     auto *const caja = new QVBoxLayout(this);

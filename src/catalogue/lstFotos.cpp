@@ -71,7 +71,7 @@ public:
 lstFotos::lstFotos(QWidget *padre) : QTableView(padre)
 {
     setObjectName(QStringLiteral("lstFotos"));
-    setAccessibleName(tr("Lista de archivos"));
+    setAccessibleName(QStringLiteral("Lista de archivos"));
     setItemDelegate(new clsDelegado(this));
     setSelectionBehavior(SelectRows);
     setSelectionMode(SingleSelection);

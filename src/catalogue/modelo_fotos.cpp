@@ -43,7 +43,8 @@ QVariant clsModeloFotos::data(const QModelIndex &indice, int intPapel) const
     }
     if (intPapel == Qt::AccessibleDescriptionRole && indice.column() == 0) {
         // The tick in words: Qt does not tell screen readers about check boxes in tables.
-        return m_filas.fMarcada(lngPos) ? tr("seleccionado") : tr("sin seleccionar");
+        return m_filas.fMarcada(lngPos) ? QStringLiteral("seleccionado")
+                                        : QStringLiteral("sin seleccionar");
     }
     if (intPapel != Qt::DisplayRole) {
         return {};

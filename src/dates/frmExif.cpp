@@ -7,9 +7,9 @@
 frmExif::frmExif(QWidget *padre) : QDialog(padre), m_txtExif(new QPlainTextEdit(this))
 {
     setObjectName(QStringLiteral("frmExif"));
-    setWindowTitle(tr("Información EXIF"));
+    setWindowTitle(QStringLiteral("Información EXIF"));
     m_txtExif->setObjectName(QStringLiteral("txtExif"));
-    m_txtExif->setAccessibleName(tr("Datos EXIF"));
+    m_txtExif->setAccessibleName(QStringLiteral("Datos EXIF"));
     m_txtExif->setReadOnly(true);
     m_txtExif->setTabChangesFocus(true);
     // The keyboard can move in it and select to copy.

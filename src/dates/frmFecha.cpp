@@ -24,13 +24,13 @@ frmFecha::frmFecha(QWidget *padre, const clsFormularioFecha &formulario, clsMens
       m_txtDateTime(new QLineEdit(this))
 {
     setObjectName(QStringLiteral("frmFecha"));
-    setWindowTitle(tr("Fechas"));
+    setWindowTitle(QStringLiteral("Fechas"));
     m_txtDateTime->setObjectName(QStringLiteral("txtDateTime"));
     m_txtDateTime->setPlaceholderText(QStringLiteral("dd/mm/yyyy hh:mm:ss"));
     m_txtDateTime->setMinimumWidth(
         fontMetrics().horizontalAdvance(QStringLiteral("  dd/mm/yyyy hh:mm:ss  ")));
     auto *const filas = new QFormLayout(this);
-    auto *const lblTextoActual = new QLabel(tr("ACTUAL:"), this);
+    auto *const lblTextoActual = new QLabel(QStringLiteral("ACTUAL:"), this);
     lblTextoActual->setObjectName(QStringLiteral("lblTextoActual"));
     filas->addRow(lblTextoActual, fCrearActual(formulario));
     for (int intIndice = 0; intIndice < 3; ++intIndice) {
@@ -38,7 +38,7 @@ frmFecha::frmFecha(QWidget *padre, const clsFormularioFecha &formulario, clsMens
             QString::fromUtf8(lstEtiquetas[intIndice]),
             fCrearBotonFecha(intIndice, formulario.lstFechas[static_cast<std::size_t>(intIndice)]));
     }
-    filas->addRow(tr("Fecha manual:"), m_txtDateTime);
+    filas->addRow(QStringLiteral("Fecha manual:"), m_txtDateTime);
     filas->addRow(fCrearBotones());
     m_txtDateTime->setFocus();
 }
@@ -62,7 +62,8 @@ QWidget *frmFecha::fCrearActual(const clsFormularioFecha &formulario)
 
 QWidget *frmFecha::fCrearBotonFecha(int intIndice, const std::string &strFecha)
 {
-    auto *const boton = new QPushButton(strFecha.empty() ? tr("(no válida)") : fQ(strFecha), this);
+    auto *const boton =
+        new QPushButton(strFecha.empty() ? QStringLiteral("(no válida)") : fQ(strFecha), this);
     boton->setObjectName(QStringLiteral("cmdDateTime%1").arg(intIndice));
     boton->setEnabled(!strFecha.empty());
     boton->setAutoDefault(false);
@@ -81,9 +82,9 @@ QLayout *frmFecha::fCrearBotones()
         caja->addWidget(boton);
         return boton;
     };
-    auto *const moverse = fBoton("cmdAceptar0", tr("Cambiar y moverse"));
-    auto *const quedarse = fBoton("cmdAceptar1", tr("Cambiar y quedarse"));
-    auto *const cancelar = fBoton("cmdCancelar", tr("Cancelar"));
+    auto *const moverse = fBoton("cmdAceptar0", QStringLiteral("Cambiar y moverse"));
+    auto *const quedarse = fBoton("cmdAceptar1", QStringLiteral("Cambiar y quedarse"));
+    auto *const cancelar = fBoton("cmdCancelar", QStringLiteral("Cancelar"));
     moverse->setDefault(true);
     connect(moverse, &QPushButton::clicked, this, [this] { fAceptar(Cierre::Moverse); });
     connect(quedarse, &QPushButton::clicked, this, [this] { fAceptar(Cierre::Quedarse); });

@@ -44,14 +44,15 @@ frmFiltro::frmFiltro(QWidget *padre, const clsFilas &filas, clsValoresFiltro &va
       m_fCeder(std::move(fCeder)), m_lstFechas{fNombrar(new txtFecha(this), "txtFecha0"),
                                                fNombrar(new txtFecha(this), "txtFecha1")},
       m_txtTexto(fNombrar(new QLineEdit(this), "txtTexto")),
-      m_chkCarpeta(fNombrar(new QCheckBox(tr("Incluir carpeta"), this), "chkCarpeta")),
-      m_lblFiltrando(fNombrar(new QLabel(tr("... FILTRANDO ..."), this), "lblFiltrando")),
+      m_chkCarpeta(fNombrar(new QCheckBox(QStringLiteral("Incluir carpeta"), this), "chkCarpeta")),
+      m_lblFiltrando(
+          fNombrar(new QLabel(QStringLiteral("... FILTRANDO ..."), this), "lblFiltrando")),
       m_prgFiltrando(fNombrar(new QProgressBar(this), "prgFiltrando")),
-      m_cmdAceptar(fBoton(this, "cmdAceptar", tr("&Aceptar"))),
-      m_cmdCancelar(fBoton(this, "cmdCancelar", tr("&Cancelar")))
+      m_cmdAceptar(fBoton(this, "cmdAceptar", QStringLiteral("&Aceptar"))),
+      m_cmdCancelar(fBoton(this, "cmdCancelar", QStringLiteral("&Cancelar")))
 {
     setObjectName(QStringLiteral("frmFiltro"));
-    setWindowTitle(tr("Filtro"));
+    setWindowTitle(QStringLiteral("Filtro"));
     m_lstMarcos = {fCrearFechas(), fCrearTexto()};
     auto *const caja = new QVBoxLayout(this);
     for (QWidget *const marco : m_lstMarcos) {
@@ -76,7 +77,7 @@ frmFiltro::~frmFiltro()
 
 QWidget *frmFiltro::fCrearFechas()
 {
-    auto *const marco = fNombrar(new QGroupBox(tr("Fecha:"), this), "frmFechaFiltro");
+    auto *const marco = fNombrar(new QGroupBox(QStringLiteral("Fecha:"), this), "frmFechaFiltro");
     auto *const caja = new QHBoxLayout(marco);
     // Deliberate: the blanks behind the second caption.
     constexpr const char *lstEtiquetas[][2] = {
@@ -97,9 +98,10 @@ QWidget *frmFiltro::fCrearFechas()
 
 QWidget *frmFiltro::fCrearTexto()
 {
-    auto *const marco = fNombrar(new QGroupBox(tr("Texto:"), this), "frmTexto");
-    auto *const lblEtiqueta = fNombrar(new QLabel(tr("(separa con comas)"), marco), "lblEtiqueta2");
-    m_txtTexto->setAccessibleName(tr("Texto"));
+    auto *const marco = fNombrar(new QGroupBox(QStringLiteral("Texto:"), this), "frmTexto");
+    auto *const lblEtiqueta =
+        fNombrar(new QLabel(QStringLiteral("(separa con comas)"), marco), "lblEtiqueta2");
+    m_txtTexto->setAccessibleName(QStringLiteral("Texto"));
     m_txtTexto->setAccessibleDescription(lblEtiqueta->text());
     m_txtTexto->setSizePolicy(QSizePolicy::MinimumExpanding, QSizePolicy::Fixed);
     auto *const caja = new QGridLayout(marco);
@@ -137,19 +139,19 @@ QWidget *frmFiltro::fCrearOpciones()
 /// The frame of folders. Deliberate: nothing is attached to it, so it is never shown.
 void frmFiltro::fCrearCarpeta()
 {
-    auto *const marco = fNombrar(new QGroupBox(tr("Carpeta:"), this), "frmCarpeta");
+    auto *const marco = fNombrar(new QGroupBox(QStringLiteral("Carpeta:"), this), "frmCarpeta");
     marco->setVisible(false);
     auto *const caja = new QVBoxLayout(marco);
     auto *const treLista = fNombrar(new QTreeWidget(marco), "treLista");
-    treLista->setAccessibleName(tr("Carpetas"));
+    treLista->setAccessibleName(QStringLiteral("Carpetas"));
     caja->addWidget(treLista);
-    caja->addWidget(fBoton(marco, "cmdExpand0", tr("Contraer todo")));
-    caja->addWidget(fBoton(marco, "cmdExpand1", tr("Expandir todo")));
+    caja->addWidget(fBoton(marco, "cmdExpand0", QStringLiteral("Contraer todo")));
+    caja->addWidget(fBoton(marco, "cmdExpand1", QStringLiteral("Expandir todo")));
 }
 
 QLayout *frmFiltro::fCrearPie()
 {
-    m_prgFiltrando->setAccessibleName(tr("Progreso"));
+    m_prgFiltrando->setAccessibleName(QStringLiteral("Progreso"));
     m_prgFiltrando->setTextVisible(false);
     m_prgFiltrando->setMaximum(std::max(m_filas.fCantidad(), 1));
     auto *const caja = new QHBoxLayout;

@@ -7,7 +7,7 @@
 txtFecha::txtFecha(QWidget *padre) : QLineEdit(padre)
 {
     setMaxLength(intLargoTecleada);
-    setToolTip(tr("Formato DDMMYY."));
+    setToolTip(QStringLiteral("Formato DDMMYY."));
     setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
     // What an input method composes would come past the keys.
     setAttribute(Qt::WA_InputMethodEnabled, false);

@@ -10,7 +10,7 @@ cmdAncho::cmdAncho(QWidget *cliente)
     : QPushButton(cliente), m_linea(new QRubberBand(QRubberBand::Line, cliente))
 {
     setObjectName(QStringLiteral("cmdAncho"));
-    setAccessibleName(tr("Separador entre la lista y el panel"));
+    setAccessibleName(QStringLiteral("Separador entre la lista y el panel"));
     setFocusPolicy(Qt::NoFocus);
     setCursor(Qt::SplitHCursor);
 }

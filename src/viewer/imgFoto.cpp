@@ -25,7 +25,7 @@ imgFoto::imgFoto(QWidget *recuadro) : QWidget(recuadro)
 {
     QAccessible::installFactory(fLectorFoto); // once, however often it is called
     setObjectName(QStringLiteral("imgFoto"));
-    setAccessibleName(tr("Fotografía"));
+    setAccessibleName(QStringLiteral("Fotografía"));
     setFocusPolicy(Qt::NoFocus);
     hide();
 }

@@ -51,9 +51,9 @@ clsVisor::clsVisor(QWidget *cliente)
       m_imgFoto(new imgFoto(m_frmRecuadro))
 {
     m_lblFondo->setObjectName(QStringLiteral("lblFondo"));
-    m_lblFondo->setAccessibleName(tr("Panel de visualización"));
+    m_lblFondo->setAccessibleName(QStringLiteral("Panel de visualización"));
     m_frmRecuadro->setObjectName(QStringLiteral("frmRecuadro"));
-    m_frmRecuadro->setAccessibleName(tr("Marco de la fotografía"));
+    m_frmRecuadro->setAccessibleName(QStringLiteral("Marco de la fotografía"));
     for (QWidget *const control :
          {static_cast<QWidget *>(m_lblFondo), static_cast<QWidget *>(m_frmRecuadro)}) {
         fFondoNeutro(*control);
@@ -93,8 +93,9 @@ void clsVisor::fVaciar()
 void clsVisor::fDescribir(const QString &strArchivo)
 {
     m_strDescrito = strArchivo;
-    const QString strNombre =
-        (m_imgPuente == m_imgNoImagen ? tr("Sin imagen: ") : tr("Fotografía: ")) + strArchivo;
+    const QString strNombre = (m_imgPuente == m_imgNoImagen ? QStringLiteral("Sin imagen: ")
+                                                            : QStringLiteral("Fotografía: ")) +
+                              strArchivo;
     if (strNombre != m_imgFoto->accessibleName()) { // a change is told to screen readers
         m_imgFoto->setAccessibleName(strNombre);
     }

@@ -10,6 +10,8 @@ extern "C" {
 #include <libavutil/mem.h>
 }
 
+namespace hijo {
+
 namespace {
 constexpr int intTamBufer = 32768;
 }
@@ -81,3 +83,5 @@ std::int64_t clsEntrada::fIr(void *yo, std::int64_t lngLugar, int intDesde)
     }
     return entrada.m_lngLugar = lngLugar;
 }
+
+} // namespace hijo

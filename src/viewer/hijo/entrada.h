@@ -7,6 +7,8 @@
 
 struct AVIOContext;
 
+namespace hijo {
+
 /// An open file as libav reads it. libav never sees a name, so that none can be taken for the
 /// address of something else.
 class clsEntrada {
@@ -35,3 +37,5 @@ private:
     std::int64_t m_lngPermitidos = 0;
     AVIOContext *m_contexto = nullptr;
 };
+
+} // namespace hijo

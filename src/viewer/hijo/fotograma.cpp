@@ -12,6 +12,8 @@ extern "C" {
 #include <libswscale/swscale.h>
 }
 
+namespace hijo {
+
 namespace {
 
 struct clsMedida {
@@ -156,3 +158,5 @@ clsFotograma fTomarFotograma(const std::string &strRuta, int intLado,
     }
     return fotograma;
 }
+
+} // namespace hijo

@@ -7,6 +7,8 @@
 #include <string>
 #include <vector>
 
+namespace hijo {
+
 /// A frame of a video, upright.
 struct clsFotograma {
     EstadoHijo estado = EstadoHijo::SinImagen;
@@ -22,3 +24,5 @@ struct clsFotograma {
 /// @param fAnulado asked at every read of the file; true gives up.
 [[nodiscard]] clsFotograma fTomarFotograma(const std::string &strRuta, int intLado,
                                            const std::function<bool()> &fAnulado);
+
+} // namespace hijo

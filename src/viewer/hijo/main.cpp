@@ -65,7 +65,7 @@ void fLimitar()
     mallopt(M_TRIM_THRESHOLD, 96 << 20);
 }
 
-bool fContestar(std::uint32_t lngNumero, const clsFotograma &fotograma)
+bool fContestar(std::uint32_t lngNumero, const hijo::clsFotograma &fotograma)
 {
     clsRespuestaHijo respuesta;
     respuesta.lngNumero = lngNumero;
@@ -97,7 +97,7 @@ bool fAtender()
     // The next request comes early only when nobody waits for the answer to this one any more.
     const auto fAnulado = [] { return fHay(POLLIN, 0); };
     return fContestar(peticion.lngNumero,
-                      fTomarFotograma(strRuta, static_cast<int>(peticion.lngLado), fAnulado));
+                      hijo::fTomarFotograma(strRuta, static_cast<int>(peticion.lngLado), fAnulado));
 }
 
 } // namespace

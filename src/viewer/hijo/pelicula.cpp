@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <cerrno>
 
+namespace hijo {
+
 namespace {
 
 /// Formats that hold a video by themselves. Play lists, which name other files, are not among them.
@@ -202,3 +204,5 @@ const std::int32_t *clsPelicula::fMatriz() const
     return lngBytes < 9 * sizeof(std::int32_t) ? nullptr
                                                : reinterpret_cast<const std::int32_t *>(bytMatriz);
 }
+
+} // namespace hijo

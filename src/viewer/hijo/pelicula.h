@@ -10,6 +10,8 @@ extern "C" {
 #include <libavformat/avformat.h>
 }
 
+namespace hijo {
+
 struct clsSoltarAv {
     void operator()(AVFormatContext *formato) const { avformat_close_input(&formato); }
     void operator()(AVCodecContext *codec) const { avcodec_free_context(&codec); }
@@ -58,3 +60,5 @@ private:
     std::unique_ptr<AVCodecContext, clsSoltarAv> m_codec;
     AVStream *m_flujo = nullptr;
 };
+
+} // namespace hijo
