@@ -63,7 +63,6 @@ void fEnviar(const clsComun &comun, const clsDestino &fDestino)
         fMarcar(comun.modelo, lstConMarca.first(lngNuevas), false);
         lstConMarca = lstConMarca.subspan(lngNuevas);
     };
-    comun.estado.bolEsc = false;
     const clsFinCopia fin = fCopiarLista(lstRutas, fDestino, [&](int lngHechas) {
         fQuitarMarcas(lngHechas);
         const auto lngCuantos = static_cast<int>(lstRutas.size());
@@ -72,10 +71,10 @@ void fEnviar(const clsComun &comun, const clsDestino &fDestino)
                 .arg(std::min(lngHechas + 1, lngCuantos)) // the last one may be done by now
                 .arg(lngCuantos));
         fCederEventos();
-        return !comun.estado.bolCerrando && !comun.estado.bolEsc;
+        return comun.estado.parada == Parada::Ninguna;
     });
     fQuitarMarcas(fin.lngHechas);
-    if (comun.estado.bolCerrando) {
+    if (comun.estado.fCerrando()) {
         return;
     }
     if (fin.fallo) {
@@ -87,7 +86,7 @@ void fEnviar(const clsComun &comun, const clsDestino &fDestino)
 void fCopiarA(const clsComun &comun)
 {
     const std::string strCarpeta = comun.mensajes.fElegirCarpeta("Selecciona carpeta de destino:");
-    if (!strCarpeta.empty() && !comun.estado.bolCerrando) {
+    if (!strCarpeta.empty() && !comun.estado.fCerrando()) {
         fEnviar(comun, fDestinoEn(strCarpeta));
     }
 }

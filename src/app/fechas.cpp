@@ -29,7 +29,6 @@ void fMostrarExif(const clsComun &comun)
 void fBuscar(const clsComun &comun)
 {
     const clsOcupado ocupado(comun.ocupacion);
-    comun.estado.bolEsc = false;
     ++comun.estado.lngGeneracion;
     comun.fVaciarPanel();
     fCederEventos();
@@ -49,10 +48,10 @@ void fBuscar(const clsComun &comun)
             comun.informacion.fLugar(lngPos, comun.estado.filas.fCantidad());
             fCederEventos();
         }
-        return !comun.estado.bolEsc && !comun.estado.bolCerrando;
+        return comun.estado.parada == Parada::Ninguna;
     };
     const auto lngHallada = fBuscarIncorrecta(comun.estado.lngActual, preguntas);
-    if (!comun.estado.bolCerrando) {
+    if (!comun.estado.fCerrando()) {
         comun.fMostrar(lngHallada.value_or(comun.estado.lngActual));
     }
 }
@@ -73,7 +72,7 @@ void fBuscar(const clsComun &comun)
             fCederEventos();
             reloj.restart();
         }
-        if (comun.estado.bolCerrando) {
+        if (comun.estado.fCerrando()) {
             return false;
         }
     }

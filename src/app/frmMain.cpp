@@ -31,6 +31,7 @@
 #include <QScreen>
 #include <QToolBar>
 
+#include <algorithm>
 #include <memory>
 #include <utility>
 
@@ -121,7 +122,8 @@ void frmMain::fCrearControles()
 
 void frmMain::fConectarPuerta()
 {
-    connect(m_puerta, &clsPuerta::fEscOcupada, this, [this] { m_estado.bolEsc = true; });
+    connect(m_puerta, &clsPuerta::fEscOcupada, this,
+            [this] { m_estado.parada = std::max(m_estado.parada, Parada::Esc); });
     // The first click of a double click shows the row, and the second falls into that.
     connect(m_puerta, &clsPuerta::fDobleClicOcupada, this,
             [this](const QWidget *control, const QPoint &punto) {
@@ -175,6 +177,9 @@ void frmMain::fIniciar()
 void frmMain::fAlOcupar()
 {
     m_estado.bolOcupado = true;
+    if (m_estado.parada == Parada::Esc) { // it was for earlier work
+        m_estado.parada = Parada::Ninguna;
+    }
     QApplication::setOverrideCursor(Qt::WaitCursor);
 }
 
@@ -184,7 +189,7 @@ void frmMain::fAlLiberar()
     QApplication::restoreOverrideCursor();
     m_lista->setFocus();
     m_puerta->fMirarCtrl();
-    if (m_estado.bolCerrando) {
+    if (m_estado.fCerrando()) {
         QTimer::singleShot(0, this, &QWidget::close);
     } else if (std::exchange(m_bolDobleClic, false)) {
         QTimer::singleShot(0, this, &frmMain::fAbrirArchivo);
@@ -194,7 +199,7 @@ void frmMain::fAlLiberar()
 void frmMain::closeEvent(QCloseEvent *evento)
 {
     // Whatever runs sees this at its next yield and unwinds; then the window closes.
-    m_estado.bolCerrando = true;
+    m_estado.parada = Parada::Cierre;
     evento->setAccepted(!m_estado.bolOcupado);
 }
 
@@ -313,7 +318,7 @@ void frmMain::fLlenarLista(bool bolForzar, const std::string &strRuta, int lngSi
     m_lista->fAnchosIniciales();
     fCargarCatalogo(m_comun, bolForzar);
     fMostrarEstado();
-    if (m_estado.bolCerrando) {
+    if (m_estado.fCerrando()) {
         return;
     }
     if (m_estado.filas.fVacia()) {
@@ -404,7 +409,7 @@ bool frmMain::fDibujar()
     entorno.fProcesando = [this] { m_informacion->fDecir(QStringLiteral("Procesando...")); };
     entorno.fCeder = [](int intMs) { fCederEventos(intMs); };
     entorno.fVigente = [this, lngGeneracion] {
-        return lngGeneracion == m_estado.lngGeneracion && !m_estado.bolCerrando;
+        return lngGeneracion == m_estado.lngGeneracion && !m_estado.fCerrando();
     };
     entorno.fFalta = [this] { fIncidencias(); };
     if (m_estado.bolMiniaturas) {

@@ -54,7 +54,7 @@ void frmMain::fPedirFecha()
     std::optional<clsFecha> dia;
     while (!dia) {
         const auto strRespuesta = m_mensajes.fPedir(strPreguntaFecha);
-        if (!strRespuesta || strRespuesta->empty() || m_estado.bolCerrando) {
+        if (!strRespuesta || strRespuesta->empty() || m_estado.fCerrando()) {
             return;
         }
         dia = fLeerRespuestaFecha(*strRespuesta);

@@ -40,10 +40,10 @@ void fFiltrar(const clsComun &comun, clsValoresFiltro &valores)
 {
     frmFiltro dialogo(comun.ventana, comun.estado.filas, valores, comun.mensajes, [&comun] {
         fCederEventos();
-        return !comun.estado.bolCerrando;
+        return !comun.estado.fCerrando();
     });
     const clsFiltrado filtrado = dialogo.fMostrar();
-    if (filtrado.resultado == ResultadoFiltro::Cancelado || comun.estado.bolCerrando) {
+    if (filtrado.resultado == ResultadoFiltro::Cancelado || comun.estado.fCerrando()) {
         return;
     }
     const clsOcupado ocupado(comun.ocupacion);

@@ -21,7 +21,7 @@ void fConstruir(const clsComun &comun)
     comun.estado.bolIncidencias = false;
     frmBusqueda busqueda(comun.ventana, comun.mensajes, [&comun] {
         fCederEventos();
-        return !comun.estado.bolCerrando;
+        return !comun.estado.fCerrando();
     });
     const clsConstruccion construccion = busqueda.fBuscar(comun.archivo.strRaiz);
     if (construccion.construccion == Construccion::Ocupada) {

@@ -11,6 +11,10 @@
 #include <string_view>
 #include <vector>
 
+/// Whether what is under way is to end: no; search and copies, because Esc was pressed; all of it,
+/// because the window closes.
+enum class Parada { Ninguna, Esc, Cierre };
+
 /// Where we are: the rows of the list, which of them is current and how it is shown.
 struct clsEstado {
     clsFilas filas;
@@ -28,11 +32,12 @@ struct clsEstado {
     bool bolIncidencias = false;     ///< that files of the list are missing has been said
     std::uint64_t lngGeneracion = 0; ///< raised by every layout, draw and list change
 
-    bool bolOcupado = false;  ///< the window is busy: what the user does to it is dropped
-    bool bolPaso = false;     ///< a command that moves is under way
-    bool bolCerrando = false; ///< the window is to close: whatever is under way ends
-    bool bolEsc = false;      ///< Esc was pressed while the window is busy
-    int intDibujos = 0;       ///< draws that are under way: what is current is not shown yet
+    bool bolOcupado = false; ///< the window is busy: what the user does to it is dropped
+    bool bolPaso = false;    ///< a command that moves is under way
+    Parada parada = Parada::Ninguna;
+    int intDibujos = 0; ///< draws that are under way: what is current is not shown yet
+
+    [[nodiscard]] bool fCerrando() const { return parada == Parada::Cierre; }
 };
 
 // What an operation does to the state. Each that changes the list raises the generation.
