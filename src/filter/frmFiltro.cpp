@@ -222,11 +222,11 @@ void frmFiltro::fFocoCambiado(const QWidget *ahora)
 void frmFiltro::fValidarSalida()
 {
     const QWidget *const foco = focusWidget();
-    if (m_bolOcupado || !isVisible() || foco == m_cmdCancelar || m_cmdCancelar->isDown() ||
-        m_cmdAceptar->isDown()) {
+    if (m_fase != Fase::Ninguna || !isVisible() || foco == m_cmdCancelar ||
+        m_cmdCancelar->isDown() || m_cmdAceptar->isDown()) {
         return;
     }
-    const QScopedValueRollback<bool> ocupado(m_bolOcupado, true);
+    const QScopedValueRollback<Fase> fase(m_fase, Fase::Validando);
     static_cast<void>(fValidarCajas(foco));
 }
 
@@ -246,10 +246,10 @@ bool frmFiltro::fValidarCajas(const QWidget *salvo)
 
 void frmFiltro::fAceptar()
 {
-    if (m_bolOcupado) {
+    if (m_fase != Fase::Ninguna) {
         return;
     }
-    const QScopedValueRollback<bool> ocupado(m_bolOcupado, true);
+    const QScopedValueRollback<Fase> fase(m_fase, Fase::Validando);
     if (!fValidarCajas(nullptr)) {
         return;
     }
@@ -269,7 +269,7 @@ void frmFiltro::fFiltrarPor(const clsFiltro &filtro, const clsValoresFiltro &val
     fTrabajar(true);
     const auto fPaso = [this](int lngHechas) {
         m_prgFiltrando->setValue(lngHechas);
-        return m_fCeder() && !m_bolParar;
+        return m_fCeder() && m_fase != Fase::Parando;
     };
     if (fPaso(0)) {
         m_filtrado = fFiltrar(m_filas, filtro, fMayusculasCompuestas, fPaso);
@@ -301,8 +301,7 @@ void frmFiltro::fTrabajar(bool bolTrabaja)
     } else {
         QApplication::restoreOverrideCursor();
     }
-    m_bolFiltrando = bolTrabaja;
-    m_bolParar = false;
+    m_fase = bolTrabaja ? Fase::Filtrando : Fase::Validando;
     for (QWidget *const marco : m_lstMarcos) {
         marco->setEnabled(!bolTrabaja);
     }
@@ -326,9 +325,9 @@ void frmFiltro::fSeguirAbierto(FalloFiltro fallo)
 
 void frmFiltro::reject()
 {
-    if (m_bolFiltrando) {
-        m_bolParar = true;
-        return;
+    if (m_fase == Fase::Filtrando || m_fase == Fase::Parando) {
+        m_fase = Fase::Parando;
+    } else {
+        QDialog::reject();
     }
-    QDialog::reject();
 }

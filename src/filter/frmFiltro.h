@@ -71,7 +71,6 @@ private:
     QPushButton *m_cmdCancelar;
 
     clsFiltrado m_filtrado;
-    bool m_bolOcupado = false;   ///< a validation or a filter is under way
-    bool m_bolFiltrando = false; ///< of these, a filter
-    bool m_bolParar = false;     ///< it is to end
+    /// What is under way: a validation, a filter, one that is to end.
+    enum class Fase { Ninguna, Validando, Filtrando, Parando } m_fase = Fase::Ninguna;
 };
