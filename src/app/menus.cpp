@@ -59,11 +59,11 @@ void fMostrarEstado(const QMainWindow &ventana, const clsComando &comando, const
     const bool bolMarca =
         comando.fMarca != nullptr && comando.fMarca(estado, comando.obra.intValor);
     if (comando.entrada.menu != Menu::Ninguno) {
-        auto *const accion = ventana.findChild<QAction *>(fQ(comando.entrada.strNombre));
+        auto *const accion = ventana.menuBar()->findChild<QAction *>(fQ(comando.entrada.strNombre));
         accion->setEnabled(comando.fPermitido(estado));
         accion->setChecked(bolMarca);
     }
-    if (comando.boton.intIndice != 0) {
+    if (comando.boton.intIndice != 0 && comando.fMarca != nullptr) {
         fBoton(ventana, comando.boton.intIndice)->setChecked(bolMarca);
     }
 }
@@ -94,9 +94,10 @@ void fMostrarEstado(const QMainWindow &ventana, const clsEstado &estado)
     for (const clsComando &comando : fComandos()) {
         fMostrarEstado(ventana, comando, estado);
     }
-    ventana.findChild<QMenu *>(QStringLiteral("mnuBaul"))
+    ventana.menuBar()
+        ->findChild<QMenu *>(QStringLiteral("mnuBaul"))
         ->setTitle(QStringLiteral("Baúl (%1)").arg(estado.lngEnBaul));
-    auto *const avance = ventana.findChild<QAction *>(QStringLiteral("mnuAVance"));
+    auto *const avance = ventana.menuBar()->findChild<QAction *>(QStringLiteral("mnuAVance"));
     avance->setVisible(estado.avance != Avance::Normal);
     if (avance->isVisible()) {
         avance->setText(fQ(fTextoAvance(estado.avance)));

@@ -12,6 +12,7 @@ using clsPosiciones = std::vector<int>;
 std::vector<std::uint32_t> fPorBytes(const std::vector<std::string_view> &lstTextos)
 {
     std::vector<std::uint32_t> lstRangos;
+    lstRangos.reserve(lstTextos.size());
     for (const std::string_view strTexto : lstTextos) {
         lstRangos.push_back(static_cast<std::uint32_t>(
             std::count_if(lstTextos.begin(), lstTextos.end(),
