@@ -155,11 +155,6 @@ void frmMain::fConectarPanel()
     connect(m_divisor, &cmdAncho::fSoltado, this,
             [this](int intX) { fFijarAncho(intX * intTwipsPixel); });
     connect(m_miniaturas, &clsMiniaturas::fPulsada, this, &frmMain::fCeldaPulsada);
-    connect(m_visor, &clsVisor::fTarde, this, [this] {
-        if (!m_estado.bolMiniaturas && !m_estado.bolPaso && !m_estado.bolOcupado) {
-            fRedibujar();
-        }
-    });
 }
 
 void frmMain::fIniciar()

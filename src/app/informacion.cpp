@@ -3,6 +3,7 @@
 #include "app/caja_info.h"
 #include "dates/clsFile.h"
 #include "dates/panel.h"
+#include "shared/qhilos.h"
 #include "shared/qtexto.h"
 
 #include <QScreen>
@@ -13,7 +14,8 @@ clsInformacion::clsInformacion(QWidget *cliente, clsSignos signos, int intArriba
     : QObject(cliente), m_cliente(cliente), m_signos(std::move(signos)),
       m_txtInfo1(new clsCajaInfo("txtInfo1", QStringLiteral("Posición en la lista"), cliente)),
       m_txtInfo2(new clsCajaInfo("txtInfo2", QStringLiteral("Archivo actual"), cliente)),
-      m_txtInfo3(new clsCajaInfo("txtInfo3", QStringLiteral("Aviso de fechas"), cliente))
+      m_txtInfo3(new clsCajaInfo("txtInfo3", QStringLiteral("Aviso de fechas"), cliente)),
+      m_jueces({.intHilos = 2, .fAvisar = fAvisarA(this)})
 {
     fCrearAviso();
     const QFontMetrics letra = cliente->fontMetrics();
@@ -24,8 +26,6 @@ clsInformacion::clsInformacion(QWidget *cliente, clsSignos signos, int intArriba
     m_txtInfo1->setGeometry(0, intArriba, intAncho1, intAlto);
     m_txtInfo2->setGeometry(intAncho1, intArriba, cliente->screen()->size().width(), intAlto);
     m_txtInfo3->setGeometry(0, intArriba, intAncho3, intAlto);
-    m_relojVeredicto.setInterval(100);
-    connect(&m_relojVeredicto, &QTimer::timeout, this, &clsInformacion::fTomarVeredicto);
 }
 
 void clsInformacion::fCrearAviso()
@@ -64,7 +64,7 @@ void clsInformacion::fDecir(const QString &strTexto)
 
 void clsInformacion::fVaciar()
 {
-    m_relojVeredicto.stop();
+    m_jueces.fAnular();
     m_txtInfo1->clear();
     m_txtInfo2->clear();
     fAvisar(false);
@@ -88,29 +88,16 @@ void clsInformacion::fDisponer(int intAviso)
 void clsInformacion::fJuzgar(const std::string &strRuta)
 {
     constexpr std::chrono::milliseconds lngPaciencia(200);
-    m_jueces.fVaciar();
-    m_veredicto = fPreguntar<bool>(m_jueces, [strRuta] {
-        clsFile fichero;
-        fichero.fCargar(strRuta);
-        return fichero.bolFechaCorrecta();
-    });
-    m_relojVeredicto.stop();
-    if (m_veredicto.wait_for(lngPaciencia) == std::future_status::ready) {
-        fTomarVeredicto();
-    } else {
-        m_jueces.fReforzar();
-        fAvisar(false);
-        m_relojVeredicto.start();
-    }
-}
-
-void clsInformacion::fTomarVeredicto()
-{
-    if (m_veredicto.wait_for(std::chrono::seconds(0)) == std::future_status::ready) {
-        m_relojVeredicto.stop();
-        fAvisar(!m_veredicto.get());
-    } else {
-        m_jueces.fReforzar(); // those before it may hang
+    m_jueces.fAnular();
+    const auto orden = m_jueces.fPedir(
+        [strRuta] {
+            clsFile fichero;
+            fichero.fCargar(strRuta);
+            return fichero.bolFechaCorrecta();
+        },
+        [this](bool bolCorrecta) { fAvisar(!bolCorrecta); });
+    if (!m_jueces.fEsperar(orden, lngPaciencia)) {
+        fAvisar(false); // until it is known
     }
 }
 

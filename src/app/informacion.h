@@ -1,13 +1,10 @@
 #pragma once
 
 #include "browse/estado.h"
+#include "shared/hilos.h"
 #include "shared/numeros.h"
-#include "viewer/hilos.h"
 
 #include <QObject>
-#include <QTimer>
-
-#include <future>
 
 class clsCajaInfo;
 class QString;
@@ -37,7 +34,6 @@ public:
 private:
     void fCrearAviso();
     void fJuzgar(const std::string &strRuta);
-    void fTomarVeredicto();
     void fAvisar(bool bolMal);
 
     const QWidget *m_cliente;
@@ -45,7 +41,5 @@ private:
     clsCajaInfo *m_txtInfo1;
     clsCajaInfo *m_txtInfo2;
     clsCajaInfo *m_txtInfo3;
-    QTimer m_relojVeredicto;       ///< looks whether the verdict has come
-    std::future<bool> m_veredicto; ///< whether the current file's date is right
-    clsHilos m_jueces{2};          ///< find that out: reading the file can take its time
+    clsHilos m_jueces; ///< find out whether the current file's date is right
 };

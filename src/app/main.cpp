@@ -4,6 +4,7 @@
 #include "app/mensajes_qt.h"
 #include "shared/ajustes.h"
 #include "shared/formato_fecha.h"
+#include "shared/hilos.h"
 #include "sistema/archivo.h"
 #include "sistema/entorno.h"
 
@@ -15,6 +16,11 @@
 namespace {
 
 constexpr int intSalidaMal = 1;
+
+/// The threads are given a moment to end before what they use is taken away.
+struct clsDespedida {
+    ~clsDespedida() { clsHilos::fDespedir(); }
+};
 
 /// Checks what has to hold before a window is shown; says what does not.
 bool fComprobar(const std::string &strRaiz, clsMensajes &mensajes)
@@ -47,6 +53,7 @@ int main(int intArgumentos, char **lstArgumentos)
         return intSalidaMal;
     }
     const bool bolEscritura = fProbarEscritura(strRaiz);
+    const clsDespedida despedida;
     clsAjustes ajustes(strRaiz + std::string(strFicheroAjustes), bolEscritura);
     clsPreferencias preferencias;
     if (const auto malo = fLeerPreferencias(ajustes, preferencias)) {

@@ -5,24 +5,82 @@
 #include "sistema/reemplazo.h"
 
 #include <cerrno>
+#include <chrono>
+#include <mutex>
 #include <utility>
+#include <vector>
 
-clsAjustes::clsAjustes(std::string strRuta, bool bolEscritura)
-    : m_strRuta(std::move(strRuta)), m_bolEscritura(bolEscritura)
+namespace {
+
+constexpr std::chrono::milliseconds lngPaciencia{800}; ///< with the last writing, at the end
+
+struct clsCambio {
+    std::string strSeccion;
+    std::string strClave;
+    std::string strValor;
+};
+
+void fAplicar(const std::string &strRuta, const std::vector<clsCambio> &lstCambios,
+              const clsDisco &disco)
 {
+    int intError = 0;
+    const auto strLeido = fLeerArchivo(strRuta, intError);
+    // A file that is there but cannot be read is left alone: it would lose its other lines.
+    if (!strLeido && intError != ENOENT) {
+        return;
+    }
+    const std::string strAntes = strLeido.value_or("");
+    std::string strIni = strAntes;
+    for (const clsCambio &cambio : lstCambios) {
+        if (fLeerClave(strIni, cambio.strSeccion, cambio.strClave) != cambio.strValor) {
+            strIni = fCambiarClave(strIni, cambio.strSeccion, cambio.strClave, cambio.strValor);
+        }
+    }
+    if (strIni == strAntes) {
+        return;
+    }
+    clsReemplazo archivo(strRuta, disco);
+    archivo.fEscribir(strIni);
+    static_cast<void>(archivo.fConfirmar(false));
 }
 
-clsAjustes::~clsAjustes()
-{
+} // namespace
+
+/// What is still to be written; the writing thread holds it, too.
+class clsAjustes::clsCambios {
+public:
+    explicit clsCambios(const clsDisco &disco) : m_disco(disco) {}
+    void fAnadir(clsCambio cambio)
     {
         const std::lock_guard guarda(m_cerrojo);
-        m_bolFin = true;
+        m_lstCambios.push_back(std::move(cambio));
     }
-    m_aviso.notify_all();
-    if (m_hilo.joinable()) {
-        m_hilo.join();
+    /// Writes all that came by now; whoever was asked for one of these finds nothing to do then.
+    void fEscribir(const std::string &strRuta)
+    {
+        std::vector<clsCambio> lstCambios;
+        {
+            const std::lock_guard guarda(m_cerrojo);
+            lstCambios.swap(m_lstCambios);
+        }
+        if (!lstCambios.empty()) {
+            fAplicar(strRuta, lstCambios, m_disco);
+        }
     }
+
+private:
+    const clsDisco &m_disco;
+    std::mutex m_cerrojo;
+    std::vector<clsCambio> m_lstCambios;
+};
+
+clsAjustes::clsAjustes(std::string strRuta, bool bolEscritura, const clsDisco &disco)
+    : m_strRuta(std::move(strRuta)), m_bolEscritura(bolEscritura),
+      m_cambios(std::make_shared<clsCambios>(disco))
+{
 }
+
+clsAjustes::~clsAjustes() { fEsperar(lngPaciencia); }
 
 std::string clsAjustes::fLeerIni(std::string_view strSeccion, std::string_view strClave,
                                  std::string_view strDefecto)
@@ -52,60 +110,12 @@ void clsAjustes::fGuardarIni(std::string_view strSeccion, std::string_view strCl
     if (!m_bolEscritura) {
         return;
     }
-    {
-        const std::lock_guard guarda(m_cerrojo);
-        m_lstCambios.push_back(
-            {std::string(strSeccion), std::string(strClave), std::string(strValor)});
-        if (!m_hilo.joinable()) {
-            m_hilo = std::thread([this] { fEscritor(); });
-        }
-    }
-    m_aviso.notify_all();
+    m_cambios->fAnadir({std::string(strSeccion), std::string(strClave), std::string(strValor)});
+    m_hilos.fPedir([cambios = m_cambios, strRuta = m_strRuta] { cambios->fEscribir(strRuta); });
 }
 
-void clsAjustes::fEsperar()
+void clsAjustes::fEsperar(std::chrono::milliseconds plazo)
 {
-    std::unique_lock guarda(m_cerrojo);
-    m_aviso.wait(guarda, [this] { return m_lstCambios.empty() && !m_bolEscribiendo; });
-}
-
-void clsAjustes::fEscritor()
-{
-    std::unique_lock guarda(m_cerrojo);
-    while (true) {
-        m_aviso.wait(guarda, [this] { return m_bolFin || !m_lstCambios.empty(); });
-        if (m_lstCambios.empty()) {
-            return;
-        }
-        const std::vector<clsCambio> lstCambios = std::exchange(m_lstCambios, {});
-        m_bolEscribiendo = true;
-        guarda.unlock();
-        fAplicar(lstCambios);
-        guarda.lock();
-        m_bolEscribiendo = false;
-        m_aviso.notify_all();
-    }
-}
-
-void clsAjustes::fAplicar(const std::vector<clsCambio> &lstCambios) const
-{
-    int intError = 0;
-    const auto strLeido = fLeerArchivo(m_strRuta, intError);
-    // A file that is there but cannot be read is left alone: it would lose its other lines.
-    if (!strLeido && intError != ENOENT) {
-        return;
-    }
-    const std::string strAntes = strLeido.value_or("");
-    std::string strIni = strAntes;
-    for (const clsCambio &cambio : lstCambios) {
-        if (fLeerClave(strIni, cambio.strSeccion, cambio.strClave) != cambio.strValor) {
-            strIni = fCambiarClave(strIni, cambio.strSeccion, cambio.strClave, cambio.strValor);
-        }
-    }
-    if (strIni == strAntes) {
-        return;
-    }
-    clsReemplazo archivo(m_strRuta);
-    archivo.fEscribir(strIni);
-    static_cast<void>(archivo.fConfirmar(false));
+    // There is one thread: what was asked for before is done by then.
+    static_cast<void>(m_hilos.fEsperar(m_hilos.fPedir([] { return 0; }, [](int) {}), plazo));
 }

@@ -1,12 +1,12 @@
 #pragma once
 
-#include <condition_variable>
-#include <functional>
-#include <mutex>
+#include "shared/hilos.h"
+#include "sistema/disco.h"
+
+#include <chrono>
+#include <memory>
 #include <string>
 #include <string_view>
-#include <thread>
-#include <vector>
 
 /// Its name in an archive's root.
 inline constexpr std::string_view strFicheroAjustes = "Miravel.ini";
@@ -15,12 +15,14 @@ inline constexpr std::string_view strFicheroAjustes = "Miravel.ini";
 ///
 /// Writing happens on a thread of its own, in the order of the calls, because every change of the
 /// current file writes a key and a flush on a slow disk or a NAS can take longer than a held key
-/// repeats. Reading waits for what is still to be written; so does the destructor.
+/// repeats. Reading waits for what is still to be written; the destructor does, too, but no longer
+/// than 800 ms: a disk that does not answer must not keep the program from ending.
 class clsAjustes {
 public:
     /// @param strRuta     the file.
     /// @param bolEscritura false: nothing is read nor written, every key has its default.
-    clsAjustes(std::string strRuta, bool bolEscritura);
+    /// @param disco        must live as long as the program.
+    clsAjustes(std::string strRuta, bool bolEscritura, const clsDisco &disco = discoReal);
     ~clsAjustes();
     clsAjustes(const clsAjustes &) = delete;
     clsAjustes &operator=(const clsAjustes &) = delete;
@@ -37,24 +39,17 @@ public:
     void fGuardarIni(std::string_view strSeccion, std::string_view strClave,
                      std::string_view strValor);
 
-    /// Returns when everything that was given to fGuardarIni is on the disk or has failed.
-    void fEsperar();
+    /// Returns when everything that was given to fGuardarIni is on the disk or has failed, or when
+    /// the time is over.
+    void fEsperar(std::chrono::milliseconds plazo = std::chrono::hours(1));
 
 private:
-    struct clsCambio {
-        std::string strSeccion;
-        std::string strClave;
-        std::string strValor;
-    };
-    void fEscritor();
-    void fAplicar(const std::vector<clsCambio> &lstCambios) const;
+    class clsCambios;
 
     const std::string m_strRuta;
     const bool m_bolEscritura;
-    std::mutex m_cerrojo;
-    std::condition_variable m_aviso;
-    std::vector<clsCambio> m_lstCambios;
-    bool m_bolEscribiendo = false;
-    bool m_bolFin = false;
-    std::thread m_hilo;
+    const std::shared_ptr<clsCambios> m_cambios;
+    clsHilos m_hilos{
+        {.intHilos = 1, .intMaximo = 1}
+    };
 };

@@ -4,11 +4,13 @@
 #include <chrono>
 #include <csignal>
 #include <fcntl.h>
+#include <mutex>
 #include <spawn.h>
 #include <sys/wait.h>
 #include <thread>
 #include <unistd.h>
 #include <utility>
+#include <vector>
 
 namespace {
 
@@ -71,6 +73,17 @@ void fRecoger(pid_t pid)
     }
 }
 
+/// Of a child that hangs in the kernel, over a disk that does not answer. Nobody waits for that;
+/// its end is taken note of when the next one hangs.
+void fRecogerLuego(pid_t pid)
+{
+    static std::mutex cerrojo;
+    static std::vector<pid_t> lstColgados;
+    const std::lock_guard guarda(cerrojo);
+    lstColgados.push_back(pid);
+    std::erase_if(lstColgados, [](pid_t otro) { return waitpid(otro, nullptr, WNOHANG) != 0; });
+}
+
 } // namespace
 
 clsProceso::~clsProceso() { fMatar(); }
@@ -116,6 +129,5 @@ void clsProceso::fMatar()
         }
         std::this_thread::sleep_for(std::chrono::milliseconds(1));
     }
-    // It hangs in the kernel, over a disk that does not answer. Nobody else waits for that.
-    std::thread(fRecoger, pid).detach();
+    fRecogerLuego(pid);
 }

@@ -65,7 +65,7 @@ void clsAlmacenFotos::fPedir(const clsPedido &pedido, const clsHuella &huella)
     }
     const clsTrabajo trabajo{pedido, huella, std::make_shared<std::atomic<bool>>(false)};
     m_lstTrabajos.push_back(trabajo);
-    m_hilos.fEncolar([buzon = m_buzon, trabajo] {
+    m_hilos.fPedir([buzon = m_buzon, trabajo] {
         auto fuente = std::make_shared<clsFuente>();
         if (!*trabajo.bolAnulado) {
             *fuente = fDecodificar(trabajo.pedido, *trabajo.bolAnulado);

@@ -1,8 +1,8 @@
 #pragma once
 
+#include "shared/hilos.h"
 #include "sistema/archivo.h"
 #include "viewer/fuente.h"
-#include "viewer/hilos.h"
 
 #include <QObject>
 
@@ -28,8 +28,6 @@ public:
     void fPedir(const clsPedido &pedido, const clsHuella &huella);
     /// Gives up every request that is not one of these.
     void fAnularSalvo(const std::vector<clsPedido> &lstPedidos);
-    /// To be called by whoever has waited in vain: a file that hangs is not to hold others up.
-    void fReforzar() { m_hilos.fReforzar(); }
 
     static constexpr qint64 lngMaximoGuardado = qint64{256} << 20;
     static constexpr qint64 lngMaximoVecina = qint64{96} << 20;
@@ -53,7 +51,7 @@ private:
     void fRecibir(const clsTrabajo &trabajo, std::shared_ptr<const clsFuente> fuente);
     void fRecortar();
 
-    clsHilos m_hilos{2}; ///< the visible picture and one neighbour at a time
+    clsHilos m_hilos{{.intHilos = 2}}; ///< the visible picture and one neighbour at a time
     std::shared_ptr<clsBuzon> m_buzon;
     std::list<clsTrabajo> m_lstTrabajos;
     std::list<clsGuardada> m_lstGuardadas; ///< last used first

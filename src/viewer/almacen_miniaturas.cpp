@@ -111,9 +111,9 @@ void clsTallerMiniaturas::fEncolar(const clsTrabajoPtr &trabajo)
         return;
     }
     if (trabajo->paso == Paso::EnCola) {
-        m_fotos->fEncolar([yo = shared_from_this(), trabajo] { yo->fBuscar(trabajo); });
+        m_fotos->fPedir([yo = shared_from_this(), trabajo] { yo->fBuscar(trabajo); });
     } else if (trabajo->paso == Paso::EnColaVideo) {
-        m_videos->fEncolar([yo = shared_from_this(), trabajo] { yo->fGrabar(trabajo); });
+        m_videos->fPedir([yo = shared_from_this(), trabajo] { yo->fGrabar(trabajo); });
     }
 }
 
@@ -251,7 +251,7 @@ void clsTallerMiniaturas::fGuardar(const clsTrabajo &trabajo, const clsHuella &h
 }
 
 clsAlmacenMiniaturas::clsAlmacenMiniaturas(clsFotograma fFotograma, QObject *padre)
-    : QObject(padre), m_fotos(fNucleos()), m_videos(fNucleos())
+    : QObject(padre), m_fotos({.intHilos = fNucleos()}), m_videos({.intHilos = fNucleos()})
 {
     m_taller = std::make_shared<clsTallerMiniaturas>(
         std::move(fFotograma),
@@ -281,5 +281,3 @@ std::optional<clsMiniatura> clsAlmacenMiniaturas::fTomar(const clsEncargo &encar
 {
     return m_taller->fTomar(encargo);
 }
-
-void clsAlmacenMiniaturas::fReforzar() { m_fotos.fReforzar(); }

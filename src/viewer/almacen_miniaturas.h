@@ -1,7 +1,7 @@
 #pragma once
 
+#include "shared/hilos.h"
 #include "viewer/extraccion.h"
-#include "viewer/hilos.h"
 
 #include <QObject>
 
@@ -37,8 +37,6 @@ public:
     /// What was made of an order of the last fEncargar; nothing when that is still to come. A video
     /// whose file was reached but whose frame is not made yet is "Pendiente".
     [[nodiscard]] std::optional<clsMiniatura> fTomar(const clsEncargo &encargo) const;
-    /// To be called by whoever has waited in vain: files that hang are not to hold others up.
-    void fReforzar();
 
     static constexpr qint64 lngMaximoGuardado = qint64{192} << 20;
 

@@ -38,8 +38,6 @@ clsMiniaturas::clsMiniaturas(QWidget *cliente, const clsFilas &filas, clsSignos 
 {
     m_generador.Options = cThumbnailGenerator::IEIFLAG_SCREEN | cThumbnailGenerator::IEIFLAG_ASPECT;
     connect(&m_almacen, &clsAlmacenMiniaturas::fLlegada, this, &clsMiniaturas::fLlegar);
-    m_relojPendientes.setInterval(intPaciencia);
-    connect(&m_relojPendientes, &QTimer::timeout, this, &clsMiniaturas::fApremiar);
     fCargarCeldas(); // the first cell exists always
 }
 
@@ -187,7 +185,6 @@ bool clsMiniaturas::fDibujar(std::size_t lngCelda, int lngPos, const clsEntorno 
     // Looked for before every wait: what came while other events ran wakes nobody any more.
     while (entorno.fVigente() && !m_almacen.fTomar(encargo)) {
         if (m_desdeNovedad.hasExpired(intPaciencia)) {
-            m_almacen.fReforzar();
             break;
         }
         entorno.fCeder(intPaciencia);
@@ -245,9 +242,6 @@ bool clsMiniaturas::fPintar(std::size_t lngCelda, int lngPos, const std::functio
     celda.intLado = intLado;
     celda.lngImagen = miniatura.imagen.isNull() ? 0 : miniatura.imagen.cacheKey();
     celda.bolPendiente = bolPendiente;
-    if (bolPendiente && !m_relojPendientes.isActive()) {
-        m_relojPendientes.start();
-    }
     celda.boton->fPoner(imagen, strTexto);
     celda.boton->fConsejo(fTextoConsejo(m_filas, lngPos, m_signos));
     celda.boton->setProperty("Tag", QString::number(lngPos));
@@ -263,17 +257,6 @@ void clsMiniaturas::fLlegar()
     // A message can let events run, and these can take cells away.
     for (std::size_t lngCelda = 0; lngCelda < m_lstCeldas.size(); ++lngCelda) {
         fRenovar(lngCelda);
-    }
-}
-
-/// Files can hang in the threads that others of the drawn page wait for.
-void clsMiniaturas::fApremiar()
-{
-    if (std::none_of(m_lstCeldas.begin(), m_lstCeldas.end(),
-                     [](const clsCelda &celda) { return celda.bolPendiente; })) {
-        m_relojPendientes.stop();
-    } else if (m_desdeNovedad.hasExpired(intPaciencia)) {
-        m_almacen.fReforzar();
     }
 }
 

@@ -9,7 +9,6 @@
 
 #include <QElapsedTimer>
 #include <QObject>
-#include <QTimer>
 
 #include <vector>
 
@@ -67,7 +66,6 @@ private:
                                const std::function<bool()> &fVigente);
     void fMarcar(const clsCelda &celda, int lngActual);
     void fLlegar();
-    void fApremiar();
     void fRenovar(std::size_t lngCelda);
     [[nodiscard]] int fLado() const;
 
@@ -82,6 +80,5 @@ private:
     int m_lngActual = 0;
     QElapsedTimer m_desdeCeder;
     QElapsedTimer m_desdeNovedad;   ///< since a thumbnail was last made
-    QTimer m_relojPendientes;       ///< runs while cells wait for what is to come
     std::function<void()> m_fFalta; ///< tells that a file is not on the disk
 };

@@ -1,6 +1,7 @@
 #include "viewer/visor.h"
 
 #include "shared/medios.h"
+#include "shared/qhilos.h"
 #include "viewer/imgFoto.h"
 
 #include <QFrame>
@@ -12,22 +13,15 @@
 #include <algorithm>
 #include <chrono>
 #include <iterator>
+#include <utility>
 
 namespace {
 
 /// A picture that takes longer, in milliseconds, is waited for by nobody: a disk that does not
 /// answer must not hold up those who want to go on.
 constexpr qint64 lngPaciencia = 2000;
-/// And so long for a look at its size and time.
+/// And so long for a look at its size and time. Neighbours' are waited for not at all.
 constexpr std::chrono::milliseconds lngMirada{200};
-/// At a neighbour's even less: it is only decoded ahead if that costs the window nothing.
-constexpr std::chrono::milliseconds lngMiradaVecina{30};
-
-bool fContesta(const std::future<std::optional<clsHuella>> &mirada,
-               std::chrono::milliseconds lngEspera)
-{
-    return mirada.wait_for(lngEspera) == std::future_status::ready;
-}
 
 QRect fPixeles(const clsRect &rect)
 {
@@ -48,7 +42,7 @@ void fFondoNeutro(QWidget &control)
 
 clsVisor::clsVisor(QWidget *cliente)
     : QObject(cliente), m_lblFondo(new QLabel(cliente)), m_frmRecuadro(new QFrame(cliente)),
-      m_imgFoto(new imgFoto(m_frmRecuadro))
+      m_imgFoto(new imgFoto(m_frmRecuadro)), m_miradas({.intHilos = 4, .fAvisar = fAvisarA(this)})
 {
     m_lblFondo->setObjectName(QStringLiteral("lblFondo"));
     m_lblFondo->setAccessibleName(QStringLiteral("Panel de visualización"));
@@ -59,14 +53,6 @@ clsVisor::clsVisor(QWidget *cliente)
         fFondoNeutro(*control);
         control->installEventFilter(this);
     }
-    m_relojMirada.setInterval(lngMirada);
-    connect(&m_relojMirada, &QTimer::timeout, this, [this] {
-        if (fContesta(m_mirada, std::chrono::milliseconds(0))) {
-            emit fTarde();
-        } else {
-            m_miradas.fReforzar(); // those before it may hang
-        }
-    });
     connect(m_imgFoto, &imgFoto::fMenuPedido, this, &clsVisor::fMenuPedido);
     connect(&m_almacen, &clsAlmacenFotos::fLlegada, this, &clsVisor::fAfinar);
 }
@@ -85,7 +71,7 @@ void clsVisor::fVaciar()
 {
     m_imgPuente.reset();
     m_bolPendiente = false;
-    m_relojMirada.stop();
+    m_miradas.fAnular();
     m_strRuta.clear();
     m_imgFoto->fPoner(nullptr);
 }
@@ -135,13 +121,19 @@ void clsVisor::fPedirCon(const std::optional<clsPedido> &previa, const clsPedido
 std::shared_ptr<const clsFuente> clsVisor::fCargar(const std::string &strRuta,
                                                    const clsEntorno &entorno)
 {
-    m_mirada = fMirar(strRuta);
-    if (!fContesta(m_mirada, lngMirada)) {
+    const auto mirada = std::make_shared<std::optional<clsHuella>>();
+    const auto orden = m_miradas.fPedir([strRuta] { return fHuella(strRuta); },
+                                        [=, this](const std::optional<clsHuella> &huella) {
+                                            *mirada = huella;
+                                            if (m_bolPendiente) {
+                                                fTomarMirada(strRuta, huella, entorno);
+                                            }
+                                        });
+    if (!m_miradas.fEsperar(orden, lngMirada)) {
         m_strRuta.clear();
-        m_relojMirada.start();
         return nullptr;
     }
-    const auto huella = m_mirada.get();
+    const auto huella = *mirada;
     if (!huella) {
         entorno.fFalta();
         return m_imgNoImagen;
@@ -175,21 +167,35 @@ std::shared_ptr<const clsFuente> clsVisor::fCargar(const std::string &strRuta,
             entorno.fCeder(static_cast<int>(lngPaciencia));
         }
     }
-    if (!fuente) {
-        m_almacen.fReforzar();
-    }
     return fuente && fuente->imagen.isNull() ? m_imgNoImagen : fuente;
 }
 
-/// Has size and time of a file looked up on a thread: a disk that wakes up takes seconds for it.
-std::future<std::optional<clsHuella>> clsVisor::fMirar(const std::string &strRuta)
+/// Goes on with the file that is to be shown, when the disk has told of it too late for fCargar.
+void clsVisor::fTomarMirada(const std::string &strRuta, const std::optional<clsHuella> &huella,
+                            const clsEntorno &entorno)
 {
-    return fPreguntar<std::optional<clsHuella>>(m_miradas, [strRuta] { return fHuella(strRuta); });
+    if (!entorno.fVigente()) {
+        return; // another drawing follows
+    }
+    if (huella && !fEsVideo(strRuta)) {
+        m_strRuta = strRuta;
+        m_huella = *huella;
+        fPedirCon(fPrevia(strRuta, *huella), fPedido(strRuta, lngMaximoFoto), *huella);
+        fTomarPendiente();
+        return;
+    }
+    if (!huella) {
+        entorno.fFalta();
+    }
+    if (entorno.fVigente()) {
+        fPonerTarde(m_imgNoImagen);
+    }
 }
 
 bool clsVisor::fMostrar(const std::string &strRuta, const clsEntorno &entorno)
 {
-    m_relojMirada.stop();
+    m_miradas.fAnular();
+    m_bolPendiente = false;
     if (!m_imgNoImagen) {
         m_imgNoImagen = std::make_shared<const clsFuente>(fNoImagen());
     }
@@ -219,10 +225,14 @@ void clsVisor::fAnticipar(const std::string &strRuta)
     if (strRuta.empty() || fEsVideo(strRuta)) {
         return;
     }
-    auto mirada = fMirar(strRuta);
-    if (const auto huella = fContesta(mirada, lngMirada) ? mirada.get() : std::nullopt) {
-        fPedirCon(fPrevia(strRuta, *huella), fPedido(strRuta, lngMaximoFoto), *huella);
-    }
+    const auto orden = m_miradas.fPedir([strRuta] { return fHuella(strRuta); },
+                                        [this, strRuta](const std::optional<clsHuella> &huella) {
+                                            if (huella) {
+                                                fPedirCon(fPrevia(strRuta, *huella),
+                                                          fPedido(strRuta, lngMaximoFoto), *huella);
+                                            }
+                                        });
+    static_cast<void>(m_miradas.fEsperar(orden, lngMirada));
 }
 
 void clsVisor::fAdelantar(const std::vector<std::string> &lstRutas)
@@ -242,16 +252,17 @@ void clsVisor::fPedirVecinas()
         lstPedidos.back().bolVecina = true;
     }
     m_almacen.fAnularSalvo(lstPedidos);
-    std::vector<std::future<std::optional<clsHuella>>> lstMiradas;
-    lstMiradas.reserve(m_lstVecinas.size());
-    for (const std::string &strRuta : m_lstVecinas) {
-        lstMiradas.push_back(fMirar(strRuta));
+    for (const clsHilos::clsOrden &orden : std::exchange(m_lstMiradas, {})) {
+        m_miradas.fAnular(orden);
     }
-    for (std::size_t lngVecina = 0; lngVecina < lstMiradas.size(); ++lngVecina) {
-        auto &mirada = lstMiradas[lngVecina];
-        if (const auto huella = fContesta(mirada, lngMiradaVecina) ? mirada.get() : std::nullopt) {
-            m_almacen.fPedir(lstPedidos[lngVecina + 1], *huella);
-        }
+    for (std::size_t lngVecina = 0; lngVecina < m_lstVecinas.size(); ++lngVecina) {
+        m_lstMiradas.push_back(m_miradas.fPedir(
+            [strRuta = m_lstVecinas[lngVecina]] { return fHuella(strRuta); },
+            [this, pedido = lstPedidos[lngVecina + 1]](const std::optional<clsHuella> &huella) {
+                if (huella) {
+                    m_almacen.fPedir(pedido, *huella);
+                }
+            }));
     }
 }
 
@@ -301,10 +312,15 @@ void clsVisor::fTomarPendiente()
     auto fuente =
         m_strRuta.empty() ? nullptr : m_almacen.fTomar(fPedido(m_strRuta, lngMaximoFoto), m_huella);
     if (fuente) {
-        m_bolPendiente = false;
-        fPoner(fuente->imagen.isNull() ? m_imgNoImagen : std::move(fuente));
-        fDescribir(m_strDescrito); // it may be none
+        fPonerTarde(fuente->imagen.isNull() ? m_imgNoImagen : std::move(fuente));
     }
+}
+
+void clsVisor::fPonerTarde(std::shared_ptr<const clsFuente> fuente)
+{
+    m_bolPendiente = false;
+    fPoner(std::move(fuente));
+    fDescribir(m_strDescrito); // it may be none
 }
 
 bool clsVisor::eventFilter(QObject *objeto, QEvent *evento)

@@ -1,14 +1,12 @@
 #pragma once
 
+#include "shared/hilos.h"
 #include "viewer/almacen.h"
 #include "viewer/entorno.h"
 #include "viewer/geometria.h"
-#include "viewer/hilos.h"
 
 #include <QObject>
-#include <QTimer>
 
-#include <future>
 #include <memory>
 #include <optional>
 #include <string>
@@ -36,7 +34,7 @@ public:
     void fVaciar();
     /// Shows a file as one picture: loads, places and shows it. Missing files, videos and what
     /// cannot be decoded show the no-image picture. What the disk does not give in time leaves the
-    /// frame empty and appears when it comes.
+    /// frame empty and appears when it comes, as long as the drawing is up to date.
     /// @return false when it was superseded or the window closes: nothing of it is shown then.
     [[nodiscard]] bool fMostrar(const std::string &strRuta, const clsEntorno &entorno);
     /// Begins to decode the file that is going to be shown first, while the window is being built.
@@ -49,9 +47,6 @@ public:
     void fFijarZoom(int intZoom);
 
 signals:
-    /// The disk has told, later than the drawing could wait for, of the file that is to be shown:
-    /// it can be drawn now. Comes again until it is.
-    void fTarde();
     /// Right button on panel, frame or picture, in screen coordinates.
     void fMenuPedido(const QPoint &punto);
 
@@ -63,8 +58,10 @@ private:
     [[nodiscard]] std::shared_ptr<const clsFuente> fCargar(const std::string &strRuta,
                                                            const clsEntorno &entorno);
     void fPoner(std::shared_ptr<const clsFuente> fuente);
+    void fPonerTarde(std::shared_ptr<const clsFuente> fuente);
     void fTomarPendiente();
-    [[nodiscard]] std::future<std::optional<clsHuella>> fMirar(const std::string &strRuta);
+    void fTomarMirada(const std::string &strRuta, const std::optional<clsHuella> &huella,
+                      const clsEntorno &entorno);
     void fCompletar();
     [[nodiscard]] std::optional<clsPedido> fPrevia(const std::string &strRuta,
                                                    const clsHuella &huella) const;
@@ -78,14 +75,13 @@ private:
     imgFoto *m_imgFoto;
     clsAlmacenFotos m_almacen;
     std::shared_ptr<const clsFuente> m_imgPuente; ///< the picture that is shown
-    std::string m_strRuta;                        ///< its file
+    std::string m_strRuta;                        ///< its file; empty when it is no photo
     clsHuella m_huella;                           ///< the file's content
     std::shared_ptr<const clsFuente> m_imgNoImagen;
     std::vector<std::string> m_lstVecinas;
-    std::future<std::optional<clsHuella>> m_mirada; ///< at the file that is to be shown
-    QTimer m_relojMirada;                           ///< looks whether that has come
-    clsHilos m_miradas{4};
-    QString m_strDescrito;       ///< what the picture was last said to be of
+    std::vector<clsHilos::clsOrden> m_lstMiradas; ///< at neighbours
+    clsHilos m_miradas;    ///< at size and time of files: a disk that wakes up takes seconds for it
+    QString m_strDescrito; ///< what the picture was last said to be of
     bool m_bolPendiente = false; ///< the picture is still to come
     int m_intZoom = 100;
 };

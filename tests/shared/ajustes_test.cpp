@@ -1,8 +1,10 @@
 #include "shared/ajustes.h"
 
+#include "sistema/archivo.h"
 #include "soporte/arbol.h"
 #include "soporte/proceso.h"
 
+#include <future>
 #include <gtest/gtest.h>
 #include <sys/stat.h>
 
@@ -97,6 +99,32 @@ TEST(Ajustes, DoNotReplaceAFileThatCannotBeRead)
               }),
               0);
     EXPECT_EQ(fInodo(arbol), lngInodo);
+}
+
+TEST(Ajustes, DoNotKeepTheProgramFromEndingWhenTheDiskHangs)
+{
+    const clsArbol arbol;
+    static std::promise<void> disco;
+    static const std::shared_future<void> bolContesta = disco.get_future().share();
+    static std::promise<void> bolFin;
+    static clsDisco atascado = discoReal;
+    atascado.fVolcar = [](int intFd) {
+        bolContesta.wait();
+        return discoReal.fVolcar(intFd);
+    };
+    atascado.fRenombrar = [](const char *strDe, const char *strA) {
+        const int intResultado = discoReal.fRenombrar(strDe, strA);
+        bolFin.set_value();
+        return intResultado;
+    };
+    {
+        clsAjustes ajustes(arbol.fRuta(strIni), true, atascado);
+        ajustes.fGuardarIni("GENERAL", "SELEC", "/f/1");
+    }
+    EXPECT_FALSE(fExisteArchivo(arbol.fRuta(strIni)));
+    disco.set_value();
+    bolFin.get_future().wait();
+    EXPECT_EQ(arbol.fLeer(strIni), "[GENERAL]\r\nSELEC=/f/1\r\n");
 }
 
 } // namespace
