@@ -1,6 +1,4 @@
-#include "avi_escritor.h"
-
-#include "bytes.h"
+#include "escritores.h"
 
 #include <algorithm>
 
@@ -16,119 +14,65 @@ struct clsPelicula {
     quint32 lngAncho;
     quint32 lngAlto;
     quint32 lngPorSegundo;
+    quint32 lngCuantos; // frames
+    quint32 lngMayor;   // bytes of the largest one
+};
 
-    quint32 fCuantos() const { return static_cast<quint32>(lstCuadros.size()); }
-    quint32 fMayor() const
+/// An open chunk. Its length stands behind its name and counts what follows, but not the byte that
+/// may make it even.
+class clsTrozo : public clsTramo {
+public:
+    clsTrozo(clsBytes &avi, std::string_view strNombre, std::string_view strClase = {})
+        : clsTramo(avi, avi.fLargo() + 4, avi.fLargo() + 8, 2)
     {
-        qsizetype lngMayor = 0;
-        for (const QByteArray &datCuadro : lstCuadros) {
-            lngMayor = std::max(lngMayor, datCuadro.size());
-        }
-        return static_cast<quint32>(lngMayor);
+        avi.fPonerTexto(strNombre);
+        avi.fPoner32(0);
+        avi.fPonerTexto(strClase);
     }
 };
 
-/// Begins a chunk; the result goes to fCerrar.
-quint32 fAbrir(clsBytes &avi, std::string_view strNombre)
+void fCabeceras(clsBytes &avi, const clsPelicula &p)
 {
-    avi.fPonerTexto(strNombre);
-    avi.fPoner32(0);
-    return avi.fLargo();
-}
-
-quint32 fAbrirLista(clsBytes &avi, std::string_view strClase, std::string_view strNombre)
-{
-    const quint32 lngInicio = fAbrir(avi, strClase);
-    avi.fPonerTexto(strNombre);
-    return lngInicio;
-}
-
-/// Fills in the length. Chunks are padded to an even length that the length does not count.
-void fCerrar(clsBytes &avi, quint32 lngInicio)
-{
-    const quint32 lngLargo = avi.fLargo() - lngInicio;
-    avi.fCorregir32(static_cast<qsizetype>(lngInicio) - 4, lngLargo);
-    avi.fPonerCeros(static_cast<int>(lngLargo % 2));
-}
-
-void fCabecera(clsBytes &avi, const clsPelicula &pelicula) // AVIMAINHEADER
-{
-    const quint32 lngInicio = fAbrir(avi, "avih");
-    avi.fPoner32(1000000 / pelicula.lngPorSegundo);           // microseconds per frame
-    avi.fPoner32(pelicula.fMayor() * pelicula.lngPorSegundo); // at most so many bytes per second
-    avi.fPoner32(0);                                          // padding granularity
-    avi.fPoner32(lngTieneIndice);
-    avi.fPoner32(pelicula.fCuantos());
-    avi.fPoner32(0); // initial frames
-    avi.fPoner32(1); // streams
-    avi.fPoner32(pelicula.fMayor());
-    avi.fPoner32(pelicula.lngAncho);
-    avi.fPoner32(pelicula.lngAlto);
-    avi.fPonerCeros(16); // reserved
-    fCerrar(avi, lngInicio);
-}
-
-void fCabeceraFlujo(clsBytes &avi, const clsPelicula &pelicula) // AVISTREAMHEADER
-{
-    const quint32 lngInicio = fAbrir(avi, "strh");
-    avi.fPonerTexto("vidsMJPG");
-    avi.fPonerCeros(12); // flags, priority, language, initial frames
-    avi.fPoner32(1);     // scale: rate/scale are the frames per second
-    avi.fPoner32(pelicula.lngPorSegundo);
-    avi.fPoner32(0); // start
-    avi.fPoner32(pelicula.fCuantos());
-    avi.fPoner32(pelicula.fMayor());
-    avi.fPoner32(0xFFFFFFFF); // quality: the driver's default
-    avi.fPoner32(0);          // sample size: varies
-    avi.fPonerCeros(4);       // left, top
-    avi.fPoner16(pelicula.lngAncho);
-    avi.fPoner16(pelicula.lngAlto);
-    fCerrar(avi, lngInicio);
-}
-
-void fFormatoFlujo(clsBytes &avi, const clsPelicula &pelicula) // BITMAPINFOHEADER
-{
-    const quint32 lngInicio = fAbrir(avi, "strf");
-    avi.fPoner32(40); // its own size
-    avi.fPoner32(pelicula.lngAncho);
-    avi.fPoner32(pelicula.lngAlto);
-    avi.fPoner16(1);  // planes
-    avi.fPoner16(24); // bits per pixel
+    const clsTrozo lista(avi, "LIST", "hdrl");
+    {
+        const clsTrozo cabecera(avi, "avih");          // AVIMAINHEADER
+        avi.fPoner32({1000000 / p.lngPorSegundo,       // microseconds per frame
+                      p.lngMayor * p.lngPorSegundo,    // at most so many bytes per second
+                      0, lngTieneIndice, p.lngCuantos, // padding, flags, frames
+                      0, 1, p.lngMayor,                // initial frames, streams, buffer
+                      p.lngAncho, p.lngAlto, 0, 0, 0, 0});
+    }
+    const clsTrozo flujo(avi, "LIST", "strl");
+    {
+        const clsTrozo cabecera(avi, "strh"); // AVISTREAMHEADER
+        avi.fPonerTexto("vidsMJPG");
+        avi.fPoner32({0, 0, 0, 1, p.lngPorSegundo, // flags, priority, initial frames; scale, rate
+                      0, p.lngCuantos, p.lngMayor, // start, length, buffer
+                      0xFFFFFFFF, 0, 0, // the driver's quality, sample size, left and top
+                      p.lngAncho | p.lngAlto << 16});
+    }
+    const clsTrozo formato(avi, "strf"); // BITMAPINFOHEADER: its size; planes, bits per pixel
+    avi.fPoner32({40, p.lngAncho, p.lngAlto, 1 | 24U << 16});
     avi.fPonerTexto("MJPG");
-    avi.fPoner32(pelicula.lngAncho * pelicula.lngAlto * 3);
-    avi.fPonerCeros(16); // pixels per metre, palette
-    fCerrar(avi, lngInicio);
-}
-
-void fCabeceras(clsBytes &avi, const clsPelicula &pelicula)
-{
-    const quint32 lngLista = fAbrirLista(avi, "LIST", "hdrl");
-    fCabecera(avi, pelicula);
-    const quint32 lngFlujo = fAbrirLista(avi, "LIST", "strl");
-    fCabeceraFlujo(avi, pelicula);
-    fFormatoFlujo(avi, pelicula);
-    fCerrar(avi, lngFlujo);
-    fCerrar(avi, lngLista);
+    avi.fPoner32({p.lngAncho * p.lngAlto * 3, 0, 0, 0, 0}); // pixels per metre, palette
 }
 
 /// The frames, and behind them the index; its offsets count from the name "movi".
-void fCuadros(clsBytes &avi, const clsPelicula &pelicula)
+void fCuadros(clsBytes &avi, const clsPelicula &p)
 {
     clsBytes indice(enmOrden::Intel);
-    const quint32 lngLista = fAbrirLista(avi, "LIST", "movi");
-    for (const QByteArray &datCuadro : pelicula.lstCuadros) {
-        indice.fPonerTexto("00dc");
-        indice.fPoner32(lngCuadroClave);
-        indice.fPoner32(avi.fLargo() - lngLista);
-        indice.fPoner32(static_cast<quint32>(datCuadro.size()));
-        const quint32 lngInicio = fAbrir(avi, "00dc");
-        avi.fPonerBytes(datCuadro);
-        fCerrar(avi, lngInicio);
+    {
+        const clsTrozo lista(avi, "LIST", "movi");
+        for (const QByteArray &datCuadro : p.lstCuadros) {
+            indice.fPonerTexto("00dc");
+            indice.fPoner32(
+                {lngCuadroClave, lista.fLargo(), static_cast<quint32>(datCuadro.size())});
+            const clsTrozo cuadro(avi, "00dc");
+            avi.fPonerBytes(datCuadro);
+        }
     }
-    fCerrar(avi, lngLista);
-    const quint32 lngIndice = fAbrir(avi, "idx1");
+    const clsTrozo trozo(avi, "idx1");
     avi.fPonerBytes(indice.fDatos());
-    fCerrar(avi, lngIndice);
 }
 
 } // namespace
@@ -136,14 +80,22 @@ void fCuadros(clsBytes &avi, const clsPelicula &pelicula)
 QByteArray fAvi(const std::vector<QByteArray> &lstCuadros, const QSize &tamCuadro,
                 int intCuadrosPorSegundo)
 {
-    const clsPelicula pelicula{lstCuadros, static_cast<quint32>(tamCuadro.width()),
+    qsizetype lngMayor = 0;
+    for (const QByteArray &datCuadro : lstCuadros) {
+        lngMayor = std::max(lngMayor, datCuadro.size());
+    }
+    const clsPelicula pelicula{lstCuadros,
+                               static_cast<quint32>(tamCuadro.width()),
                                static_cast<quint32>(tamCuadro.height()),
-                               static_cast<quint32>(intCuadrosPorSegundo)};
+                               static_cast<quint32>(intCuadrosPorSegundo),
+                               static_cast<quint32>(lstCuadros.size()),
+                               static_cast<quint32>(lngMayor)};
     clsBytes avi(enmOrden::Intel);
-    const quint32 lngTodo = fAbrirLista(avi, "RIFF", "AVI ");
-    fCabeceras(avi, pelicula);
-    fCuadros(avi, pelicula);
-    fCerrar(avi, lngTodo);
+    {
+        const clsTrozo todo(avi, "RIFF", "AVI ");
+        fCabeceras(avi, pelicula);
+        fCuadros(avi, pelicula);
+    }
     return avi.fDatos();
 }
 

@@ -1,5 +1,4 @@
-// A small generator of pseudo-random numbers (SplitMix64, public domain). The standard library's
-// distributions may differ between implementations; this one gives the same numbers everywhere.
+// A small generator of pseudo-random numbers (SplitMix64, public domain): the same everywhere.
 #pragma once
 
 #include <cstdint>
@@ -11,8 +10,7 @@ class clsAzar {
 public:
     explicit clsAzar(std::uint64_t lngSemilla) : lngEstado(lngSemilla) {}
 
-    /// The same text always gives the same seed (FNV-1a): a photo's looks hang on its path only, so
-    /// that adding a row to the plan does not change the other pictures.
+    /// The same text always gives the same seed (FNV-1a).
     static std::uint64_t fSemilla(std::string_view strTexto)
     {
         std::uint64_t lngSuma = 14695981039346656037ULL;
@@ -42,8 +40,7 @@ private:
     std::uint64_t fSiguiente()
     {
         lngEstado += 0x9E3779B97F4A7C15ULL;
-        std::uint64_t lngZ = lngEstado;
-        lngZ = (lngZ ^ (lngZ >> 30)) * 0xBF58476D1CE4E5B9ULL;
+        std::uint64_t lngZ = (lngEstado ^ (lngEstado >> 30)) * 0xBF58476D1CE4E5B9ULL;
         lngZ = (lngZ ^ (lngZ >> 27)) * 0x94D049BB133111EBULL;
         return lngZ ^ (lngZ >> 31);
     }

@@ -1,45 +1,147 @@
-// Things that stand in the scenes. Every one is placed by the point where it touches the ground.
+// The figures of the scenes, written as trazos.h says.
 #pragma once
-
-#include "lienzo.h"
 
 namespace demo {
 
-void fArbol(clsLienzo &l, double dblX, double dblY, double dblAlto, const QColor &colHoja);
-void fPino(clsLienzo &l, double dblX, double dblY, double dblAlto, const QColor &colHoja,
-           bool bolNevado);
-void fPalmera(clsLienzo &l, double dblX, double dblY, double dblAlto, const QColor &colTinte);
-void fCipres(clsLienzo &l, double dblX, double dblY, double dblAlto);
-/// A peak of that width and height, with a shaded side and, if wanted, snow on top.
-void fPico(clsLienzo &l, double dblX, double dblY, double dblAncho, double dblAlto,
-           const QColor &colRoca, bool bolNieve);
-void fFlor(clsLienzo &l, double dblX, double dblY, double dblAlto, const QColor &colPetalo);
-void fSombrilla(clsLienzo &l, double dblX, double dblY, double dblAlto, const QColor &colTela);
-void fVelero(clsLienzo &l, double dblX, double dblY, double dblAlto, const QColor &colCasco);
-/// A house with a pitched roof; its light is on if the colour of the panes says so.
-void fCasa(clsLienzo &l, double dblX, double dblY, double dblAncho, double dblAlto,
-           const QColor &colPared, const QColor &colVentana);
-/// A church with a bell tower.
-void fIglesia(clsLienzo &l, double dblX, double dblY, double dblAlto, const QColor &colPiedra);
-/// A hot-air balloon (placed by its basket) and a toy balloon (placed by its knot).
-void fGlobo(clsLienzo &l, double dblX, double dblY, double dblAlto, const QColor &colTela);
-void fGlobito(clsLienzo &l, double dblX, double dblY, double dblRadio, const QColor &colGoma);
+// Bands and hills, from their upper edge down; the last number is the height of the waves.
+inline constexpr auto figBanda = "b A 100";
+inline constexpr auto figLoma = "w A 100 4";
 
-struct clsRopa {
-    QColor colCamisa;
-    QColor colPantalon;
-    QColor colPiel;
-    QColor colPelo;
-    bool bolFalda;
-    bool bolMelena;
-};
+// Sky, weather, light, grass.
+inline constexpr auto figSol = "h B/80 0 -50 320; e A 0 -50 50 50";
+inline constexpr auto figResplandor = "h A/75 0 -50 50";
+inline constexpr auto figNube =
+    "e A/60 -75 -22 60 20; e A/60 70 -20 65 18; e A/70 -30 -42 50 36; e A/70 26 -38 52 32; e A/60 "
+    "0 -20 90 22";
+inline constexpr auto figMota = "e A 0 -50 50 50";
+inline constexpr auto figRaya = "e A/45 0 -50 900 50";
+inline constexpr auto figHoja = "e A 0 -50 90 45";
+inline constexpr auto figBrizna = "l A/70 14 0 0 22 -100";
+inline constexpr auto figFuegos =
+    "h A/40 0 -50 50; 22@0,-50 l A 1 0 -72 0 -97; 22@3,-49 l B 1 0 -64 0 -80; 14@0,-52 l W 1 0 -57 "
+    "0 -64";
 
-/// Clothes, skin and hair by chance; grey hair only where it suits, not on children.
-clsRopa fRopa(clsLienzo &l, bool bolCanas = true);
-void fPersona(clsLienzo &l, double dblX, double dblY, double dblAlto, const clsRopa &ropa);
-/// The couple at a wedding; the bride stands on the left.
-void fNovios(clsLienzo &l, double dblX, double dblY, double dblAlto);
-void fMunecoDeNieve(clsLienzo &l, double dblX, double dblY, double dblAlto);
-void fGato(clsLienzo &l, double dblX, double dblY, double dblAlto, const QColor &colPelo);
+// Land and plants.
+inline constexpr auto figPico =
+    "p A -95 0 -52 -38 -34 -58 -4 -100 30 -62 48 -48 95 0; p A-22 -4 -100 30 -62 48 -48 95 0 22 0 "
+    "10 -34; p B+60 -4 -100 -26 -69 -15 -62 -8 -70 2 -58 12 -68 20 -60 29 -63; p B+30 -4 -100 2 "
+    "-58 12 -68 20 -60 29 -63";
+inline constexpr auto figLejano = "p A -95 0 -52 -38 -34 -58 -4 -100 30 -62 48 -48 95 0";
+inline constexpr auto figArbol =
+    "e K/22 0 0 36 4; p M -6 0 -3 -50 3 -50 6 0; e A-22 20 -50 20 20; e A-16 -21 -50 21 20; e A-12 "
+    "2 -46 22 18; e A-6 13 -70 23 22; e A -9 -70 25 26; e A+10 -14 -78 15 14; e A+8 16 -76 11 9";
+inline constexpr auto figPino =
+    "c M -3 -12 6 12; p A-18 -28 -10 0 -46 28 -10; p A-10 -23 -29 0 -64 23 -29; p A-4 -18 -48 0 "
+    "-82 18 -48; p A+6 -13 -67 0 -100 13 -67";
+inline constexpr auto figPinoNevado =
+    "c M -3 -12 6 12; p A-18 -28 -10 0 -46 28 -10; p W -22 -18 0 -46 22 -18 8 -21 0 -16 -9 -21; p "
+    "A-10 -23 -29 0 -64 23 -29; p W -18 -37 0 -64 18 -37 6 -40 0 -34 -8 -40; p A-4 -18 -48 0 -82 "
+    "18 -48; p W -14 -56 0 -82 14 -56 5 -59 0 -53 -6 -59; p W -10 -75 0 -100 10 -75 0 -71";
+inline constexpr auto figCipres = "c M -2 -8 4 8; e A-12 0 -50 12 44; e A -2 -53 8 40";
+inline constexpr auto figPalmera =
+    "l B 5 0 0 3 -30 8 -60 13 -84; l B+25 1 1 -20 6 -58; p A-16 13 -85 40 -92 66 -68 36 -82; p "
+    "A-16 13 -85 -14 -92 -38 -68 -10 -82; p A 13 -85 34 -100 58 -92 32 -92; p A 13 -85 -8 -100 -32 "
+    "-92 -6 -92; p A-8 13 -85 32 -80 44 -50 24 -74; p A-8 13 -85 -6 -80 -18 -50 2 -74; p A+8 13 "
+    "-85 17 -108 34 -112 22 -100; e M 10 -82 3 3; e M 16 -81 3 3";
+inline constexpr auto figTronco =
+    "p A -3 0 -1.6 -60 -1.4 -100 1.4 -100 1.6 -60 3 0; p A-30 .6 0 .4 -100 1.4 -100 1.6 -60 3 0; l "
+    "A .8 0 -56 6 -70; l A .7 0 -66 -5 -78";
+inline constexpr auto figFlor =
+    "l 3f7d34 5 0 0 3 -74; e 4f9140 15 -28 14 5; 6@3,-76 e A 3 -92 11 13; e B 3 -76 9 9";
+inline constexpr auto figSendero =
+    "p A -75 0 -40 -20 2 -45 14 -65 2 -85 4 -100 6 -100 10 -85 32 -65 44 -42 48 -20 60 0";
+
+// Things.
+inline constexpr auto figSombrilla =
+    "e K/25 16 0 60 5; l ece6da 2.5 0 0 -14 -96; p A -74 -58 -66 -80 -46 -96 -15 -102 14 -92 34 "
+    "-72 42 -40; p B -45 -54 -40 -80 -15 -102 8 -78 14 -45; p A -21 -50 -24 -76 -15 -102 -8 -76 -8 "
+    "-48";
+inline constexpr auto figVelero =
+    "e K/25 2 2 50 2.5; l M 2 0 -14 0 -100; p B 3 -97 40 -17 3 -17; p B-12 -3 -88 -28 -17 -3 -17; "
+    "p A -40 -13 45 -13 32 0 -30 0; p W/60 -40 -13 45 -13 43.5 -11 -38.5 -11";
+inline constexpr auto figCasa =
+    "c A -50 -72 100 72; p R -57 -71 -32 -100 32 -100 57 -71; c A-30 -57 -72 114 2.5; C B 21 -61 "
+    "14 18; c B -7 -61 14 18; C A-35 19 -43 18 2.5; c A-35 -9 -43 18 2.5; c B 20 -31 14 16; c D "
+    "-39 -34 18 34; c B -8 -31 14 16";
+inline constexpr auto figIglesia =
+    "c A 8 -44 64 44; p R 6 -44 18 -60 66 -60 76 -44; c A-12 -14 -78 28 78; p R -17 -78 0 -98 17 "
+    "-78; c A+30 -16 -79 32 3; l K 1.2 0 -105 0 -97; l K 1.2 -2.5 -102 2.5 -102; e K 0 -65 5 6; c "
+    "K -5 -65 10 9; e c4a046 0 -60 3.5 4; c K 24 -32 6 14; c K 40 -32 6 14; c K 56 -32 6 14; e M 0 "
+    "-20 7 7; c M -7 -20 14 20";
+inline constexpr auto figTorre =
+    "c A -14 -103 28 4; c A-8 -20 -100 40 100; g B -17 -96 34 88 5 14; h ff5040/60 0 -104 4";
+inline constexpr auto figGlobo =
+    "L M .7 16 -32 5 -9; e A 0 -64 36 36; p A -34 -52 -10 -17 10 -17 34 -52; e B 0 -64 27 36; p B "
+    "-25 -47 -8 -17 8 -17 25 -47; e A 0 -64 17 36; p A -16 -42 -5 -17 5 -17 16 -42; e B 0 -64 6 "
+    "36; p B -6 -40 -2 -17 2 -17 6 -40; e W/18 -10 -76 20 20; p K/18 6 -28.5 20 -32.5 36 -64 33 "
+    "-50 10 -17 0 -17; c a8763f -6 -10 12 10; c M -6 -10 12 2.5";
+inline constexpr auto figGlobito =
+    "l K/50 1.2 0 -50 3 -34 -3 -18 0 0; p A-20 -4 -47 0 -53 4 -47; e A 0 -76 20 25; e W/60 -8 -86 "
+    "4 6";
+inline constexpr auto figNoria =
+    "l A-25 2.4 -26 0 0 -54 26 0; 12%0,-54 l A .7 0 -54 0 -94; 36%0,-54 l A 1.2 0 -94 7 -93.2; "
+    "24%0,-54 l A .8 0 -72 5 -71.6; 48%0,-54 e B 0 -92 .8 .8; 12%0,-54 h B/75 0 -95 7; 12%0,-54 c "
+    "B-30 -4.5 -97 9 3; 12%0,-54 e B 0 -98 4.5 3; 6%0,-54 e e2405a 0 -98 4.5 3; 3%0,-54 e 38b6d8 0 "
+    "-98 4.5 3; h B/80 0 -54 12; e B 0 -54 3.5 3.5";
+inline constexpr auto figCarpa =
+    "c ffe2a0 -50 -56 100 56; c M -50 -22 100 22; C A 44 -56 6 56; p A -58 -54 -10 -94 10 -94 58 "
+    "-54; P B 42 -54 7 -94 4 -94 25 -54; P B 14 -54 2 -94 0 -94 0 -54; E A 50 -54 8 6; E B 33 -54 "
+    "9 6; E B 10 -54 11 6; l K 1 0 -94 0 -112; p A 0 -112 16 -107 0 -102";
+inline constexpr auto figTarta =
+    "e W-8 0 -2 74 6; c A -56 -34 112 31; c A -34 -62 68 30; E B 50 -31 7 8; E B 38 -31 7 7; E B "
+    "26 -31 7 9; E B 13 -31 7 7; e B 0 -31 7 9; E B 28 -60 7 8; E B 14 -60 7 7; e B 0 -60 7 9; E "
+    "B-12 42 -6 5 3; E B-12 14 -6 5 3; C 3f88c5 22 -84 4 22; C f6c445 10 -84 4 22; c e84a5f -2 -84 "
+    "4 22; H ffd66e/80 24 -90 15; H ffd66e/80 12 -90 15; h ffd66e/80 0 -90 15; E fff3b0 24 -89 1.8 "
+    "4; E fff3b0 12 -89 1.8 4; e fff3b0 0 -89 1.8 4";
+inline constexpr auto figAbeto =
+    "e K/30 0 0 40 4; c M -4 -12 8 12; p A-20 -36 -10 0 -48 36 -10; p A-10 -30 -28 0 -66 30 -28; p "
+    "A -23 -47 0 -84 23 -47; p A+8 -15 -66 0 -98 15 -66; l f6c445 1 -29 -14 -8 -11 14 -18 26 -26; "
+    "l f6c445 1 -23 -32 -4 -30 12 -36 20 -43; l f6c445 1 -16 -51 -2 -49 8 -54 14 -61; e e23b3b -22 "
+    "-18 2.6 2.6; e 4aa3df 4 -20 2.6 2.6; e f07fb0 22 -15 2.6 2.6; e 4aa3df -17 -37 2.6 2.6; e "
+    "e23b3b 1 -40 2.6 2.6; e W 17 -33 2.6 2.6; e f07fb0 -9 -55 2.6 2.6; e e23b3b 9 -60 2.4 2.4; e "
+    "4aa3df -3 -70 2.2 2.2; H ffe9a0/55 14 -22 6; H ffe9a0/55 10 -44 6; h ffe9a0/55 0 -64 6; h "
+    "B/80 0 -99 16; 5@0,-99 p B -2.6 -99 0 -107 2.6 -99";
+inline constexpr auto figRegalo =
+    "c A -50 -80 100 80; c A-15 -55 -90 110 22; c B -9 -90 18 90; E B 16 -97 17 8";
+inline constexpr auto figVentana =
+    "c f4efe6 -50 -100 100 100; c A -45 -95 90 90; p B+10 -45 -5 -45 -26 -20 -34 5 -24 28 -30 45 "
+    "-20 45 -5; c f4efe6 -2 -100 4 100; c f4efe6 -50 -58 100 3; c e2d9c8 -56 -4 112 7";
+inline constexpr auto figCortinas =
+    "C A 36 -104 8 104; C B 44 -104 8 104; C A 52 -104 8 104; C B 60 -104 8 104; c M -72 -108 144 "
+    "4; E M 73 -106 4 4";
+inline constexpr auto figMaceta = "p c8693f -22 -42 22 -42 16 0 -16 0; c c8693f-15 -25 -46 50 9";
+inline constexpr auto figBanderines =
+    "l K/50 .6 -100 -14 -50 -4 0 0 50 -4 100 -14; P e84a5f 92 -13 78 -10 84 4; P 3f88c5 72 -9 58 "
+    "-6 64 9; P f6c445 52 -5 38 -3 44 11; P 4caf6d 32 -3 18 -2 24 13; P b06ad0 14 -1 2 0 8 15";
+
+// Who lives there.
+inline constexpr auto figGente =
+    "e K/25 0 0 22 3; L T 9 6 -42 6 -5; E K 7 -2 6 3; L A-16 7 14 -70 19 -45; E S 19.5 -40 3.6 "
+    "3.6; p A -16 -70 -10 -76 10 -76 16 -70 14 -38 -14 -38; c S -4 -80 8 6; e H 0 -90 12 11; e S 0 "
+    "-87 10.5 10; E K 4 -87 1.1 1.4; l b0503f 1 -3 -82.5 0 -81.5 3 -82.5; p H -11.5 -90 -8 -100 5 "
+    "-101 11.5 -90 0 -95 | e K/25 0 0 22 3; L S 6 5 -30 5 -5; E K 6 -2 5 2.6; p A-24 -8 -50 8 -50 "
+    "21 -20 -21 -20; L A-16 6 12 -69 18 -46; E S 18.5 -42 3.4 3.4; p A -14 -70 -9 -75 9 -75 14 -70 "
+    "10 -46 -10 -46; e H 0 -85 14 15; c S -3.5 -79 7 6; e S 0 -86 10.5 10; E K 4 -86 1.1 1.4; l "
+    "b0503f 1.2 -3 -81.5 0 -80.5 3 -81.5; p H -12 -86 -8 -98 8 -98 12 -86 4 -93 -5 -92";
+inline constexpr auto figNovios =
+    "p W/50 0 -100 16 -92 34 -8 -34 -8 -16 -92; p A -9 -74 9 -74 9 -50 18 -26 34 0 -34 0 -18 -26 "
+    "-9 -50; L S 5 10 -70 15 -57 2 -50; 5@0,-50 e B 0 -55 3.6 3.6; e f7d3e0 0 -50 3.5 3.5; e H 0 "
+    "-87 12 13; e S 0 -86 9.5 9.5; E K 3.6 -86 1.1 1.4; l b0503f 1 -3 -82 0 -81 3 -82; p H -11 -87 "
+    "-7 -97 7 -97 11 -87 3 -93 -4 -92; E W 6 -97 2.4 2.4; e W 0 -98.5 2.6 2.6; l 2b3040 9 28 -42 "
+    "28 -5; l 2b3040 9 42 -42 42 -5; c K 22 -4 12 4; c K 36 -4 12 4; l 2b3040 7 20 -72 15 -47; l "
+    "2b3040 7 50 -72 55 -46; p 2b3040 19 -72 25 -79 45 -79 51 -72 49 -38 21 -38; p W 31 -79 39 -79 "
+    "35 -62; p A-60 33 -78 37 -78 35 -70; e S 56 -41 3.6 3.6; c S 31 -83 8 6; e H 35 -94 12 11; e "
+    "S 35 -91 10.5 10; e K 31 -91 1.1 1.4; e K 39 -91 1.1 1.4; l b0503f 1 32 -86.5 35 -85.5 38 "
+    "-86.5";
+inline constexpr auto figMuneco =
+    "e 5a78aa/45 0 0 38 4; L M 2 18 -50 42 -66 50 -64; L M 1.6 42 -66 46 -74; e B 0 -22 28 23; e B "
+    "0 -51 20 17; e B 0 -74 14 13; l A 5 -11 -63 0 -60 11 -63 10 -48; p f0852f 0 -76 15 -72 0 -70; "
+    "E K 4.5 -79 1.6 1.6; e K 0 -54 1.7 1.7; e K 0 -46 1.7 1.7; c K -16 -87 32 3; c K -10 -102 20 "
+    "15; c A -10 -91 20 4";
+inline constexpr auto figGato =
+    "l A-18 8 18 -6 38 -4 47 -16 44 -30 36 -36; e A 0 -24 27 26; e A 0 -42 19 24; e B 0 -26 11 20; "
+    "E A+10 10 -3 9 4.5; P A 20 -74 21 -101 3 -87; P e8a0a0 17 -80 18 -94 9 -86; e A 0 -72 21 18; "
+    "E d9e86a 8.5 -75 4.8 5.4; E K 8.5 -75 1.6 4.8; e B 0 -65.5 8 5.5; p d87a80 -3 -69 3 -69 0 "
+    "-65.5; L W/80 .7 7 -66 27 -70; L W/80 .7 7 -64 26 -62";
 
 } // namespace demo

@@ -1,12 +1,13 @@
-#include "fotos.h"
-
-#include "exif_escritor.h"
-#include "fecha.h"
+// From a row of the plan to the bytes of its photo or film.
+#include "escenas.h"
+#include "escritores.h"
+#include "plan.h"
 
 #include <algorithm>
 #include <QBuffer>
 #include <QTransform>
 #include <stdexcept>
+#include <vector>
 
 namespace demo {
 
@@ -16,44 +17,57 @@ namespace {
 /// applied. The mirrored orientations are their own inverse, 6 and 8 are each other's.
 QImage fGirar(const QImage &imgDerecha, int intOrientacion)
 {
-    const QImage imgTraspuesta =
-        intOrientacion == 5 || intOrientacion == 7
-            ? imgDerecha.transformed(QTransform().rotate(90)).mirrored(true, false)
-            : QImage();
-    switch (intOrientacion) {
-    case 1:
-        return imgDerecha;
-    case 2:
-        return imgDerecha.mirrored(true, false);
-    case 3:
-        return imgDerecha.mirrored(true, true);
-    case 4:
-        return imgDerecha.mirrored(false, true);
-    case 5: // exchange of rows and columns
-        return imgTraspuesta;
-    case 6: // a viewer turns it clockwise, so it is stored turned the other way
-        return imgDerecha.transformed(QTransform().rotate(-90));
-    case 7: // the other diagonal
-        return imgTraspuesta.mirrored(true, true);
-    case 8:
-        return imgDerecha.transformed(QTransform().rotate(90));
-    default:
-        throw std::runtime_error("orientación desconocida en el plan");
+    constexpr int lstGiros[] = {0, 0, 180, 180, 90, 270, 270, 90}; // clockwise, from orientation 1
+    const bool bolEspejo =
+        intOrientacion == 2 || intOrientacion == 4 || intOrientacion == 5 || intOrientacion == 7;
+    return imgDerecha.transformed(QTransform().rotate(lstGiros[intOrientacion - 1]))
+        .mirrored(bolEspejo, false);
+}
+
+/// The scene in this size. The same seed gives the same picture; the time moves it within a film.
+QImage fPintar(std::string_view strEscena, const QSize &tamImagen, const std::string &strSemilla,
+               double dblTiempo)
+{
+    QImage imgEscena(tamImagen, QImage::Format_RGB32);
+    if (imgEscena.isNull()) {
+        throw std::runtime_error("no hay memoria para pintar una imagen");
     }
+    imgEscena.fill(Qt::white);
+    const double dblEscala = std::min(tamImagen.width(), tamImagen.height()) / 1000.0;
+    clsAzar azar(clsAzar::fSemilla(strSemilla));
+    QPainter pintor(&imgEscena);
+    pintor.setRenderHint(QPainter::Antialiasing);
+    pintor.setPen(Qt::NoPen);
+    pintor.scale(dblEscala, dblEscala);
+    clsLienzo lienzo{pintor, azar, tamImagen.width() / dblEscala, tamImagen.height() / dblEscala,
+                     dblTiempo};
+    fPintarEscena(lienzo, strEscena);
+    pintor.end();
+    return imgEscena;
+}
+
+QByteArray fJpeg(const QImage &imgFoto, int intCalidad)
+{
+    QByteArray datJpeg;
+    QBuffer memoria(&datJpeg);
+    if (!memoria.open(QIODevice::WriteOnly) || !imgFoto.save(&memoria, "JPEG", intCalidad)) {
+        throw std::runtime_error("no se puede codificar una imagen JPEG (falta el módulo de Qt)");
+    }
+    return datJpeg;
 }
 
 /// Cameras write 160x120 whatever the photo's proportions are, with black bars (Exif 2.3, and the
 /// DCF rule for thumbnails).
 QByteArray fMiniatura(const QImage &imgGuardada)
 {
-    const QSize tamMini(160, 120);
-    const QImage imgChica =
-        imgGuardada.scaled(tamMini, Qt::KeepAspectRatio, Qt::SmoothTransformation);
-    QImage imgMini(tamMini, QImage::Format_RGB32);
+    QImage imgMini(160, 120, QImage::Format_RGB32);
     imgMini.fill(Qt::black);
+    const QImage imgChica =
+        imgGuardada.scaled(imgMini.size(), Qt::KeepAspectRatio, Qt::SmoothTransformation);
+    QRect marco = imgChica.rect();
+    marco.moveCenter(imgMini.rect().center());
     QPainter pintor(&imgMini);
-    pintor.drawImage((tamMini.width() - imgChica.width()) / 2,
-                     (tamMini.height() - imgChica.height()) / 2, imgChica);
+    pintor.drawImage(marco, imgChica);
     pintor.end();
     return fJpeg(imgMini, 75);
 }
@@ -70,58 +84,42 @@ void fElegirToma(clsExif &exif, const std::string &strRuta)
 
 } // namespace
 
-QImage fPintar(fnEscena fPintarEscena, const QSize &tamImagen, const std::string &strSemilla,
-               double dblTiempo)
+QByteArray fFoto(const clsCamara *pCamara, const clsFila &fila, const std::string &strRuta)
 {
-    QImage imgEscena(tamImagen, QImage::Format_RGB32);
-    if (imgEscena.isNull()) {
-        throw std::runtime_error("no hay memoria para pintar una imagen");
-    }
-    imgEscena.fill(Qt::white);
-    const double dblEscala = std::min(tamImagen.width(), tamImagen.height()) / 1000.0;
-    clsAzar azar(clsAzar::fSemilla(strSemilla));
-    QPainter pintor(&imgEscena);
-    pintor.setRenderHint(QPainter::Antialiasing);
-    pintor.setPen(Qt::NoPen);
-    pintor.scale(dblEscala, dblEscala);
-    clsLienzo lienzo{pintor, azar, tamImagen.width() / dblEscala, tamImagen.height() / dblEscala,
-                     dblTiempo};
-    fPintarEscena(lienzo);
-    pintor.end();
-    return imgEscena;
-}
-
-QByteArray fJpeg(const QImage &imgFoto, int intCalidad)
-{
-    QByteArray datJpeg;
-    QBuffer memoria(&datJpeg);
-    if (!memoria.open(QIODevice::WriteOnly) || !imgFoto.save(&memoria, "JPEG", intCalidad)) {
-        throw std::runtime_error("no se puede codificar una imagen JPEG (falta el módulo de Qt)");
-    }
-    return datJpeg;
-}
-
-QByteArray fFoto(const clsCamara *pCamara, const clsFilaFoto &fila, const std::string &strRuta)
-{
-    const QImage imgDerecha = fPintar(fila.fPintar, fila.tamFoto, strRuta, 0);
+    const QImage imgDerecha = fPintar(fila.strEscena, fila.tamFoto, strRuta, 0);
     const QImage imgGuardada = fGirar(imgDerecha, fila.intOrientacion);
     const QByteArray datJpeg = fJpeg(imgGuardada, 86);
     if (pCamara == nullptr) {
         return datJpeg;
     }
-    clsExif exif{};
-    exif.ordenBytes = pCamara->ordenBytes;
-    exif.strMarca = pCamara->strMarca;
-    exif.strModelo = pCamara->strModelo;
-    exif.strFecha = fFechaExif(fila.strFecha);
-    exif.intOrientacion = fila.intOrientacion;
-    exif.tamGuardado = imgGuardada.size();
-    exif.lngDiafragmaDecimos = pCamara->lngDiafragmaDecimos;
+    clsExif exif{.ordenBytes = pCamara->ordenBytes,
+                 .strMarca = pCamara->strMarca,
+                 .strModelo = pCamara->strModelo,
+                 .strFecha = fila.strFecha,
+                 .intOrientacion = fila.intOrientacion,
+                 .tamGuardado = imgGuardada.size(),
+                 .lngDiafragmaDecimos = pCamara->lngDiafragmaDecimos};
+    exif.strFecha[4] = exif.strFecha[7] = ':'; // Exif 2.3, DateTime
     fElegirToma(exif, strRuta);
     if (pCamara->bolMiniatura) {
         exif.datMiniatura = fMiniatura(imgGuardada);
     }
     return fConExif(datJpeg, exif);
+}
+
+QByteArray fVideo(const clsFila &fila, const std::string &strRuta)
+{
+    constexpr QSize tamCuadro(320, 240);
+    constexpr int intPorSegundo = 10;
+    std::vector<QByteArray> lstCuadros;
+    for (int intI = 0; intI < fila.intCuadros; ++intI) {
+        const double dblTiempo = static_cast<double>(intI) / fila.intCuadros;
+        lstCuadros.push_back(fJpeg(fPintar(fila.strEscena, tamCuadro, strRuta, dblTiempo), 85));
+    }
+    if (QString::fromStdString(strRuta).endsWith(".avi", Qt::CaseInsensitive)) {
+        return fAvi(lstCuadros, tamCuadro, intPorSegundo);
+    }
+    return fMov(lstCuadros, tamCuadro, intPorSegundo, fInstante(fila.strFecha));
 }
 
 } // namespace demo

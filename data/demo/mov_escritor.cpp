@@ -1,12 +1,13 @@
-#include "mov_escritor.h"
-
-#include "bytes.h"
+#include "escritores.h"
 
 namespace demo {
 
 namespace {
 
 constexpr quint32 lngPorSegundo = 600; // time units of film and track, QuickTime's usual scale
+
+// The identity: 16.16 fixed point, the last column 2.30.
+const std::initializer_list<quint32> lngMatriz{0x10000, 0, 0, 0, 0x10000, 0, 0, 0, 0x40000000};
 
 struct clsPelicula {
     const std::vector<QByteArray> &lstCuadros;
@@ -19,76 +20,41 @@ struct clsPelicula {
     quint32 fDuracion() const { return fCuantos() * lngPaso; }
 };
 
-/// An atom that is open as long as this object lives: its length is filled in at the end.
-class clsAtomo {
+/// An open atom. Its length stands in front of its name and counts itself.
+class clsAtomo : public clsTramo {
 public:
-    clsAtomo(clsBytes &salida, std::string_view strNombre)
-        : bytSalida(salida), lngInicio(salida.fLargo())
+    clsAtomo(clsBytes &mov, std::string_view strNombre) : clsTramo(mov, mov.fLargo(), mov.fLargo())
     {
-        bytSalida.fPoner32(0);
-        bytSalida.fPonerTexto(strNombre);
+        mov.fPoner32(0);
+        mov.fPonerTexto(strNombre);
     }
-    clsAtomo(const clsAtomo &) = delete;
-    clsAtomo &operator=(const clsAtomo &) = delete;
-    ~clsAtomo()
-    {
-        const quint32 lngLargo = bytSalida.fLargo() - lngInicio;
-        bytSalida.fCorregir32(static_cast<qsizetype>(lngInicio), lngLargo);
-    }
-
-private:
-    clsBytes &bytSalida;
-    quint32 lngInicio;
 };
 
-void fMatriz(clsBytes &mov) // the identity: 16.16 fixed point, the last column 2.30
+/// An atom of numbers only; the first one is its version and flags.
+void fAtomo(clsBytes &mov, std::string_view strNombre, std::initializer_list<quint32> lstValores)
 {
-    for (const quint32 lngValor : {0x10000U, 0U, 0U, 0U, 0x10000U, 0U, 0U, 0U, 0x40000000U}) {
-        mov.fPoner32(lngValor);
-    }
+    const clsAtomo atomo(mov, strNombre);
+    mov.fPoner32(lstValores);
 }
 
-void fFechas(clsBytes &mov, const clsPelicula &pelicula, quint32 lngIndicadores)
-{
-    mov.fPoner32(lngIndicadores); // version 0 and flags
-    mov.fPoner32(pelicula.lngCreacion);
-    mov.fPoner32(pelicula.lngCreacion); // modification
-}
-
-void fCabecera(clsBytes &mov, const clsPelicula &pelicula)
+void fCabecera(clsBytes &mov, const clsPelicula &p)
 {
     const clsAtomo atomo(mov, "mvhd");
-    fFechas(mov, pelicula, 0);
-    mov.fPoner32(lngPorSegundo);
-    mov.fPoner32(pelicula.fDuracion());
-    mov.fPoner32(0x10000); // preferred rate 1.0
-    mov.fPoner16(0x100);   // preferred volume 1.0
-    mov.fPonerCeros(10);
-    fMatriz(mov);
-    mov.fPonerCeros(24); // preview, poster, selection and current time
-    mov.fPoner32(2);     // next track
+    mov.fPoner32({0, p.lngCreacion, p.lngCreacion, lngPorSegundo, p.fDuracion(),
+                  0x10000});         // preferred rate 1.0
+    mov.fPoner32({0x1000000, 0, 0}); // preferred volume 1.0
+    mov.fPoner32(lngMatriz);
+    mov.fPoner32({0, 0, 0, 0, 0, 0, 2}); // preview, poster, selection, time; next track
 }
 
-void fCabeceraPista(clsBytes &mov, const clsPelicula &pelicula)
+void fCabeceraPista(clsBytes &mov, const clsPelicula &p)
 {
     const clsAtomo atomo(mov, "tkhd");
-    fFechas(mov, pelicula, 0xF); // enabled, in movie, in preview, in poster
-    mov.fPoner32(1);             // track
-    mov.fPonerCeros(4);
-    mov.fPoner32(pelicula.fDuracion());
-    mov.fPonerCeros(16); // reserved, layer, alternate group, volume (no sound), reserved
-    fMatriz(mov);
-    mov.fPoner32(pelicula.lngAncho << 16);
-    mov.fPoner32(pelicula.lngAlto << 16);
-}
-
-void fCabeceraMedio(clsBytes &mov, const clsPelicula &pelicula)
-{
-    const clsAtomo atomo(mov, "mdhd");
-    fFechas(mov, pelicula, 0);
-    mov.fPoner32(lngPorSegundo);
-    mov.fPoner32(pelicula.fDuracion());
-    mov.fPonerCeros(4); // language English, quality
+    // Enabled, in movie, in preview, in poster; track 1; then reserved, layer, alternate group,
+    // volume (no sound), reserved.
+    mov.fPoner32({0xF, p.lngCreacion, p.lngCreacion, 1, 0, p.fDuracion(), 0, 0, 0, 0});
+    mov.fPoner32(lngMatriz);
+    mov.fPoner32({p.lngAncho << 16, p.lngAlto << 16});
 }
 
 void fManejador(clsBytes &mov, std::string_view strClases)
@@ -103,80 +69,49 @@ void fDatosAqui(clsBytes &mov) // the samples are in this very file
 {
     const clsAtomo atomo(mov, "dinf");
     const clsAtomo lista(mov, "dref");
-    mov.fPoner32(0);
-    mov.fPoner32(1);
-    const clsAtomo entrada(mov, "alis");
-    mov.fPoner32(1); // self reference
+    mov.fPoner32({0, 1});
+    fAtomo(mov, "alis", {1}); // self reference
 }
 
-void fDescripcion(clsBytes &mov, const clsPelicula &pelicula)
+void fDescripcion(clsBytes &mov, const clsPelicula &p)
 {
     const clsAtomo atomo(mov, "stsd");
-    mov.fPoner32(0);
-    mov.fPoner32(1);
+    mov.fPoner32({0, 1});
     const clsAtomo entrada(mov, "jpeg");
-    mov.fPonerCeros(6);
-    mov.fPoner16(1);     // data reference
-    mov.fPonerCeros(8);  // version, revision, vendor
-    mov.fPoner32(0);     // temporal quality
-    mov.fPoner32(0x200); // spatial quality: normal
-    mov.fPoner16(pelicula.lngAncho);
-    mov.fPoner16(pelicula.lngAlto);
-    mov.fPoner32(72U << 16); // dots per inch
-    mov.fPoner32(72U << 16);
-    mov.fPoner32(0);      // data size
-    mov.fPoner16(1);      // frames per sample
-    mov.fPonerCeros(32);  // compressor name
-    mov.fPoner16(24);     // depth
-    mov.fPoner16(0xFFFF); // no colour table
+    mov.fPoner32({0, 1, 0, 0, 0, 0x200}); // data reference; version, vendor, qualities
+    mov.fPoner32({p.lngAncho << 16 | p.lngAlto, 72U << 16, 72U << 16, 0}); // dots per inch
+    mov.fPoner32({1U << 16, 0, 0, 0, 0, 0, 0, 0, 24}); // frames per sample, name, depth
+    mov.fPoner16(0xFFFF);                              // no colour table
 }
 
 /// One run of equal frames, all of them in a single chunk.
-void fTablas(clsBytes &mov, const clsPelicula &pelicula, quint32 lngLugar)
+void fTablas(clsBytes &mov, const clsPelicula &p, quint32 lngLugar)
 {
     const clsAtomo tabla(mov, "stbl");
-    fDescripcion(mov, pelicula);
-    {
-        const clsAtomo atomo(mov, "stts");
-        for (const quint32 lngValor : {0U, 1U, pelicula.fCuantos(), pelicula.lngPaso}) {
-            mov.fPoner32(lngValor);
-        }
-    }
-    {
-        const clsAtomo atomo(mov, "stsc");
-        for (const quint32 lngValor : {0U, 1U, 1U, pelicula.fCuantos(), 1U}) {
-            mov.fPoner32(lngValor);
-        }
-    }
+    fDescripcion(mov, p);
+    fAtomo(mov, "stts", {0, 1, p.fCuantos(), p.lngPaso});
+    fAtomo(mov, "stsc", {0, 1, 1, p.fCuantos(), 1});
     {
         const clsAtomo atomo(mov, "stsz");
-        for (const quint32 lngValor : {0U, 0U, pelicula.fCuantos()}) {
-            mov.fPoner32(lngValor);
-        }
-        for (const QByteArray &datCuadro : pelicula.lstCuadros) {
+        mov.fPoner32({0, 0, p.fCuantos()});
+        for (const QByteArray &datCuadro : p.lstCuadros) {
             mov.fPoner32(static_cast<quint32>(datCuadro.size()));
         }
     }
-    const clsAtomo atomo(mov, "stco");
-    for (const quint32 lngValor : {0U, 1U, lngLugar}) {
-        mov.fPoner32(lngValor);
-    }
+    fAtomo(mov, "stco", {0, 1, lngLugar});
 }
 
-void fMedio(clsBytes &mov, const clsPelicula &pelicula, quint32 lngLugar)
+void fMedio(clsBytes &mov, const clsPelicula &p, quint32 lngLugar)
 {
     const clsAtomo medio(mov, "mdia");
-    fCabeceraMedio(mov, pelicula);
+    // the last number: language English, quality
+    fAtomo(mov, "mdhd", {0, p.lngCreacion, p.lngCreacion, lngPorSegundo, p.fDuracion(), 0});
     fManejador(mov, "mhlrvide");
     const clsAtomo informacion(mov, "minf");
-    {
-        const clsAtomo video(mov, "vmhd");
-        mov.fPoner32(1);    // flags: no lean ahead
-        mov.fPonerCeros(8); // copy mode, colours
-    }
+    fAtomo(mov, "vmhd", {1, 0, 0}); // no lean ahead; copy mode, colours
     fManejador(mov, "dhlralis");
     fDatosAqui(mov);
-    fTablas(mov, pelicula, lngLugar);
+    fTablas(mov, p, lngLugar);
 }
 
 } // namespace
@@ -192,9 +127,7 @@ QByteArray fMov(const std::vector<QByteArray> &lstCuadros, const QSize &tamCuadr
     clsBytes mov(enmOrden::Motorola);
     {
         const clsAtomo clase(mov, "ftyp");
-        mov.fPonerTexto("qt  ");
-        mov.fPoner32(0);
-        mov.fPonerTexto("qt  ");
+        mov.fPonerTexto(std::string_view("qt  \0\0\0\0qt  ", 12));
     }
     const quint32 lngLugar = mov.fLargo() + 8; // the first frame, behind the atom's header
     {
@@ -204,7 +137,7 @@ QByteArray fMov(const std::vector<QByteArray> &lstCuadros, const QSize &tamCuadr
         }
     }
     {
-        const clsAtomo pelicula1(mov, "moov");
+        const clsAtomo contenido(mov, "moov");
         fCabecera(mov, pelicula);
         const clsAtomo pista(mov, "trak");
         fCabeceraPista(mov, pelicula);

@@ -1,26 +1,14 @@
-// What the demonstration archive consists of: tables of folders, photos, films and notes.
+// What the demonstration archive consists of: folders, photos, films and notes.
 #pragma once
 
 #include "bytes.h"
-#include "escenas.h"
 
+#include <ctime>
 #include <QSize>
 #include <span>
 #include <string>
 
 namespace demo {
-
-// Sizes of the upright picture.
-inline constexpr QSize tamAntigua(320, 240);
-inline constexpr QSize tamNormal(1600, 1200);
-inline constexpr QSize tamAlta(1200, 1600);
-inline constexpr QSize tamReflex(1620, 1080);
-inline constexpr QSize tamReflexAlta(1080, 1620);
-inline constexpr QSize tamCine(1600, 900);
-inline constexpr QSize tamMovil(1080, 1920);
-inline constexpr QSize tamCuadrada(1200, 1200);
-inline constexpr QSize tamPanorama(4200, 1050);
-inline constexpr QSize tamEnorme(4000, 3000);
 
 struct clsCamara {
     const char *strMarca;
@@ -30,49 +18,29 @@ struct clsCamara {
     quint32 lngDiafragmaDecimos;
 };
 
-struct clsFilaFoto {
+/// A row of the plan: a folder for the rows below it, with the camera of its photos (none: they
+/// have no Exif); a photo; a film, in the container that its name tells; a note.
+struct clsFila {
     const char *strNombre;
-    fnEscena fPintar;
-    QSize tamFoto;
-    int intOrientacion; // the Exif value; 1 where there is no Exif
-    const char *strFecha;
+    const char *strEscena = nullptr;
+    QSize tamFoto = {};                    // of the upright picture
+    int intOrientacion = 1;                // as Exif has it
+    const char *strFecha = nullptr;        // when it was taken or written; none: a folder
+    const char *strFechaFichero = nullptr; // where the file has another date than that
+    int intCuadros = 0;                    // of films
+    const char *strTexto = nullptr;        // of notes
+    const clsCamara *pCamara = nullptr;    // of folders
 };
 
-/// The photos of one camera in one folder. Without a camera they carry no Exif.
-struct clsCarpeta {
-    const char *strCarpeta;
-    const clsCamara *pCamara;
-    std::span<const clsFilaFoto> lstFotos;
-};
+std::span<const clsFila> fPlan();
 
-enum class enmContenedor { Avi, Mov };
+/// The finished file of a row: painted, turned as its orientation demands, encoded, with Exif.
+/// Throws std::runtime_error if that is not possible. The same path gives the same picture.
+QByteArray fFoto(const clsCamara *pCamara, const clsFila &fila, const std::string &strRuta);
+QByteArray fVideo(const clsFila &fila, const std::string &strRuta);
 
-struct clsFilaVideo {
-    const char *strRuta;
-    enmContenedor contenedor;
-    fnEscena fPintar;
-    int intCuadros;
-    const char *strFecha;
-};
-
-struct clsFilaTexto {
-    const char *strRuta;
-    const char *strFecha;
-    const char *strTexto;
-};
-
-/// A file whose modification time is not the date on which the photo was taken.
-struct clsFechaErronea {
-    const char *strRuta;
-    const char *strFecha;
-};
-
-std::span<const clsCarpeta> fCarpetasAntiguas(); // 1998 to 2008
-std::span<const clsCarpeta> fCarpetasNuevas();   // 2009 to 2023
-std::span<const clsFilaVideo> fVideos();
-std::span<const clsFilaTexto> fTextos();
-
-/// The modification time of the photo at this path: nearly always the given date of its taking.
-std::string fFechaDelFichero(const std::string &strRuta, const char *strFecha);
+/// The instant of a local date of the plan, "2009-07-14 12:03:11". Throws std::runtime_error if the
+/// text is no such date.
+std::time_t fInstante(const std::string &strFecha);
 
 } // namespace demo

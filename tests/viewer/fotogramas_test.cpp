@@ -1,8 +1,7 @@
 // Frames of videos: the real child, children that misbehave, other programs, the shared cache.
 #include "viewer/fotogramas.h"
 
-#include "../../data/demo/avi_escritor.h"
-#include "../../data/demo/mov_escritor.h"
+#include "../../data/demo/escritores.h"
 #include "shared/uri.h"
 #include "sistema/entorno.h"
 #include "soporte/arbol.h"
