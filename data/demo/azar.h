@@ -8,16 +8,12 @@ namespace demo {
 
 class clsAzar {
 public:
-    explicit clsAzar(std::uint64_t lngSemilla) : lngEstado(lngSemilla) {}
-
-    /// The same text always gives the same seed (FNV-1a).
-    static std::uint64_t fSemilla(std::string_view strTexto)
+    /// The same text always gives the same numbers (its seed is FNV-1a).
+    explicit clsAzar(std::string_view strTexto)
     {
-        std::uint64_t lngSuma = 14695981039346656037ULL;
         for (const char chrLetra : strTexto) {
-            lngSuma = (lngSuma ^ static_cast<unsigned char>(chrLetra)) * 1099511628211ULL;
+            lngEstado = (lngEstado ^ static_cast<unsigned char>(chrLetra)) * 1099511628211ULL;
         }
-        return lngSuma;
     }
 
     /// Evenly between the two limits.
@@ -45,7 +41,7 @@ private:
         return lngZ ^ (lngZ >> 31);
     }
 
-    std::uint64_t lngEstado;
+    std::uint64_t lngEstado = 14695981039346656037ULL;
 };
 
 } // namespace demo

@@ -2,8 +2,11 @@
 
 #include "figuras.h"
 
+#include <algorithm>
 #include <cmath>
-#include <QStringList>
+#include <iterator>
+#include <stdexcept>
+#include <string>
 
 namespace demo {
 
@@ -247,13 +250,15 @@ void fPintarEscena(clsLienzo &l, std::string_view strEscena)
     l.pintor.scale(dblZoom, dblZoom);
     l.pintor.translate(l.dblAncho * (1 / dblZoom - 1) * l.azar.fEntre(0, 1),
                        l.dblAlto * (1 / dblZoom - 1) * l.azar.fEntre(0.2, 0.8));
-    bool bolEsta = false;
-    for (const clsCapa &capa : lstCapas) {
-        if (capa.strColores == nullptr) {
-            bolEsta = capa.strFigura == strEscena;
-        } else if (bolEsta) {
-            fPintarCapa(l, capa);
-        }
+    const auto fEsEsta = [&](const clsCapa &c) {
+        return !c.strColores && c.strFigura == strEscena;
+    };
+    const clsCapa *pCapa = std::ranges::find_if(lstCapas, fEsEsta);
+    if (pCapa == std::end(lstCapas)) {
+        throw std::runtime_error("no hay tal escena: " + std::string(strEscena));
+    }
+    while (++pCapa != std::end(lstCapas) && pCapa->strColores != nullptr) {
+        fPintarCapa(l, *pCapa);
     }
 }
 

@@ -8,7 +8,7 @@
 
 namespace demo {
 
-/// @param strEscena "Playa", "Nieve", ...: a name in the table of scenes.
+/// @param strEscena "Playa", "Nieve", ...: a name in the table of scenes; otherwise it throws.
 void fPintarEscena(clsLienzo &l, std::string_view strEscena);
 
 } // namespace demo

@@ -34,7 +34,7 @@ QImage fPintar(std::string_view strEscena, const QSize &tamImagen, const std::st
     }
     imgEscena.fill(Qt::white);
     const double dblEscala = std::min(tamImagen.width(), tamImagen.height()) / 1000.0;
-    clsAzar azar(clsAzar::fSemilla(strSemilla));
+    clsAzar azar(strSemilla);
     QPainter pintor(&imgEscena);
     pintor.setRenderHint(QPainter::Antialiasing);
     pintor.setPen(Qt::NoPen);
@@ -75,7 +75,7 @@ QByteArray fMiniatura(const QImage &imgGuardada)
 /// Exposure and sensitivity: plausible and always the same for one path.
 void fElegirToma(clsExif &exif, const std::string &strRuta)
 {
-    clsAzar azar(clsAzar::fSemilla("toma " + strRuta));
+    clsAzar azar("toma " + strRuta);
     constexpr quint32 lstExposiciones[] = {30, 60, 80, 125, 200, 250, 400, 500, 800};
     constexpr quint32 lstIso[] = {80, 100, 125, 200, 400};
     exif.lngExposicionEntre = lstExposiciones[azar.fEntero(0, 8)];
