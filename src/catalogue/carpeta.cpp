@@ -5,10 +5,8 @@
 
 #include <array>
 #include <cerrno>
-#include <cstdint>
 #include <dirent.h>
 #include <fcntl.h>
-#include <limits>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -60,42 +58,33 @@ class clsReloj {
 public:
     clsFecha fLocal(std::time_t lngMomento)
     {
-        using clsLimites = std::numeric_limits<std::time_t>;
-        if (lngMomento < clsLimites::min() + lngSegundosDia ||
-            lngMomento > clsLimites::max() - lngSegundosDia) {
-            return fFechaLocal(lngMomento); // its day has no start or no end
+        const std::time_t lngDia = lngMomento / lngSegundosDia;
+        if (lngDia <= 0 || lngDia > lngUltimoDia) {
+            return fFechaLocal(lngMomento);
         }
-        const std::time_t lngResto =
-            ((lngMomento % lngSegundosDia) + lngSegundosDia) % lngSegundosDia;
-        const std::time_t lngInicio = lngMomento - lngResto;
-        const auto lngNumero = static_cast<std::uint64_t>(lngInicio / lngSegundosDia);
-        clsDia &dia = m_lstDias[lngNumero % m_lstDias.size()];
-        if (dia.estado == Estado::Vacio || dia.lngInicio != lngInicio) {
-            // Measuring a day pays from its second file on.
-            dia = {lngInicio, {}, Estado::Visto};
-        } else if (dia.estado == Estado::Visto) {
-            fMedir(dia);
+        clsDia &dia = m_lstDias[static_cast<std::size_t>(lngDia) % m_lstDias.size()];
+        if (dia.lngDia != lngDia) {
+            dia = fMedir(lngDia);
         }
-        return dia.estado == Estado::Parejo ? clsFecha{dia.datInicio.lngSegundos + lngResto}
-                                            : fFechaLocal(lngMomento);
+        return dia.datInicio.fHay()
+                   ? clsFecha{dia.datInicio.lngSegundos + lngMomento % lngSegundosDia}
+                   : fFechaLocal(lngMomento);
     }
 
 private:
-    enum class Estado { Vacio, Visto, Parejo, Desigual };
     struct clsDia {
-        std::time_t lngInicio = 0; ///< its start, universal time
-        clsFecha datInicio;        ///< the same in local time, once it has been measured
-        Estado estado = Estado::Vacio;
+        std::time_t lngDia = 0; ///< since 1970, universal time; 0: none yet
+        clsFecha datInicio;     ///< its start in local time; none where clocks were changed
     };
     static constexpr std::time_t lngSegundosDia = 86400;
+    static constexpr std::time_t lngUltimoDia = 2'932'000; ///< in the year 9997
 
-    static void fMedir(clsDia &dia)
+    static clsDia fMedir(std::time_t lngDia)
     {
-        dia.datInicio = fFechaLocal(dia.lngInicio);
-        const clsFecha datFin = fFechaLocal(dia.lngInicio + lngSegundosDia);
-        const bool bolParejo = dia.datInicio.fHay() && datFin.fHay() &&
-                               datFin.lngSegundos - dia.datInicio.lngSegundos == lngSegundosDia;
-        dia.estado = bolParejo ? Estado::Parejo : Estado::Desigual;
+        const clsFecha datInicio = fFechaLocal(lngDia * lngSegundosDia);
+        const clsFecha datFin = fFechaLocal((lngDia + 1) * lngSegundosDia);
+        const bool bolParejo = datFin.lngSegundos - datInicio.lngSegundos == lngSegundosDia;
+        return {lngDia, bolParejo ? datInicio : clsFecha{}};
     }
 
     std::array<clsDia, 64> m_lstDias{};
