@@ -15,10 +15,6 @@ fPruebaFirstStart() {
     local intUltima=$((${#lstRutas[@]} - 1))
     fExigir "the archive has films and photos" test "$intUltima" -gt 100
     fEsperarA "first" fSelecEs "$archivo" "${lstRutas[0]}"
-    fTecla "$strPrincipal" F12
-    fEsperarA "F12" fSelecEs "$archivo" "${lstRutas[1]}"
-    fTecla "$strPrincipal" F12
-    fEsperarA "F12 again" fSelecEs "$archivo" "${lstRutas[2]}"
     fTecla "$strPrincipal" shift+F12
     fEsperarA "Shift+F12" fSelecEs "$archivo" "${lstRutas[intUltima]}"
     fTecla "$strPrincipal" F11
@@ -45,33 +41,6 @@ fPruebaSecondStart() {
     fSinCaja
     fCerrar
     fExigir "the catalogue is as it was" test "$strHuella" = "$(fHuella "$archivo/Miravel.dat")"
-}
-
-fPruebaEnterOpensTheFileOnce() {
-    # A path with blanks and accents.
-    local intPos strRuta='' intCual=0
-    for intPos in "${!lstRutas[@]}"; do
-        if [[ ${lstRutas[intPos]} == *' '* && ${lstRutas[intPos]} == *[ñáéíóú]* ]]; then
-            strRuta=${lstRutas[intPos]} intCual=$intPos
-            break
-        fi
-    done
-    fExigir "a name with blanks and accents" test -n "$strRuta"
-    sed -i "s|^SELEC=.*|SELEC=$strRuta\r|" "$archivo/Miravel.ini"
-    rm -f "$ABIERTOS"
-    fArrancar miravel "___$archivo"
-    fEsperarA "the window" fVisible "$strPrincipal"
-    fEsperarA "F12" fPaso F12 "${lstRutas[intCual + 1]}"
-    fTecla "$strPrincipal" F11
-    fEsperarA "the file" fSelecEs "$archivo" "$strRuta"
-    fTecla "$strPrincipal" Return
-    fEsperarA "opened" test -s "$ABIERTOS"
-    # What comes afterwards shows that the key was handled to its end.
-    fTecla "$strPrincipal" F12
-    fEsperarA "F12" fSelecEs "$archivo" "${lstRutas[intCual + 1]}"
-    fExigir "opened once, with its exact path: $(<"$ABIERTOS")" \
-        test "$(<"$ABIERTOS")" = "<$strRuta>"
-    fCerrar
 }
 
 fPruebaProgramInTheArchive() {
@@ -217,8 +186,8 @@ fRestos() { find "$1" -maxdepth 1 -name '*Miravel.dat*' -not -name Miravel.dat |
 fSinRestos() { ! fRestos "$1"; }
 
 fPreparar
-for strPrueba in fPruebaFirstStart fPruebaSecondStart fPruebaEnterOpensTheFileOnce \
-    fPruebaProgramInTheArchive fPruebaMissingRoot fPruebaDateFormat fPruebaBadSetting \
+for strPrueba in fPruebaFirstStart fPruebaSecondStart fPruebaProgramInTheArchive \
+    fPruebaMissingRoot fPruebaDateFormat fPruebaBadSetting \
     fPruebaReadOnlyRoot fPruebaUnreadableFolder fPruebaKilledDuringABuild; do
     fProbar "$strPrueba"
     fMatar

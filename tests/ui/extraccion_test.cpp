@@ -51,162 +51,156 @@ std::string fJactancia(int intAncho, int intAlto, bool bolProgresivo)
 class clsPruebasExtraccion : public QObject {
     Q_OBJECT
 private slots:
-    void fThumbnailsFitTheBox();
-    void fAThumbnailInsideIsTakenWhenItIsGoodEnough();
-    void fEveryOrientationComesOutUpright();
-    void fWhatIsNoPhotoGivesAReason();
-    void fTheSurfaceGrowsAndCopies();
-    void fTheGeneratorHasItsStartingValues();
-};
-
-void clsPruebasExtraccion::fThumbnailsFitTheBox()
-{
-    const clsArbol arbol;
-    clsJpegConMini progresivo{fLlano({400, 300}, colFoto), fLlano({8, 8}, colMini)};
-    progresivo.bolProgresivo = true;
-    const auto fPlana = [](int intAncho, int intAlto) {
-        return fJpeg(fLlano(QSize(intAncho, intAlto), colFoto));
-    };
-    const std::string strEntero = fPlana(400, 300);
-    const QImage gris = fLlano({400, 300}, colFoto).convertToFormat(QImage::Format_Grayscale8);
-    const auto fMide = [&arbol](const std::string &strBytes, QSize tam) {
-        return fExtraer(arbol, strBytes, 100).imagen.size() == tam;
-    };
-    QVERIFY2(fMide(fPlana(400, 300), QSize(100, 75)), "landscape");
-    QVERIFY2(fMide(fPlana(300, 400), QSize(75, 100)), "portrait");
-    QVERIFY2(fMide(fPlana(30, 20), QSize(30, 20)), "never enlarged");
-    QVERIFY2(fMide(fPlana(1, 1), QSize(1, 1)), "one pixel");
-    QVERIFY2(fMide(fPlana(20000, 1), QSize(100, 1)), "a line");
-    QVERIFY2(fMide(strEntero.substr(0, strEntero.size() / 2), QSize(100, 75)), "half of it");
-    QVERIFY2(fMide(progresivo.fBytes(), QSize(100, 75)), "progressive");
-    QVERIFY2(fMide(fJpeg(gris), QSize(100, 75)), "grey");
-    QVERIFY2(fMide(fJpegCmyk(), QSize(24, 16)), "four colours");
-    QVERIFY2(fMide(fJactancia(5000, 4000, false), QSize(0, 0)), "20 megapixels grey");
-    QVERIFY2(fMide(fJactancia(65000, 65000, true), QSize(0, 0)), "the same at once");
-    const QColor color = fExtraer(arbol, fJpegCmyk(), 100).imagen.pixelColor(12, 8);
-    QVERIFY(color.red() > 200 && color.green() < 60 && color.blue() < 60);
-}
-
-void clsPruebasExtraccion::fAThumbnailInsideIsTakenWhenItIsGoodEnough()
-{
-    const clsArbol arbol;
-    const QImage foto = fLlano({400, 300}, colFoto);
-    const QImage mini = fLlano({160, 120}, colMini);
-    const QImage otra = fLlano({160, 119}, colMini);
-    const QImage ancha = fLlano({450, 300}, colFoto);
-    struct {
-        const char *strQue;
-        clsJpegConMini jpeg;
-        int intLado;
-        bool bolTomada;
-    } const lstCasos[] = {
-        {"as it should be", {foto, mini}, 133, true},
-        {"a pixel off", {foto, otra}, 133, true},
-        {"too few pixels", {foto, mini}, 200, false},
-        {"as small as its photo", {mini, mini}, 200, true},
-        {"other proportions", {ancha, mini}, 66, false},
-        {"past the end", {foto, mini, 1, 1 << 30}, 66, false},
-        {"4 GB long", {foto, mini, 1, 0, 0xFFFFFFFF}, 66, false},
-        {"not there", {foto, mini, 1, 7}, 66, false},
-        {"cut", {foto, mini, 1, 0, 40}, 66, false},
-    };
-    for (const auto &caso : lstCasos) {
-        const clsMiniatura miniatura = fExtraer(arbol, caso.jpeg.fBytes(), caso.intLado);
-        QVERIFY2(!miniatura.imagen.isNull(), caso.strQue);
-        QVERIFY2(fEsAzul(miniatura.imagen) == caso.bolTomada, caso.strQue);
-        QVERIFY2(qMax(miniatura.imagen.width(), miniatura.imagen.height()) <= caso.intLado,
-                 caso.strQue);
+    void fThumbnailsFitTheBox()
+    {
+        const clsArbol arbol;
+        clsJpegConMini progresivo{fLlano({400, 300}, colFoto), fLlano({8, 8}, colMini)};
+        progresivo.bolProgresivo = true;
+        const auto fPlana = [](int intAncho, int intAlto) {
+            return fJpeg(fLlano(QSize(intAncho, intAlto), colFoto));
+        };
+        const std::string strEntero = fPlana(400, 300);
+        const QImage gris = fLlano({400, 300}, colFoto).convertToFormat(QImage::Format_Grayscale8);
+        const auto fMide = [&arbol](const std::string &strBytes, QSize tam) {
+            return fExtraer(arbol, strBytes, 100).imagen.size() == tam;
+        };
+        QVERIFY2(fMide(fPlana(400, 300), QSize(100, 75)), "landscape");
+        QVERIFY2(fMide(fPlana(300, 400), QSize(75, 100)), "portrait");
+        QVERIFY2(fMide(fPlana(30, 20), QSize(30, 20)), "never enlarged");
+        QVERIFY2(fMide(fPlana(1, 1), QSize(1, 1)), "one pixel");
+        QVERIFY2(fMide(fPlana(20000, 1), QSize(100, 1)), "a line");
+        QVERIFY2(fMide(strEntero.substr(0, strEntero.size() / 2), QSize(100, 75)), "half of it");
+        QVERIFY2(fMide(progresivo.fBytes(), QSize(100, 75)), "progressive");
+        QVERIFY2(fMide(fJpeg(gris), QSize(100, 75)), "grey");
+        QVERIFY2(fMide(fJpegCmyk(), QSize(24, 16)), "four colours");
+        QVERIFY2(fMide(fJactancia(5000, 4000, false), QSize(0, 0)), "20 megapixels grey");
+        QVERIFY2(fMide(fJactancia(65000, 65000, true), QSize(0, 0)), "the same at once");
+        const QColor color = fExtraer(arbol, fJpegCmyk(), 100).imagen.pixelColor(12, 8);
+        QVERIFY(color.red() > 200 && color.green() < 60 && color.blue() < 60);
     }
-}
 
-void clsPruebasExtraccion::fEveryOrientationComesOutUpright()
-{
-    const clsArbol arbol;
-    const QImage foto = fCuartos({400, 300});
-    for (int intOrientacion = 1; intOrientacion <= 8; ++intOrientacion) {
-        const clsJpegConMini jpeg{foto, fCuartos({160, 120}), intOrientacion};
-        const QImage miniatura = fExtraer(arbol, jpeg.fBytes(), 100).imagen; // the one inside
-        QImageReader lector(QString::fromStdString(arbol.fRuta("foto.jpg")));
-        lector.setAutoTransform(true);
-        const QImage debida = lector.read().scaled(miniatura.size());
-        QVERIFY(miniatura.width() == (intOrientacion < 5 ? 100 : 75));
-        for (const QPoint punto : {QPoint(20, 20), QPoint(60, 20), QPoint(20, 60)}) {
-            const QColor color = miniatura.pixelColor(punto);
-            const QColor otro = debida.pixelColor(punto);
-            QVERIFY(std::abs(color.red() - otro.red()) + std::abs(color.green() - otro.green()) +
-                        std::abs(color.blue() - otro.blue()) <
-                    60);
+    void fAThumbnailInsideIsTakenWhenItIsGoodEnough()
+    {
+        const clsArbol arbol;
+        const QImage foto = fLlano({400, 300}, colFoto);
+        const QImage mini = fLlano({160, 120}, colMini);
+        const QImage otra = fLlano({160, 119}, colMini);
+        const QImage ancha = fLlano({450, 300}, colFoto);
+        struct {
+            const char *strQue;
+            clsJpegConMini jpeg;
+            int intLado;
+            bool bolTomada;
+        } const lstCasos[] = {
+            {"as it should be", {foto, mini}, 133, true},
+            {"a pixel off", {foto, otra}, 133, true},
+            {"too few pixels", {foto, mini}, 200, false},
+            {"as small as its photo", {mini, mini}, 200, true},
+            {"other proportions", {ancha, mini}, 66, false},
+            {"past the end", {foto, mini, 1, 1 << 30}, 66, false},
+            {"4 GB long", {foto, mini, 1, 0, 0xFFFFFFFF}, 66, false},
+            {"not there", {foto, mini, 1, 7}, 66, false},
+            {"cut", {foto, mini, 1, 0, 40}, 66, false},
+        };
+        for (const auto &caso : lstCasos) {
+            const clsMiniatura miniatura = fExtraer(arbol, caso.jpeg.fBytes(), caso.intLado);
+            QVERIFY2(!miniatura.imagen.isNull(), caso.strQue);
+            QVERIFY2(fEsAzul(miniatura.imagen) == caso.bolTomada, caso.strQue);
+            QVERIFY2(qMax(miniatura.imagen.width(), miniatura.imagen.height()) <= caso.intLado,
+                     caso.strQue);
         }
     }
-}
 
-void clsPruebasExtraccion::fWhatIsNoPhotoGivesAReason()
-{
-    const clsArbol arbol;
-    arbol.fCrear("basura", "no picture");
-    arbol.fCrear("vacio", "");
-    arbol.fCarpeta("carpeta");
-    arbol.fTuberia("tuberia");
-    arbol.fEnlace("bucle", arbol.fRuta("bucle"));
-    const std::pair<const char *, Extraccion> lstCasos[] = {
-        {"basura", Extraccion::SinImagen}, {"vacio", Extraccion::SinImagen},
-        {"carpeta", Extraccion::Falta},    {"tuberia", Extraccion::Falta},
-        {"no hay", Extraccion::Falta},     {"basura/no", Extraccion::Falta},
-        {"bucle", Extraccion::Disco},
-    };
-    const std::atomic<bool> bolAnulado = false;
-    for (const auto &[strNombre, extraccion] : lstCasos) {
-        const clsMiniatura miniatura = fExtraerFoto(arbol.fRuta(strNombre), 100, bolAnulado);
-        QVERIFY2(miniatura.extraccion == extraccion && miniatura.imagen.isNull(), strNombre);
-    }
-}
-
-void clsPruebasExtraccion::fTheSurfaceGrowsAndCopies()
-{
-    pcMemDC superficie;
-    QVERIFY(superficie.GetPicture(0, 0, -1, -1).isNull());
-    superficie.Width(100);
-    superficie.Height(100);
-    superficie.hDC().fill(Qt::green);
-    superficie.Width(50); // not smaller
-    QCOMPARE(superficie.GetPicture(99, 99, 1, 1).pixelColor(0, 0), QColor(Qt::green));
-    QVERIFY(superficie.GetPicture(0, 0, 0, 0).isNull()); // no size is not the whole
-    QVERIFY(superficie.GetPicture(0, 0, 0, 5).isNull());
-    superficie.CreateFromHBitmap(fLlano({96, 72}, colFoto));
-    QCOMPARE(QSize(superficie.Width(), superficie.Height()), QSize(100, 100));
-    const QImage toda = superficie.GetPicture(0, 0, -1, -1);
-    superficie.Width(200); // grows, and forgets
-    QCOMPARE(QSize(superficie.Width(), superficie.Height()), QSize(200, 100));
-    QCOMPARE(superficie.GetPicture(0, 0, -1, -1).pixelColor(10, 10).alpha(), 0);
-    QCOMPARE(toda.pixelColor(95, 71), colFoto); // a picture of its own
-    QCOMPARE(toda.pixelColor(96, 71), QColor(Qt::green));
-    QImage otra = fLlano({20, 20}, Qt::white);
+    void fEveryOrientationComesOutUpright()
     {
-        pcMemDC pequena;
-        pequena.CreateFromPicture(QPixmap::fromImage(fLlano({8, 8}, colMini)));
-        QPainter pintor(&otra);
-        pequena.PaintPicture(pintor, 5, 6, 3, -1, 2, 0);
+        const clsArbol arbol;
+        const QImage foto = fCuartos({400, 300});
+        for (int intOrientacion = 1; intOrientacion <= 8; ++intOrientacion) {
+            const clsJpegConMini jpeg{foto, fCuartos({160, 120}), intOrientacion};
+            const QImage miniatura = fExtraer(arbol, jpeg.fBytes(), 100).imagen; // the one inside
+            QImageReader lector(QString::fromStdString(arbol.fRuta("foto.jpg")));
+            lector.setAutoTransform(true);
+            const QImage debida = lector.read().scaled(miniatura.size());
+            QVERIFY(miniatura.width() == (intOrientacion < 5 ? 100 : 75));
+            for (const QPoint punto : {QPoint(20, 20), QPoint(60, 20), QPoint(20, 60)}) {
+                const QColor color = miniatura.pixelColor(punto);
+                const QColor otro = debida.pixelColor(punto);
+                QVERIFY(std::abs(color.red() - otro.red()) +
+                            std::abs(color.green() - otro.green()) +
+                            std::abs(color.blue() - otro.blue()) <
+                        60);
+            }
+        }
     }
-    QCOMPARE(otra.pixelColor(5, 6), colMini);
-    QCOMPARE(otra.pixelColor(7, 13), colMini);
-    QCOMPARE(otra.pixelColor(8, 6), QColor(Qt::white));
-}
 
-void clsPruebasExtraccion::fTheGeneratorHasItsStartingValues()
-{
-    clsMensajesGuion mensajes;
-    cThumbnailGenerator generador(mensajes, [](const std::string &, int intLado) {
-        return clsMiniatura{Extraccion::Hecha, fLlano({intLado, intLado}, colMini)};
-    });
-    QCOMPARE(generador.Options, 288U);
-    QCOMPARE(generador.DesiredWidth + generador.DesiredHeight, 200);
-    QVERIFY(generador.Filename.empty());
-    bool bolHay = false;
-    std::unique_ptr<pcMemDC> superficie;
-    generador.DesiredWidth = generador.DesiredHeight = 66;
-    generador.fGetThumbnail(bolHay, superficie);
-    QVERIFY(bolHay && superficie->Width() == 66 && mensajes.lstTextos.isEmpty());
-}
+    void fWhatIsNoPhotoGivesAReason()
+    {
+        const clsArbol arbol;
+        arbol.fCrear("basura", "no picture");
+        arbol.fCrear("vacio", "");
+        arbol.fCarpeta("carpeta");
+        arbol.fTuberia("tuberia");
+        arbol.fEnlace("bucle", arbol.fRuta("bucle"));
+        const std::pair<const char *, Extraccion> lstCasos[] = {
+            {"basura", Extraccion::SinImagen}, {"vacio", Extraccion::SinImagen},
+            {"carpeta", Extraccion::Falta},    {"tuberia", Extraccion::Falta},
+            {"no hay", Extraccion::Falta},     {"basura/no", Extraccion::Falta},
+            {"bucle", Extraccion::Disco},
+        };
+        const std::atomic<bool> bolAnulado = false;
+        for (const auto &[strNombre, extraccion] : lstCasos) {
+            const clsMiniatura miniatura = fExtraerFoto(arbol.fRuta(strNombre), 100, bolAnulado);
+            QVERIFY2(miniatura.extraccion == extraccion && miniatura.imagen.isNull(), strNombre);
+        }
+    }
+
+    void fTheSurfaceGrowsAndCopies()
+    {
+        pcMemDC superficie;
+        QVERIFY(superficie.GetPicture(0, 0, -1, -1).isNull());
+        superficie.Width(100);
+        superficie.Height(100);
+        superficie.hDC().fill(Qt::green);
+        superficie.Width(50); // not smaller
+        QCOMPARE(superficie.GetPicture(99, 99, 1, 1).pixelColor(0, 0), QColor(Qt::green));
+        QVERIFY(superficie.GetPicture(0, 0, 0, 0).isNull()); // no size is not the whole
+        QVERIFY(superficie.GetPicture(0, 0, 0, 5).isNull());
+        superficie.CreateFromHBitmap(fLlano({96, 72}, colFoto));
+        QCOMPARE(QSize(superficie.Width(), superficie.Height()), QSize(100, 100));
+        const QImage toda = superficie.GetPicture(0, 0, -1, -1);
+        superficie.Width(200); // grows, and forgets
+        QCOMPARE(QSize(superficie.Width(), superficie.Height()), QSize(200, 100));
+        QCOMPARE(superficie.GetPicture(0, 0, -1, -1).pixelColor(10, 10).alpha(), 0);
+        QCOMPARE(toda.pixelColor(95, 71), colFoto); // a picture of its own
+        QCOMPARE(toda.pixelColor(96, 71), QColor(Qt::green));
+        QImage otra = fLlano({20, 20}, Qt::white);
+        {
+            pcMemDC pequena;
+            pequena.CreateFromPicture(QPixmap::fromImage(fLlano({8, 8}, colMini)));
+            QPainter pintor(&otra);
+            pequena.PaintPicture(pintor, 5, 6, 3, -1, 2, 0);
+        }
+        QCOMPARE(otra.pixelColor(5, 6), colMini);
+        QCOMPARE(otra.pixelColor(7, 13), colMini);
+        QCOMPARE(otra.pixelColor(8, 6), QColor(Qt::white));
+    }
+
+    void fTheGeneratorHasItsStartingValues()
+    {
+        clsMensajesGuion mensajes;
+        cThumbnailGenerator generador(mensajes, [](const std::string &, int intLado) {
+            return clsMiniatura{Extraccion::Hecha, fLlano({intLado, intLado}, colMini)};
+        });
+        QCOMPARE(generador.Options, 288U);
+        QCOMPARE(generador.DesiredWidth + generador.DesiredHeight, 200);
+        QVERIFY(generador.Filename.empty());
+        bool bolHay = false;
+        std::unique_ptr<pcMemDC> superficie;
+        generador.DesiredWidth = generador.DesiredHeight = 66;
+        generador.fGetThumbnail(bolHay, superficie);
+        QVERIFY(bolHay && superficie->Width() == 66 && mensajes.lstTextos.isEmpty());
+    }
+};
 
 static const clsTema tema{"extraccion", fCorrer<clsPruebasExtraccion>};
 

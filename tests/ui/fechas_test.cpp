@@ -15,29 +15,12 @@ constexpr const char *strBien = "2009/20090714_playa.jpg"; // its name agrees
 constexpr const char *strMal = "2009/20090715_boda.jpg";   // copied in 2012
 constexpr const char *strOtra = "2010/20100101_nieve.jpg"; // its name agrees
 
-void fLlenar(const clsArbol &arbol)
-{
-    const std::string strFoto = fJpeg(fCuartos({60, 40}), 1);
-    arbol.fCrear(strBien, strFoto, fMomento("2009-07-14 10:00:00"));
-    arbol.fCrear(strOtra, strFoto, fMomento("2010-01-01 09:00:00"));
-    arbol.fCrear(strMal, strFoto, fMomento("2012-03-04 18:20:00"));
-    arbol.fCrear("2013/20130101_fin.jpg", strFoto, fMomento("2013-01-01 09:00:00"));
-}
-
-QDialog *fDialogo(const char *strNombre)
-{
-    auto *const dialogo = qobject_cast<QDialog *>(QApplication::activeModalWidget());
-    return dialogo != nullptr && dialogo->objectName() == QLatin1String(strNombre) ? dialogo
-                                                                                   : nullptr;
-}
-
 /// Presses W (or Shift+W) and does something in the dialog, if it opens.
 /// @return whether it opened.
 bool fCorregir(clsSesion &sesion, Qt::KeyboardModifiers mayus,
                const std::function<void(QDialog &)> &fHacer)
 {
-    const clsCuando cuando([] { return fDialogo("frmFecha") != nullptr; },
-                           [&] { fHacer(*fDialogo("frmFecha")); });
+    const clsCuando cuando = fEnDialogo("frmFecha", fHacer);
     sesion.fTecla(Qt::Key_W, mayus);
     return cuando.fHecho();
 }
@@ -63,242 +46,210 @@ std::time_t fModificado(const clsArbol &arbol, const char *strRelativa)
 
 } // namespace
 
-class clsPruebasFechas : public QObject {
+class clsPruebasFechas : public clsPruebasSesion {
     Q_OBJECT
 private slots:
-    void init()
+    void fTheConflictShowsWithTheFilesWhoseDateIsWrong()
     {
-        m_arbol = std::make_unique<clsArbol>();
-        fLlenar(*m_arbol);
-        m_sesion = std::make_unique<clsSesion>(*m_arbol);
-        QVERIFY(m_sesion->fAbrir());
-        m_sesion->mensajes.lstTextos.clear();
+        auto *const aviso = m_sesion->fControl("txtInfo3");
+        const bool lstConflicto[] = {false, false, true, false};
+        for (int lngPos = 0; lngPos < 4; ++lngPos) {
+            QCOMPARE(m_sesion->fPosicion(), lngPos);
+            QCOMPARE(aviso->isVisible(), lstConflicto[lngPos]);
+            m_sesion->fTecla(Qt::Key_F12);
+        }
+        QCOMPARE(m_sesion->fTexto("txtInfo3"), QString("CONFLICTO FECHAS"));
     }
-    void cleanup()
+
+    void fTheSearchGoesUpFromTheCurrentFile()
     {
-        m_sesion.reset();
-        m_arbol.reset();
+        m_sesion->fTecla(Qt::Key_F12);
+        m_sesion->fTecla(Qt::Key_E);
+        QCOMPARE(m_sesion->fPosicion(), 1); // nothing wrong up there
+        QVERIFY(!m_sesion->fControl("txtInfo3")->isVisible());
+        QVERIFY(m_sesion->fControl("imgFoto")->isVisible());
+        m_sesion->fTecla(Qt::Key_F12, Qt::ShiftModifier);
+        QTRY_COMPARE(m_sesion->fPosicion(), 3);
+        for (int intVez = 0; intVez < 2; ++intVez) { // the current file is looked at first
+            m_sesion->fTecla(Qt::Key_E);
+            QTRY_COMPARE(m_sesion->fPosicion(), 2);
+            QVERIFY(m_sesion->fControl("txtInfo3")->isVisible());
+            QCOMPARE(m_sesion->fAjuste("SELEC"), m_arbol->fRuta(strMal));
+        }
+        QCOMPARE(m_sesion->mensajes.fDichos(), QStringList());
     }
-    void fTheConflictShowsWithTheFilesWhoseDateIsWrong();
-    void fTheSearchGoesUpFromTheCurrentFile();
-    void fASearchThatFindsNothingLeavesTheFile();
-    void fEscEndsTheSearch();
-    void fClosingEndsTheSearch();
-    void fARightFileIsCorrectedOnlyWithShift();
-    void fStayingShowsTheCorrectedFile();
-    void fMovingOnShowsTheFileThatTakesItsPlace();
-    void fTickedFilesAreCorrectedTogether();
-    void fWhatIsNoDateKeepsTheDialogOpen();
-    void fANameThatIsTakenIsReportedAndTheRestGoesOn();
-    void fAReadOnlyRootIsSaidBeforeAnythingIsAsked();
-    void fAFileThatVanishedIsSaidAndNothingChanges();
-    void fTheExifTextClosesWithEsc();
+
+    void fEscEndsTheSearch()
+    {
+        m_sesion->fTecla(Qt::Key_F12, Qt::ShiftModifier);
+        QTRY_COMPARE(m_sesion->fPosicion(), 3);
+        const clsCuando cuando([] { return QApplication::overrideCursor() != nullptr; },
+                               [&] {
+                                   m_sesion->fTecla(Qt::Key_Space); // is dropped
+                                   m_sesion->fTecla(Qt::Key_Escape);
+                               });
+        m_sesion->fTecla(Qt::Key_E);
+        QVERIFY2(cuando.fHecho(), "the window is busy while it searches");
+        QCOMPARE(m_sesion->fPosicion(), 3);
+        QVERIFY(!m_sesion->fMarcada(3));
+        QVERIFY(m_sesion->fControl("imgFoto")->isVisible());
+    }
+
+    void fClosingEndsTheSearch()
+    {
+        m_sesion->fTecla(Qt::Key_F12, Qt::ShiftModifier);
+        QTRY_COMPARE(m_sesion->fPosicion(), 3);
+        const std::string strSelec = m_sesion->fAjuste("SELEC");
+        const clsCuando cuando([] { return QApplication::overrideCursor() != nullptr; },
+                               [&] { QVERIFY(!m_sesion->ventana->close()); });
+        m_sesion->fTecla(Qt::Key_E);
+        QVERIFY(cuando.fHecho());
+        QTRY_VERIFY(!m_sesion->ventana->isVisible());
+        QCOMPARE(m_sesion->fAjuste("SELEC"), strSelec);
+        QVERIFY(QApplication::overrideCursor() == nullptr);
+    }
+
+    void fARightFileIsCorrectedOnlyWithShift()
+    {
+        const auto fCancelar = [](QDialog &dialogo) { fPulsarBoton(dialogo, "cmdCancelar"); };
+        QVERIFY(!fCorregir(*m_sesion, {}, fCancelar));
+        QVERIFY(fCorregir(*m_sesion, Qt::ShiftModifier, fCancelar));
+        QCOMPARE(m_sesion->fNombres().size(), 4);
+        QCOMPARE(QString::fromStdString(m_arbol->fLeer("Miravel.dat")).count("20090714_playa"), 1);
+    }
+
+    void fStayingShowsTheCorrectedFile()
+    {
+        m_sesion->fClicFila(2);
+        QVERIFY(fCorregir(*m_sesion, {}, [&](QDialog &dialogo) {
+            QCOMPARE(dialogo.findChild<QLabel *>("lblActual")->text(), "04/03/2012 18:20:00");
+            QCOMPARE(dialogo.findChild<QPushButton *>("cmdDateTime0")->text(), "(no válida)");
+            QVERIFY(!dialogo.findChild<QPushButton *>("cmdDateTime0")->isEnabled());
+            fPulsarBoton(dialogo, "cmdDateTime1");
+            QCOMPARE(dialogo.findChild<QLineEdit *>("txtDateTime")->text(), "15/07/2009 12:00:00");
+            fPulsarBoton(dialogo, "cmdAceptar1");
+        }));
+        constexpr const char *strNueva = "2009/20090715_20090715_boda.jpg";
+        QTRY_COMPARE(m_sesion->fPosicion(), 1); // in its place by date
+        QCOMPARE(m_sesion->fCelda(1, 0), QString("20090715_20090715_boda.jpg"));
+        QCOMPARE(m_sesion->fCelda(1, 1), QString("2009/07/15 12:00:00"));
+        QVERIFY(!m_sesion->fControl("txtInfo3")->isVisible());
+        QCOMPARE(m_sesion->fAjuste("SELEC"), m_arbol->fRuta(strNueva));
+        QCOMPARE(fModificado(*m_arbol, strNueva), fMomento("2009-07-15 12:00:00"));
+        const QString strCatalogo = QString::fromStdString(m_arbol->fLeer("Miravel.dat"));
+        QVERIFY(strCatalogo.contains("/20090715_20090715_boda.jpg\r\n2009/07/15 12:00:00\r\n"));
+        const auto lstNombres = m_arbol->fNombres();
+        QCOMPARE(
+            std::count_if(lstNombres.begin(), lstNombres.end(),
+                          [](const std::string &str) { return str.starts_with("Miravel.dat."); }),
+            1);
+    }
+
+    void fMovingOnShowsTheFileThatTakesItsPlace()
+    {
+        m_sesion->fClicFila(2);
+        QVERIFY(fCorregir(*m_sesion, {}, [](QDialog &dialogo) {
+            fTeclear(dialogo, "15/07/2009 18:03");
+            fPulsarBoton(dialogo, "cmdAceptar0");
+        }));
+        QTRY_COMPARE(m_sesion->fPosicion(), 2);
+        QCOMPARE(m_sesion->fCelda(2, 0), QString("20100101_nieve.jpg"));
+        QCOMPARE(fModificado(*m_arbol, "2009/20090715_20090715_boda.jpg"),
+                 fMomento("2009-07-15 18:03:00"));
+    }
+
+    void fTickedFilesAreCorrectedTogether()
+    {
+        m_sesion->fClicCasilla(0);
+        m_sesion->fClicCasilla(2);
+        QVERIFY(!fCorregir(*m_sesion, {}, [](QDialog &dialogo) { dialogo.reject(); }));
+        QVERIFY(fCorregir(*m_sesion, Qt::ShiftModifier, [](QDialog &dialogo) {
+            QCOMPARE(dialogo.findChild<QLabel *>("lblActual")->text(), "(2 FICHEROS)");
+            fTeclear(dialogo, "24/12/2011");
+            fPulsarBoton(dialogo, "cmdAceptar1");
+        }));
+        // Two of one date have the order of the catalogue, which is that of the disk.
+        QCOMPARE(m_sesion->fCelda(m_sesion->fPosicion(), 0), QString("20111224_20090715_boda.jpg"));
+        QStringList lstNombres = m_sesion->fNombres();
+        lstNombres.sort();
+        QCOMPARE(lstNombres, QStringList({"20100101_nieve.jpg", "20111224_20090714_playa.jpg",
+                                          "20111224_20090715_boda.jpg", "20130101_fin.jpg"}));
+        for (int lngPos = 0; lngPos < 4; ++lngPos) {
+            QVERIFY(!m_sesion->fMarcada(lngPos));
+        }
+    }
+
+    void fWhatIsNoDateKeepsTheDialogOpen()
+    {
+        m_sesion->fClicFila(2);
+        QVERIFY(fCorregir(*m_sesion, {}, [this](QDialog &dialogo) {
+            fTeclear(dialogo, "31/02/2009");
+            fPulsarBoton(dialogo, "cmdAceptar0");
+            QVERIFY(dialogo.isVisible());
+            const QStringList lstDichos = m_sesion->mensajes.fDichos();
+            QCOMPARE(lstDichos.size(), 1);
+            QVERIFY(lstDichos.front().startsWith("'31/02/2009 12:00:00' no es una fecha válida."));
+            QTest::keyClick(&dialogo, Qt::Key_Escape);
+        }));
+        QCOMPARE(m_sesion->fNombres().size(), 4);
+        QCOMPARE(fModificado(*m_arbol, strMal), fMomento("2012-03-04 18:20:00"));
+    }
+
+    void fANameThatIsTakenIsReportedAndTheRestGoesOn()
+    {
+        m_arbol->fCrear("2009/20111224_20090714_playa.jpg", "in the way");
+        m_sesion->fClicCasilla(0);
+        m_sesion->fClicCasilla(2);
+        QVERIFY(fCorregir(*m_sesion, Qt::ShiftModifier, [](QDialog &dialogo) {
+            fTeclear(dialogo, "24/12/2011");
+            fPulsarBoton(dialogo, "cmdAceptar1");
+        }));
+        QCOMPARE(m_sesion->mensajes.fDichos(),
+                 QStringList(QString::fromStdString(m_arbol->fRuta(strBien)) +
+                             "\r\n17: El fichero ya existe"));
+        QCOMPARE(m_arbol->fLeer("2009/20111224_20090714_playa.jpg"), "in the way");
+        QCOMPARE(m_sesion->fCelda(m_sesion->fPosicion(), 0), QString("20111224_20090715_boda.jpg"));
+        const int lngQueda = static_cast<int>(m_sesion->fNombres().indexOf("20090714_playa.jpg"));
+        QVERIFY(lngQueda >= 0);
+        QCOMPARE(m_sesion->fCelda(lngQueda, 1), QString("2011/12/24 12:00:00"));
+    }
+
+    void fWhatCannotBeCorrectedIsSaidBeforeAnythingIsAsked()
+    {
+        QVERIFY(fReabrir(false));
+        m_sesion->fClicFila(2);
+        QVERIFY(!fCorregir(*m_sesion, {}, [](QDialog &dialogo) { dialogo.reject(); }));
+        QCOMPARE(m_sesion->mensajes.fDichos(), QStringList("No tienes permiso de escritura."));
+        const QString strRuta = QString::fromStdString(m_arbol->fRuta(strMal));
+        QVERIFY(QFile::remove(strRuta));
+        QVERIFY(!fCorregir(*m_sesion, {}, [](QDialog &dialogo) { dialogo.reject(); }));
+        QCOMPARE(m_sesion->mensajes.fDichos(),
+                 QStringList("Hay algún problema con el fichero: \r\n" + strRuta));
+    }
+
+    void fTheExifTextClosesWithEsc()
+    {
+        QString strTexto;
+        const clsCuando cuando = fEnDialogo("frmExif", [&](QDialog &dialogo) {
+            auto *const caja = dialogo.findChild<QPlainTextEdit *>("txtExif");
+            strTexto = caja->toPlainText();
+            QTest::keyClick(caja, Qt::Key_Escape);
+        });
+        m_sesion->fTecla(Qt::Key_I);
+        QVERIFY(cuando.fHecho());
+        QCOMPARE(strTexto.trimmed(), QString("Orientation: Normal"));
+    }
 
 private:
-    std::unique_ptr<clsArbol> m_arbol;
-    std::unique_ptr<clsSesion> m_sesion;
+    void fLlenar(const clsArbol &arbol) override
+    {
+        const std::string strFoto = fJpeg(fCuartos({60, 40}), 1);
+        arbol.fCrear(strBien, strFoto, fMomento("2009-07-14 10:00:00"));
+        arbol.fCrear(strOtra, strFoto, fMomento("2010-01-01 09:00:00"));
+        arbol.fCrear(strMal, strFoto, fMomento("2012-03-04 18:20:00"));
+        arbol.fCrear("2013/20130101_fin.jpg", strFoto, fMomento("2013-01-01 09:00:00"));
+    }
 };
-
-void clsPruebasFechas::fTheConflictShowsWithTheFilesWhoseDateIsWrong()
-{
-    auto *const aviso = m_sesion->fControl("txtInfo3");
-    const bool lstConflicto[] = {false, false, true, false};
-    for (int lngPos = 0; lngPos < 4; ++lngPos) {
-        QCOMPARE(m_sesion->fPosicion(), lngPos);
-        QCOMPARE(aviso->isVisible(), lstConflicto[lngPos]);
-        m_sesion->fTecla(Qt::Key_F12);
-    }
-    QCOMPARE(m_sesion->fTexto("txtInfo3"), QString("CONFLICTO FECHAS"));
-}
-
-void clsPruebasFechas::fTheSearchGoesUpFromTheCurrentFile()
-{
-    m_sesion->fTecla(Qt::Key_F12, Qt::ShiftModifier);
-    QTRY_COMPARE(m_sesion->fPosicion(), 3);
-    m_sesion->fTecla(Qt::Key_E);
-    QTRY_COMPARE(m_sesion->fPosicion(), 2);
-    QVERIFY(m_sesion->fControl("txtInfo3")->isVisible());
-    QCOMPARE(m_sesion->fAjuste("SELEC"), m_arbol->fRuta(strMal));
-    m_sesion->fTecla(Qt::Key_E);
-    QCOMPARE(m_sesion->fPosicion(), 2); // the current file is looked at first
-    QCOMPARE(m_sesion->mensajes.fDichos(), QStringList());
-}
-
-void clsPruebasFechas::fASearchThatFindsNothingLeavesTheFile()
-{
-    m_sesion->fTecla(Qt::Key_F12);
-    QTRY_COMPARE(m_sesion->fPosicion(), 1);
-    m_sesion->fTecla(Qt::Key_E);
-    QCOMPARE(m_sesion->fPosicion(), 1);
-    QVERIFY(!m_sesion->fControl("txtInfo3")->isVisible());
-    QVERIFY(m_sesion->fControl("imgFoto")->isVisible());
-    QCOMPARE(m_sesion->mensajes.fDichos(), QStringList());
-}
-
-void clsPruebasFechas::fEscEndsTheSearch()
-{
-    m_sesion->fTecla(Qt::Key_F12, Qt::ShiftModifier);
-    QTRY_COMPARE(m_sesion->fPosicion(), 3);
-    const clsCuando cuando([] { return QApplication::overrideCursor() != nullptr; },
-                           [&] { m_sesion->fTecla(Qt::Key_Escape); });
-    m_sesion->fTecla(Qt::Key_E);
-    QVERIFY2(cuando.fHecho(), "the window is busy while it searches");
-    QCOMPARE(m_sesion->fPosicion(), 3);
-    QVERIFY(m_sesion->fControl("imgFoto")->isVisible());
-}
-
-void clsPruebasFechas::fClosingEndsTheSearch()
-{
-    m_sesion->fTecla(Qt::Key_F12, Qt::ShiftModifier);
-    QTRY_COMPARE(m_sesion->fPosicion(), 3);
-    const std::string strSelec = m_sesion->fAjuste("SELEC");
-    const clsCuando cuando([] { return QApplication::overrideCursor() != nullptr; },
-                           [&] { QVERIFY(!m_sesion->ventana->close()); });
-    m_sesion->fTecla(Qt::Key_E);
-    QVERIFY(cuando.fHecho());
-    QTRY_VERIFY(!m_sesion->ventana->isVisible());
-    QCOMPARE(m_sesion->fAjuste("SELEC"), strSelec);
-    QVERIFY(QApplication::overrideCursor() == nullptr);
-}
-
-void clsPruebasFechas::fARightFileIsCorrectedOnlyWithShift()
-{
-    const auto fCancelar = [](QDialog &dialogo) { fPulsarBoton(dialogo, "cmdCancelar"); };
-    QVERIFY(!fCorregir(*m_sesion, {}, fCancelar));
-    QVERIFY(fCorregir(*m_sesion, Qt::ShiftModifier, fCancelar));
-    QCOMPARE(m_sesion->fNombres().size(), 4);
-    QCOMPARE(QString::fromStdString(m_arbol->fLeer("Miravel.dat")).count("20090714_playa"), 1);
-}
-
-void clsPruebasFechas::fStayingShowsTheCorrectedFile()
-{
-    m_sesion->fClicFila(2);
-    QVERIFY(fCorregir(*m_sesion, {}, [&](QDialog &dialogo) {
-        QCOMPARE(dialogo.findChild<QLabel *>("lblActual")->text(), "04/03/2012 18:20:00");
-        QCOMPARE(dialogo.findChild<QPushButton *>("cmdDateTime0")->text(), "(no válida)");
-        QVERIFY(!dialogo.findChild<QPushButton *>("cmdDateTime0")->isEnabled());
-        fPulsarBoton(dialogo, "cmdDateTime1");
-        QCOMPARE(dialogo.findChild<QLineEdit *>("txtDateTime")->text(), "15/07/2009 12:00:00");
-        fPulsarBoton(dialogo, "cmdAceptar1");
-    }));
-    constexpr const char *strNueva = "2009/20090715_20090715_boda.jpg";
-    QTRY_COMPARE(m_sesion->fPosicion(), 1); // in its place by date
-    QCOMPARE(m_sesion->fCelda(1, 0), QString("20090715_20090715_boda.jpg"));
-    QCOMPARE(m_sesion->fCelda(1, 1), QString("2009/07/15 12:00:00"));
-    QVERIFY(!m_sesion->fControl("txtInfo3")->isVisible());
-    QCOMPARE(m_sesion->fAjuste("SELEC"), m_arbol->fRuta(strNueva));
-    QCOMPARE(fModificado(*m_arbol, strNueva), fMomento("2009-07-15 12:00:00"));
-    const QString strCatalogo = QString::fromStdString(m_arbol->fLeer("Miravel.dat"));
-    QVERIFY(strCatalogo.contains("/20090715_20090715_boda.jpg\r\n2009/07/15 12:00:00\r\n"));
-    const auto lstNombres = m_arbol->fNombres();
-    QCOMPARE(std::count_if(lstNombres.begin(), lstNombres.end(),
-                           [](const std::string &str) { return str.starts_with("Miravel.dat."); }),
-             1);
-}
-
-void clsPruebasFechas::fMovingOnShowsTheFileThatTakesItsPlace()
-{
-    m_sesion->fClicFila(2);
-    QVERIFY(fCorregir(*m_sesion, {}, [](QDialog &dialogo) {
-        fTeclear(dialogo, "15/07/2009 18:03");
-        fPulsarBoton(dialogo, "cmdAceptar0");
-    }));
-    QTRY_COMPARE(m_sesion->fPosicion(), 2);
-    QCOMPARE(m_sesion->fCelda(2, 0), QString("20100101_nieve.jpg"));
-    QCOMPARE(fModificado(*m_arbol, "2009/20090715_20090715_boda.jpg"),
-             fMomento("2009-07-15 18:03:00"));
-}
-
-void clsPruebasFechas::fTickedFilesAreCorrectedTogether()
-{
-    m_sesion->fClicCasilla(0);
-    m_sesion->fClicCasilla(2);
-    QVERIFY(!fCorregir(*m_sesion, {}, [](QDialog &dialogo) { dialogo.reject(); }));
-    QVERIFY(fCorregir(*m_sesion, Qt::ShiftModifier, [](QDialog &dialogo) {
-        QCOMPARE(dialogo.findChild<QLabel *>("lblActual")->text(), "(2 FICHEROS)");
-        fTeclear(dialogo, "24/12/2011");
-        fPulsarBoton(dialogo, "cmdAceptar1");
-    }));
-    // Two of one date have the order of the catalogue, which is that of the disk.
-    QCOMPARE(m_sesion->fCelda(m_sesion->fPosicion(), 0), QString("20111224_20090715_boda.jpg"));
-    QStringList lstNombres = m_sesion->fNombres();
-    lstNombres.sort();
-    QCOMPARE(lstNombres, QStringList({"20100101_nieve.jpg", "20111224_20090714_playa.jpg",
-                                      "20111224_20090715_boda.jpg", "20130101_fin.jpg"}));
-    for (int lngPos = 0; lngPos < 4; ++lngPos) {
-        QVERIFY(!m_sesion->fMarcada(lngPos));
-    }
-}
-
-void clsPruebasFechas::fWhatIsNoDateKeepsTheDialogOpen()
-{
-    m_sesion->fClicFila(2);
-    QVERIFY(fCorregir(*m_sesion, {}, [this](QDialog &dialogo) {
-        fTeclear(dialogo, "31/02/2009");
-        fPulsarBoton(dialogo, "cmdAceptar0");
-        QVERIFY(dialogo.isVisible());
-        const QStringList lstDichos = m_sesion->mensajes.fDichos();
-        QCOMPARE(lstDichos.size(), 1);
-        QVERIFY(lstDichos.front().startsWith("'31/02/2009 12:00:00' no es una fecha válida."));
-        QTest::keyClick(&dialogo, Qt::Key_Escape);
-    }));
-    QCOMPARE(m_sesion->fNombres().size(), 4);
-    QCOMPARE(fModificado(*m_arbol, strMal), fMomento("2012-03-04 18:20:00"));
-}
-
-void clsPruebasFechas::fANameThatIsTakenIsReportedAndTheRestGoesOn()
-{
-    m_arbol->fCrear("2009/20111224_20090714_playa.jpg", "in the way");
-    m_sesion->fClicCasilla(0);
-    m_sesion->fClicCasilla(2);
-    QVERIFY(fCorregir(*m_sesion, Qt::ShiftModifier, [](QDialog &dialogo) {
-        fTeclear(dialogo, "24/12/2011");
-        fPulsarBoton(dialogo, "cmdAceptar1");
-    }));
-    QCOMPARE(m_sesion->mensajes.fDichos(),
-             QStringList(QString::fromStdString(m_arbol->fRuta(strBien)) +
-                         "\r\n17: El fichero ya existe"));
-    QCOMPARE(m_arbol->fLeer("2009/20111224_20090714_playa.jpg"), "in the way");
-    QCOMPARE(m_sesion->fCelda(m_sesion->fPosicion(), 0), QString("20111224_20090715_boda.jpg"));
-    const int lngQueda = static_cast<int>(m_sesion->fNombres().indexOf("20090714_playa.jpg"));
-    QVERIFY(lngQueda >= 0);
-    QCOMPARE(m_sesion->fCelda(lngQueda, 1), QString("2011/12/24 12:00:00"));
-}
-
-void clsPruebasFechas::fAReadOnlyRootIsSaidBeforeAnythingIsAsked()
-{
-    m_sesion = std::make_unique<clsSesion>(*m_arbol, false);
-    QVERIFY(m_sesion->fAbrir());
-    m_sesion->mensajes.lstTextos.clear();
-    m_sesion->fClicFila(2);
-    QVERIFY(!fCorregir(*m_sesion, {}, [](QDialog &dialogo) { dialogo.reject(); }));
-    QCOMPARE(m_sesion->mensajes.fDichos(), QStringList("No tienes permiso de escritura."));
-}
-
-void clsPruebasFechas::fAFileThatVanishedIsSaidAndNothingChanges()
-{
-    m_sesion->fClicFila(2);
-    QVERIFY(QFile::remove(QString::fromStdString(m_arbol->fRuta(strMal))));
-    QVERIFY(!fCorregir(*m_sesion, {}, [](QDialog &dialogo) { dialogo.reject(); }));
-    QCOMPARE(m_sesion->mensajes.fDichos(),
-             QStringList("Hay algún problema con el fichero: \r\n" +
-                         QString::fromStdString(m_arbol->fRuta(strMal))));
-}
-
-void clsPruebasFechas::fTheExifTextClosesWithEsc()
-{
-    QString strTexto;
-    const clsCuando cuando([] { return fDialogo("frmExif") != nullptr; },
-                           [&] {
-                               auto *const caja =
-                                   fDialogo("frmExif")->findChild<QPlainTextEdit *>("txtExif");
-                               strTexto = caja->toPlainText();
-                               QTest::keyClick(caja, Qt::Key_Escape);
-                           });
-    m_sesion->fTecla(Qt::Key_I);
-    QVERIFY(cuando.fHecho());
-    QCOMPARE(strTexto.trimmed(), QString("Orientation: Normal"));
-}
 
 static const clsTema tema{"fechas", fCorrer<clsPruebasFechas>};
 

@@ -1,5 +1,7 @@
 #include "jpeg_soporte.h"
 
+#include "dates/tiff_prueba.h"
+
 #include <QBuffer>
 #include <QImageWriter>
 
@@ -26,38 +28,22 @@ std::string fEscribir(const QImage &imagen, bool bolProgresivo)
     return lstBytes.toStdString();
 }
 
-std::string fNumero(std::uint32_t lngNumero, int intBytes)
-{
-    std::string strBytes;
-    for (int intByte = 0; intByte < intBytes; ++intByte) {
-        strBytes += static_cast<char>(lngNumero >> (8 * intByte) & 0xFF);
-    }
-    return strBytes;
-}
-
-std::string fEntrada(std::uint32_t lngCodigo, std::uint32_t lngTipo, std::uint32_t lngValor)
-{
-    return fNumero(lngCodigo, 2) + fNumero(lngTipo, 2) + fNumero(1, 4) + fNumero(lngValor, 4);
-}
-
 } // namespace
 
 std::string clsJpegConMini::fBytes() const
 {
-    constexpr std::uint32_t lngIfd1 = 8 + 2 + 12 + 4;
-    constexpr std::uint32_t lngDatos = lngIfd1 + 2 + 3 * 12 + 4;
     const std::string strMini = fEscribir(miniatura, false);
-    const auto lngMini = static_cast<std::uint32_t>(strMini.size());
-    const std::string strTiff =
-        "II*" + std::string(1, '\0') + fNumero(8, 4) + fNumero(1, 2) +
-        fEntrada(0x0112, 3, static_cast<std::uint32_t>(intOrientacion)) + fNumero(lngIfd1, 4) +
-        fNumero(3, 2) + fEntrada(0x0103, 3, 6) + fEntrada(0x0201, 4, lngDatos + lngMas) +
-        fEntrada(0x0202, 4, lngLargo == 0 ? lngMini : lngLargo) + fNumero(0, 4) + strMini;
-    const std::size_t lngSegmento = 2 + 6 + strTiff.size();
+    const auto fTiff = [&](std::size_t lngDonde) {
+        return clsTiff(Orden::II)
+            .fCorto(0x0112, static_cast<unsigned>(intOrientacion))
+            .fIfd()
+            .fCorto(0x0103, 6)
+            .fLargo(0x0201, static_cast<std::uint32_t>(lngDonde) + lngMas)
+            .fLargo(0x0202, lngLargo == 0 ? static_cast<std::uint32_t>(strMini.size()) : lngLargo)
+            .fHacer();
+    };
     std::string strJpeg = fEscribir(imagen, bolProgresivo);
-    strJpeg.insert(2, std::string("\xFF\xE1") + static_cast<char>(lngSegmento >> 8) +
-                          static_cast<char>(lngSegmento & 0xFF) + std::string("Exif\0\0", 6) +
-                          strTiff);
+    strJpeg.insert(2, fSegmentoExif(fTiff(fTiff(0).size()) + strMini));
     return strJpeg;
 }
 

@@ -1,10 +1,11 @@
 #include "sesion.h"
 
 #include "app/arranque.h"
+#include "dates/tiff_prueba.h"
 
 #include <QBuffer>
-#include <QDialog>
 #include <QElapsedTimer>
+#include <QFile>
 #include <QLineEdit>
 #include <QPainter>
 #include <QTableView>
@@ -18,22 +19,6 @@ namespace {
 constexpr int intEspera = 20000; // milliseconds; far beyond what anything takes
 constexpr const char *strNingunArchivo = "No se ha encontrado ningún archivo.";
 constexpr QSize tamNoImagen(640, 480);
-
-/// An EXIF segment that holds the orientation and nothing else (TIFF 6.0, section 2; little
-/// endian).
-std::string fSegmentoExif(int intOrientacion)
-{
-    std::string strSegmento("\xFF\xE1\x00\x22" // marker, length
-                            "Exif\0\0"
-                            "II*\0\x08\0\0\0"          // header, offset of the first directory
-                            "\x01\0"                   // one entry
-                            "\x12\x01\x03\0\x01\0\0\0" // orientation, short, one value
-                            "?\0\0\0"                  // the value
-                            "\0\0\0\0",                // no further directory
-                            36);
-    strSegmento[28] = static_cast<char>(intOrientacion);
-    return strSegmento;
-}
 
 } // namespace
 
@@ -77,7 +62,8 @@ std::string fJpeg(const QImage &imagen, int intOrientacion)
     imagen.save(&bufer, "JPG", 95);
     std::string strJpeg = lstBytes.toStdString();
     if (intOrientacion != 0) {
-        strJpeg.insert(2, fSegmentoExif(intOrientacion));
+        const auto lngValor = static_cast<unsigned>(intOrientacion);
+        strJpeg.insert(2, fSegmentoExif(clsTiff(Orden::II).fCorto(0x0112, lngValor).fHacer()));
     }
     return strJpeg;
 }
@@ -151,13 +137,57 @@ clsCuando::clsCuando(const std::function<bool()> &fCondicion, const std::functio
     start(0);
 }
 
+clsCuando fEnDialogo(const char *strNombre, const std::function<void(QDialog &)> &fHacer)
+{
+    const auto fAbierto = [strNombre] {
+        auto *const dialogo = qobject_cast<QDialog *>(QApplication::activeModalWidget());
+        return dialogo != nullptr && dialogo->objectName() == strNombre ? dialogo : nullptr;
+    };
+    return {[fAbierto] { return fAbierto() != nullptr; },
+            [fAbierto, fHacer] { fHacer(*fAbierto()); }};
+}
+
+// --- clsAbridor ---
+
+clsAbridor::clsAbridor() : m_lstPath(qgetenv("PATH"))
+{
+    QFile abridor(m_carpeta.filePath("xdg-open"));
+    abridor.open(QIODevice::WriteOnly);
+    abridor.write("#!/bin/sh\nprintf '<%s>' \"$@\" >> '" + m_carpeta.filePath("abierto").toUtf8() +
+                  "'\n");
+    abridor.close();
+    abridor.setPermissions(QFile::ReadOwner | QFile::ExeOwner);
+    qputenv("PATH", m_carpeta.path().toUtf8());
+}
+
+std::string clsAbridor::fAbierto() const
+{
+    QFile archivo(m_carpeta.filePath("abierto"));
+    return archivo.open(QIODevice::ReadOnly) ? archivo.readAll().toStdString() : "";
+}
+
 // --- clsSesion ---
 
-clsSesion::clsSesion(const clsArbol &arbol, bool bolEscritura)
-    : ajustes(arbol.fRuta("Miravel.ini"), bolEscritura),
-      ventana(std::make_unique<frmMain>(clsArchivo{arbol.fRaiz(), bolEscritura, fPreferencias()},
+clsSesion::clsSesion(std::shared_ptr<const clsArbol> deQuien, bool bolEscritura)
+    : arbol(std::move(deQuien)), ajustes(arbol->fRuta("Miravel.ini"), bolEscritura),
+      ventana(std::make_unique<frmMain>(clsArchivo{arbol->fRaiz(), bolEscritura, fPreferencias()},
                                         ajustes, mensajes))
 {
+}
+
+clsSesion::clsSesion(const clsArbol &deQuien, bool bolEscritura)
+    : clsSesion(std::shared_ptr<const clsArbol>(std::shared_ptr<void>(), &deQuien), bolEscritura)
+{
+}
+
+clsSesion::clsSesion(const std::vector<std::pair<std::string, std::string>> &lstFicheros)
+    : clsSesion(std::make_shared<const clsArbol>(), true)
+{
+    std::time_t lngFecha = fMomento("2001-01-01 00:00:00");
+    for (const auto &[strNombre, strBytes] : lstFicheros) {
+        arbol->fCrear(strNombre, strBytes, lngFecha);
+        lngFecha += 366 * 86400;
+    }
 }
 
 clsPreferencias clsSesion::fPreferencias()
@@ -314,4 +344,28 @@ void clsSesion::fMoverRaton(QWidget *control, QPoint punto)
 void clsSesion::fSoltar(QWidget *control, QPoint punto)
 {
     QTest::mouseRelease(ventana->windowHandle(), Qt::LeftButton, {}, fEnVentana(control, punto));
+}
+
+// --- clsPruebasSesion ---
+
+void clsPruebasSesion::init()
+{
+    m_arbol = std::make_unique<clsArbol>();
+    fLlenar(*m_arbol);
+    QVERIFY(fReabrir());
+}
+
+void clsPruebasSesion::cleanup()
+{
+    m_sesion.reset();
+    m_arbol.reset();
+}
+
+bool clsPruebasSesion::fReabrir(bool bolEscritura)
+{
+    m_sesion.reset();
+    m_sesion = std::make_unique<clsSesion>(*m_arbol, bolEscritura);
+    const bool bolAbierta = m_sesion->fAbrir();
+    static_cast<void>(m_sesion->mensajes.fDichos());
+    return bolAbierta;
 }

@@ -7,11 +7,13 @@
 #include "soporte/arbol.h"
 
 #include <QApplication>
+#include <QDialog>
 #include <QImage>
 #include <QList>
 #include <QSize>
 #include <QStringList>
 #include <QTableView>
+#include <QTemporaryDir>
 #include <QTimer>
 #include <QtTest>
 
@@ -20,6 +22,8 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <utility>
+#include <vector>
 
 /// Seconds since 1970 of a moment "yyyy-MM-dd HH:mm:ss"; the tests run in universal time.
 [[nodiscard]] std::time_t fMomento(const char *strMomento);
@@ -71,10 +75,32 @@ private:
     bool m_bolHecho = false;
 };
 
+/// Does something in the dialog of that name, once it is open.
+[[nodiscard]] clsCuando fEnDialogo(const char *strNombre,
+                                   const std::function<void(QDialog &)> &fHacer);
+
+/// A stand-in for the desktop's opener, the only program there is while this lives; it writes its
+/// arguments down.
+class clsAbridor {
+public:
+    clsAbridor();
+    ~clsAbridor() { qputenv("PATH", m_lstPath); }
+    clsAbridor(const clsAbridor &) = delete;
+    clsAbridor &operator=(const clsAbridor &) = delete;
+    /// What was opened so far, each in "<>".
+    [[nodiscard]] std::string fAbierto() const;
+
+private:
+    QTemporaryDir m_carpeta;
+    QByteArray m_lstPath;
+};
+
 /// One run of the program on an archive: from the settings to the end of the main window.
 class clsSesion {
 public:
     explicit clsSesion(const clsArbol &arbol, bool bolEscritura = true);
+    /// On an archive of its own with these files, name and bytes, a year each from 2001 on.
+    explicit clsSesion(const std::vector<std::pair<std::string, std::string>> &lstFicheros);
 
     /// Shows the window and waits until the list is filled and the first file shown.
     [[nodiscard]] bool fAbrir();
@@ -120,14 +146,32 @@ public:
     void fMoverRaton(QWidget *control, QPoint punto);
     void fSoltar(QWidget *control, QPoint punto);
 
+    const std::shared_ptr<const clsArbol> arbol;
     clsMensajesGuion mensajes;
     clsAjustes ajustes;
     std::unique_ptr<frmMain> ventana;
 
 private:
+    clsSesion(std::shared_ptr<const clsArbol> deQuien, bool bolEscritura);
     [[nodiscard]] QPoint fEnVentana(const QWidget *control, QPoint punto) const;
     [[nodiscard]] clsPreferencias fPreferencias();
     [[nodiscard]] bool fEsperarDisposicion();
+};
+
+/// Tests that begin with the program open on an archive of their own, with nothing said yet.
+class clsPruebasSesion : public QObject {
+    Q_OBJECT
+private slots:
+    void init();
+    void cleanup();
+
+protected:
+    virtual void fLlenar(const clsArbol &arbol) { fLlenarArbol(arbol); }
+    /// Starts the program anew on the same archive.
+    [[nodiscard]] bool fReabrir(bool bolEscritura = true);
+
+    std::unique_ptr<clsArbol> m_arbol;
+    std::unique_ptr<clsSesion> m_sesion;
 };
 
 /// The tests of one subject. The program runs those whose name is its first argument; what follows
