@@ -4,6 +4,7 @@
 #include "app/mensajes_qt.h"
 
 #include <QAction>
+#include <QElapsedTimer>
 #include <QLineEdit>
 #include <QMenu>
 #include <QMenuBar>
@@ -73,13 +74,16 @@ private slots:
     {
         m_sesion->ventana->showNormal();
         const clsContador contador(m_sesion->fControl("frmRecuadro"), QEvent::Resize);
+        QElapsedTimer reloj;
+        reloj.start();
         for (int intPaso = 1; intPaso <= 10; ++intPaso) {
             m_sesion->ventana->resize(600 + 10 * intPaso, 500 + 5 * intPaso);
             QCoreApplication::processEvents();
         }
-        QCOMPARE(contador.intVeces, 0);
+        const auto intPausas = static_cast<int>(reloj.elapsed() / 150); // 0 but on a busy machine
+        QVERIFY(contador.intVeces <= intPausas);
         QVERIFY(m_sesion->fTamano(700, 550));
-        QCOMPARE(contador.intVeces, 1);
+        QVERIFY(contador.intVeces >= 1 && contador.intVeces <= intPausas + 1);
         QTRY_VERIFY(m_sesion->fControl("imgFoto")->isVisible());
         QCOMPARE(m_sesion->fTamFoto(), QSize(120, 80));
         QCOMPARE(m_sesion->fPosicion(), 0);
@@ -96,6 +100,7 @@ private slots:
         QCoreApplication::processEvents();
         QVERIFY(m_sesion->fLista()->height() < lista.height()); // heights follow at once
         m_sesion->ventana->resize(700, 550);
+        QCoreApplication::processEvents();
         bool bolDespues = false; // behind the program's timer of 150 ms
         QTimer::singleShot(200, this, [&] { bolDespues = true; });
         QTRY_VERIFY(bolDespues);
