@@ -13,7 +13,7 @@ namespace {
 class clsCallado : public clsObservador {
 public:
     void fCarpeta(const std::string & /*strCarpeta*/) override { ++lngCarpetas; }
-    void fError(int intError) override { std::printf("error %d\n", intError); }
+    void fError(clsError error) override { std::printf("error %d\n", error.fNumero()); }
     bool fCeder() override { return true; }
     long lngCarpetas = 0;
 };
@@ -30,7 +30,7 @@ void fHacer(const std::string &strRaiz, int intHilos)
     clsCallado callado;
     const clsConstruccion hecha = fConstruir(strRaiz, callado, intHilos);
     if (hecha.construccion != Construccion::Hecha) {
-        std::fprintf(stderr, "not built: error %d\n", hecha.intError);
+        std::fprintf(stderr, "not built: error %d\n", hecha.error.fNumero());
         std::_Exit(1);
     }
     std::printf("built: %ld folders, VmHWM %ld kB\n", callado.lngCarpetas, fMemoria("VmHWM"));

@@ -45,7 +45,7 @@ void fCopiarTodo(const clsRutas &lstRutas, const std::string &strDestino)
         fCopiarLista(lstRutas, fDestinoEn(strDestino), [](int) { return true; });
     if (fin.fallo || static_cast<std::size_t>(fin.lngHechas) != lstRutas.size()) {
         std::fprintf(stderr, "copied %d, error %d\n", fin.lngHechas,
-                     fin.fallo ? fin.fallo->intError : 0);
+                     fin.fallo ? fin.fallo->error.fNumero() : 0);
         std::_Exit(1);
     }
 }

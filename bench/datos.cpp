@@ -63,7 +63,7 @@ bool fHacerFichero(const std::string &strRaiz, const clsFicha &ficha)
         {ficha.fecha.lngSegundos - 25569 * 86400L, 0         }
     };
     const std::string strBytes(static_cast<std::size_t>(ficha.lngBytes % 100), 'x');
-    return archivo.fAbierto() && fEscribirTodo(archivo.fFd(), strBytes) == 0 &&
+    return archivo.fAbierto() && !fEscribirTodo(archivo, strBytes) &&
            futimens(archivo.fFd(), lstTiempos) == 0;
 }
 

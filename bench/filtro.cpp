@@ -26,9 +26,10 @@ const std::vector<std::string> lstPalabras = {"carpeta", "20", "g_12"};
 clsFilas fLeerFilas(const char *strCatalogo)
 {
     clsFilas filas;
-    int intError = 0;
-    if (!fLeerFicheroCatalogo(strCatalogo, fExtensionesVisibles(Medios::Todos), filas, intError)) {
-        std::fprintf(stderr, "not read: error %d\n", intError);
+    const auto lectura =
+        fLeerFicheroCatalogo(strCatalogo, fExtensionesVisibles(Medios::Todos), filas);
+    if (!lectura) {
+        std::fprintf(stderr, "not read: error %d\n", lectura.fError().fNumero());
         std::exit(1);
     }
     return filas;

@@ -25,11 +25,9 @@ void fCargar(const std::string &strRuta, Medios medios)
 {
     const long lngAntes = fMemoria("VmRSS");
     clsFilas filas;
-    int intError = 0;
-    const auto lectura =
-        fLeerFicheroCatalogo(strRuta, fExtensionesVisibles(medios), filas, intError);
+    const auto lectura = fLeerFicheroCatalogo(strRuta, fExtensionesVisibles(medios), filas);
     if (!lectura || lectura->fallo) {
-        std::fprintf(stderr, "not read: error %d\n", intError);
+        std::fprintf(stderr, "not read: error %d\n", lectura.fError().fNumero());
         std::_Exit(1);
     }
     fOrdenar(filas, Columna::Fecha, false, {});

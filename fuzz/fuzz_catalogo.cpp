@@ -69,7 +69,7 @@ clsLectura fLeer(std::string_view strCatalogo, std::string_view strExtensiones,
         [strCatalogo](char *chrDestino, std::size_t lngBytes) mutable {
             const std::size_t lngDados = strCatalogo.copy(chrDestino, lngBytes);
             strCatalogo.remove_prefix(lngDados);
-            return static_cast<std::int64_t>(lngDados);
+            return lngDados;
         },
         lngBloque);
     return fLeerCatalogo(registros, strExtensiones, filas);

@@ -30,12 +30,13 @@ struct clsFoto {
 clsFoto fFoto(const char *strRuta)
 {
     clsFoto foto{strRuta, {}};
-    int intError = 0;
-    clsHuella huella;
-    const clsDescriptor archivo = fAbrirRegular(strRuta, intError, &huella);
-    clsOrigenArchivo origen(archivo, huella.lngBytes);
-    clsLector lector(origen);
-    if (!archivo.fAbierto() || !fLeerCabeceraJpeg(lector, foto.cabecera)) {
+    const auto archivo = fAbrirRegular(strRuta);
+    const auto fCabecera = [&] {
+        clsOrigenArchivo origen(*archivo);
+        clsLector lector(origen);
+        return fLeerCabeceraJpeg(lector, foto.cabecera);
+    };
+    if (!archivo || !fCabecera()) {
         std::fprintf(stderr, "No JPEG file: %s\n", strRuta);
         std::exit(1);
     }

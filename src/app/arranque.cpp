@@ -5,9 +5,6 @@
 #include "shared/texto.h"
 #include "sistema/archivo.h"
 
-#include <fcntl.h>
-#include <unistd.h>
-
 std::string fRaizDeOrdenes(const std::vector<std::string> &lstArgumentos,
                            std::string_view strCarpetaPrograma, std::string_view strCarpetaTrabajo)
 {
@@ -25,16 +22,7 @@ std::string fRaizDeOrdenes(const std::vector<std::string> &lstArgumentos,
 
 bool fProbarEscritura(const std::string &strRaiz)
 {
-    const std::string strPrueba = strRaiz + "prueba_escritura.txt";
-    clsDescriptor prueba{open(strPrueba.c_str(),
-                              O_WRONLY | O_CREAT | O_TRUNC | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC,
-                              0666)};
-    if (!prueba.fAbierto()) {
-        return false;
-    }
-    const bool bolBien = prueba.fCerrar() == 0;
-    unlink(strPrueba.c_str());
-    return bolBien;
+    return fProbarEscribir(strRaiz + "prueba_escritura.txt");
 }
 
 std::optional<clsAjusteMalo> fLeerPreferencias(clsAjustes &ajustes, clsPreferencias &preferencias)

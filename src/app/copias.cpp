@@ -20,18 +20,18 @@ void fAvisarFallo(clsMensajes &mensajes, const clsFalloCopia &fallo)
     mensajes.fAviso(Icono::Problema, "No se ha podido copiar el archivo.\r\n" +
                                          fTextoPantalla(fallo.strOrigen) + "\r\n" +
                                          fTextoPantalla(fallo.strDestino) + "\r\n" +
-                                         fTextoError(fallo.intError));
+                                         fTextoError(fallo.error));
 }
 
 /// The folder of the Baúl; empty, and said, when there is none and none can be made.
 [[nodiscard]] std::string fExigirBaul(const clsComun &comun)
 {
     const clsLugarBaul lugar = fAsegurarBaul();
-    if (lugar.intError == 0) {
+    if (!lugar.error) {
         return lugar.strCarpeta;
     }
     comun.mensajes.fAviso(Icono::Problema,
-                          fTextoPantalla(lugar.strCarpeta) + "\r\n" + fTextoError(lugar.intError));
+                          fTextoPantalla(lugar.strCarpeta) + "\r\n" + fTextoError(lugar.error));
     return {};
 }
 
@@ -130,6 +130,6 @@ void fAtenderCopias(const clsComun &comun, clsMandos &mandos)
 void fContarElBaul(const clsComun &comun)
 {
     const clsLugarBaul lugar = fAsegurarBaul();
-    comun.estado.lngEnBaul = lugar.intError == 0 ? fContarBaul(lugar.strCarpeta) : 0;
+    comun.estado.lngEnBaul = lugar.error ? 0 : fContarBaul(lugar.strCarpeta);
     comun.fEstadoCambiado();
 }

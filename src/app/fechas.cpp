@@ -85,9 +85,9 @@ void fBuscar(const clsComun &comun)
     const clsOcupado ocupado(comun.ocupacion);
     QElapsedTimer reloj;
     reloj.start();
-    const auto fFallo = [&comun](const std::string &strRuta, int intError) {
+    const auto fFallo = [&comun](const std::string &strRuta, clsError error) {
         comun.mensajes.fAviso(Icono::Problema,
-                              fTextoPantalla(strRuta) + "\r\n" + fTextoError(intError));
+                              fTextoPantalla(strRuta) + "\r\n" + fTextoError(error));
     };
     const auto fPaso = [&reloj] {
         if (reloj.elapsed() >= lngPausaProgreso) {
@@ -100,7 +100,7 @@ void fBuscar(const clsComun &comun)
     if (fin.correccion == Correccion::Ocupada) {
         fAvisarOcupada(comun.mensajes);
     } else if (fin.correccion == Correccion::SinCatalogo) {
-        fAvisarSinCatalogo(comun.mensajes, fTextoError(fin.intError));
+        fAvisarSinCatalogo(comun.mensajes, fTextoError(fin.error));
     }
     return fin.correccion == Correccion::Hecha || fin.correccion == Correccion::SinCatalogo;
 }
@@ -118,7 +118,7 @@ void fModificar(const clsComun &comun, bool bolSiempre)
     std::vector<clsCorregido> lstCorregidos;
     lstCorregidos.reserve(lstFicheros.size());
     for (const clsFile &fichero : lstFicheros) {
-        lstCorregidos.push_back({fichero.strFilePath(), {}, 0, 0});
+        lstCorregidos.push_back({fichero.strFilePath(), {}, {}, {}});
     }
     frmFecha dialogo(comun.ventana, fFormularioFecha(lstFicheros), comun.mensajes,
                      [&](clsFecha fecha) { return fAplicar(comun, lstCorregidos, fecha); });

@@ -94,11 +94,10 @@ void frmMain::fAbrirArchivo()
 
 void frmMain::fMostrarAyuda()
 {
-    const int intError = m_archivo.bolEscritura ? fEscribirAyuda(m_archivo.strRaiz) : 0;
+    const clsError error = m_archivo.bolEscritura ? fEscribirAyuda(m_archivo.strRaiz) : 0;
     const std::string strRuta = fRutaAyuda(m_archivo.strRaiz);
-    if (intError != 0) {
-        m_mensajes.fAviso(Icono::Problema,
-                          fTextoPantalla(strRuta) + "\r\n" + fTextoError(intError));
+    if (error) {
+        m_mensajes.fAviso(Icono::Problema, fTextoPantalla(strRuta) + "\r\n" + fTextoError(error));
     }
     fAbrirConSistema(strRuta);
 }

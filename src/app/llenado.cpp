@@ -27,22 +27,21 @@ void fConstruir(const clsComun &comun)
     if (construccion.construccion == Construccion::Ocupada) {
         fAvisarOcupada(comun.mensajes);
     } else if (construccion.construccion == Construccion::SinEscribir) {
-        fAvisarSinCatalogo(comun.mensajes, fTextoError(construccion.intError));
+        fAvisarSinCatalogo(comun.mensajes, fTextoError(construccion.error));
     }
 }
 
 void fLeer(const clsComun &comun, const std::string &strCatalogo)
 {
     const std::string strMostrado = fTextoPantalla(strCatalogo) + "\r\n";
-    int intError = 0;
-    std::optional<clsLectura> lectura;
+    clsResultado<clsLectura> lectura = clsError();
     comun.modelo.fRellenar([&](clsFilas &filas) {
-        lectura = fLeerFicheroCatalogo(strCatalogo, fExtensionesVisibles(comun.estado.medios),
-                                       filas, intError);
+        lectura =
+            fLeerFicheroCatalogo(strCatalogo, fExtensionesVisibles(comun.estado.medios), filas);
     });
     comun.estado.lngTotalKB = lectura ? lectura->lngTotalKB : 0;
-    if (!lectura && intError != ENOENT) {
-        comun.mensajes.fAviso(Icono::Problema, strMostrado + fTextoError(intError));
+    if (!lectura && lectura.fError() != ENOENT) {
+        comun.mensajes.fAviso(Icono::Problema, strMostrado + fTextoError(lectura.fError()));
     } else if (lectura && lectura->fallo) {
         comun.mensajes.fAviso(Icono::Problema,
                               strMostrado + "Línea " + std::to_string(lectura->fallo->lngLinea) +

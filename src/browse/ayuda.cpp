@@ -89,7 +89,7 @@ std::string fTextoAyuda()
     return strPagina;
 }
 
-int fEscribirAyuda(const std::string &strRaiz)
+clsError fEscribirAyuda(const std::string &strRaiz)
 {
     clsReemplazo archivo(fRutaAyuda(strRaiz));
     archivo.fEscribir(fTextoAyuda());

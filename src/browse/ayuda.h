@@ -1,5 +1,7 @@
 #pragma once
 
+#include "sistema/resultado.h"
+
 #include <string>
 
 /// The file of the help page.
@@ -9,6 +11,6 @@
 /// The help page: HTML in UTF-8, lines that end with CR LF.
 [[nodiscard]] std::string fTextoAyuda();
 
-/// Writes the help page into the root folder in place of the one that is there; 0 or the error
-/// number, the old page then being untouched. Only for roots that can be written.
-[[nodiscard]] int fEscribirAyuda(const std::string &strRaiz);
+/// Writes the help page into the root folder in place of the one that is there, which an error
+/// leaves untouched. Only for roots that can be written.
+[[nodiscard]] clsError fEscribirAyuda(const std::string &strRaiz);

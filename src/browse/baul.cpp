@@ -1,129 +1,90 @@
 #include "browse/baul.h"
 
-#include "catalogue/carpeta.h"
 #include "shared/fecha.h"
 #include "shared/rutas.h"
-#include "sistema/archivo.h"
+#include "sistema/carpeta.h"
 
 #include <algorithm>
 #include <cerrno>
-#include <cstdlib>
-#include <fcntl.h>
-#include <sys/stat.h>
-#include <unistd.h>
 #include <utility>
 #include <vector>
 
 namespace {
 
-constexpr int intModoCarpeta = O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC;
-
 /// The folder, opened if it is one of the user's own and no link. No "/" at its end.
 clsDescriptor fAbrirPropia(const std::string &strCarpeta)
 {
-    clsDescriptor carpeta{open(fBarraFinal(strCarpeta, true).c_str(), intModoCarpeta)};
-    struct stat datos {};
-    if (carpeta.fAbierto() && (fstat(carpeta.fFd(), &datos) != 0 || datos.st_uid != geteuid())) {
-        return {};
-    }
-    return carpeta;
+    auto carpeta = fAbrirCarpeta(fBarraFinal(strCarpeta, true), false);
+    const auto datos = carpeta ? fConsultar(*carpeta) : carpeta.fError();
+    return datos && datos->lngDueno == fUsuario() ? std::move(*carpeta) : clsDescriptor();
 }
 
-/// 0 when the folder stands there and is the user's own, else why not: EPERM when something else
-/// bears the name.
-int fAsegurar(const std::string &strCarpeta)
+/// No error when the folder stands there and is the user's own; EPERM when something else bears
+/// the name.
+clsError fAsegurar(const std::string &strCarpeta)
 {
-    if (mkdir(strCarpeta.c_str(), S_IRWXU) == 0) {
-        return 0;
+    const clsError error = fCrearCarpeta(strCarpeta);
+    if (!error) {
+        return {};
     }
-    const int intError = errno;
-    struct stat datos {};
-    if (lstat(strCarpeta.c_str(), &datos) != 0) {
-        return intError;
+    const auto datos = fConsultar(strCarpeta, false);
+    if (!datos) {
+        return error;
     }
-    return S_ISDIR(datos.st_mode) && datos.st_uid == geteuid() ? 0 : EPERM;
+    return datos->tipo == TipoArchivo::Carpeta && datos->lngDueno == fUsuario() ? 0 : EPERM;
+}
+
+bool fEsFichero(const clsDescriptor &carpeta, const clsEntradaCarpeta &entrada)
+{
+    if (entrada.entrada != Entrada::Desconocida) {
+        return entrada.entrada == Entrada::Archivo;
+    }
+    const auto datos = fConsultarEn(carpeta, entrada.strNombre, false);
+    return datos && (datos->tipo == TipoArchivo::Archivo || datos->tipo == TipoArchivo::Enlace);
 }
 
 /// Names of the files and links directly in an open folder.
-std::vector<std::string> fFicheros(int intFdCarpeta)
+std::vector<std::string> fFicheros(const clsDescriptor &carpeta)
 {
-    std::vector<clsEntrada> lstEntradas;
-    static_cast<void>(fListarCarpeta(intFdCarpeta, lstEntradas)); // what was listed counts
+    std::vector<clsEntradaCarpeta> lstEntradas;
+    static_cast<void>(fListarCarpeta(carpeta, lstEntradas)); // what was listed counts
     std::vector<std::string> lstNombres;
     lstNombres.reserve(lstEntradas.size());
-    for (clsEntrada &entrada : lstEntradas) {
-        struct stat datos {};
-        const bool bolFichero =
-            entrada.entrada == Entrada::Archivo ||
-            (entrada.entrada == Entrada::Desconocida &&
-             fstatat(intFdCarpeta, entrada.strNombre.c_str(), &datos, AT_SYMLINK_NOFOLLOW) == 0 &&
-             (S_ISREG(datos.st_mode) || S_ISLNK(datos.st_mode)));
-        if (bolFichero) {
+    for (clsEntradaCarpeta &entrada : lstEntradas) {
+        if (fEsFichero(carpeta, entrada)) {
             lstNombres.push_back(std::move(entrada.strNombre));
         }
     }
     return lstNombres;
 }
 
-/// Whether the archive's root is certainly neither the open folder nor below it. By what the
-/// folders are, not by their names: a folder can be reached under several.
-bool fRaizFuera(const std::string &strRaiz, int intFdCarpeta)
-{
-    struct stat carpeta {};
-    struct stat anterior {};
-    clsDescriptor nivel{open(strRaiz.c_str(), O_PATH | O_DIRECTORY | O_CLOEXEC)};
-    if (fstat(intFdCarpeta, &carpeta) != 0) {
-        return false;
-    }
-    while (nivel.fAbierto()) {
-        struct stat datos {};
-        if (fstat(nivel.fFd(), &datos) != 0 ||
-            (datos.st_dev == carpeta.st_dev && datos.st_ino == carpeta.st_ino)) {
-            return false;
-        }
-        if (datos.st_dev == anterior.st_dev && datos.st_ino == anterior.st_ino) {
-            return true; // above the top is the top
-        }
-        anterior = datos;
-        nivel = clsDescriptor{openat(nivel.fFd(), "..", O_PATH | O_DIRECTORY | O_CLOEXEC)};
-    }
-    return false;
-}
-
 } // namespace
-
-std::string fRutaTemporal()
-{
-    const char *const strVariable = std::getenv("TMPDIR");
-    const bool bolVale = strVariable != nullptr && *strVariable == '/';
-    return fBarraFinal(bolVale ? strVariable : "/tmp", false);
-}
 
 clsLugarBaul fAsegurarBaul(const std::string &strTemporal)
 {
     const std::string strPrimera = strTemporal + "Miravel";
-    const int intError = fAsegurar(strPrimera);
-    if (intError != EPERM) {
-        return {strPrimera + '/', intError};
+    const clsError error = fAsegurar(strPrimera);
+    if (error != EPERM) {
+        return {strPrimera + '/', error};
     }
-    const std::string strSegunda = strPrimera + '-' + std::to_string(geteuid());
+    const std::string strSegunda = strPrimera + '-' + std::to_string(fUsuario());
     return {strSegunda + '/', fAsegurar(strSegunda)};
 }
 
 int fContarBaul(const std::string &strCarpeta)
 {
     const clsDescriptor carpeta = fAbrirPropia(strCarpeta);
-    return carpeta.fAbierto() ? static_cast<int>(fFicheros(carpeta.fFd()).size()) : 0;
+    return carpeta.fAbierto() ? static_cast<int>(fFicheros(carpeta).size()) : 0;
 }
 
 void fVaciarBaul(const std::string &strCarpeta, const std::string &strRaiz)
 {
     const clsDescriptor carpeta = fAbrirPropia(strCarpeta);
-    if (!carpeta.fAbierto() || !fRaizFuera(strRaiz, carpeta.fFd())) {
+    if (!carpeta.fAbierto() || !fQuedaFuera(strRaiz, carpeta)) {
         return;
     }
-    for (const std::string &strNombre : fFicheros(carpeta.fFd())) {
-        static_cast<void>(unlinkat(carpeta.fFd(), strNombre.c_str(), 0));
+    for (const std::string &strNombre : fFicheros(carpeta)) {
+        fBorrarEn(carpeta, strNombre);
     }
 }
 

@@ -1,20 +1,17 @@
 #pragma once
 
 #include "browse/copia.h"
+#include "sistema/entorno.h"
 
 #include <string>
 #include <string_view>
 
 /// The Baúl: a folder of the user's own among the temporary files, to which copies are sent.
 
-/// The folder for temporary files with a trailing "/" (TMPDIR, else the system's).
-[[nodiscard]] std::string fRutaTemporal();
-
 /// Where the Baúl is.
 struct clsLugarBaul {
-    std::string
-        strCarpeta;   ///< with a trailing "/"; the one that was tried last when intError is set
-    int intError = 0; ///< why there is no Baúl; 0: there is one
+    std::string strCarpeta; ///< with a trailing "/"; the one that was tried last on an error
+    clsError error;         ///< why there is no Baúl, if so
 };
 
 /// Finds the Baúl, and makes it when it is missing: "Miravel" among the temporary files, or

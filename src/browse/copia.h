@@ -1,31 +1,17 @@
 #pragma once
 
-#include "sistema/disco.h"
+#include "sistema/resultado.h"
 
-#include <atomic>
 #include <functional>
 #include <optional>
 #include <string>
 #include <vector>
 
-/// Copies one file with its permission bits and modification time. What has the target's name is
-/// replaced silently, but only by a whole copy; a link of that name is replaced itself. Holes stay
-/// holes. The source's bytes are never touched.
-/// @param strDestino full path of the copy; its folder must exist.
-/// @param fin        once true, the copy is given up (ECANCELED); may be null.
-/// @return 0 or the error number; then the target is as it was, and nothing temporary is left.
-///         EEXIST when source and target are the same file, EISDIR when one of them is a folder,
-///         EINVAL when the source is neither a file nor a link to one, EBUSY when it was written
-///         to meanwhile.
-[[nodiscard]] int fCopiar(const std::string &strOrigen, const std::string &strDestino,
-                          const clsDisco &disco = discoReal,
-                          const std::atomic<bool> *fin = nullptr);
-
 /// A copy that failed.
 struct clsFalloCopia {
     std::string strOrigen;
     std::string strDestino;
-    int intError = 0;
+    clsError error;
 };
 
 /// What became of a list of files.
@@ -51,5 +37,4 @@ using clsDestino = std::function<std::string(const std::string &strOrigen)>;
 ///              counted. A disk that does not answer is waited for no longer than 5 s then.
 [[nodiscard]] clsFinCopia fCopiarLista(const std::vector<std::string> &lstRutas,
                                        const clsDestino &fDestino,
-                                       const std::function<bool(int)> &fPaso,
-                                       const clsDisco &disco = discoReal);
+                                       const std::function<bool(int)> &fPaso);

@@ -5,49 +5,30 @@
 
 #include <array>
 #include <cerrno>
-#include <dirent.h>
-#include <fcntl.h>
-#include <sys/stat.h>
-#include <unistd.h>
 
 namespace {
 
-constexpr int intModoCarpeta = O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC;
-
-Entrada fTipo(unsigned char bytTipo)
-{
-    if (bytTipo == DT_DIR) {
-        return Entrada::Carpeta;
-    }
-    return bytTipo == DT_REG ? Entrada::Archivo : Entrada::Desconocida;
-}
-
-/// Whether an entry of this kind can be anything that the walk records or enters.
-bool fInteresa(unsigned char bytTipo)
-{
-    return bytTipo == DT_DIR || bytTipo == DT_REG || bytTipo == DT_LNK || bytTipo == DT_UNKNOWN;
-}
-
 /// Asks for an entry: itself first, then, for a link, its target.
-/// @param bolCarpeta set when the entry itself is a folder.
-/// @return whether datos describe a regular file.
-bool fConsultar(int intFd, const clsEntrada &entrada, struct stat &datos, bool &bolCarpeta,
-                int &intError)
+/// @return nothing for one that is to be passed over, without an error or with one that ends it
+/// all.
+clsResultado<clsDatosArchivo> fMirar(const clsDescriptor &carpeta, const clsEntradaCarpeta &entrada)
 {
-    const char *const strNombre = entrada.strNombre.c_str();
-    bool bolEnlace = false;
-    if (fstatat(intFd, strNombre, &datos, AT_SYMLINK_NOFOLLOW) != 0) {
-        intError = errno == ENOENT ? 0 : errno; // vanished meanwhile: not an error
-        return false;
+    auto datos = fConsultarEn(carpeta, entrada.strNombre, false);
+    if (!datos && datos.fError() == ENOENT) {
+        return clsError(); // vanished meanwhile: not an error
     }
-    bolCarpeta = S_ISDIR(datos.st_mode);
-    bolEnlace = S_ISLNK(datos.st_mode);
-    if (bolEnlace && fstatat(intFd, strNombre, &datos, 0) != 0) {
-        const bool bolSinDestino = errno == ENOENT || errno == ELOOP || errno == ENOTDIR;
-        intError = bolSinDestino ? 0 : errno;
-        return false;
+    if (!datos || datos->tipo != TipoArchivo::Enlace) {
+        return datos;
     }
-    return S_ISREG(datos.st_mode);
+    auto destino = fConsultarEn(carpeta, entrada.strNombre, true);
+    const clsError error = destino.fError();
+    if (error == ENOENT || error == ELOOP || error == ENOTDIR) {
+        return clsError(); // leads nowhere
+    }
+    if (destino && destino->tipo == TipoArchivo::Carpeta) {
+        destino->tipo = TipoArchivo::Otro; // such links are not entered
+    }
+    return destino;
 }
 
 /// Local dates of many files. Asking the zone tables is slow, and threads wait for each other
@@ -92,67 +73,30 @@ private:
 
 } // namespace
 
-clsDescriptor fAbrirCarpeta(int intFdRaiz, std::string_view strRelativa, int &intError)
-{
-    // The kernel takes paths below 4,096 bytes: longer ones are opened in several steps.
-    constexpr std::size_t lngTramo = 4000;
-    clsDescriptor carpeta{openat(intFdRaiz, ".", intModoCarpeta)};
-    while (carpeta.fAbierto() && !strRelativa.empty()) {
-        std::size_t lngCorte = strRelativa.size();
-        if (lngCorte > lngTramo) {
-            lngCorte = strRelativa.rfind('/', lngTramo) + 1;
-        }
-        const std::string strTramo(strRelativa.substr(0, lngCorte - 1));
-        carpeta = clsDescriptor{openat(carpeta.fFd(), strTramo.c_str(), intModoCarpeta)};
-        strRelativa.remove_prefix(lngCorte);
-    }
-    if (!carpeta.fAbierto()) {
-        intError = errno;
-    }
-    return carpeta;
-}
-
-int fListarCarpeta(int intFdCarpeta, std::vector<clsEntrada> &lstEntradas)
-{
-    alignas(dirent64) std::array<char, 32768> lstBloque;
-    while (true) {
-        const ssize_t lngLeidos = getdents64(intFdCarpeta, lstBloque.data(), lstBloque.size());
-        if (lngLeidos <= 0) {
-            // A folder that was deleted after it was opened has no entries any more.
-            return lngLeidos < 0 && errno != ENOENT ? errno : 0;
-        }
-        for (const char *chr = lstBloque.data(); chr < lstBloque.data() + lngLeidos;) {
-            const auto *const dirEntrada = reinterpret_cast<const dirent64 *>(chr);
-            chr += dirEntrada->d_reclen;
-            const std::string_view strNombre = dirEntrada->d_name;
-            if (strNombre != "." && strNombre != ".." && fInteresa(dirEntrada->d_type)) {
-                lstEntradas.push_back({std::string(strNombre), fTipo(dirEntrada->d_type)});
-            }
-        }
-    }
-}
-
-clsExamen fExaminar(int intFdCarpeta, const std::string &strCarpeta, const clsEntrada *primera,
-                    const clsEntrada *fin, const std::function<bool(std::string_view)> &fOmitir)
+clsExamen fExaminar(const clsDescriptor &carpeta, const std::string &strCarpeta,
+                    const clsEntradaCarpeta *primera, const clsEntradaCarpeta *fin,
+                    const std::function<bool(std::string_view)> &fOmitir)
 {
     clsExamen examen;
     clsReloj reloj;
     // The folder, a name of usual length, date, size and signs between them.
     examen.strLineas.reserve(static_cast<std::size_t>(fin - primera) * (strCarpeta.size() + 64));
-    for (const clsEntrada *entrada = primera; entrada != fin && examen.intError == 0; ++entrada) {
+    for (const clsEntradaCarpeta *entrada = primera; entrada != fin && !examen.error; ++entrada) {
         if (entrada->entrada == Entrada::Carpeta) {
             examen.lstCarpetas.push_back(entrada->strNombre);
             continue;
         }
-        struct stat datos {};
-        bool bolCarpeta = false;
-        const bool bolArchivo =
-            fConsultar(intFdCarpeta, *entrada, datos, bolCarpeta, examen.intError);
-        if (bolCarpeta) {
+        const auto datos = fMirar(carpeta, *entrada);
+        examen.error = datos.fError();
+        if (!datos) {
+            continue;
+        }
+        if (datos->tipo == TipoArchivo::Carpeta) {
             examen.lstCarpetas.push_back(entrada->strNombre);
-        } else if (bolArchivo && !(fOmitir && fOmitir(entrada->strNombre))) {
+        } else if (datos->tipo == TipoArchivo::Archivo &&
+                   !(fOmitir && fOmitir(entrada->strNombre))) {
             fAnadirRegistro(examen.strLineas, strCarpeta, entrada->strNombre,
-                            reloj.fLocal(datos.st_mtim.tv_sec), datos.st_size);
+                            reloj.fLocal(datos->huella.lngSegundos), datos->huella.lngBytes);
         }
     }
     return examen;

@@ -1,15 +1,12 @@
 #include "catalogue/constructor.h"
 
-#include "catalogue/carpeta.h"
 #include "catalogue/recorrido.h"
 #include "catalogue/registro.h"
 #include "shared/ajustes.h"
+#include "sistema/carpeta.h"
 #include "sistema/cerrojo.h"
 #include "sistema/reemplazo.h"
 
-#include <cerrno>
-#include <fcntl.h>
-#include <unistd.h>
 #include <vector>
 
 namespace {
@@ -41,9 +38,9 @@ public:
         if (m_strPendiente.size() >= lngTramo) {
             fVaciar();
         }
-        return m_archivo.fError() == 0;
+        return !m_archivo.fError();
     }
-    void fError(int intError) override { m_observador.fError(intError); }
+    void fError(clsError error) override { m_observador.fError(error); }
     bool fCeder() override { return m_observador.fCeder(); }
     /// Whether any file was recorded.
     [[nodiscard]] bool fAlgo() const { return m_bolAlgo; }
@@ -63,14 +60,14 @@ private:
 /// Deletes what builds that were killed have left; nobody else writes while the lock is held.
 void fQuitarRestos(const std::string &strRaiz)
 {
-    std::vector<clsEntrada> lstEntradas;
-    const clsDescriptor carpeta{open(strRaiz.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC)};
-    if (!carpeta.fAbierto() || fListarCarpeta(carpeta.fFd(), lstEntradas) != 0) {
+    std::vector<clsEntradaCarpeta> lstEntradas;
+    const auto carpeta = fAbrirCarpeta(strRaiz);
+    if (!carpeta || fListarCarpeta(*carpeta, lstEntradas)) {
         return;
     }
-    for (const clsEntrada &entrada : lstEntradas) {
+    for (const clsEntradaCarpeta &entrada : lstEntradas) {
         if (entrada.entrada == Entrada::Archivo && fEsTemporal(entrada.strNombre)) {
-            unlinkat(carpeta.fFd(), entrada.strNombre.c_str(), 0);
+            fBorrarEn(*carpeta, entrada.strNombre);
         }
     }
 }
@@ -81,29 +78,28 @@ clsConstruccion fConstruir(const std::string &strRaiz, clsObservador &observador
 {
     const clsCerrojoArchivo cerrojo(strRaiz);
     if (!cerrojo.fTenido()) {
-        return {Construccion::Ocupada, 0};
+        return {Construccion::Ocupada, {}};
     }
     fQuitarRestos(strRaiz);
     const std::string strCatalogo = strRaiz + std::string(strFicheroCatalogo);
     const auto huella = fHuella(strCatalogo);
     const bool bolHabia = huella && huella->lngBytes > 0;
     // Exclusive: a catalogue that is there is not touched before its successor is whole.
-    const clsDescriptor vacio{
-        open(strCatalogo.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666)};
+    fCrearVacio(strCatalogo);
     clsReemplazo archivo(strCatalogo);
-    if (archivo.fError() != 0) {
+    if (archivo.fError()) {
         return {Construccion::SinEscribir, archivo.fError()};
     }
     clsEscribano escribano(archivo, observador);
     const clsRecorrido recorrido = fRecorrer(strRaiz, {intHilos, fEsPasajero}, escribano);
     // With a failing root folder what was there before is worth more than what could be read now.
-    if (recorrido.intErrorRaiz != 0 && (bolHabia || !escribano.fAlgo())) {
-        return {Construccion::RaizIlegible, recorrido.intErrorRaiz};
+    if (recorrido.errorRaiz && (bolHabia || !escribano.fAlgo())) {
+        return {Construccion::RaizIlegible, recorrido.errorRaiz};
     }
-    if (recorrido.bolInterrumpido && archivo.fError() == 0) {
-        return {Construccion::Interrumpida, 0};
+    if (recorrido.bolInterrumpido && !archivo.fError()) {
+        return {Construccion::Interrumpida, {}};
     }
     escribano.fVaciar();
-    const int intError = archivo.fConfirmar(true);
-    return {intError == 0 ? Construccion::Hecha : Construccion::SinEscribir, intError};
+    const clsError error = archivo.fConfirmar(true);
+    return {error ? Construccion::SinEscribir : Construccion::Hecha, error};
 }

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "sistema/resultado.h"
+
 #include <string>
 
 /// How building the catalogue ended. Only in the first case was it replaced.
@@ -7,13 +9,13 @@ enum class Construccion {
     Hecha,        ///< the new catalogue stands
     Ocupada,      ///< another Miravel builds or corrects in this archive
     RaizIlegible, ///< the root folder could not be read (the receiver was told)
-    SinEscribir,  ///< writing failed, see intError
+    SinEscribir,  ///< writing failed, see error
     Interrumpida  ///< the receiver ended the walk
 };
 
 struct clsConstruccion {
     Construccion construccion = Construccion::Hecha;
-    int intError = 0;
+    clsError error;
 };
 
 /// What the builder asks of its surroundings while it works.
@@ -23,7 +25,7 @@ public:
     /// The folder that is being recorded (full path with a trailing "/").
     virtual void fCarpeta(const std::string &strCarpeta) = 0;
     /// A folder could not be read to its end.
-    virtual void fError(int intError) = 0;
+    virtual void fError(clsError error) = 0;
     /// Lets events run, at least every 50 ms; false ends the build.
     [[nodiscard]] virtual bool fCeder() = 0;
 };

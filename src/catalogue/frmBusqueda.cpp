@@ -76,10 +76,10 @@ void frmBusqueda::paintEvent(QPaintEvent *evento)
 
 void frmBusqueda::fCarpeta(const std::string &strCarpeta) { m_strCarpeta = strCarpeta; }
 
-void frmBusqueda::fError(int intError)
+void frmBusqueda::fError(clsError error)
 {
     m_lblMsg->setText(fQPantalla(m_strCarpeta));
-    m_mensajes.fAviso(Icono::Problema, fTextoError(intError));
+    m_mensajes.fAviso(Icono::Problema, fTextoError(error));
 }
 
 bool frmBusqueda::fCeder()

@@ -29,7 +29,7 @@ protected:
 
 private:
     void fCarpeta(const std::string &strCarpeta) override;
-    void fError(int intError) override;
+    void fError(clsError error) override;
     bool fCeder() override;
 
     clsMensajes &m_mensajes;

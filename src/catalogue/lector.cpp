@@ -109,22 +109,22 @@ clsLectura fLeerCatalogo(clsRegistros &registros, std::string_view strExtensione
     return rellenador.fLectura();
 }
 
-std::optional<clsLectura> fLeerFicheroCatalogo(const std::string &strRuta,
-                                               std::string_view strExtensiones, clsFilas &filas,
-                                               int &intError)
+clsResultado<clsLectura> fLeerFicheroCatalogo(const std::string &strRuta,
+                                              std::string_view strExtensiones, clsFilas &filas)
 {
-    clsHuella huella;
-    const clsDescriptor archivo = fAbrirRegular(strRuta, intError, &huella);
-    if (!archivo.fAbierto()) {
-        return {};
+    const auto archivo = fAbrirRegular(strRuta);
+    if (!archivo) {
+        return archivo.fError();
     }
     // Room for the rows. Records are seldom shorter; where they are, the lists grow as usual.
     constexpr std::int64_t lngRegistroCorto = 56;
     constexpr std::size_t lngNombreCorto = 12;
-    const auto lngFilas = static_cast<std::size_t>(huella.lngBytes / lngRegistroCorto);
+    const auto lngFilas = static_cast<std::size_t>(archivo->huella.lngBytes / lngRegistroCorto);
     filas.fReservar(lngFilas, lngFilas * lngNombreCorto);
-    clsRegistros registros(fBytesDe(archivo));
+    clsRegistros registros(fBytesDe(archivo->descriptor));
     const clsLectura lectura = fLeerCatalogo(registros, strExtensiones, filas);
-    intError = registros.fError();
-    return intError == 0 ? std::optional(lectura) : std::nullopt;
+    if (registros.fError()) {
+        return registros.fError();
+    }
+    return lectura;
 }

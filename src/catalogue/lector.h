@@ -2,6 +2,7 @@
 
 #include "catalogue/filas.h"
 #include "catalogue/registro.h"
+#include "sistema/resultado.h"
 
 #include <cstdint>
 #include <optional>
@@ -30,8 +31,6 @@ struct clsLectura {
                                        clsFilas &filas);
 
 /// The same from the catalogue's file.
-/// @return nothing when the file cannot be read to its end, whose error number goes to intError;
-///         the rows before it stay.
-[[nodiscard]] std::optional<clsLectura> fLeerFicheroCatalogo(const std::string &strRuta,
-                                                             std::string_view strExtensiones,
-                                                             clsFilas &filas, int &intError);
+/// @return an error when the file cannot be read to its end; the rows before it stay.
+[[nodiscard]] clsResultado<clsLectura>
+fLeerFicheroCatalogo(const std::string &strRuta, std::string_view strExtensiones, clsFilas &filas);

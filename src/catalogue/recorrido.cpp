@@ -3,11 +3,9 @@
 #include "catalogue/carpeta.h"
 
 #include <algorithm>
-#include <cerrno>
 #include <chrono>
 #include <condition_variable>
 #include <deque>
-#include <fcntl.h>
 #include <iterator>
 #include <memory>
 #include <mutex>
@@ -27,10 +25,10 @@ constexpr std::int64_t lngEntrega = 256 << 10;
 struct clsNodo {
     std::string strRelativa; ///< path below the root, with a trailing "/"; "" for the root
     clsDescriptor carpeta;
-    std::vector<clsEntrada> lstEntradas;
+    std::vector<clsEntradaCarpeta> lstEntradas;
     std::vector<clsExamen> lstTandas;
     std::size_t lngPendientes = 0; ///< batches still to be examined
-    int intErrorLista = 0;
+    clsError errorLista;
     bool bolHecho = false;
     std::int64_t lngPeso = 0; ///< bytes it holds until it is handed over, about
     std::vector<std::unique_ptr<clsNodo>> lstHijos;
@@ -69,7 +67,7 @@ private:
 
     const std::string m_strRaiz;
     const clsOpcionesRecorrido &m_opciones;
-    const int m_intFdRaiz;
+    const clsDescriptor &m_raiz;
     std::mutex m_cerrojo;
     std::condition_variable m_hayTarea;
     std::condition_variable m_hayNodo;
@@ -83,7 +81,7 @@ private:
 
 clsLectores::clsLectores(std::string strRaiz, const clsOpcionesRecorrido &opciones,
                          const clsDescriptor &raiz, clsNodo &nodoRaiz)
-    : m_strRaiz(std::move(strRaiz)), m_opciones(opciones), m_intFdRaiz(raiz.fFd())
+    : m_strRaiz(std::move(strRaiz)), m_opciones(opciones), m_raiz(raiz)
 {
     m_lstTareas.push_back({&nodoRaiz, lngLista});
     // Waiting for a slow disk or a server costs no processor time: more threads than cores.
@@ -184,7 +182,7 @@ void clsLectores::fHacer(const clsTarea &tarea)
         const bool bolRaiz = nodo.strRelativa.empty();
         static const std::function<bool(std::string_view)> fNada;
         nodo.lstTandas[lngTanda] = fExaminar(
-            nodo.carpeta.fFd(), m_strRaiz + nodo.strRelativa, nodo.lstEntradas.data() + lngDesde,
+            nodo.carpeta, m_strRaiz + nodo.strRelativa, nodo.lstEntradas.data() + lngDesde,
             nodo.lstEntradas.data() + lngHasta, bolRaiz ? m_opciones.fOmitirEnRaiz : fNada);
     }
     const std::lock_guard guarda(m_cerrojo);
@@ -197,11 +195,13 @@ void clsLectores::fHacer(const clsTarea &tarea)
 
 void clsLectores::fListar(clsNodo &nodo)
 {
-    nodo.carpeta = fAbrirCarpeta(m_intFdRaiz, nodo.strRelativa, nodo.intErrorLista);
-    if (!nodo.carpeta.fAbierto()) {
+    auto carpeta = fAbrirCarpetaEn(m_raiz, nodo.strRelativa);
+    if (!carpeta) {
+        nodo.errorLista = carpeta.fError();
         return;
     }
-    nodo.intErrorLista = fListarCarpeta(nodo.carpeta.fFd(), nodo.lstEntradas);
+    nodo.carpeta = std::move(*carpeta);
+    nodo.errorLista = fListarCarpeta(nodo.carpeta, nodo.lstEntradas);
     const std::size_t lngTandas =
         (nodo.lstEntradas.size() + lngEntradasTanda - 1) / lngEntradasTanda;
     nodo.lstTandas.resize(lngTandas);
@@ -220,13 +220,13 @@ void clsLectores::fListar(clsNodo &nodo)
 void clsLectores::fTerminarNodo(clsNodo &nodo)
 {
     nodo.carpeta.fCerrar();
-    std::vector<clsEntrada>().swap(nodo.lstEntradas);
-    bool bolError = nodo.intErrorLista != 0;
+    std::vector<clsEntradaCarpeta>().swap(nodo.lstEntradas);
+    bool bolError{nodo.errorLista};
     // Its own path counts too: a tree of thousands of levels has long ones.
     nodo.lngPeso = static_cast<std::int64_t>(sizeof nodo + nodo.strRelativa.size());
     for (const clsExamen &examen : nodo.lstTandas) {
         nodo.lngPeso += static_cast<std::int64_t>(examen.strLineas.size());
-        bolError = bolError || examen.intError != 0;
+        bolError = bolError || examen.error;
     }
     m_lngAdelantados += nodo.lngPeso;
     if (!bolError) {
@@ -248,25 +248,25 @@ void clsLectores::fTerminarNodo(clsNodo &nodo)
 }
 
 /// Hands over the files of a folder that has been read.
-/// @param intError set to the error number when the folder could not be read to its end.
+/// @param error set when the folder could not be read to its end.
 /// @return false when the receiver ends the walk.
 bool fEntregar(const clsNodo &nodo, const std::string &strRaiz, clsReceptor &receptor,
-               int &intError)
+               clsError &error)
 {
     receptor.fCarpeta(strRaiz + nodo.strRelativa);
     for (const clsExamen &examen : nodo.lstTandas) {
         if (!examen.strLineas.empty() && !receptor.fRegistros(examen.strLineas)) {
             return false;
         }
-        intError = examen.intError;
-        if (intError != 0) {
+        error = examen.error;
+        if (error) {
             break;
         }
     }
     // A listing that broke off has its files up to there handed over first.
-    intError = intError == 0 ? nodo.intErrorLista : intError;
-    if (intError != 0) {
-        receptor.fError(intError);
+    error = error ? error : nodo.errorLista;
+    if (error) {
+        receptor.fError(error);
     }
     return true;
 }
@@ -292,9 +292,9 @@ clsRecorrido fEntregarTodo(clsPila &lstPila, const std::string &strRaiz, clsLect
         }
         const std::unique_ptr<clsNodo> nodo = std::move(lstPila.back());
         lstPila.pop_back();
-        int intError = 0;
-        recorrido.bolInterrumpido = !fEntregar(*nodo, strRaiz, receptor, intError);
-        recorrido.intErrorRaiz = nodo->strRelativa.empty() ? intError : recorrido.intErrorRaiz;
+        clsError error;
+        recorrido.bolInterrumpido = !fEntregar(*nodo, strRaiz, receptor, error);
+        recorrido.errorRaiz = nodo->strRelativa.empty() ? error : recorrido.errorRaiz;
         lectores.fEntregado(nodo->lngPeso);
         // Also when the walk ends here: the threads may be working on them.
         std::move(nodo->lstHijos.rbegin(), nodo->lstHijos.rend(), std::back_inserter(lstPila));
@@ -320,18 +320,17 @@ void fLiberar(clsPila &lstPila)
 clsRecorrido fRecorrer(const std::string &strRaiz, const clsOpcionesRecorrido &opciones,
                        clsReceptor &receptor)
 {
-    const clsDescriptor raiz{open(strRaiz.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC)};
-    if (!raiz.fAbierto()) {
-        const int intError = errno;
+    const auto raiz = fAbrirCarpeta(strRaiz);
+    if (!raiz) {
         receptor.fCarpeta(strRaiz);
-        receptor.fError(intError);
-        return {false, intError};
+        receptor.fError(raiz.fError());
+        return {false, raiz.fError()};
     }
     clsPila lstPila;
     lstPila.push_back(std::make_unique<clsNodo>());
     clsRecorrido recorrido;
     {
-        clsLectores lectores(strRaiz, opciones, raiz, *lstPila.back());
+        clsLectores lectores(strRaiz, opciones, *raiz, *lstPila.back());
         recorrido = fEntregarTodo(lstPila, strRaiz, lectores, receptor);
     }
     fLiberar(lstPila);

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "sistema/resultado.h"
+
 #include <functional>
 #include <string>
 #include <string_view>
@@ -13,7 +15,7 @@ public:
     /// Catalogue lines of some of the folder's files; false ends the walk.
     [[nodiscard]] virtual bool fRegistros(std::string_view strLineas) = 0;
     /// Reading the folder failed; its remaining files and all its subfolders are left out.
-    virtual void fError(int intError) = 0;
+    virtual void fError(clsError error) = 0;
     /// Runs between two folders and at least every 50 ms; false ends the walk.
     [[nodiscard]] virtual bool fCeder() = 0;
 };
@@ -21,7 +23,7 @@ public:
 /// How a walk ended.
 struct clsRecorrido {
     bool bolInterrumpido = false; ///< the receiver ended it
-    int intErrorRaiz = 0;         ///< error number when the root folder could not be read whole
+    clsError errorRaiz;           ///< when the root folder could not be read whole
 };
 
 struct clsOpcionesRecorrido {

@@ -1,11 +1,9 @@
 #include "catalogue/registro.h"
 
 #include <algorithm>
-#include <cerrno>
 #include <charconv>
 #include <cstring>
 #include <iterator>
-#include <unistd.h>
 
 namespace {
 
@@ -39,9 +37,8 @@ void fAnadirRegistro(std::string &strCatalogo, std::string_view strCarpeta,
 
 clsSurtidor fBytesDe(const clsDescriptor &archivo)
 {
-    return [intFd = archivo.fFd()](char *chrDestino, std::size_t lngBytes) -> std::int64_t {
-        const ssize_t lngLeidos = fInsistir([&] { return read(intFd, chrDestino, lngBytes); });
-        return lngLeidos < 0 ? -errno : lngLeidos;
+    return [&archivo](char *chrDestino, std::size_t lngBytes) {
+        return fLeer(archivo, chrDestino, lngBytes);
     };
 }
 
@@ -51,7 +48,7 @@ const clsRegistro *clsRegistros::fSiguiente()
     while (!fCortar()) {
         fRellenar();
     }
-    return m_registro.lngLineas > 0 && m_intError == 0 ? &m_registro : nullptr;
+    return m_registro.lngLineas > 0 && !m_error ? &m_registro : nullptr;
 }
 
 /// Cuts the next record; false when more bytes are needed for that.
@@ -88,9 +85,9 @@ void clsRegistros::fRellenar()
     if (m_lngHasta == m_lstBloque.size()) {
         m_lstBloque.resize(m_lstBloque.size() * 2); // a record longer than the block
     }
-    const std::int64_t lngLeidos =
+    const auto lngLeidos =
         m_fSurtir(m_lstBloque.data() + m_lngHasta, m_lstBloque.size() - m_lngHasta);
-    m_bolFin = lngLeidos <= 0;
-    m_intError = lngLeidos < 0 ? static_cast<int>(-lngLeidos) : 0;
-    m_lngHasta += static_cast<std::size_t>(std::max<std::int64_t>(lngLeidos, 0));
+    m_bolFin = lngLeidos.value_or(0) == 0;
+    m_error = lngLeidos.fError();
+    m_lngHasta += lngLeidos.value_or(0);
 }

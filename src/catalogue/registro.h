@@ -41,8 +41,9 @@ struct clsRegistro {
 };
 
 /// Where the bytes of a catalogue come from: fills in at most that many; how many there were, 0 at
-/// the end, an error number with a minus.
-using clsSurtidor = std::function<std::int64_t(char *chrDestino, std::size_t lngBytes)>;
+/// the end.
+using clsSurtidor =
+    std::function<clsResultado<std::size_t>(char *chrDestino, std::size_t lngBytes)>;
 
 /// The bytes of an open file, which has to stay open.
 [[nodiscard]] clsSurtidor fBytesDe(const clsDescriptor &archivo);
@@ -57,8 +58,8 @@ public:
     }
     /// The next record, whose texts live until the next call; none at the end and after an error.
     [[nodiscard]] const clsRegistro *fSiguiente();
-    /// The error number that ended the records, 0 when there was none.
-    [[nodiscard]] int fError() const { return m_intError; }
+    /// The error that ended the records, if one did.
+    [[nodiscard]] clsError fError() const { return m_error; }
 
 private:
     [[nodiscard]] bool fCortar();
@@ -69,6 +70,6 @@ private:
     std::size_t m_lngDesde = 0;
     std::size_t m_lngHasta = 0;
     bool m_bolFin = false; ///< nothing follows what is in the block
-    int m_intError = 0;
+    clsError m_error;
     clsRegistro m_registro;
 };

@@ -39,11 +39,10 @@ void clsFile::fReset() { *this = clsFile(); }
 void clsFile::fCargar(const std::string &strRuta)
 {
     clsFile file; // apart, since the path may be the one this record holds
-    int intError = 0;
     clsHuella huella;
-    const clsDescriptor archivo = fAbrirRegular(strRuta, intError, &huella);
-    if (archivo.fAbierto()) {
-        clsOrigenArchivo origen(archivo, huella.lngBytes);
+    if (const auto archivo = fAbrirRegular(strRuta)) {
+        huella = archivo->huella;
+        clsOrigenArchivo origen(*archivo);
         const clsFechasExif fechas = fLeerFechasExif(origen);
         file.m_datExifFecha = fechas.datFecha;
         file.m_datExifTomada = fechas.datTomada;

@@ -4,6 +4,7 @@
 #include "shared/rutas.h"
 #include "sistema/cambios.h"
 #include "sistema/cerrojo.h"
+#include "sistema/entorno.h"
 #include "sistema/reemplazo.h"
 
 #include <algorithm>
@@ -27,23 +28,22 @@ clsDestinos fDestinos(const std::vector<clsCorregido> &lstFicheros)
 }
 
 /// EOVERFLOW when the system has no moment for that date.
-int fFechaArchivo(const std::string &strRuta, clsFecha fecha, const clsDisco &disco)
+clsError fFechaArchivo(const std::string &strRuta, clsFecha fecha)
 {
     const auto lngMomento = fMomento(fecha);
-    return lngMomento ? fFechar(strRuta, *lngMomento, disco) : EOVERFLOW;
+    return lngMomento ? fFechar(strRuta, *lngMomento) : EOVERFLOW;
 }
 
-void fCorregirFichero(clsCorregido &fichero, clsFecha fecha, const clsFalloNombre &fFallo,
-                      const clsDisco &disco)
+void fCorregirFichero(clsCorregido &fichero, clsFecha fecha, const clsFalloNombre &fFallo)
 {
     // Deliberate: a file whose time cannot be set gets its new name all the same.
-    fichero.intErrorFecha = fFechaArchivo(fichero.strFilePath, fecha, disco);
+    fichero.errorFecha = fFechaArchivo(fichero.strFilePath, fecha);
     fichero.strFilePathNew = fRutaCorregida(fichero.strFilePath, fecha);
-    fichero.intErrorNombre = fRenombrar(fichero.strFilePath, fichero.strFilePathNew, disco);
-    if (fichero.intErrorNombre != 0) {
+    fichero.errorNombre = fRenombrar(fichero.strFilePath, fichero.strFilePathNew);
+    if (fichero.errorNombre) {
         fichero.strFilePathNew = fichero.strFilePath;
         if (fFallo) {
-            fFallo(fichero.strFilePath, fichero.intErrorNombre);
+            fFallo(fichero.strFilePath, fichero.errorNombre);
         }
     }
 }
@@ -66,9 +66,9 @@ void fAnadirCorregido(std::string &strSalida, const clsRegistro &registro,
 }
 
 /// Writes a catalogue anew.
-/// @return 0 or the number of the error that ended the records; archivo knows those of its own.
-int fReescribir(clsRegistros &registros, const clsDestinos &destinos, clsFecha fecha,
-                clsReemplazo &archivo)
+/// @return the error that ended the records; archivo knows those of its own.
+clsError fReescribir(clsRegistros &registros, const clsDestinos &destinos, clsFecha fecha,
+                     clsReemplazo &archivo)
 {
     constexpr std::size_t lngTramo = 1 << 18;
     const std::string strFecha = fEscribirFecha(fecha);
@@ -85,49 +85,46 @@ int fReescribir(clsRegistros &registros, const clsDestinos &destinos, clsFecha f
 }
 
 /// Gives the catalogue the name of a backup: the present second, or the next one that is free.
-/// @return 0 or the error number; strCopia is empty then.
-int fApartar(const std::string &strCatalogo, std::string &strCopia, const clsDisco &disco)
+/// @param strCopia set to that name; empty on an error.
+clsError fApartar(const std::string &strCatalogo, std::string &strCopia)
 {
     constexpr int intIntentos = 86'400; // a day of corrections, one a second
-    clsFecha fecha = fFechaLocal(disco.fAhora());
-    int intError = EEXIST;
-    for (int intVez = 0; intVez < intIntentos && intError == EEXIST; ++intVez) {
+    clsFecha fecha = fFechaLocal(fAhora());
+    clsError error = EEXIST;
+    for (int intVez = 0; intVez < intIntentos && error == EEXIST; ++intVez) {
         strCopia = strCatalogo + '.' + fEscribirFecha(fecha, "yyyyMMddHHmmss");
-        intError = fRenombrar(strCatalogo, strCopia, disco);
+        error = fRenombrar(strCatalogo, strCopia);
         ++fecha.lngSegundos;
     }
-    if (intError != 0) {
+    if (error) {
         strCopia.clear();
     }
-    return intError;
+    return error;
 }
 
 /// Replaces the catalogue; the old one stays as a backup. On an error the old one keeps its name.
 clsFinCorreccion fCorregirCatalogo(const std::string &strRuta, const clsDestinos &destinos,
-                                   clsFecha fecha, const clsDisco &disco)
+                                   clsFecha fecha)
 {
-    clsFinCorreccion fin{Correccion::SinCatalogo, 0, {}};
-    const clsDescriptor viejo = fAbrirRegular(strRuta, fin.intError);
-    if (!viejo.fAbierto()) {
+    clsFinCorreccion fin{Correccion::SinCatalogo, {}, {}};
+    const auto viejo = fAbrirRegular(strRuta);
+    if (!viejo) {
+        fin.error = viejo.fError();
         return fin;
     }
     // Written and flushed before the old one is touched: a full disk is found out here.
-    clsReemplazo archivo(strRuta, disco);
-    clsRegistros registros(fBytesDe(viejo));
-    fin.intError = fReescribir(registros, destinos, fecha, archivo);
-    if (fin.intError == 0) {
-        fin.intError = archivo.fVolcar();
-    }
-    if (fin.intError == 0) {
-        fin.intError = fApartar(strRuta, fin.strCopia, disco);
-    }
-    if (fin.intError != 0) {
+    clsReemplazo archivo(strRuta);
+    clsRegistros registros(fBytesDe(viejo->descriptor));
+    fin.error = fReescribir(registros, destinos, fecha, archivo);
+    fin.error = fin.error ? fin.error : archivo.fVolcar();
+    fin.error = fin.error ? fin.error : fApartar(strRuta, fin.strCopia);
+    if (fin.error) {
         return fin;
     }
-    fin.intError = archivo.fConfirmar(true);
-    if (fin.intError == 0) {
+    fin.error = archivo.fConfirmar(true);
+    if (!fin.error) {
         fin.correccion = Correccion::Hecha;
-    } else if (fRenombrar(fin.strCopia, strRuta, disco) == 0) {
+    } else if (!fRenombrar(fin.strCopia, strRuta)) {
         fin.strCopia.clear();
     }
     return fin;
@@ -143,22 +140,21 @@ std::string fRutaCorregida(std::string_view strRuta, clsFecha fecha)
 
 clsFinCorreccion fCorregir(const std::string &strRaiz, bool bolEscritura,
                            std::vector<clsCorregido> &lstFicheros, clsFecha fecha,
-                           const clsFalloNombre &fFallo, const std::function<void()> &fPaso,
-                           const clsDisco &disco)
+                           const clsFalloNombre &fFallo, const std::function<void()> &fPaso)
 {
     if (!bolEscritura) {
-        return {Correccion::SinPermiso, 0, {}};
+        return {Correccion::SinPermiso, {}, {}};
     }
     const clsCerrojoArchivo cerrojo(strRaiz);
     if (!cerrojo.fTenido()) {
-        return {Correccion::Ocupada, 0, {}};
+        return {Correccion::Ocupada, {}, {}};
     }
     for (clsCorregido &fichero : lstFicheros) {
-        fCorregirFichero(fichero, fecha, fFallo, disco);
+        fCorregirFichero(fichero, fecha, fFallo);
         if (fPaso) {
             fPaso();
         }
     }
     return fCorregirCatalogo(strRaiz + std::string(strFicheroCatalogo), fDestinos(lstFicheros),
-                             fecha, disco);
+                             fecha);
 }

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "shared/fecha.h"
-#include "sistema/disco.h"
+#include "sistema/resultado.h"
 
 #include <functional>
 #include <string>
@@ -12,8 +12,8 @@
 struct clsCorregido {
     std::string strFilePath;    ///< as the catalogue has it, byte by byte
     std::string strFilePathNew; ///< where it is now; its old path when it keeps its name
-    int intErrorFecha = 0;      ///< why its time could not be set; it is renamed all the same
-    int intErrorNombre = 0;     ///< why it could not be renamed
+    clsError errorFecha;        ///< why its time could not be set; it is renamed all the same
+    clsError errorNombre;       ///< why it could not be renamed
 };
 
 /// How a correction ended.
@@ -21,18 +21,18 @@ enum class Correccion {
     Hecha,      ///< files and catalogue are corrected, a backup stands beside the catalogue
     SinPermiso, ///< the root was not writable at start-up; nothing was touched
     Ocupada,    ///< another Miravel builds or corrects in this archive; nothing was touched
-    SinCatalogo ///< the files are corrected, the catalogue is not, see intError
+    SinCatalogo ///< the files are corrected, the catalogue is not, see error
 };
 
 struct clsFinCorreccion {
     Correccion correccion = Correccion::Hecha;
-    int intError = 0;
+    clsError error;
     std::string strCopia; ///< full path of the backup, empty when there is none
 };
 
 /// Called once for every file that could not be renamed, with its path, while the others still
 /// wait. The list of files must not be changed meanwhile.
-using clsFalloNombre = std::function<void(const std::string &strRuta, int intError)>;
+using clsFalloNombre = std::function<void(const std::string &strRuta, clsError error)>;
 
 /// The path a file gets by a correction: "yyyyMMdd_" before its name, whatever that begins with.
 [[nodiscard]] std::string fRutaCorregida(std::string_view strRuta, clsFecha fecha);
@@ -49,5 +49,4 @@ using clsFalloNombre = std::function<void(const std::string &strRuta, int intErr
 [[nodiscard]] clsFinCorreccion fCorregir(const std::string &strRaiz, bool bolEscritura,
                                          std::vector<clsCorregido> &lstFicheros, clsFecha fecha,
                                          const clsFalloNombre &fFallo,
-                                         const std::function<void()> &fPaso = {},
-                                         const clsDisco &disco = discoReal);
+                                         const std::function<void()> &fPaso = {});

@@ -99,11 +99,8 @@ std::string ReadExifTable(const std::string &strRuta, clsTablaExif &tabla, clsMa
     if (strRuta.empty()) {
         return "No file path provided";
     }
-    int intError = 0;
-    clsHuella huella;
-    const clsDescriptor archivo = fAbrirRegular(strRuta, intError, &huella);
-    if (archivo.fAbierto()) {
-        clsOrigenArchivo origen(archivo, huella.lngBytes);
+    if (const auto archivo = fAbrirRegular(strRuta)) {
+        clsOrigenArchivo origen(*archivo);
         return ReadExifTable(origen, tabla, marcas);
     }
     // A file that may not be read gives no bytes to recognise it by.

@@ -1,20 +1,20 @@
 #include "dates/origen.h"
 
 #include <algorithm>
-#include <cerrno>
-#include <cstring>
-#include <unistd.h>
 
 std::size_t clsOrigenArchivo::fLeer(std::int64_t lngPos, char *chrDestino, std::size_t lngBytes)
 {
     std::size_t lngLeidos = 0;
     while (lngLeidos < lngBytes) {
-        const ssize_t lngHecho = pread(m_intFd, chrDestino + lngLeidos, lngBytes - lngLeidos,
-                                       lngPos + static_cast<std::int64_t>(lngLeidos));
-        if (lngHecho == 0 || (lngHecho < 0 && errno != EINTR)) {
-            break; // A disk that does not give the bytes counts as a file that does not have them.
+        // A disk that does not give the bytes counts as a file that does not have them.
+        const std::size_t lngHecho =
+            fLeerEn(m_archivo, lngPos + static_cast<std::int64_t>(lngLeidos),
+                    chrDestino + lngLeidos, lngBytes - lngLeidos)
+                .value_or(0);
+        if (lngHecho == 0) {
+            break;
         }
-        lngLeidos += static_cast<std::size_t>(std::max<ssize_t>(lngHecho, 0));
+        lngLeidos += lngHecho;
     }
     return lngLeidos;
 }

@@ -20,15 +20,16 @@ public:
 /// An open regular file. The read position of the descriptor is left alone.
 class clsOrigenArchivo final : public clsOrigen {
 public:
-    clsOrigenArchivo(const clsDescriptor &archivo, std::int64_t lngTamano)
-        : m_intFd(archivo.fFd()), m_lngTamano(lngTamano)
+    /// @param archivo must outlive it.
+    explicit clsOrigenArchivo(const clsAbierto &archivo)
+        : m_archivo(archivo.descriptor), m_lngTamano(archivo.huella.lngBytes)
     {
     }
     [[nodiscard]] std::int64_t fTamano() const override { return m_lngTamano; }
     std::size_t fLeer(std::int64_t lngPos, char *chrDestino, std::size_t lngBytes) override;
 
 private:
-    int m_intFd;
+    const clsDescriptor &m_archivo;
     std::int64_t m_lngTamano;
 };
 

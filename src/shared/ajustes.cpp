@@ -20,26 +20,30 @@ struct clsCambio {
     std::string strValor;
 };
 
-void fAplicar(const std::string &strRuta, const std::vector<clsCambio> &lstCambios,
-              const clsDisco &disco)
+/// What the file holds; nothing where there is none yet.
+clsResultado<std::string> fLeerTexto(const std::string &strRuta)
 {
-    int intError = 0;
-    const auto strLeido = fLeerArchivo(strRuta, intError);
+    auto strIni = fLeerArchivo(strRuta);
+    return strIni.fError() == ENOENT ? clsResultado<std::string>(std::string()) : strIni;
+}
+
+void fAplicar(const std::string &strRuta, const std::vector<clsCambio> &lstCambios)
+{
+    const auto strAntes = fLeerTexto(strRuta);
     // A file that is there but cannot be read is left alone: it would lose its other lines.
-    if (!strLeido && intError != ENOENT) {
+    if (!strAntes) {
         return;
     }
-    const std::string strAntes = strLeido.value_or("");
-    std::string strIni = strAntes;
+    std::string strIni = *strAntes;
     for (const clsCambio &cambio : lstCambios) {
         if (fLeerClave(strIni, cambio.strSeccion, cambio.strClave) != cambio.strValor) {
             strIni = fCambiarClave(strIni, cambio.strSeccion, cambio.strClave, cambio.strValor);
         }
     }
-    if (strIni == strAntes) {
+    if (strIni == *strAntes) {
         return;
     }
-    clsReemplazo archivo(strRuta, disco);
+    clsReemplazo archivo(strRuta);
     archivo.fEscribir(strIni);
     static_cast<void>(archivo.fConfirmar(false));
 }
@@ -49,7 +53,6 @@ void fAplicar(const std::string &strRuta, const std::vector<clsCambio> &lstCambi
 /// What is still to be written; the writing thread holds it, too.
 class clsAjustes::clsCambios {
 public:
-    explicit clsCambios(const clsDisco &disco) : m_disco(disco) {}
     void fAnadir(clsCambio cambio)
     {
         const std::lock_guard guarda(m_cerrojo);
@@ -64,19 +67,18 @@ public:
             lstCambios.swap(m_lstCambios);
         }
         if (!lstCambios.empty()) {
-            fAplicar(strRuta, lstCambios, m_disco);
+            fAplicar(strRuta, lstCambios);
         }
     }
 
 private:
-    const clsDisco &m_disco;
     std::mutex m_cerrojo;
     std::vector<clsCambio> m_lstCambios;
 };
 
-clsAjustes::clsAjustes(std::string strRuta, bool bolEscritura, const clsDisco &disco)
+clsAjustes::clsAjustes(std::string strRuta, bool bolEscritura)
     : m_strRuta(std::move(strRuta)), m_bolEscritura(bolEscritura),
-      m_cambios(std::make_shared<clsCambios>(disco))
+      m_cambios(std::make_shared<clsCambios>())
 {
 }
 
@@ -85,23 +87,27 @@ clsAjustes::~clsAjustes() { fEsperar(lngPaciencia); }
 std::string clsAjustes::fLeerIni(std::string_view strSeccion, std::string_view strClave,
                                  std::string_view strDefecto)
 {
-    std::string strValor = fConsultar(strSeccion, strClave);
-    if (!strValor.empty() || fSinBlancos(strDefecto).empty()) {
-        return strValor.empty() ? std::string(strDefecto) : strValor;
+    const auto strIni = fTexto();
+    std::string strValor = fLeerClave(strIni.value_or(""), strSeccion, strClave).value_or("");
+    // A file that cannot be read just now may have the key.
+    if (strIni && strValor.empty() && !fSinBlancos(strDefecto).empty()) {
+        fGuardarIni(strSeccion, strClave, strDefecto);
     }
-    fGuardarIni(strSeccion, strClave, strDefecto);
-    return std::string(strDefecto);
+    return strValor.empty() ? std::string(strDefecto) : strValor;
 }
 
 std::string clsAjustes::fConsultar(std::string_view strSeccion, std::string_view strClave)
 {
+    return fLeerClave(fTexto().value_or(""), strSeccion, strClave).value_or("");
+}
+
+clsResultado<std::string> clsAjustes::fTexto()
+{
     if (!m_bolEscritura) {
-        return {};
+        return std::string();
     }
     fEsperar();
-    int intError = 0;
-    const std::string strIni = fLeerArchivo(m_strRuta, intError).value_or("");
-    return fLeerClave(strIni, strSeccion, strClave).value_or("");
+    return fLeerTexto(m_strRuta);
 }
 
 void clsAjustes::fGuardarIni(std::string_view strSeccion, std::string_view strClave,

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "shared/hilos.h"
-#include "sistema/disco.h"
+#include "sistema/resultado.h"
 
 #include <chrono>
 #include <memory>
@@ -21,8 +21,7 @@ class clsAjustes {
 public:
     /// @param strRuta     the file.
     /// @param bolEscritura false: nothing is read nor written, every key has its default.
-    /// @param disco        must live as long as the program.
-    clsAjustes(std::string strRuta, bool bolEscritura, const clsDisco &disco = discoReal);
+    clsAjustes(std::string strRuta, bool bolEscritura);
     ~clsAjustes();
     clsAjustes(const clsAjustes &) = delete;
     clsAjustes &operator=(const clsAjustes &) = delete;
@@ -45,6 +44,7 @@ public:
 
 private:
     class clsCambios;
+    [[nodiscard]] clsResultado<std::string> fTexto();
 
     const std::string m_strRuta;
     const bool m_bolEscritura;

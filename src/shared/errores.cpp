@@ -5,7 +5,7 @@
 #include <cerrno>
 #include <system_error>
 
-std::string fDescripcionError(int intError)
+std::string fDescripcionError(clsError error)
 {
     struct clsFila {
         int intError;
@@ -36,14 +36,14 @@ std::string fDescripcionError(int intError)
         {EHOSTDOWN,    "El servidor no responde"                  },
     };
     for (const clsFila &fila : lstTextos) {
-        if (fila.intError == intError) {
+        if (error == fila.intError) {
             return fila.strTexto;
         }
     }
-    return fTextoPantalla(std::system_category().message(intError));
+    return fTextoPantalla(std::system_category().message(error.fNumero()));
 }
 
-std::string fTextoError(int intError)
+std::string fTextoError(clsError error)
 {
-    return std::to_string(intError) + ": " + fDescripcionError(intError);
+    return std::to_string(error.fNumero()) + ": " + fDescripcionError(error);
 }

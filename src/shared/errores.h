@@ -1,9 +1,11 @@
 #pragma once
 
+#include "sistema/resultado.h"
+
 #include <string>
 
-/// A POSIX error number in Spanish; the system's own words for the rare ones. UTF-8.
-[[nodiscard]] std::string fDescripcionError(int intError);
+/// An error in Spanish; the system's own words for the rare ones. UTF-8.
+[[nodiscard]] std::string fDescripcionError(clsError error);
 
-/// The error number, ": " and its description.
-[[nodiscard]] std::string fTextoError(int intError);
+/// Its number, ": " and its description.
+[[nodiscard]] std::string fTextoError(clsError error);

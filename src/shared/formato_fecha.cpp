@@ -1,10 +1,9 @@
 #include "shared/formato_fecha.h"
 
 #include "shared/texto.h"
+#include "sistema/entorno.h"
 
-#include <clocale>
 #include <cstdlib>
-#include <langinfo.h>
 
 namespace {
 
@@ -53,14 +52,7 @@ std::string fFormatoFechaCorto(std::string_view strDFmt)
 std::string fDFmtUsuario()
 {
     const std::string strNombre = fNombreLocale();
-    const locale_t loc =
-        fEsNeutro(strNombre) ? nullptr : newlocale(LC_TIME_MASK, strNombre.c_str(), nullptr);
-    if (loc == nullptr) {
-        return {};
-    }
-    std::string strDFmt = nl_langinfo_l(D_FMT, loc);
-    freelocale(loc);
-    return strDFmt;
+    return fEsNeutro(strNombre) ? std::string() : fDFmtLocale(strNombre);
 }
 
 bool fFormatoFechaValido(std::string_view strDFmt)

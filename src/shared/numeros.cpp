@@ -1,11 +1,10 @@
 #include "shared/numeros.h"
 
 #include "shared/texto.h"
+#include "sistema/entorno.h"
 
 #include <charconv>
-#include <clocale>
 #include <cmath>
-#include <langinfo.h>
 
 namespace {
 
@@ -28,17 +27,13 @@ template <typename Numero> std::optional<Numero> fLeerTodo(std::string_view strT
 
 clsSignos fSignosLocales()
 {
-    const locale_t loc = newlocale(LC_NUMERIC_MASK, "", nullptr);
-    if (loc == nullptr) {
-        return {};
-    }
-    clsSignos signos{nl_langinfo_l(THOUSEP, loc), nl_langinfo_l(RADIXCHAR, loc)};
-    freelocale(loc);
+    const auto signos = fSignosLocale();
     // A locale of an 8-bit character set can hold a sign that is no UTF-8 text.
-    if (signos.strGrupo.empty() || !fEsUtf8(signos.strGrupo) || !fEsUtf8(signos.strDecimal)) {
+    if (!signos || signos->strGrupo.empty() || !fEsUtf8(signos->strGrupo) ||
+        !fEsUtf8(signos->strDecimal)) {
         return {};
     }
-    return signos;
+    return {signos->strGrupo, signos->strDecimal};
 }
 
 std::string fConGrupos(std::int64_t lngValor, const clsSignos &signos)

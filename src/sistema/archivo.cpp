@@ -1,107 +1,201 @@
 #include "sistema/archivo.h"
 
+#include "sistema/llamadas.h"
+
 #include <algorithm>
-#include <cerrno>
+#include <cstdlib>
 #include <fcntl.h>
-#include <sys/stat.h>
+#include <memory>
 #include <unistd.h>
 
 namespace {
 
-clsHuella fHuellaDe(const struct stat &datos)
+TipoArchivo fTipoDe(mode_t modo)
 {
-    return {datos.st_size, datos.st_mtim.tv_sec, datos.st_mtim.tv_nsec};
+    return S_ISREG(modo)   ? TipoArchivo::Archivo
+           : S_ISDIR(modo) ? TipoArchivo::Carpeta
+           : S_ISLNK(modo) ? TipoArchivo::Enlace
+                           : TipoArchivo::Otro;
+}
+
+/// @param intFin what the call that filled it gave.
+clsResultado<clsDatosArchivo> fDatos(int intFin, const struct stat &datos)
+{
+    if (intFin != 0) {
+        return clsError(errno);
+    }
+    constexpr std::int64_t lngBloque = 512; // the unit of st_blocks, whatever the file system
+    return clsDatosArchivo{
+        fTipoDe(datos.st_mode),
+        {datos.st_size, datos.st_mtim.tv_sec, datos.st_mtim.tv_nsec},
+        {datos.st_dev,             datos.st_ino                     },
+        datos.st_mode & 07777U,
+        datos.st_uid,
+        datos.st_blocks * lngBloque
+    };
+}
+
+clsResultado<clsDatosArchivo> fConsultarDesde(int intCarpeta, const std::string &strRuta,
+                                              bool bolSeguir)
+{
+    struct stat datos {};
+    const int intModo = bolSeguir ? 0 : AT_SYMLINK_NOFOLLOW;
+    return fDatos(fInsistir<&clsLlamadas::fConsultar>(intCarpeta, strRuta.c_str(), &datos, intModo),
+                  datos);
+}
+
+/// As a value or an error what a call gave that counts bytes.
+clsResultado<std::size_t> fCuenta(ssize_t lngBytes)
+{
+    if (lngBytes < 0) {
+        return clsError(errno);
+    }
+    return static_cast<std::size_t>(lngBytes);
 }
 
 } // namespace
 
-clsDescriptor::~clsDescriptor() { fCerrar(); }
-
-int clsDescriptor::fCerrar()
+clsError clsDescriptor::fCerrar()
 {
     const int intFd = std::exchange(m_intFd, -1);
-    return intFd >= 0 && close(intFd) != 0 ? errno : 0;
+    return intFd >= 0 && fLlamadas().fCerrar(intFd) != 0 ? errno : 0;
 }
 
-clsDescriptor fAbrirRegular(const std::string &strRuta, int &intError, clsHuella *huella)
+clsResultado<clsDatosArchivo> fConsultar(const std::string &strRuta, bool bolSeguir)
 {
-    clsDescriptor archivo{open(strRuta.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC | O_NOCTTY)};
-    struct stat datos {};
-    if (!archivo.fAbierto() || fstat(archivo.fFd(), &datos) != 0) {
-        intError = errno;
-        return {};
-    }
-    if (!S_ISREG(datos.st_mode)) {
-        intError = S_ISDIR(datos.st_mode) ? EISDIR : EINVAL;
-        return {};
-    }
-    if (huella != nullptr) {
-        *huella = fHuellaDe(datos);
-    }
-    return archivo;
+    return fConsultarDesde(AT_FDCWD, strRuta, bolSeguir);
 }
 
-std::optional<clsHuella> fHuella(const std::string &strRuta, int *intError)
+clsResultado<clsDatosArchivo> fConsultar(const clsDescriptor &abierto)
 {
     struct stat datos {};
-    const int intFallo = stat(strRuta.c_str(), &datos) != 0 ? errno : EINVAL;
-    if (intFallo == EINVAL && S_ISREG(datos.st_mode)) {
-        return fHuellaDe(datos);
+    return fDatos(fInsistir<&clsLlamadas::fConsultarAbierto>(abierto.fFd(), &datos), datos);
+}
+
+clsResultado<clsDatosArchivo> fConsultarEn(const clsDescriptor &carpeta,
+                                           const std::string &strNombre, bool bolSeguir)
+{
+    return fConsultarDesde(carpeta.fFd(), strNombre, bolSeguir);
+}
+
+clsResultado<clsHuella> fHuella(const std::string &strRuta)
+{
+    const auto datos = fConsultar(strRuta);
+    if (!datos || datos->tipo != TipoArchivo::Archivo) {
+        return datos ? clsError(EINVAL) : datos.fError();
     }
-    if (intError != nullptr) {
-        *intError = intFallo;
-    }
-    return {};
+    return datos->huella;
 }
 
 bool fExisteArchivo(const std::string &strRuta) { return fHuella(strRuta).has_value(); }
 
 bool fExisteCarpeta(const std::string &strRuta)
 {
-    struct stat datos {};
-    return stat(strRuta.c_str(), &datos) == 0 && S_ISDIR(datos.st_mode);
+    const auto datos = fConsultar(strRuta);
+    return datos && datos->tipo == TipoArchivo::Carpeta;
 }
 
-std::optional<std::string> fLeerArchivo(const std::string &strRuta, int &intError)
+bool fEjecutable(const std::string &strRuta) { return access(strRuta.c_str(), X_OK) == 0; }
+
+std::string fRutaReal(const std::string &strRuta)
 {
-    clsHuella huella;
-    const clsDescriptor archivo = fAbrirRegular(strRuta, intError, &huella);
+    const std::unique_ptr<char, void (*)(void *)> strReal(realpath(strRuta.c_str(), nullptr),
+                                                          std::free);
+    return strReal ? strReal.get() : std::string();
+}
+
+clsResultado<clsAbierto> fAbrirRegular(const std::string &strRuta)
+{
+    constexpr int intModo = O_RDONLY | O_NONBLOCK | O_CLOEXEC | O_NOCTTY;
+    clsDescriptor archivo{
+        fInsistir<&clsLlamadas::fAbrir>(AT_FDCWD, strRuta.c_str(), intModo, mode_t{})};
     if (!archivo.fAbierto()) {
-        return {};
+        return clsError(errno);
+    }
+    const auto datos = fConsultar(archivo);
+    if (!datos) {
+        return datos.fError();
+    }
+    if (datos->tipo != TipoArchivo::Archivo) {
+        return clsError(datos->tipo == TipoArchivo::Carpeta ? EISDIR : EINVAL);
+    }
+    return clsAbierto{std::move(archivo), datos->huella};
+}
+
+clsResultado<std::size_t> fLeer(const clsDescriptor &abierto, void *bytDatos, std::size_t lngBytes)
+{
+    return fCuenta(fInsistir<&clsLlamadas::fLeer>(abierto.fFd(), bytDatos, lngBytes));
+}
+
+clsResultado<std::size_t> fLeerEn(const clsDescriptor &abierto, std::int64_t lngPos, void *bytDatos,
+                                  std::size_t lngBytes)
+{
+    return fCuenta(
+        fInsistir<&clsLlamadas::fLeerEn>(abierto.fFd(), bytDatos, lngBytes, off_t{lngPos}));
+}
+
+clsResultado<std::string> fLeerArchivo(const std::string &strRuta)
+{
+    const auto archivo = fAbrirRegular(strRuta);
+    if (!archivo) {
+        return archivo.fError();
     }
     // One byte more than the size, so that the last read sees the end without another call.
-    std::string strBytes(static_cast<std::size_t>(huella.lngBytes) + 1, '\0');
+    std::string strBytes(static_cast<std::size_t>(archivo->huella.lngBytes) + 1, '\0');
     std::size_t lngLeidos = 0;
     while (true) {
         if (lngLeidos == strBytes.size()) {
             strBytes.resize(strBytes.size() * 2);
         }
-        const ssize_t lngTrozo =
-            read(archivo.fFd(), strBytes.data() + lngLeidos, strBytes.size() - lngLeidos);
-        if (lngTrozo < 0 && errno == EINTR) {
-            continue;
+        const auto lngTrozo =
+            fLeer(archivo->descriptor, strBytes.data() + lngLeidos, strBytes.size() - lngLeidos);
+        if (!lngTrozo) {
+            return lngTrozo.fError();
         }
-        if (lngTrozo < 0) {
-            intError = errno;
-            return {};
-        }
-        if (lngTrozo == 0) {
+        if (*lngTrozo == 0) {
             break;
         }
-        lngLeidos += static_cast<std::size_t>(lngTrozo);
+        lngLeidos += *lngTrozo;
     }
     strBytes.resize(lngLeidos);
     return strBytes;
 }
 
-int fEscribirTodo(int intFd, std::string_view strBytes, const clsDisco &disco)
+clsError fEscribirTodo(const clsDescriptor &abierto, std::string_view strBytes)
 {
     while (!strBytes.empty()) {
-        const ssize_t lngEscritos = disco.fEscribir(intFd, strBytes.data(), strBytes.size());
-        if (lngEscritos <= 0 && (lngEscritos == 0 || errno != EINTR)) {
+        const ssize_t lngEscritos = fInsistir<&clsLlamadas::fEscribir>(
+            abierto.fFd(), static_cast<const void *>(strBytes.data()), strBytes.size());
+        if (lngEscritos <= 0) {
             return lngEscritos == 0 ? EIO : errno;
         }
-        strBytes.remove_prefix(static_cast<std::size_t>(std::max<ssize_t>(lngEscritos, 0)));
+        strBytes.remove_prefix(static_cast<std::size_t>(lngEscritos));
     }
-    return 0;
+    return {};
+}
+
+clsError fCrearVacio(const std::string &strRuta)
+{
+    constexpr int intModo = O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC;
+    clsDescriptor archivo{
+        fInsistir<&clsLlamadas::fAbrir>(AT_FDCWD, strRuta.c_str(), intModo, mode_t{0666})};
+    return archivo.fAbierto() ? archivo.fCerrar() : errno;
+}
+
+bool fProbarEscribir(const std::string &strRuta)
+{
+    constexpr int intModo = O_WRONLY | O_CREAT | O_TRUNC | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC;
+    clsDescriptor prueba{
+        fInsistir<&clsLlamadas::fAbrir>(AT_FDCWD, strRuta.c_str(), intModo, mode_t{0666})};
+    if (!prueba.fAbierto()) {
+        return false;
+    }
+    const bool bolBien = !prueba.fCerrar();
+    fBorrar(strRuta);
+    return bolBien;
+}
+
+clsError fBorrar(const std::string &strRuta)
+{
+    return fLlamadas().fBorrar(AT_FDCWD, strRuta.c_str(), 0) == 0 ? 0 : errno;
 }

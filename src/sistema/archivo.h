@@ -1,14 +1,12 @@
 #pragma once
 
-#include "sistema/disco.h"
+#include "sistema/resultado.h"
 
-#include <cerrno>
+#include <compare>
 #include <cstddef>
 #include <cstdint>
-#include <optional>
 #include <string>
 #include <string_view>
-#include <sys/types.h>
 #include <utility>
 
 /// An open file or folder; closed when it goes out of scope. -1 holds nothing.
@@ -24,14 +22,12 @@ public:
     }
     clsDescriptor(const clsDescriptor &) = delete;
     clsDescriptor &operator=(const clsDescriptor &) = delete;
-    ~clsDescriptor();
+    ~clsDescriptor() { fCerrar(); }
 
     [[nodiscard]] int fFd() const { return m_intFd; }
     [[nodiscard]] bool fAbierto() const { return m_intFd >= 0; }
-    /// Closes it and forgets it; 0, or the error number that close reported.
-    int fCerrar();
-    /// Forgets it without closing it; whoever asks closes it.
-    [[nodiscard]] int fSoltar() { return std::exchange(m_intFd, -1); }
+    /// Closes it and forgets it; what closing reported.
+    clsError fCerrar();
 
 private:
     int m_intFd = -1;
@@ -45,26 +41,35 @@ struct clsHuella {
     friend bool operator==(const clsHuella &, const clsHuella &) = default;
 };
 
-/// Calls a system call again as long as a signal interrupts it.
-template <typename Llamada> auto fInsistir(const Llamada &fLlamar)
-{
-    auto lngResultado = fLlamar();
-    while (lngResultado < 0 && errno == EINTR) {
-        lngResultado = fLlamar();
-    }
-    return lngResultado;
-}
+/// Which file it is, whatever it is called: its disk and its number there.
+struct clsIdentidad {
+    std::uint64_t lngDisco = 0;
+    std::uint64_t lngNumero = 0;
+    friend auto operator<=>(const clsIdentidad &, const clsIdentidad &) = default;
+};
 
-/// Opens a regular file for reading. Pipes, sockets and devices are refused without waiting for
-/// them (error EINVAL), folders with EISDIR.
-/// @param intError set to the error number when the result is closed.
-/// @param huella   set when the file was opened, may be null.
-[[nodiscard]] clsDescriptor fAbrirRegular(const std::string &strRuta, int &intError,
-                                          clsHuella *huella = nullptr);
+enum class TipoArchivo { Archivo, Carpeta, Enlace, Otro };
 
-/// Size and time of a regular file (links followed); nothing when there is none of that path.
-/// @param intError set to the error number then (EINVAL: something else than a file), may be null.
-[[nodiscard]] std::optional<clsHuella> fHuella(const std::string &strRuta, int *intError = nullptr);
+/// What the system knows of a file, a folder, or whatever else has a name.
+struct clsDatosArchivo {
+    TipoArchivo tipo = TipoArchivo::Otro;
+    clsHuella huella;
+    clsIdentidad identidad;
+    unsigned lngPermisos = 0;     ///< the twelve bits
+    unsigned lngDueno = 0;        ///< number of the user it belongs to
+    std::int64_t lngOcupados = 0; ///< bytes it takes on the disk
+};
+
+/// @param bolSeguir of a link: tells of what it leads to.
+[[nodiscard]] clsResultado<clsDatosArchivo> fConsultar(const std::string &strRuta,
+                                                       bool bolSeguir = true);
+[[nodiscard]] clsResultado<clsDatosArchivo> fConsultar(const clsDescriptor &abierto);
+/// The same of a name in an open folder.
+[[nodiscard]] clsResultado<clsDatosArchivo>
+fConsultarEn(const clsDescriptor &carpeta, const std::string &strNombre, bool bolSeguir);
+
+/// Size and time of a regular file (links followed). EINVAL: something else has that path.
+[[nodiscard]] clsResultado<clsHuella> fHuella(const std::string &strRuta);
 
 /// Whether a regular file of that path exists (links followed).
 [[nodiscard]] bool fExisteArchivo(const std::string &strRuta);
@@ -72,9 +77,41 @@ template <typename Llamada> auto fInsistir(const Llamada &fLlamar)
 /// Whether a folder of that path exists (links followed).
 [[nodiscard]] bool fExisteCarpeta(const std::string &strRuta);
 
-/// Reads a regular file as a whole; nothing on any error, whose number goes to intError.
-[[nodiscard]] std::optional<std::string> fLeerArchivo(const std::string &strRuta, int &intError);
+/// Whether there is a program of that path that the user may run.
+[[nodiscard]] bool fEjecutable(const std::string &strRuta);
 
-/// Writes all bytes; 0 or the error number.
-[[nodiscard]] int fEscribirTodo(int intFd, std::string_view strBytes,
-                                const clsDisco &disco = discoReal);
+/// The path without links; empty when it leads nowhere.
+[[nodiscard]] std::string fRutaReal(const std::string &strRuta);
+
+/// A file open for reading.
+struct clsAbierto {
+    clsDescriptor descriptor;
+    clsHuella huella;
+};
+
+/// Opens a regular file for reading. Pipes, sockets and devices are refused without waiting for
+/// them (EINVAL), folders with EISDIR.
+[[nodiscard]] clsResultado<clsAbierto> fAbrirRegular(const std::string &strRuta);
+
+/// Reads on from where the file stands; 0 bytes: its end.
+[[nodiscard]] clsResultado<std::size_t> fLeer(const clsDescriptor &abierto, void *bytDatos,
+                                              std::size_t lngBytes);
+/// Reads from a position (not negative) and leaves alone where the file stands.
+[[nodiscard]] clsResultado<std::size_t> fLeerEn(const clsDescriptor &abierto, std::int64_t lngPos,
+                                                void *bytDatos, std::size_t lngBytes);
+
+/// Reads a regular file as a whole.
+[[nodiscard]] clsResultado<std::string> fLeerArchivo(const std::string &strRuta);
+
+/// Writes all bytes.
+[[nodiscard]] clsError fEscribirTodo(const clsDescriptor &abierto, std::string_view strBytes);
+
+/// Makes an empty file; EEXIST when anything has that path.
+clsError fCrearVacio(const std::string &strRuta);
+
+/// Whether a file can be made there, or written where there is one (which is emptied, unless it is
+/// a link). It is deleted again.
+[[nodiscard]] bool fProbarEscribir(const std::string &strRuta);
+
+/// Deletes a file or a link.
+clsError fBorrar(const std::string &strRuta);

@@ -1,75 +1,68 @@
 #include "sistema/cambios.h"
 
+#include "sistema/archivo.h"
+#include "sistema/llamadas.h"
+
 #include <array>
-#include <cerrno>
-#include <sys/stat.h>
+#include <fcntl.h>
 
 namespace {
 
-int fError(int intResultado) { return intResultado == 0 ? 0 : errno; }
+clsError fErrorDe(int intResultado) { return intResultado == 0 ? 0 : errno; }
 
 /// Whether linking failed because there are no links, not because of this file or name.
-bool fSinEnlaces(int intError)
+bool fSinEnlaces(clsError error)
 {
-    return intError == EPERM || intError == EOPNOTSUPP || intError == ENOSYS || intError == EMLINK;
+    return error == EPERM || error == EOPNOTSUPP || error == ENOSYS || error == EMLINK;
 }
 
 /// For file systems without any call of their own that refuses a taken name.
-int fMirarYRenombrar(const char *strDe, const char *strA, const clsDisco &disco)
+clsError fMirarYRenombrar(const std::string &strDe, const std::string &strA)
 {
-    struct stat datos {};
-    if (lstat(strA, &datos) == 0) {
-        return EEXIST;
+    const auto hay = fConsultar(strA, false);
+    if (hay || hay.fError() != ENOENT) {
+        return hay ? EEXIST : hay.fError();
     }
-    return errno == ENOENT ? fError(disco.fRenombrar(strDe, strA)) : errno;
+    return fErrorDe(fLlamadas().fRenombrar(strDe.c_str(), strA.c_str()));
 }
 
 /// Two steps, but the file has a name at every moment.
-int fEnlazarYBorrar(const char *strDe, const char *strA, const clsDisco &disco)
+clsError fEnlazarYBorrar(const std::string &strDe, const std::string &strA)
 {
-    const int intError = fError(disco.fEnlazar(strDe, strA));
-    if (fSinEnlaces(intError)) {
-        return fMirarYRenombrar(strDe, strA, disco);
+    const clsError error = fErrorDe(fLlamadas().fEnlazar(strDe.c_str(), strA.c_str()));
+    if (fSinEnlaces(error)) {
+        return fMirarYRenombrar(strDe, strA);
     }
-    if (intError != 0) {
-        return intError;
+    if (error) {
+        return error;
     }
-    const int intBorrado = fError(disco.fBorrar(strDe));
-    if (intBorrado != 0) {
-        disco.fBorrar(strA); // the name made a moment ago; the old one stands
+    const clsError borrado = fBorrar(strDe);
+    if (borrado) {
+        fBorrar(strA); // the name made a moment ago; the old one stands
     }
-    return intBorrado;
+    return borrado;
 }
 
 } // namespace
 
-int fFechar(const std::string &strRuta, std::int64_t lngMomento, const clsDisco &disco)
+clsError fFechar(const std::string &strRuta, std::int64_t lngMomento)
 {
-    struct stat datos {};
-    if (stat(strRuta.c_str(), &datos) != 0) {
-        return errno;
-    }
-    if (!S_ISREG(datos.st_mode)) {
-        return S_ISDIR(datos.st_mode) ? EISDIR : EINVAL;
+    const auto huella = fConsultar(strRuta);
+    if (!huella || huella->tipo != TipoArchivo::Archivo) {
+        return !huella ? huella.fError() : huella->tipo == TipoArchivo::Carpeta ? EISDIR : EINVAL;
     }
     const std::array<timespec, 2> lstMomentos = {
         {{0, UTIME_OMIT}, {lngMomento, 0}}
     };
-    return fError(disco.fFechar(strRuta.c_str(), lstMomentos.data()));
+    return fErrorDe(fInsistir<&clsLlamadas::fFechar>(strRuta.c_str(), lstMomentos.data()));
 }
 
-int fRenombrar(const std::string &strDe, const std::string &strA, const clsDisco &disco)
+clsError fRenombrar(const std::string &strDe, const std::string &strA)
 {
-    struct stat datos {};
-    if (lstat(strDe.c_str(), &datos) != 0) {
-        return errno;
+    const auto datos = fConsultar(strDe, false);
+    if (!datos || datos->tipo == TipoArchivo::Carpeta) {
+        return datos ? EISDIR : datos.fError();
     }
-    if (S_ISDIR(datos.st_mode)) {
-        return EISDIR;
-    }
-    const int intError = fError(disco.fRenombrarLibre(strDe.c_str(), strA.c_str()));
-    if (intError != EINVAL && intError != ENOSYS) {
-        return intError;
-    }
-    return fEnlazarYBorrar(strDe.c_str(), strA.c_str(), disco);
+    const clsError error = fErrorDe(fLlamadas().fRenombrarLibre(strDe.c_str(), strA.c_str()));
+    return error == EINVAL || error == ENOSYS ? fEnlazarYBorrar(strDe, strA) : error;
 }

@@ -1,12 +1,15 @@
 #include "sistema/cerrojo.h"
 
-#include <cerrno>
-#include <fcntl.h>
+#include "sistema/carpeta.h"
+#include "sistema/llamadas.h"
+
 #include <sys/file.h>
 
 clsCerrojoArchivo::clsCerrojoArchivo(const std::string &strRaiz)
-    : m_carpeta(open(strRaiz.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC))
 {
-    m_bolTenido = !m_carpeta.fAbierto() || flock(m_carpeta.fFd(), LOCK_EX | LOCK_NB) == 0 ||
-                  errno != EWOULDBLOCK;
+    if (auto carpeta = fAbrirCarpeta(strRaiz)) {
+        m_carpeta = std::move(*carpeta);
+        m_bolTenido = fInsistir<&clsLlamadas::fBloquear>(m_carpeta.fFd(), LOCK_EX | LOCK_NB) == 0 ||
+                      errno != EWOULDBLOCK;
+    }
 }

@@ -13,5 +13,5 @@ public:
 
 private:
     clsDescriptor m_carpeta;
-    bool m_bolTenido = false;
+    bool m_bolTenido = true;
 };

@@ -1,6 +1,10 @@
 #include "sistema/entorno.h"
 
-#include <cerrno>
+#include "sistema/llamadas.h"
+
+#include <cstdlib>
+#include <langinfo.h>
+#include <locale.h>
 #include <sys/wait.h>
 #include <unistd.h>
 #include <vector>
@@ -22,6 +26,20 @@ template <typename Llenar> std::string fConBufer(Llenar fLlenar)
     }
 }
 
+/// An environment variable; another text when it is empty or not set.
+std::string fVariable(const char *strNombre, const std::string &strSiNo)
+{
+    const char *const strValor = std::getenv(strNombre);
+    return strValor == nullptr || *strValor == '\0' ? strSiNo : strValor;
+}
+
+bool fEsAbsoluta(const std::string &strRuta) { return strRuta.starts_with('/'); }
+
+std::string fConBarra(const std::string &strRuta)
+{
+    return strRuta.ends_with('/') ? strRuta : strRuta + '/';
+}
+
 } // namespace
 
 std::string fCarpetaPrograma()
@@ -40,6 +58,63 @@ std::string fCarpetaTrabajo()
         }
         return errno == ERANGE ? static_cast<ssize_t>(lngTam) : -1;
     });
+}
+
+std::string fRutaTemporal()
+{
+    const std::string strVariable = fVariable("TMPDIR", "");
+    return fConBarra(fEsAbsoluta(strVariable) ? strVariable : "/tmp");
+}
+
+// In these two a relative path counts as none (freedesktop Base Directory standard).
+std::string fCarpetaCache()
+{
+    const std::string strCache = fVariable("XDG_CACHE_HOME", "");
+    if (fEsAbsoluta(strCache)) {
+        return fConBarra(strCache);
+    }
+    const std::string strCasa = fVariable("HOME", "");
+    return fEsAbsoluta(strCasa) ? fConBarra(strCasa) + ".cache/" : std::string();
+}
+
+std::vector<std::string> fCarpetasDatos()
+{
+    std::vector<std::string> lstCarpetas;
+    std::string strTodas = fVariable("XDG_DATA_HOME", fVariable("HOME", "") + "/.local/share") +
+                           ':' + fVariable("XDG_DATA_DIRS", "/usr/local/share:/usr/share") + ':';
+    for (std::size_t lng = 0; (lng = strTodas.find(':')) != std::string::npos;) {
+        if (fEsAbsoluta(strTodas)) {
+            lstCarpetas.push_back(fConBarra(strTodas.substr(0, lng)));
+        }
+        strTodas.erase(0, lng + 1);
+    }
+    return lstCarpetas;
+}
+
+unsigned fUsuario() { return geteuid(); }
+
+std::time_t fAhora() { return fLlamadas().fAhora(); }
+
+std::optional<clsSignosLocale> fSignosLocale()
+{
+    const locale_t loc = newlocale(LC_NUMERIC_MASK, "", nullptr);
+    if (loc == nullptr) {
+        return {};
+    }
+    clsSignosLocale signos{nl_langinfo_l(THOUSEP, loc), nl_langinfo_l(RADIXCHAR, loc)};
+    freelocale(loc);
+    return signos;
+}
+
+std::string fDFmtLocale(const std::string &strLocale)
+{
+    const locale_t loc = newlocale(LC_TIME_MASK, strLocale.c_str(), nullptr);
+    if (loc == nullptr) {
+        return {};
+    }
+    std::string strDFmt = nl_langinfo_l(D_FMT, loc);
+    freelocale(loc);
+    return strDFmt;
 }
 
 void fAbrirConSistema(const std::string &strRuta)

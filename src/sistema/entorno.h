@@ -1,12 +1,42 @@
 #pragma once
 
+#include <ctime>
+#include <optional>
 #include <string>
+#include <vector>
 
 /// The folder the program's file lies in, with a trailing "/".
 [[nodiscard]] std::string fCarpetaPrograma();
 
 /// The present working folder.
 [[nodiscard]] std::string fCarpetaTrabajo();
+
+/// The folder for temporary files with a trailing "/" (TMPDIR, else the system's).
+[[nodiscard]] std::string fRutaTemporal();
+
+/// The folder for what can be made anew, with a trailing "/"; empty when the user has none.
+[[nodiscard]] std::string fCarpetaCache();
+
+/// The folders in which desktops keep data, with a trailing "/", the user's own first.
+[[nodiscard]] std::vector<std::string> fCarpetasDatos();
+
+/// The number of the user this program runs for.
+[[nodiscard]] unsigned fUsuario();
+
+/// Seconds since 1970.
+[[nodiscard]] std::time_t fAhora();
+
+/// The signs between groups of digits and before decimals, in the bytes of the user's character
+/// set.
+struct clsSignosLocale {
+    std::string strGrupo;
+    std::string strDecimal;
+};
+/// Nothing when the user's locale is not installed.
+[[nodiscard]] std::optional<clsSignosLocale> fSignosLocale();
+
+/// The short date format (D_FMT, see strftime) of a locale; empty when it is not installed.
+[[nodiscard]] std::string fDFmtLocale(const std::string &strLocale);
 
 /// Has the desktop open a file or a folder with its default program (xdg-open), detached, with the
 /// program's folder as working folder. The path reaches it byte by byte as its only argument.

@@ -88,7 +88,7 @@ void fRecogerLuego(pid_t pid)
 
 clsProceso::~clsProceso() { fMatar(); }
 
-bool clsProceso::fIniciar(std::vector<std::string> lstArgumentos, int intCanal)
+bool clsProceso::fIniciar(std::vector<std::string> lstArgumentos, const clsDescriptor &canal)
 {
     fMatar();
     std::vector<char *> lstPunteros;
@@ -97,7 +97,7 @@ bool clsProceso::fIniciar(std::vector<std::string> lstArgumentos, int intCanal)
         lstPunteros.push_back(strArgumento.data());
     }
     lstPunteros.push_back(nullptr);
-    m_pid = lstArgumentos.empty() ? -1 : clsModo(intCanal).fIniciar(lstPunteros.data());
+    m_intNumero = lstArgumentos.empty() ? -1 : clsModo(canal.fFd()).fIniciar(lstPunteros.data());
     return fIniciado();
 }
 
@@ -106,12 +106,12 @@ std::optional<int> clsProceso::fFin()
     // As long as its end is not taken note of, its number cannot become another group's.
     siginfo_t fin{};
     if (!fIniciado() ||
-        (waitid(P_PID, static_cast<id_t>(m_pid), &fin, WEXITED | WNOHANG | WNOWAIT) == 0 &&
+        (waitid(P_PID, static_cast<id_t>(m_intNumero), &fin, WEXITED | WNOHANG | WNOWAIT) == 0 &&
          fin.si_pid == 0)) {
         return std::nullopt;
     }
-    kill(-m_pid, SIGKILL);
-    fRecoger(std::exchange(m_pid, -1));
+    kill(-m_intNumero, SIGKILL);
+    fRecoger(std::exchange(m_intNumero, -1));
     return fin.si_code == CLD_EXITED ? fin.si_status : -fin.si_status;
 }
 
@@ -120,8 +120,8 @@ void clsProceso::fMatar()
     if (!fIniciado()) {
         return;
     }
-    kill(-m_pid, SIGKILL);
-    const pid_t pid = std::exchange(m_pid, -1);
+    kill(-m_intNumero, SIGKILL);
+    const pid_t pid = std::exchange(m_intNumero, -1);
     for (int intVez = 0; intVez < 20; ++intVez) {
         const pid_t pidFin = waitpid(pid, nullptr, WNOHANG);
         if (pidFin == pid || (pidFin < 0 && errno != EINTR)) {

@@ -1,8 +1,9 @@
 #pragma once
 
+#include "sistema/archivo.h"
+
 #include <optional>
 #include <string>
-#include <sys/types.h>
 #include <vector>
 
 /// Another program, run without a shell in a process group of its own. When the object goes, the
@@ -16,12 +17,13 @@ public:
 
     /// Starts it, with its messages thrown away. Kills the one that is still running.
     /// @param lstArgumentos the program (looked for in PATH when it has no "/") and its arguments.
-    /// @param intCanal      what it gets as standard input and output; -1: nothing.
+    /// @param canal         what it gets as standard input and output; not open: nothing.
     /// @return whether it was started. One that cannot run may still end at once with code 127.
-    [[nodiscard]] bool fIniciar(std::vector<std::string> lstArgumentos, int intCanal = -1);
+    [[nodiscard]] bool fIniciar(std::vector<std::string> lstArgumentos,
+                                const clsDescriptor &canal = {});
 
     /// Whether it was started and its end was not seen yet.
-    [[nodiscard]] bool fIniciado() const { return m_pid > 0; }
+    [[nodiscard]] bool fIniciado() const { return m_intNumero > 0; }
 
     /// Without waiting: its exit code, or minus the signal that ended it, once it has ended (what
     /// is left of its group is killed then); nothing while it runs or when there is none.
@@ -31,5 +33,5 @@ public:
     void fMatar();
 
 private:
-    pid_t m_pid = -1;
+    int m_intNumero = -1; ///< the system's for it
 };

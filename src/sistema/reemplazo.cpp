@@ -1,10 +1,11 @@
 #include "sistema/reemplazo.h"
 
+#include "sistema/carpeta.h"
+#include "sistema/llamadas.h"
+
 #include <algorithm>
 #include <atomic>
-#include <cerrno>
 #include <fcntl.h>
-#include <sys/stat.h>
 #include <unistd.h>
 
 namespace {
@@ -21,24 +22,23 @@ bool fEsNumero(std::string_view strTexto)
 std::size_t fLargoCarpeta(const std::string &strRuta) { return strRuta.rfind('/') + 1; }
 
 /// Flushes a folder; file systems that cannot flush one (EINVAL) count as done.
-int fVolcarCarpeta(const std::string &strCarpeta, const clsDisco &disco)
+clsError fVolcarCarpeta(const std::string &strCarpeta)
 {
-    const clsDescriptor carpeta{
-        open(strCarpeta.empty() ? "." : strCarpeta.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC)};
-    if (!carpeta.fAbierto() || (disco.fVolcar(carpeta.fFd()) != 0 && errno != EINVAL)) {
-        return errno;
+    const auto carpeta = fAbrirCarpeta(strCarpeta.empty() ? "." : strCarpeta);
+    if (!carpeta) {
+        return carpeta.fError();
     }
-    return 0;
+    const bool bolBien = fInsistir<&clsLlamadas::fVolcar>(carpeta->fFd()) == 0 || errno == EINVAL;
+    return bolBien ? 0 : errno;
 }
 
 } // namespace
 
-clsReemplazo::clsReemplazo(std::string strRuta, const clsDisco &disco, std::optional<mode_t> modo)
-    : m_disco(disco), m_strRuta(std::move(strRuta))
+clsReemplazo::clsReemplazo(std::string strRuta, std::optional<unsigned> permisos)
+    : m_strRuta(std::move(strRuta))
 {
     static std::atomic<unsigned> lngSiguiente{0};
-    struct stat datos {};
-    const bool bolHabia = !modo && lstat(m_strRuta.c_str(), &datos) == 0 && S_ISREG(datos.st_mode);
+    const auto antes = permisos ? clsError() : fConsultar(m_strRuta, false);
     // The name is cut so that the temporary one still fits where the final one does (255 bytes).
     const std::size_t lngCarpeta = fLargoCarpeta(m_strRuta);
     const std::string strBase = m_strRuta.substr(0, lngCarpeta) + '.' +
@@ -47,18 +47,18 @@ clsReemplazo::clsReemplazo(std::string strRuta, const clsDisco &disco, std::opti
     constexpr int intModo = O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC;
     for (int intIntento = 0; intIntento < 1000 && !m_descriptor.fAbierto(); ++intIntento) {
         m_strTemporal = strBase + std::to_string(lngSiguiente++) + std::string(strFinTemporal);
-        m_descriptor = clsDescriptor{fInsistir(
-            [&] { return m_disco.fAbrir(m_strTemporal.c_str(), intModo, modo.value_or(0666)); })};
+        m_descriptor = clsDescriptor{fInsistir<&clsLlamadas::fAbrir>(
+            AT_FDCWD, m_strTemporal.c_str(), intModo, mode_t{permisos.value_or(0666)})};
         if (!m_descriptor.fAbierto() && errno != EEXIST) {
             break;
         }
     }
     if (!m_descriptor.fAbierto()) {
-        m_intError = errno;
+        m_error = errno;
         m_strTemporal.clear();
-    } else if (bolHabia) {
+    } else if (antes && antes->tipo == TipoArchivo::Archivo) {
         // Best effort: a file system without permission bits is no reason to refuse.
-        static_cast<void>(fchmod(m_descriptor.fFd(), datos.st_mode & 07777));
+        fInsistir<&clsLlamadas::fPermitir>(m_descriptor.fFd(), mode_t{antes->lngPermisos});
     }
 }
 
@@ -68,17 +68,17 @@ void clsReemplazo::fDescartar()
 {
     m_descriptor.fCerrar();
     if (!m_strTemporal.empty()) {
-        m_disco.fBorrar(m_strTemporal.c_str());
+        fBorrar(m_strTemporal);
         m_strTemporal.clear();
     }
 }
 
 void clsReemplazo::fEscribir(std::string_view strBytes)
 {
-    if (m_intError != 0) {
+    if (m_error) {
         return;
     }
-    m_intError = fEscribirTodo(m_descriptor.fFd(), strBytes, m_disco);
+    m_error = fEscribirTodo(m_descriptor, strBytes);
     m_lngEscritos += static_cast<std::int64_t>(strBytes.size());
     // Starts the disk early, so that the final flush has little left to wait for.
     constexpr std::int64_t lngTramo = 1 << 20;
@@ -89,40 +89,39 @@ void clsReemplazo::fEscribir(std::string_view strBytes)
     }
 }
 
-int clsReemplazo::fVolcar()
+clsError clsReemplazo::fVolcar()
 {
-    if (m_intError == 0 && m_disco.fVolcar(m_descriptor.fFd()) != 0) {
-        m_intError = errno;
+    if (!m_error && fInsistir<&clsLlamadas::fVolcar>(m_descriptor.fFd()) != 0) {
+        m_error = errno;
     }
     return fCerrar();
 }
 
-int clsReemplazo::fCerrar()
+clsError clsReemplazo::fCerrar()
 {
-    if (m_intError == 0 && m_descriptor.fAbierto() &&
-        m_disco.fCerrar(m_descriptor.fSoltar()) != 0) {
-        m_intError = errno;
+    if (!m_error) {
+        m_error = m_descriptor.fCerrar();
     }
-    return m_intError;
+    return m_error;
 }
 
-int clsReemplazo::fConfirmar(bool bolCarpeta)
+clsError clsReemplazo::fConfirmar(bool bolCarpeta)
 {
-    if (m_intError == 0 && m_descriptor.fAbierto()) {
+    if (!m_error && m_descriptor.fAbierto()) {
         static_cast<void>(fVolcar());
     }
-    if (m_intError == 0 && m_disco.fRenombrar(m_strTemporal.c_str(), m_strRuta.c_str()) != 0) {
-        m_intError = errno;
+    if (!m_error && fLlamadas().fRenombrar(m_strTemporal.c_str(), m_strRuta.c_str()) != 0) {
+        m_error = errno;
     }
-    if (m_intError != 0) {
+    if (m_error) {
         fDescartar();
-        return m_intError;
+        return m_error;
     }
     m_strTemporal.clear();
     if (bolCarpeta) {
-        m_intError = fVolcarCarpeta(m_strRuta.substr(0, fLargoCarpeta(m_strRuta)), m_disco);
+        m_error = fVolcarCarpeta(m_strRuta.substr(0, fLargoCarpeta(m_strRuta)));
     }
-    return m_intError;
+    return m_error;
 }
 
 bool clsReemplazo::fEsTemporal(std::string_view strNombre, std::string_view strDestino)

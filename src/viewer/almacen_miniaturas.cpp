@@ -151,10 +151,9 @@ void clsTallerMiniaturas::fBuscar(const clsTrabajoPtr &trabajo)
     if (!fTomarPieza(*trabajo, Paso::EnCola, Paso::Buscando)) {
         return;
     }
-    int intError = 0;
-    const auto huella = fHuella(trabajo->encargo.strRuta, &intError);
+    const auto huella = fHuella(trabajo->encargo.strRuta);
     if (!huella) {
-        fEntregar(trabajo, {fSinAbrir(intError), {}});
+        fEntregar(trabajo, {fSinAbrir(huella.fError()), {}});
         return;
     }
     auto miniatura = fGuardada(fClave(trabajo->encargo), *huella);
@@ -173,9 +172,8 @@ clsMiniatura clsTallerMiniaturas::fHacer(const clsTrabajo &trabajo, const clsHue
     if (!fEsVideo(strRuta)) {
         return fExtraerFoto(strRuta, trabajo.encargo.intLado, trabajo.bolAnulado);
     }
-    int intError = 0;
-    if (!fAbrirRegular(strRuta, intError).fAbierto()) {
-        return {fSinAbrir(intError), {}};
+    if (const auto archivo = fAbrirRegular(strRuta); !archivo) {
+        return {fSinAbrir(archivo.fError()), {}};
     }
     const bool bolHaceVideos = m_fFotograma && huella.lngBytes > 0;
     return {bolHaceVideos ? Extraccion::Pendiente : Extraccion::SinImagen, {}};

@@ -1,7 +1,9 @@
 #include "viewer/cache_escritorio.h"
 
-#include "shared/rutas.h"
 #include "shared/uri.h"
+#include "sistema/carpeta.h"
+#include "sistema/entorno.h"
+#include "sistema/reemplazo.h"
 
 #include <QBuffer>
 #include <QCryptographicHash>
@@ -9,13 +11,7 @@
 #include <QImageReader>
 #include <QImageWriter>
 
-#include <cstdio>
-#include <cstdlib>
 #include <ctime>
-#include <fcntl.h>
-#include <memory>
-#include <sys/stat.h>
-#include <unistd.h>
 #include <utility>
 #include <vector>
 
@@ -52,10 +48,9 @@ std::string fEntrada(const std::string &strUri)
 QImage fLeerEntrada(const std::string &strEntrada, const std::string &strUri,
                     const clsHuella &huella)
 {
-    int intError = 0;
-    const clsDescriptor descriptor = fAbrirRegular(strEntrada, intError);
+    const auto abierto = fAbrirRegular(strEntrada);
     QFile archivo;
-    if (!descriptor.fAbierto() || !archivo.open(descriptor.fFd(), QIODevice::ReadOnly)) {
+    if (!abierto || !archivo.open(abierto->descriptor.fFd(), QIODevice::ReadOnly)) {
         return {};
     }
     // The reader itself would cut these keys at their first colon; the image does not.
@@ -124,11 +119,11 @@ clsTextos fTextos(const std::string &strUri, const clsHuella &huella)
 }
 
 /// Makes a folder and those above it, for the user alone; whether it is there.
-bool fCrearCarpeta(const std::string &strCarpeta)
+bool fAsegurar(const std::string &strCarpeta)
 {
     for (std::size_t lng = strCarpeta.find('/', 1); lng != std::string::npos;
          lng = strCarpeta.find('/', lng + 1)) {
-        mkdir(strCarpeta.substr(0, lng).c_str(), S_IRWXU);
+        fCrearCarpeta(strCarpeta.substr(0, lng));
     }
     return fExisteCarpeta(strCarpeta);
 }
@@ -138,28 +133,14 @@ bool fCrearCarpeta(const std::string &strCarpeta)
 void fPonerEntrada(const std::string &strCarpeta, const std::string &strNombre,
                    const QByteArray &datPng)
 {
-    if (datPng.isEmpty() || !fCrearCarpeta(strCarpeta)) {
+    if (datPng.isEmpty() || !fAsegurar(strCarpeta)) {
         return;
     }
-    std::string strTemporal = strCarpeta + strNombre + ".XXXXXX";
-    clsDescriptor temporal(mkostemp(strTemporal.data(), O_CLOEXEC));
-    if (!temporal.fAbierto()) {
-        return;
-    }
-    const std::string_view strBytes(datPng.data(), static_cast<std::size_t>(datPng.size()));
-    const bool bolEscrito = fEscribirTodo(temporal.fFd(), strBytes) == 0;
-    if (temporal.fCerrar() != 0 || !bolEscrito ||
-        std::rename(strTemporal.c_str(), (strCarpeta + strNombre).c_str()) != 0) {
-        unlink(strTemporal.c_str());
-    }
-}
-
-/// The path without links; empty when it leads nowhere.
-std::string fRutaReal(const std::string &strRuta)
-{
-    const std::unique_ptr<char, void (*)(void *)> strReal(realpath(strRuta.c_str(), nullptr),
-                                                          std::free);
-    return strReal ? strReal.get() : std::string();
+    constexpr unsigned lngPropios = 0600;
+    clsReemplazo archivo(strCarpeta + strNombre, lngPropios);
+    archivo.fEscribir({datPng.data(), static_cast<std::size_t>(datPng.size())});
+    static_cast<void>(archivo.fCerrar());
+    static_cast<void>(archivo.fConfirmar(false));
 }
 
 } // namespace
@@ -170,15 +151,8 @@ clsCacheEscritorio::clsCacheEscritorio(std::string strCarpeta) : m_strCarpeta(st
 
 std::string clsCacheEscritorio::fCarpetaUsual()
 {
-    const char *strCache = std::getenv("XDG_CACHE_HOME");
-    // A relative path counts as none (freedesktop Base Directory standard).
-    if (strCache != nullptr && *strCache == '/') {
-        return fBarraFinal(strCache, false) + "thumbnails/";
-    }
-    const char *strCasa = std::getenv("HOME");
-    return strCasa != nullptr && *strCasa == '/'
-               ? fBarraFinal(strCasa, false) + ".cache/thumbnails/"
-               : std::string();
+    const std::string strCache = fCarpetaCache();
+    return strCache.empty() ? strCache : strCache + "thumbnails/";
 }
 
 int clsCacheEscritorio::fLadoCache(int intLado)

@@ -119,9 +119,9 @@ QImage fEncajada(const QImage &imagen, int intLado)
                            : fParaPantalla(fEncoger(imagen, fEnCaja(imagen.size(), intLado)));
 }
 
-Extraccion fSinAbrir(int intError)
+Extraccion fSinAbrir(clsError error)
 {
-    switch (intError) {
+    switch (error.fNumero()) {
     case ENOENT:
     case ENOTDIR:
     case EISDIR:
@@ -136,20 +136,18 @@ Extraccion fSinAbrir(int intError)
 clsMiniatura fExtraerFoto(const std::string &strRuta, int intLado,
                           const std::atomic<bool> &bolAnulado)
 {
-    int intError = 0;
-    clsHuella huella;
-    const clsDescriptor descriptor = fAbrirRegular(strRuta, intError, &huella);
-    if (!descriptor.fAbierto()) {
-        return {fSinAbrir(intError), {}};
+    const auto abierto = fAbrirRegular(strRuta);
+    if (!abierto) {
+        return {fSinAbrir(abierto.fError()), {}};
     }
-    clsOrigenArchivo origen(descriptor, huella.lngBytes);
+    clsOrigenArchivo origen(*abierto);
     clsLector lector(origen);
     clsCabeceraJpeg cabecera;
     const bool bolJpeg = fLeerCabeceraJpeg(lector, cabecera);
     QImage imagen = fMiniaturaExif(lector, cabecera, intLado);
     clsArchivoAnulable archivo(bolAnulado);
-    if (imagen.isNull() && !bolAnulado && !fEsDudosa(cabecera, huella.lngBytes) &&
-        archivo.open(descriptor.fFd(), QIODevice::ReadOnly)) {
+    if (imagen.isNull() && !bolAnulado && !fEsDudosa(cabecera, abierto->huella.lngBytes) &&
+        archivo.open(abierto->descriptor.fFd(), QIODevice::ReadOnly)) {
         imagen = fReducir(archivo, bolJpeg, intLado);
     }
     if (imagen.isNull() || bolAnulado) {

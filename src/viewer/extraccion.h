@@ -42,8 +42,8 @@ inline constexpr qint64 lngMaximoEntera = qint64{512} << 20;
 
 /// What it means that a file could not be opened: it is not there (any more) as a file, or the file
 /// system does not give it.
-/// @param intError error number of opening it or asking for its data.
-[[nodiscard]] Extraccion fSinAbrir(int intError);
+/// @param error of opening it or asking for its data.
+[[nodiscard]] Extraccion fSinAbrir(clsError error);
 
 /// Makes a frame of a video; null when none can be made. Called on worker threads.
 using clsFotograma = std::function<QImage(const std::string &strRuta, const clsHuella &huella,

@@ -1,7 +1,7 @@
 #include "viewer/fotogramas.h"
 
-#include "shared/rutas.h"
 #include "shared/uri.h"
+#include "sistema/carpeta.h"
 #include "sistema/entorno.h"
 #include "viewer/extraccion.h"
 #include "viewer/thumbnailer.h"
@@ -10,11 +10,9 @@
 #include <QImageReader>
 
 #include <algorithm>
-#include <cstdlib>
 #include <cstring>
 #include <optional>
 #include <thread>
-#include <unistd.h>
 #include <utility>
 
 namespace {
@@ -27,32 +25,8 @@ constexpr std::chrono::milliseconds pasoTurno(20);
 /// The first of these programs that may be run; empty when none is there.
 std::string fPrimero(const std::vector<std::string> &lstProgramas)
 {
-    const auto it =
-        std::find_if(lstProgramas.begin(), lstProgramas.end(),
-                     [](const std::string &strRuta) { return access(strRuta.c_str(), X_OK) == 0; });
+    const auto it = std::find_if(lstProgramas.begin(), lstProgramas.end(), fEjecutable);
     return it == lstProgramas.end() ? std::string() : *it;
-}
-
-/// An environment variable; another text when it is empty or not set.
-std::string fEntorno(const char *strNombre, const std::string &strSiNo)
-{
-    const char *strValor = std::getenv(strNombre);
-    return strValor == nullptr || *strValor == '\0' ? strSiNo : strValor;
-}
-
-/// Folders of data in which desktops register thumbnailers.
-std::vector<std::string> fCarpetasThumbnailers()
-{
-    std::vector<std::string> lstCarpetas;
-    std::string strTodas = fEntorno("XDG_DATA_HOME", fEntorno("HOME", "") + "/.local/share") + ':' +
-                           fEntorno("XDG_DATA_DIRS", "/usr/local/share:/usr/share") + ':';
-    for (std::size_t lng = 0; (lng = strTodas.find(':')) != std::string::npos;) {
-        if (strTodas.starts_with('/')) {
-            lstCarpetas.push_back(fBarraFinal(strTodas.substr(0, lng), false) + "thumbnailers/");
-        }
-        strTodas.erase(0, lng + 1);
-    }
-    return lstCarpetas;
 }
 
 QImage fDeCuadro(const clsCuadroVideo &cuadro)
@@ -67,41 +41,14 @@ QImage fDeCuadro(const clsCuadroVideo &cuadro)
     return imagen;
 }
 
-/// A folder for one file of ours alone, with the name of that file; both go with the object.
-class clsSalida {
-public:
-    clsSalida()
-    {
-        std::string strCarpeta = fBarraFinal(fEntorno("TMPDIR", "/tmp"), false) + "miravel.XXXXXX";
-        if (mkdtemp(strCarpeta.data()) != nullptr) {
-            m_strCarpeta = strCarpeta;
-        }
-    }
-    ~clsSalida()
-    {
-        if (fHecha()) {
-            unlink(fRuta().c_str());
-            rmdir(m_strCarpeta.c_str());
-        }
-    }
-    clsSalida(const clsSalida &) = delete;
-    clsSalida &operator=(const clsSalida &) = delete;
-
-    [[nodiscard]] bool fHecha() const { return !m_strCarpeta.empty(); }
-    [[nodiscard]] std::string fRuta() const { return m_strCarpeta + "/miniatura.png"; }
-    [[nodiscard]] QImage fLeer() const
-    {
-        int intError = 0;
-        const clsDescriptor descriptor = fAbrirRegular(fRuta(), intError);
-        QFile archivo;
-        const bool bolAbierto =
-            descriptor.fAbierto() && archivo.open(descriptor.fFd(), QIODevice::ReadOnly);
-        return bolAbierto ? QImageReader(&archivo, "png").read() : QImage();
-    }
-
-private:
-    std::string m_strCarpeta;
-};
+/// The picture another program made; null when there is none.
+QImage fLeerPng(const std::string &strRuta)
+{
+    const auto abierto = fAbrirRegular(strRuta);
+    QFile archivo;
+    const bool bolAbierto = abierto && archivo.open(abierto->descriptor.fFd(), QIODevice::ReadOnly);
+    return bolAbierto ? QImageReader(&archivo, "png").read() : QImage();
+}
 
 } // namespace
 
@@ -111,7 +58,9 @@ clsOrigenFotogramas fOrigenUsual()
     clsOrigenFotogramas origen;
     origen.lstHijos = {strCarpeta + "miravel-fotograma",
                        strCarpeta + "../libexec/miravel/miravel-fotograma"};
-    origen.lstThumbnailers = fCarpetasThumbnailers();
+    for (const std::string &strDatos : fCarpetasDatos()) {
+        origen.lstThumbnailers.push_back(strDatos + "thumbnailers/");
+    }
     origen.strCache = clsCacheEscritorio::fCarpetaUsual();
     return origen;
 }
@@ -209,11 +158,10 @@ clsFotogramas::clsHecha clsFotogramas::fHacerFuera(const std::string &strRuta, i
 {
     clsHecha hecha;
     const auto orden = fBuscarThumbnailer(m_origen.lstThumbnailers, strRuta);
-    int intError = 0;
-    const clsSalida salida;
+    const clsCarpetaPasajera salida(fRutaTemporal() + "miravel.", "miniatura.png");
     hecha.fin = Fin::NoArranca;
     // A pipe would keep the program waiting.
-    if (!orden || !salida.fHecha() || !fAbrirRegular(strRuta, intError).fAbierto()) {
+    if (!orden || salida.fRuta().empty() || !fAbrirRegular(strRuta)) {
         return hecha;
     }
     const auto codigo =
@@ -221,7 +169,7 @@ clsFotogramas::clsHecha clsFotogramas::fHacerFuera(const std::string &strRuta, i
                   m_origen.plazo, bolAnulado);
     hecha.fin = bolAnulado ? Fin::Anulado : Fin::Roto;
     if (codigo == 0 && !bolAnulado) {
-        hecha.imagen = fEncajada(salida.fLeer(), intLado);
+        hecha.imagen = fEncajada(fLeerPng(salida.fRuta()), intLado);
         hecha.fin = hecha.imagen.isNull() ? Fin::Roto : Fin::Imagen;
     }
     return hecha;

@@ -44,10 +44,9 @@ int fOctavos(QSize tam, const clsPedido &pedido)
 
 clsFuente fDecodificar(const clsPedido &pedido, const std::atomic<bool> &bolAnulado)
 {
-    int intError = 0;
-    const clsDescriptor descriptor = fAbrirRegular(pedido.strRuta, intError);
+    const auto abierto = fAbrirRegular(pedido.strRuta);
     clsArchivoAnulable archivo(bolAnulado);
-    if (!descriptor.fAbierto() || !archivo.open(descriptor.fFd(), QIODevice::ReadOnly)) {
+    if (!abierto || !archivo.open(abierto->descriptor.fFd(), QIODevice::ReadOnly)) {
         return {};
     }
     QImageReader lector(&archivo);

@@ -1,13 +1,10 @@
 #include "viewer/hijo_video.h"
 
+#include "sistema/canal.h"
+
 #include <algorithm>
-#include <array>
-#include <cerrno>
-#include <fcntl.h>
-#include <poll.h>
-#include <sys/socket.h>
+#include <string_view>
 #include <thread>
-#include <unistd.h>
 #include <utility>
 
 namespace {
@@ -19,9 +16,10 @@ constexpr std::chrono::milliseconds pasoAnulado(20);
 /// What a shell says, and posix_spawn's child, about a program that cannot run.
 constexpr int intNoArranca = 127;
 
-/// Waits until the channel may be read or written.
-/// @return Imagen when it may, else Anulado, Tarde or Roto.
-Fin fEsperar(int intFd, short intEventos, clsHijoVideo::clsReloj::time_point limite,
+/// Waits with one of the two functions of the channel.
+/// @return Imagen when it may be used, else Anulado, Tarde or Roto.
+template <typename Esperar>
+Fin fEsperar(Esperar fCanal, const clsDescriptor &canal, clsHijoVideo::clsReloj::time_point limite,
              const std::atomic<bool> &bolAnulado)
 {
     for (;;) {
@@ -33,19 +31,12 @@ Fin fEsperar(int intFd, short intEventos, clsHijoVideo::clsReloj::time_point lim
         if (queda.count() <= 0) {
             return Fin::Tarde;
         }
-        pollfd espera{intFd, intEventos, 0};
-        const int intListos =
-            poll(&espera, 1, static_cast<int>(std::min(queda, pasoAnulado).count()));
-        if (intListos > 0) {
-            return Fin::Imagen;
-        }
-        if (intListos < 0 && errno != EINTR) {
-            return Fin::Roto;
+        const auto listo = fCanal(canal, std::min(queda, pasoAnulado));
+        if (!listo || *listo) {
+            return listo ? Fin::Imagen : Fin::Roto;
         }
     }
 }
-
-bool fMomentaneo() { return errno == EAGAIN || errno == EWOULDBLOCK || errno == EINTR; }
 
 } // namespace
 
@@ -108,30 +99,28 @@ bool clsHijoVideo::fPreparar()
     if (m_proceso.fIniciado()) {
         return true;
     }
-    std::array<int, 2> lstExtremos{};
-    if (socketpair(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0, lstExtremos.data()) != 0) {
+    auto extremos = fAbrirCanal();
+    if (!extremos) {
         return false;
     }
-    m_canal = clsDescriptor(lstExtremos[0]);
-    const clsDescriptor suyo(lstExtremos[1]);
+    m_canal = std::move(extremos->nuestro);
     m_bolRecien = true;
     m_lngVista = m_lngNumero;
-    return m_proceso.fIniciar({m_strPrograma}, suyo.fFd());
+    return m_proceso.fIniciar({m_strPrograma}, extremos->suyo);
 }
 
 Fin clsHijoVideo::fEnviar(const std::string &strBytes, const clsEspera &espera) const
 {
     for (std::size_t lngHechos = 0; lngHechos < strBytes.size();) {
-        const Fin fin = fEsperar(m_canal.fFd(), POLLOUT, espera.limite, espera.bolAnulado);
+        const Fin fin = fEsperar(fEsperarEscritura, m_canal, espera.limite, espera.bolAnulado);
         if (fin != Fin::Imagen) {
             return fin;
         }
-        const ssize_t lngEnviados = send(m_canal.fFd(), strBytes.data() + lngHechos,
-                                         strBytes.size() - lngHechos, MSG_NOSIGNAL | MSG_DONTWAIT);
-        if (lngEnviados < 0 && !fMomentaneo()) {
+        const auto lngEnviados = ::fEnviar(m_canal, std::string_view(strBytes).substr(lngHechos));
+        if (!lngEnviados) {
             return Fin::Roto;
         }
-        lngHechos += static_cast<std::size_t>(std::max<ssize_t>(lngEnviados, 0));
+        lngHechos += *lngEnviados;
     }
     return Fin::Imagen;
 }
@@ -140,16 +129,16 @@ Fin clsHijoVideo::fRecibir(void *datos, std::size_t lngBytes, const clsEspera &e
                            std::size_t &lngHechos) const
 {
     for (lngHechos = 0; lngHechos < lngBytes;) {
-        const Fin fin = fEsperar(m_canal.fFd(), POLLIN, espera.limite, espera.bolAnulado);
+        const Fin fin = fEsperar(fEsperarLectura, m_canal, espera.limite, espera.bolAnulado);
         if (fin != Fin::Imagen) {
             return fin;
         }
-        const ssize_t lngRecibidos = recv(m_canal.fFd(), static_cast<char *>(datos) + lngHechos,
-                                          lngBytes - lngHechos, MSG_DONTWAIT);
-        if (lngRecibidos == 0 || (lngRecibidos < 0 && !fMomentaneo())) {
+        const auto lngRecibidos =
+            ::fRecibir(m_canal, static_cast<char *>(datos) + lngHechos, lngBytes - lngHechos);
+        if (!lngRecibidos) {
             return Fin::Roto;
         }
-        lngHechos += static_cast<std::size_t>(std::max<ssize_t>(lngRecibidos, 0));
+        lngHechos += *lngRecibidos;
     }
     return Fin::Imagen;
 }

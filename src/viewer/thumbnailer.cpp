@@ -2,16 +2,13 @@
 
 #include "shared/rutas.h"
 #include "shared/texto.h"
-#include "sistema/archivo.h"
+#include "sistema/carpeta.h"
 #include "sistema/proceso.h"
 
 #include <algorithm>
 #include <cstdlib>
-#include <dirent.h>
-#include <memory>
 #include <set>
 #include <thread>
-#include <unistd.h>
 #include <utility>
 
 namespace {
@@ -76,12 +73,12 @@ std::string fSinEscapes(std::string_view strValor)
 bool fExiste(const std::string &strPrograma)
 {
     if (strPrograma.find('/') != std::string::npos) {
-        return access(strPrograma.c_str(), X_OK) == 0;
+        return fEjecutable(strPrograma);
     }
     const char *strCamino = std::getenv("PATH");
     const clsTextos lstCarpetas = fPartir(strCamino == nullptr ? "/usr/bin:/bin" : strCamino, ':');
     return std::any_of(lstCarpetas.begin(), lstCarpetas.end(), [&](const std::string &strCarpeta) {
-        return access((fBarraFinal(strCarpeta, false) + strPrograma).c_str(), X_OK) == 0;
+        return fEjecutable(fBarraFinal(strCarpeta, false) + strPrograma);
     });
 }
 
@@ -123,11 +120,13 @@ bool fSirve(const clsThumbnailer &programa, std::string_view strExtension)
 std::set<std::string> fNombres(const std::string &strCarpeta)
 {
     std::set<std::string> lstNombres;
-    const std::unique_ptr<DIR, int (*)(DIR *)> carpeta(opendir(strCarpeta.c_str()), closedir);
-    while (const dirent *entrada = carpeta ? readdir(carpeta.get()) : nullptr) {
-        const std::string_view strNombre = static_cast<const char *>(entrada->d_name);
-        if (strNombre.ends_with(".thumbnailer")) {
-            lstNombres.emplace(strNombre);
+    std::vector<clsEntradaCarpeta> lstEntradas;
+    if (const auto carpeta = fAbrirCarpeta(strCarpeta)) {
+        static_cast<void>(fListarCarpeta(*carpeta, lstEntradas)); // what was listed counts
+    }
+    for (clsEntradaCarpeta &entrada : lstEntradas) {
+        if (entrada.strNombre.ends_with(".thumbnailer")) {
+            lstNombres.insert(std::move(entrada.strNombre));
         }
     }
     return lstNombres;
@@ -197,10 +196,9 @@ std::optional<std::string> fBuscarThumbnailer(const std::vector<std::string> &ls
     std::set<std::string> lstVistos;
     for (const std::string &strCarpeta : lstCarpetas) {
         for (const std::string &strNombre : fNombres(strCarpeta)) {
-            int intError = 0;
             const auto texto = lstVistos.insert(strNombre).second
-                                   ? fLeerArchivo(strCarpeta + strNombre, intError)
-                                   : std::nullopt;
+                                   ? fLeerArchivo(strCarpeta + strNombre)
+                                   : clsError();
             const auto programa = texto ? fLeerThumbnailer(*texto) : std::nullopt;
             if (programa && fSirve(*programa, fExtensionDe(strRuta))) {
                 return programa->strExec;

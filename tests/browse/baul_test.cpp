@@ -53,7 +53,7 @@ TEST(Baul, IsAFolderOfTheUsersOwn)
         for (int intVez = 0; intVez < 2; ++intVez) {
             const clsLugarBaul lugar = fAsegurarBaul(arbol.fRaiz());
             EXPECT_EQ(lugar.strCarpeta, arbol.fRuta(bolVale ? "Miravel/" : strSegunda + '/'));
-            EXPECT_EQ(lugar.intError, bolVale || lngSegunda < 2 ? 0 : EPERM);
+            EXPECT_EQ(lugar.error, bolVale || lngSegunda < 2 ? 0 : EPERM);
         }
     }
 }
@@ -61,11 +61,11 @@ TEST(Baul, IsAFolderOfTheUsersOwn)
 TEST(Baul, IsPrivateAndReportsWhyItCannotBe)
 {
     const clsArbol arbol;
-    EXPECT_EQ(fAsegurarBaul(arbol.fRuta("no/")).intError, ENOENT);
+    EXPECT_EQ(fAsegurarBaul(arbol.fRuta("no/")).error, ENOENT);
     ASSERT_EQ(chmod(arbol.fRaiz().c_str(), 0555), 0);
     EXPECT_EQ(fEnHijo([&] {
                   ASSERT_TRUE(fSoltarRaiz());
-                  EXPECT_EQ(fAsegurarBaul(arbol.fRaiz()).intError, EACCES);
+                  EXPECT_EQ(fAsegurarBaul(arbol.fRaiz()).error, EACCES);
               }),
               0);
     ASSERT_EQ(chmod(arbol.fRaiz().c_str(), 0777), 0);
@@ -90,7 +90,7 @@ TEST(Baul, PutsTheDateFromTheDiskBeforeTheName)
         fCopiarLista(lstRutas, fDestinoEnBaul(strBaul), [](int) { return true; });
     EXPECT_EQ(fin.lngHechas, 3);
     ASSERT_TRUE(fin.fallo);
-    EXPECT_EQ(fin.fallo->intError, ENOENT);
+    EXPECT_EQ(fin.fallo->error, ENOENT);
     EXPECT_EQ(fContarBaul(strBaul), 2);
     EXPECT_EQ(arbol.fNombres("Miravel"), (Textos{"2010.05.07.I.JPG", "2010.05.08.I.JPG"}));
     EXPECT_EQ(arbol.fLeer("Miravel/2010.05.07.I.JPG"), "tercera"); // one name, one day
@@ -154,7 +154,7 @@ TEST(Baul, SaysWhenItsDiskIsFullOrReadOnly)
             const clsFinCopia fin = fCopiarLista(
                 {arbol.fRuta("a.jpg")}, fDestinoEnBaul(lugar.strCarpeta), [](int) { return true; });
             EXPECT_EQ(fContarBaul(lugar.strCarpeta), 0);
-            return fin.fallo ? fin.fallo->intError : 0;
+            return fin.fallo ? fin.fallo->error : clsError();
         };
         EXPECT_EQ(fAgregar(), ENOSPC);
         ASSERT_EQ(mount("none", strTemporal.c_str(), nullptr, MS_REMOUNT | MS_RDONLY, nullptr), 0);
@@ -162,7 +162,7 @@ TEST(Baul, SaysWhenItsDiskIsFullOrReadOnly)
         EXPECT_EQ(rmdir(arbol.fRuta("t/Miravel").c_str()), -1);
         ASSERT_EQ(umount2(strTemporal.c_str(), MNT_DETACH), 0);
         ASSERT_EQ(mount("none", strTemporal.c_str(), "tmpfs", MS_RDONLY, nullptr), 0);
-        EXPECT_EQ(fAsegurarBaul(strTemporal).intError, EROFS);
+        EXPECT_EQ(fAsegurarBaul(strTemporal).error, EROFS);
     });
     if (intFin == intSinDisco) {
         GTEST_SKIP() << "needs the right to mount a small disk";

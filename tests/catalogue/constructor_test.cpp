@@ -25,7 +25,7 @@ constexpr const char *strDat = "Miravel.dat";
 class clsPaciente : public clsObservador {
 public:
     void fCarpeta(const std::string &) override {}
-    void fError(int intError) override { lstErrores.push_back(intError); }
+    void fError(clsError error) override { lstErrores.push_back(error.fNumero()); }
     bool fCeder() override { return true; }
 
     std::vector<int> lstErrores;
@@ -130,7 +130,7 @@ TEST(Constructor, KeepsTheOldCatalogueWhenTheRootCannotBeRead)
                       clsPaciente observador;
                       const clsConstruccion fin = fConstruir(arbol.fRuta("r/"), observador);
                       EXPECT_NE(fin.construccion, Construccion::Hecha);
-                      EXPECT_EQ(fin.intError, EACCES);
+                      EXPECT_EQ(fin.error, EACCES);
                   }),
                   0);
         ASSERT_EQ(chmod(arbol.fRuta("r").c_str(), 0755), 0);
@@ -145,7 +145,7 @@ TEST(Constructor, MakesNothingWhereTheRootIsGone)
     clsPaciente observador;
     const clsConstruccion fin = fConstruir(arbol.fRuta("falta/"), observador);
     EXPECT_NE(fin.construccion, Construccion::Hecha);
-    EXPECT_EQ(fin.intError, ENOENT);
+    EXPECT_EQ(fin.error, ENOENT);
     EXPECT_TRUE(arbol.fNombres().empty());
 }
 
@@ -163,7 +163,7 @@ TEST(Constructor, KeepsTheOldCatalogueWhenTheNewOneCannotBeWritten)
                   clsPaciente observador;
                   const clsConstruccion fin = fConstruir(arbol.fRaiz(), observador);
                   EXPECT_EQ(fin.construccion, Construccion::SinEscribir);
-                  EXPECT_EQ(fin.intError, EFBIG);
+                  EXPECT_EQ(fin.error, EFBIG);
               }),
               0);
     EXPECT_EQ(arbol.fLeer(strDat), "viejo");

@@ -35,19 +35,20 @@ struct clsLeido {
     std::int64_t lngFallo = 0;
     std::string strFallo;
     std::int64_t lngTotalKB = 0;
-    int intError = 0;
+    clsError error;
     friend bool operator==(const clsLeido &, const clsLeido &) = default;
 };
 
-/// @param intErrorFinal what the bytes end in instead of their end.
+/// @param errorFinal what the bytes end in instead of their end.
 clsLeido fLeerEnBloques(std::string_view strBytes, Medios medios, std::size_t lngBloque,
-                        int intErrorFinal = 0)
+                        clsError errorFinal = {})
 {
     clsRegistros registros(
-        [&](char *chrDestino, std::size_t lngBytes) -> std::int64_t {
+        [&](char *chrDestino, std::size_t lngBytes) {
             const std::size_t lngDados = strBytes.copy(chrDestino, lngBytes);
             strBytes.remove_prefix(lngDados);
-            return lngDados > 0 ? static_cast<std::int64_t>(lngDados) : -intErrorFinal;
+            const bool bolFallo = lngDados == 0 && errorFinal;
+            return bolFallo ? clsResultado<std::size_t>(errorFinal) : lngDados;
         },
         lngBloque);
     clsFilas filas;
@@ -111,7 +112,7 @@ TEST(Lector, EndsAtAnErrorOfTheDiskWithTheWholeRecordsBefore)
         const auto leido = fLeerEnBloques(std::string_view(strBytes).substr(0, strBytes.size() - 3),
                                           Medios::Todos, lngBloque, EIO);
         EXPECT_EQ(leido.lstFilas, std::vector<std::string>{"/f/a.jpg|" + strFecha + "|1"});
-        EXPECT_EQ(leido.intError, EIO);
+        EXPECT_EQ(leido.error, EIO);
     }
 }
 

@@ -41,7 +41,7 @@ public:
         strTodo += strLineas;
         return !bolParar;
     }
-    void fError(int intError) override { lstErrores.push_back(intError); }
+    void fError(clsError error) override { lstErrores.push_back(error.fNumero()); }
     bool fCeder() override { return true; }
 
     /// The path lines of everything so far.
@@ -108,7 +108,7 @@ TEST(Recorrido, ListsFilesThenSubfoldersDepthFirstInTheOrderOfTheSystem)
     for (const int intHilos : {0, 1, 3}) {
         SCOPED_TRACE(intHilos);
         clsOyente oyente;
-        EXPECT_EQ(fRecorrer(arbol.fRaiz(), {intHilos, {}}, oyente).intErrorRaiz, 0);
+        EXPECT_EQ(fRecorrer(arbol.fRaiz(), {intHilos, {}}, oyente).errorRaiz, 0);
         EXPECT_EQ(oyente.fRutas(), lstEsperadas);
         EXPECT_TRUE(oyente.lstErrores.empty());
     }
@@ -131,7 +131,7 @@ TEST(Recorrido, KeepsTheBytesOfEveryName)
     arbol.fCrear("con\r\nsalto/y\notro.jpg");
     lstEsperadas.push_back(arbol.fRuta("con??salto/y?otro.jpg"));
     clsOyente oyente;
-    EXPECT_EQ(fRecorrer(arbol.fRaiz(), {}, oyente).intErrorRaiz, 0);
+    EXPECT_EQ(fRecorrer(arbol.fRaiz(), {}, oyente).errorRaiz, 0);
     Textos lstRutas = oyente.fRutas();
     std::sort(lstRutas.begin(), lstRutas.end());
     std::sort(lstEsperadas.begin(), lstEsperadas.end());
@@ -151,7 +151,7 @@ TEST(Recorrido, TakesLinksToFilesAndPassesOverOddEntries)
     arbol.fTuberia("a/x.jpg");
     arbol.fEnlace("a/tubo.jpg", "x.jpg");
     clsOyente oyente;
-    EXPECT_EQ(fRecorrer(arbol.fRaiz(), {}, oyente).intErrorRaiz, 0);
+    EXPECT_EQ(fRecorrer(arbol.fRaiz(), {}, oyente).errorRaiz, 0);
     Textos lstRutas = oyente.fRutas();
     std::sort(lstRutas.begin(), lstRutas.end());
     EXPECT_EQ(lstRutas, (Textos{arbol.fRuta("a/enlace.jpg"), arbol.fRuta("a/real.jpg")}));
@@ -172,7 +172,7 @@ TEST(Recorrido, HasNoLimitOfDepth)
     arbol.fCrear(strHondo + "fondo.jpg");
     arbol.fCrear("nivel/nivel/arriba.jpg");
     clsOyente oyente;
-    EXPECT_EQ(fRecorrer(arbol.fRaiz(), {1, {}}, oyente).intErrorRaiz, 0);
+    EXPECT_EQ(fRecorrer(arbol.fRaiz(), {1, {}}, oyente).errorRaiz, 0);
     EXPECT_EQ(oyente.fRutas(),
               (Textos{arbol.fRuta("nivel/nivel/arriba.jpg"), arbol.fRuta(strHondo + "fondo.jpg")}));
     EXPECT_EQ(oyente.lstCarpetas.size(), intNiveles + 1U);
@@ -192,7 +192,7 @@ TEST(Recorrido, ReportsAnUnreadableFolderOnceAndListsTheRest)
         EXPECT_EQ(fEnHijo([&] {
                       ASSERT_TRUE(fSoltarRaiz());
                       clsOyente oyente;
-                      EXPECT_EQ(fRecorrer(arbol.fRaiz(), {}, oyente).intErrorRaiz, 0);
+                      EXPECT_EQ(fRecorrer(arbol.fRaiz(), {}, oyente).errorRaiz, 0);
                       EXPECT_EQ(oyente.lstErrores, std::vector<int>{EACCES});
                       Textos lstRutas = oyente.fRutas();
                       std::sort(lstRutas.begin(), lstRutas.end());
@@ -217,12 +217,12 @@ TEST(Recorrido, EndsWhenTheReceiverWantsNoMore)
 /// Lines of the files of a folder that are named, as the walk examines them.
 clsExamen fExaminarNombres(const clsArbol &arbol, const Textos &lstNombres)
 {
-    const clsDescriptor carpeta{open(arbol.fRaiz().c_str(), O_RDONLY | O_DIRECTORY)};
-    std::vector<clsEntrada> lstEntradas;
+    const auto carpeta = fAbrirCarpeta(arbol.fRaiz());
+    std::vector<clsEntradaCarpeta> lstEntradas;
     for (const std::string &strNombre : lstNombres) {
         lstEntradas.push_back({strNombre, Entrada::Desconocida});
     }
-    return fExaminar(carpeta.fFd(), arbol.fRaiz(), lstEntradas.data(),
+    return fExaminar(carpeta.value(), arbol.fRaiz(), lstEntradas.data(),
                      lstEntradas.data() + lstEntradas.size(), {});
 }
 
@@ -232,7 +232,7 @@ TEST(Examen, PassesSilentlyOverAFileThatVanishedMeanwhile)
     arbol.fCrear("queda.jpg");
     arbol.fCarpeta("carpeta");
     const clsExamen examen = fExaminarNombres(arbol, {"falta.jpg", "queda.jpg", "carpeta"});
-    EXPECT_EQ(examen.intError, 0);
+    EXPECT_EQ(examen.error, 0);
     EXPECT_EQ(fLineas(examen.strLineas).size(), 3U);
     EXPECT_EQ(examen.lstCarpetas, Textos{"carpeta"});
 }

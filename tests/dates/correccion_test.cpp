@@ -3,15 +3,12 @@
 #include "catalogue/registro.h"
 #include "sistema/cerrojo.h"
 #include "soporte/arbol.h"
+#include "soporte/fallos.h"
 #include "soporte/proceso.h"
 
 #include <cerrno>
 #include <fcntl.h>
 #include <gtest/gtest.h>
-#include <linux/loop.h>
-#include <sched.h>
-#include <sys/ioctl.h>
-#include <sys/mount.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -22,29 +19,31 @@ constexpr const char *strDat = "Miravel.dat";
 const clsFecha fechaNueva = fFechaDe({2009, 7, 15, 12, 0, 0}).value_or(clsFecha{});
 
 /// The disk as it is, with a clock that stands still.
-clsDisco fDiscoQuieto()
+clsLlamadas fDiscoQuieto()
 {
-    clsDisco disco = discoReal;
+    clsLlamadas disco = llamadasReales;
     disco.fAhora = [] { return fMomento(fFechaDe({2020, 12, 31, 23, 59, 59}).value()).value(); };
     return disco;
 }
-const clsDisco discoQuieto = fDiscoQuieto();
+const clsLlamadas discoQuieto = fDiscoQuieto();
 constexpr const char *strCopia = "Miravel.dat.20201231235959";
 
 /// Corrects files of a tree, and keeps what was reported of them.
 struct clsIntento {
-    clsIntento(const clsArbol &arbol, const Textos &lstNombres, const clsDisco &disco = discoQuieto)
+    clsIntento(const clsArbol &arbol, const Textos &lstNombres, clsFecha fecha = fechaNueva,
+               const clsLlamadas &disco = discoQuieto)
     {
+        const clsOtrasLlamadas otras(disco);
         for (const std::string &strNombre : lstNombres) {
-            lstFicheros.push_back({arbol.fRuta(strNombre), {}, 0, 0});
+            lstFicheros.push_back({arbol.fRuta(strNombre), {}, {}, {}});
         }
         fin = fCorregir(
-            arbol.fRaiz(), true, lstFicheros, fechaNueva,
-            [&](const std::string &strRuta, int intError) {
-                strAvisos +=
-                    strRuta.substr(arbol.fRaiz().size()) + ' ' + std::to_string(intError) + '\n';
+            arbol.fRaiz(), true, lstFicheros, fecha,
+            [&](const std::string &strRuta, clsError error) {
+                strAvisos += strRuta.substr(arbol.fRaiz().size()) + ' ' +
+                             std::to_string(error.fNumero()) + '\n';
             },
-            [&] { ++lngPasos; }, disco);
+            [&] { ++lngPasos; });
     }
 
     int lngPasos = 0;
@@ -255,12 +254,12 @@ TEST(Correccion, ReportsAFileThatKeepsItsNameAndGoesOn)
                   for (std::size_t lng = 0; lng < std::size(lstCasos); ++lng) {
                       SCOPED_TRACE(lstCasos[lng].strFrase);
                       const clsCorregido &fichero = intento.lstFicheros[lng];
-                      EXPECT_EQ(fichero.intErrorNombre, lstCasos[lng].intErrorNombre);
+                      EXPECT_EQ(fichero.errorNombre, lstCasos[lng].intErrorNombre);
                       if (bolRaiz || lstCasos[lng].intErrorFecha != EPERM) {
-                          EXPECT_EQ(fichero.intErrorFecha, lstCasos[lng].intErrorFecha);
+                          EXPECT_EQ(fichero.errorFecha, lstCasos[lng].intErrorFecha);
                       }
                       EXPECT_EQ(fichero.strFilePathNew == fichero.strFilePath,
-                                fichero.intErrorNombre != 0);
+                                bool(fichero.errorNombre));
                   }
               }),
               0);
@@ -284,7 +283,7 @@ TEST(Correccion, TouchesNothingWithoutTheRightToWrite)
     arbol.fCrear("a.jpg");
     arbol.fCrear(strDat, fTexto(arbol, "@a.jpg|f| 1 |"));
     const Textos lstNombres = arbol.fNombres();
-    std::vector<clsCorregido> lstFicheros = {{arbol.fRuta("a.jpg"), {}, 0, 0}};
+    std::vector<clsCorregido> lstFicheros = {{arbol.fRuta("a.jpg"), {}, {}, {}}};
     EXPECT_EQ(fCorregir(arbol.fRaiz(), false, lstFicheros, fechaNueva, {}).correccion,
               Correccion::SinPermiso);
     {
@@ -320,151 +319,42 @@ TEST(Correccion, SaysSoWhenThereIsNoCatalogueToRewrite)
     arbol.fCrear("a.jpg");
     const clsIntento intento(arbol, {"a.jpg"});
     EXPECT_EQ(intento.fin.correccion, Correccion::SinCatalogo);
-    EXPECT_EQ(intento.fin.intError, ENOENT);
+    EXPECT_EQ(intento.fin.error, ENOENT);
     EXPECT_EQ(arbol.fNombres(), Textos{"20090715_a.jpg"});
 }
 
-// The k-th system call that changes the disk fails, whichever it is.
-int intPaso = 0;
-int intFalla = 0;
-template <auto fMiembro, int intError, class... Argumentos> auto fFragil(Argumentos... argumentos)
+TEST(Correccion, GivesFilesTheNearestTimeOnFatAndTheCatalogueTheDateItself)
 {
-    if (++intPaso == intFalla) {
-        errno = intError;
-        return decltype((discoReal.*fMiembro)(argumentos...)){-1};
-    }
-    return (discoReal.*fMiembro)(argumentos...);
-}
-
-TEST(Correccion, KeepsFilesAndCatalogueWhicheverStepFails)
-{
-    clsDisco disco = discoQuieto;
-    disco.fAbrir = fFragil<&clsDisco::fAbrir, ENOSPC>;
-    disco.fEscribir = fFragil<&clsDisco::fEscribir, ENOSPC>;
-    disco.fVolcar = fFragil<&clsDisco::fVolcar, EIO>;
-    disco.fFechar = fFragil<&clsDisco::fFechar, EROFS>;
-    disco.fRenombrar = fFragil<&clsDisco::fRenombrar, EIO>;
-    disco.fRenombrarLibre = fFragil<&clsDisco::fRenombrarLibre, EROFS>;
-    constexpr int intPasosFicheros = 4; // their failures leave the catalogue to be rewritten
-    int intPasos = 1;                   // known from the first round, in which nothing fails
-    for (intFalla = 0; intFalla <= intPasos; ++intFalla) {
-        SCOPED_TRACE(intFalla);
-        const clsArbol arbol;
-        arbol.fCrear("a.jpg", "una");
-        arbol.fCrear("b.jpg", "otra");
-        arbol.fCrear(strDat, fTexto(arbol, "@a.jpg|f| 3 |@b.jpg|f| 4 |"));
-        const std::string strViejo = arbol.fLeer(strDat);
-        intPaso = 0;
-        const clsIntento intento(arbol, {"a.jpg", "b.jpg"}, disco);
-        intPasos = intFalla == 0 ? intPaso : intPasos;
-        std::string strEsperado;
-        std::string strFotos;
-        for (const clsCorregido &fichero : intento.lstFicheros) {
-            const std::string strNombre = fichero.strFilePathNew.substr(arbol.fRaiz().size());
-            strFotos += arbol.fLeer(strNombre);
-            strEsperado +=
-                fTexto(arbol, "@" + strNombre + "|#| " + (strFotos == "una" ? "3 |" : "4 |"));
-        }
-        EXPECT_EQ(strFotos, "unaotra");
-        const bool bolHecha = intento.fin.correccion == Correccion::Hecha;
-        EXPECT_EQ(bolHecha, intento.fin.intError == 0);
-        EXPECT_EQ(bolHecha, intFalla == 0 || intFalla <= intPasosFicheros);
-        // After a failed flush of the folder the new one stands, and is reported all the same.
-        EXPECT_EQ(arbol.fLeer(strDat), intento.fin.strCopia.empty() ? strViejo : strEsperado);
-        Textos lstNombres = {strDat};
-        if (!intento.fin.strCopia.empty()) {
-            EXPECT_EQ(arbol.fLeer(strCopia), strViejo);
-            lstNombres.emplace_back(strCopia);
-        }
-        for (const clsCorregido &fichero : intento.lstFicheros) {
-            lstNombres.push_back(fichero.strFilePathNew.substr(arbol.fRaiz().size()));
-        }
-        std::sort(lstNombres.begin(), lstNombres.end());
-        EXPECT_EQ(arbol.fNombres(), lstNombres); // nothing temporary is left
-    }
-    EXPECT_GT(intPasos, intPasosFicheros + 5);
-}
-
-TEST(Correccion, RoundsNothingInTheCatalogueOnDisksWithCoarseTimes)
-{
-    clsDisco disco = discoQuieto; // FAT: two seconds, no links
-    disco.fFechar = [](const char *strRuta, const timespec *lstMomentos) {
-        const timespec lstGruesos[2] = {lstMomentos[0], {lstMomentos[1].tv_sec / 2 * 2, 0}};
-        return discoReal.fFechar(strRuta, lstGruesos);
+    struct clsCaso {
+        const char *strFrase;
+        clsPartesFecha partes;
+        clsPartesFecha enDisco;
     };
-    disco.fEnlazar = [](const char *, const char *) { return errno = EPERM, -1; };
-    disco.fRenombrarLibre = [](const char *, const char *) { return errno = EINVAL, -1; };
-    const clsArbol arbol;
-    arbol.fCrear("a.jpg");
-    arbol.fCrear(strDat, fTexto(arbol, "@a.jpg|f| 1 |"));
-    std::vector<clsCorregido> lstFicheros = {{arbol.fRuta("a.jpg"), {}, 0, 0}};
-    const clsFecha fechaImpar{fechaNueva.lngSegundos + 1};
-    EXPECT_EQ(fCorregir(arbol.fRaiz(), true, lstFicheros, fechaImpar, {}, {}, disco).correccion,
-              Correccion::Hecha);
-    EXPECT_EQ(fFechaLocal(clsIntacto(arbol, "20090715_a.jpg").lngFecha), fechaNueva);
-    EXPECT_EQ(arbol.fLeer(strDat), fTexto(arbol, "@20090715_a.jpg|2009/07/15 12:00:01| 1 |"));
-}
-
-/// An empty FAT12 disk of 720 sectors (the boot sector and two tables of two sectors each, as
-/// Microsoft's fatgen103 describes a 360 KB floppy disk).
-std::string fDiscoFat()
-{
-    std::string strDisco(720 * 512, '\0');
-    const std::string strInicio("\xEB\x3C\x90MIRAVEL \0\x02\x02\x01\0\x02\x70\0\xD0\x02\xFD\x02\0"
-                                "\x09\0\x02\0\0\0\0\0\0\0\0\0\0\0\x29\x01\x02\x03\x04PRUEBA     "
-                                "FAT12   ",
-                                62);
-    strDisco.replace(0, strInicio.size(), strInicio);
-    strDisco.replace(510, 2, "\x55\xAA");
-    strDisco.replace(512, 3, "\xFD\xFF\xFF");
-    strDisco.replace(3 * 512, 3, "\xFD\xFF\xFF");
-    return strDisco;
-}
-
-/// Mounts an image over a folder, in this process's own view of the file system.
-bool fMontarFat(const std::string &strImagen, const std::string &strDonde)
-{
-    const int intControl = open("/dev/loop-control", O_RDWR | O_CLOEXEC);
-    const int intNumero = intControl < 0 ? -1 : ioctl(intControl, LOOP_CTL_GET_FREE);
-    const std::string strLazo = "/dev/loop" + std::to_string(intNumero);
-    const int intLazo = intNumero < 0 ? -1 : open(strLazo.c_str(), O_RDWR | O_CLOEXEC);
-    const int intImagen = open(strImagen.c_str(), O_RDWR | O_CLOEXEC);
-    loop_info64 datos{};
-    datos.lo_flags = LO_FLAGS_AUTOCLEAR;
-    return intLazo >= 0 && ioctl(intLazo, LOOP_SET_FD, intImagen) == 0 &&
-           ioctl(intLazo, LOOP_SET_STATUS64, &datos) == 0 && unshare(CLONE_NEWNS) == 0 &&
-           mount("none", "/", nullptr, MS_REC | MS_PRIVATE, nullptr) == 0 &&
-           mount(strLazo.c_str(), strDonde.c_str(), "vfat", 0, nullptr) == 0;
-}
-
-TEST(Correccion, WorksOnARealFatDisk)
-{
-    const clsArbol arbol;
-    arbol.fCrear("imagen", fDiscoFat());
-    arbol.fCarpeta("disco");
-    constexpr int intSinDisco = 77;
-    const int intFin = fEnHijo([&] {
-        if (!fMontarFat(arbol.fRuta("imagen"), arbol.fRuta("disco"))) {
-            _exit(intSinDisco);
-        }
-        arbol.fCrear("disco/a.jpg", "foto");
-        arbol.fCrear("disco/Miravel.dat", fTexto(arbol, "@disco/a.jpg|f| 4 |"));
-        std::vector<clsCorregido> lstFicheros = {{arbol.fRuta("disco/a.jpg"), {}, 0, 0}};
-        const clsFecha fechaImpar{fechaNueva.lngSegundos + 1};
-        const clsFinCorreccion fin =
-            fCorregir(arbol.fRuta("disco/"), true, lstFicheros, fechaImpar, {}, {}, discoQuieto);
-        EXPECT_EQ(fin.correccion, Correccion::Hecha);
-        EXPECT_EQ(arbol.fNombres("disco"), (Textos{strDat, strCopia, "20090715_a.jpg"}));
-        EXPECT_EQ(arbol.fLeer("disco/20090715_a.jpg"), "foto");
-        const clsFecha fecha = fFechaLocal(clsIntacto(arbol, "disco/20090715_a.jpg").lngFecha);
-        EXPECT_TRUE(fecha == fechaNueva || fecha == fechaImpar);
-        EXPECT_EQ(arbol.fLeer("disco/Miravel.dat"),
-                  fTexto(arbol, "@disco/20090715_a.jpg|2009/07/15 12:00:01| 4 |"));
-    });
-    if (intFin == intSinDisco) {
-        GTEST_SKIP() << "needs the right to mount a FAT disk, and a kernel that knows it";
+    const clsZona zona("UTC");
+    for (const clsCaso &caso :
+         {clsCaso{"an even second", {2009, 7, 15, 12, 0, 0}, {2009, 7, 15, 12, 0, 0}},
+          {"an odd second", {2009, 7, 15, 12, 0, 1}, {2009, 7, 15, 12, 0, 0}},
+          {"before the first year", {1979, 12, 31, 23, 59, 59}, {1980, 1, 1, 0, 0, 0}},
+          {"behind the last year", {2108, 1, 1, 0, 0, 0}, {2107, 12, 31, 23, 59, 58}}}) {
+        SCOPED_TRACE(caso.strFrase);
+        const clsArbol arbol;
+        arbol.fCrear("a.jpg", "foto");
+        arbol.fCrear("b.jpg", "otra");
+        const clsFecha fecha = fFechaDe(caso.partes).value();
+        const std::string strNueva = fRutaCorregida("a.jpg", fecha);
+        const std::string strTomada = fRutaCorregida("b.jpg", fecha);
+        arbol.fCrear(strTomada, "su nombre");
+        arbol.fCrear(strDat, fTexto(arbol, "@a.jpg|f| 4 |@b.jpg|f| 4 |"));
+        const clsIntento intento(arbol, {"a.jpg", "b.jpg"}, fecha, fDiscoFat());
+        EXPECT_EQ(intento.fin.correccion, Correccion::Hecha);
+        EXPECT_EQ(intento.strAvisos, "b.jpg " + std::to_string(EEXIST) + '\n');
+        EXPECT_EQ(arbol.fLeer(strNueva) + arbol.fLeer("b.jpg"), "fotootra");
+        EXPECT_EQ(arbol.fLeer(strTomada), "su nombre");
+        EXPECT_EQ(clsIntacto(arbol, strNueva).lngFecha, fMomento(fFechaDe(caso.enDisco).value()));
+        const std::string strFecha = fEscribirFecha(fecha);
+        EXPECT_EQ(arbol.fLeer(strDat), fTexto(arbol, "@" + strNueva + '|' + strFecha +
+                                                         "| 4 |@b.jpg|" + strFecha + "| 4 |"));
     }
-    EXPECT_EQ(intFin, 0);
 }
 
 } // namespace

@@ -11,6 +11,7 @@
 #include "dates/correccion.h"
 #include "sistema/reemplazo.h"
 #include "soporte/arbol.h"
+#include "soporte/fallos.h"
 #include "soporte/proceso.h"
 
 #include <algorithm>
@@ -43,7 +44,7 @@ void fPunto()
 template <auto fMiembro, class... Argumentos> auto fMortal(Argumentos... argumentos)
 {
     fPunto();
-    return (discoReal.*fMiembro)(argumentos...);
+    return (llamadasReales.*fMiembro)(argumentos...);
 }
 
 ssize_t fEscribirAMedias(int intFd, const void *bytDatos, std::size_t lngBytes)
@@ -51,7 +52,7 @@ ssize_t fEscribirAMedias(int intFd, const void *bytDatos, std::size_t lngBytes)
     fPunto();
     const bool bolUltimo = intPaso + 1 == intMuerte;
     const ssize_t lngEscritos =
-        discoReal.fEscribir(intFd, bytDatos, bolUltimo ? lngBytes / 2 : lngBytes);
+        llamadasReales.fEscribir(intFd, bytDatos, bolUltimo ? lngBytes / 2 : lngBytes);
     fPunto();
     return lngEscritos;
 }
@@ -68,17 +69,17 @@ int fSinEnlaces(const char *, const char *)
     return -1;
 }
 
-clsDisco fDiscoMortal()
+clsLlamadas fLlamadasMortales()
 {
-    clsDisco disco = discoReal;
-    disco.fAbrir = fMortal<&clsDisco::fAbrir>;
+    clsLlamadas disco = llamadasReales;
+    disco.fAbrir = fMortal<&clsLlamadas::fAbrir>;
     disco.fEscribir = fEscribirAMedias;
-    disco.fVolcar = fMortal<&clsDisco::fVolcar>;
-    disco.fFechar = fMortal<&clsDisco::fFechar>;
-    disco.fRenombrar = fMortal<&clsDisco::fRenombrar>;
-    disco.fRenombrarLibre = fMortal<&clsDisco::fRenombrarLibre>;
-    disco.fEnlazar = fMortal<&clsDisco::fEnlazar>;
-    disco.fBorrar = fMortal<&clsDisco::fBorrar>;
+    disco.fVolcar = fMortal<&clsLlamadas::fVolcar>;
+    disco.fFechar = fMortal<&clsLlamadas::fFechar>;
+    disco.fRenombrar = fMortal<&clsLlamadas::fRenombrar>;
+    disco.fRenombrarLibre = fMortal<&clsLlamadas::fRenombrarLibre>;
+    disco.fEnlazar = fMortal<&clsLlamadas::fEnlazar>;
+    disco.fBorrar = fMortal<&clsLlamadas::fBorrar>;
     return disco;
 }
 
@@ -109,7 +110,7 @@ public:
             const std::string strNombre =
                 "c" + std::to_string(intFichero % 5) + "/IMG_" + std::to_string(intFichero);
             m_arbol.fCrear(strNombre, fContenido(intFichero));
-            m_lstFicheros.push_back({m_arbol.fRuta(strNombre), {}, 0, 0});
+            m_lstFicheros.push_back({m_arbol.fRuta(strNombre), {}, {}, {}});
             const std::string &strRuta = m_lstFicheros.back().strFilePath;
             fAnotar(m_strViejo, strRuta, clsFecha{}, intFichero);
             fAnotar(m_strNuevo, fRutaCorregida(strRuta, fechaNueva), fechaNueva, intFichero);
@@ -119,10 +120,11 @@ public:
         m_arbol.fCrear("Miravel.dat", m_strViejo);
     }
 
-    void fCorregirTodo(const clsDisco &disco)
+    void fCorregirTodo(const clsLlamadas &disco)
     {
+        const clsOtrasLlamadas otras(disco);
         const clsFinCorreccion fin =
-            fCorregir(m_arbol.fRaiz(), true, m_lstFicheros, fechaNueva, {}, {}, disco);
+            fCorregir(m_arbol.fRaiz(), true, m_lstFicheros, fechaNueva, {});
         fExigir(fin.correccion == Correccion::Hecha, "the correction failed");
     }
 
@@ -221,7 +223,7 @@ private:
     {
         class clsMudo : public clsObservador {
             void fCarpeta(const std::string &) override {}
-            void fError(int) override {}
+            void fError(clsError) override {}
             bool fCeder() override { return true; }
         } mudo;
         fExigir(fConstruir(m_arbol.fRaiz(), mudo).construccion == Construccion::Hecha,
@@ -259,7 +261,7 @@ std::set<int> fPuntos(int intTodos, int intCuantos)
     return lstPuntos;
 }
 
-void fMatarEn(int intPunto, const clsDisco &disco)
+void fMatarEn(int intPunto, const clsLlamadas &disco)
 {
     clsCampo campo;
     intPaso = 0;
@@ -269,7 +271,7 @@ void fMatarEn(int intPunto, const clsDisco &disco)
     campo.fComprobar(false);
 }
 
-void fProbar(const char *strFrase, int intCuantos, const clsDisco &disco)
+void fProbar(const char *strFrase, int intCuantos, const clsLlamadas &disco)
 {
     intMuerte = 0;
     intPaso = 0;
@@ -291,7 +293,7 @@ void fProbar(const char *strFrase, int intCuantos, const clsDisco &disco)
 int main(int intArgumentos, char **strArgumentos)
 {
     const int intCuantos = intArgumentos > 1 ? std::atoi(strArgumentos[1]) : 200;
-    clsDisco disco = fDiscoMortal();
+    clsLlamadas disco = fLlamadasMortales();
     fProbar("renames that refuse taken names", intCuantos, disco);
     disco.fRenombrarLibre = fSinRenombrarLibre;
     fProbar("links", intCuantos, disco);

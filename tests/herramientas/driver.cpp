@@ -61,7 +61,7 @@ std::string fRaiz(const std::string &strArgumento)
 class clsAvisador : public clsObservador {
 public:
     void fCarpeta(const std::string & /*strCarpeta*/) override {}
-    void fError(int intError) override { fAvisar(fTextoError(intError)); }
+    void fError(clsError error) override { fAvisar(fTextoError(error)); }
     bool fCeder() override { return true; }
 };
 
@@ -81,7 +81,7 @@ int fOrdenBuild(const clsArgumentos &lstArgumentos)
     if (hecha.construccion == Construccion::Ocupada) {
         fAvisarOcupada();
     } else if (hecha.construccion == Construccion::SinEscribir) {
-        fAvisarSinLista(fTextoError(hecha.intError));
+        fAvisarSinLista(fTextoError(hecha.error));
     }
     return hecha.construccion == Construccion::Hecha ? intSalidaBien : intSalidaMal;
 }
@@ -97,7 +97,7 @@ bool fCargarFicheros(const clsArgumentos &lstArgumentos, std::vector<clsCorregid
             fAvisar(fAvisoFichero(fTextoPantalla(strRuta)));
             return false;
         }
-        lstCorregidos.push_back({fichero.strFilePath(), {}, 0, 0});
+        lstCorregidos.push_back({fichero.strFilePath(), {}, {}, {}});
     }
     return true;
 }
@@ -105,7 +105,7 @@ bool fCargarFicheros(const clsArgumentos &lstArgumentos, std::vector<clsCorregid
 bool fTodosCorregidos(const std::vector<clsCorregido> &lstCorregidos)
 {
     for (const clsCorregido &fichero : lstCorregidos) {
-        if (fichero.intErrorNombre != 0 || fichero.intErrorFecha != 0) {
+        if (fichero.errorNombre || fichero.errorFecha) {
             return false;
         }
     }
@@ -116,13 +116,13 @@ int fCorregirFicheros(const std::string &strRaiz, std::vector<clsCorregido> &lst
                       clsFecha fecha)
 {
     const clsFinCorreccion fin = fCorregir(
-        strRaiz, true, lstCorregidos, fecha, [](const std::string &strRuta, int intError) {
-            fAvisar(fTextoPantalla(strRuta) + "\r\n" + fTextoError(intError));
+        strRaiz, true, lstCorregidos, fecha, [](const std::string &strRuta, clsError error) {
+            fAvisar(fTextoPantalla(strRuta) + "\r\n" + fTextoError(error));
         });
     if (fin.correccion == Correccion::Ocupada) {
         fAvisarOcupada();
     } else if (fin.correccion == Correccion::SinCatalogo) {
-        fAvisarSinLista(fTextoError(fin.intError));
+        fAvisarSinLista(fTextoError(fin.error));
     }
     const bool bolHecha = fin.correccion == Correccion::Hecha;
     return bolHecha && fTodosCorregidos(lstCorregidos) ? intSalidaBien : intSalidaMal;
@@ -153,10 +153,9 @@ int fOrdenCorrect(const clsArgumentos &lstArgumentos)
     return fCorregirFicheros(strRaiz, lstCorregidos, *fecha);
 }
 
-void fQuejarse(std::string_view strRuta, int intError)
+void fQuejarse(std::string_view strRuta, clsError error)
 {
-    std::fprintf(stderr, "%s\n%s\n", fTextoPantalla(strRuta).c_str(),
-                 fTextoError(intError).c_str());
+    std::fprintf(stderr, "%s\n%s\n", fTextoPantalla(strRuta).c_str(), fTextoError(error).c_str());
 }
 
 /// Copies the files behind the first arguments; those that are not below the root are refused.
@@ -175,7 +174,7 @@ int fCopiarFicheros(const clsArgumentos &lstArgumentos, std::size_t lngPrimero,
     }
     const clsFinCopia fin = fCopiarLista(lstRutas, fDestino, [](int) { return true; });
     if (fin.fallo) {
-        fQuejarse(fin.fallo->strOrigen, fin.fallo->intError);
+        fQuejarse(fin.fallo->strOrigen, fin.fallo->error);
     }
     return static_cast<std::size_t>(fin.lngHechas) == lstRutas.size() ? intSalidaBien
                                                                       : intSalidaMal;
@@ -190,8 +189,8 @@ int fOrdenCopy(const clsArgumentos &lstArgumentos)
 int fOrdenBaul(const clsArgumentos &lstArgumentos)
 {
     const clsLugarBaul lugar = fAsegurarBaul();
-    if (lugar.intError != 0) {
-        fQuejarse(lugar.strCarpeta, lugar.intError);
+    if (lugar.error) {
+        fQuejarse(lugar.strCarpeta, lugar.error);
         return intSalidaMal;
     }
     return fCopiarFicheros(lstArgumentos, 1, fDestinoEnBaul(lugar.strCarpeta));

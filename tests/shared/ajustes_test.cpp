@@ -2,6 +2,7 @@
 
 #include "sistema/archivo.h"
 #include "soporte/arbol.h"
+#include "soporte/fallos.h"
 #include "soporte/proceso.h"
 
 #include <future>
@@ -107,18 +108,19 @@ TEST(Ajustes, DoNotKeepTheProgramFromEndingWhenTheDiskHangs)
     static std::promise<void> disco;
     static const std::shared_future<void> bolContesta = disco.get_future().share();
     static std::promise<void> bolFin;
-    static clsDisco atascado = discoReal;
+    static clsLlamadas atascado = llamadasReales;
     atascado.fVolcar = [](int intFd) {
         bolContesta.wait();
-        return discoReal.fVolcar(intFd);
+        return llamadasReales.fVolcar(intFd);
     };
     atascado.fRenombrar = [](const char *strDe, const char *strA) {
-        const int intResultado = discoReal.fRenombrar(strDe, strA);
+        const int intResultado = llamadasReales.fRenombrar(strDe, strA);
         bolFin.set_value();
         return intResultado;
     };
+    const clsOtrasLlamadas otras(atascado);
     {
-        clsAjustes ajustes(arbol.fRuta(strIni), true, atascado);
+        clsAjustes ajustes(arbol.fRuta(strIni), true);
         ajustes.fGuardarIni("GENERAL", "SELEC", "/f/1");
     }
     EXPECT_FALSE(fExisteArchivo(arbol.fRuta(strIni)));

@@ -1,6 +1,7 @@
 #include "sistema/cambios.h"
 
 #include "soporte/arbol.h"
+#include "soporte/fallos.h"
 
 #include <cerrno>
 #include <fcntl.h>
@@ -19,7 +20,7 @@ template <int intError> int fFalla(const char *, const char *)
     return -1;
 }
 
-template <int intError> int fFallaBorrar(const char *)
+template <int intError> int fFallaBorrar(int, const char *, int)
 {
     errno = intError;
     return -1;
@@ -32,18 +33,18 @@ struct clsSistema {
     int (*fEnlazar)(const char *, const char *);
 };
 const clsSistema lstSistemas[] = {
-    {"refuses taken names itself", discoReal.fRenombrarLibre, fFalla<EIO>},
-    {"only has links", fFalla<EINVAL>, discoReal.fEnlazar},
-    {"has links, and a kernel of old", fFalla<ENOSYS>, discoReal.fEnlazar},
+    {"refuses taken names itself", llamadasReales.fRenombrarLibre, fFalla<EIO>},
+    {"only has links", fFalla<EINVAL>, llamadasReales.fEnlazar},
+    {"has links, and a kernel of old", fFalla<ENOSYS>, llamadasReales.fEnlazar},
     {"has no links (EPERM)", fFalla<EINVAL>, fFalla<EPERM>},
     {"has no links (EOPNOTSUPP)", fFalla<EINVAL>, fFalla<EOPNOTSUPP>},
     {"has a kernel that has no links", fFalla<ENOSYS>, fFalla<ENOSYS>},
     {"has links, but no more of a file", fFalla<EINVAL>, fFalla<EMLINK>},
 };
 
-clsDisco fDisco(const clsSistema &sistema)
+clsLlamadas fDisco(const clsSistema &sistema)
 {
-    clsDisco disco = discoReal;
+    clsLlamadas disco = llamadasReales;
     disco.fRenombrarLibre = sistema.fLibre;
     disco.fEnlazar = sistema.fEnlazar;
     return disco;
@@ -53,12 +54,14 @@ TEST(Renombrar, MovesAFileToAFreeNameOnEveryFileSystem)
 {
     for (const clsSistema &sistema : lstSistemas) {
         SCOPED_TRACE(sistema.strFrase);
+        const clsLlamadas disco = fDisco(sistema);
+        const clsOtrasLlamadas otras(disco);
         const clsArbol arbol;
         arbol.fCrear("a.jpg", "foto");
         arbol.fEnlace("e.jpg", "a.jpg");
-        EXPECT_EQ(fRenombrar(arbol.fRuta("e.jpg"), arbol.fRuta("l.jpg"), fDisco(sistema)), 0);
+        EXPECT_EQ(fRenombrar(arbol.fRuta("e.jpg"), arbol.fRuta("l.jpg")), 0);
         EXPECT_EQ(arbol.fNombres(), (Textos{"a.jpg", "l.jpg"})) << "the link is what moves";
-        EXPECT_EQ(fRenombrar(arbol.fRuta("a.jpg"), arbol.fRuta("b.jpg"), fDisco(sistema)), 0);
+        EXPECT_EQ(fRenombrar(arbol.fRuta("a.jpg"), arbol.fRuta("b.jpg")), 0);
         EXPECT_EQ(arbol.fNombres(), (Textos{"b.jpg", "l.jpg"}));
         EXPECT_EQ(arbol.fLeer("b.jpg"), "foto");
         struct stat datos {};
@@ -91,6 +94,8 @@ TEST(Renombrar, NeverReplacesAndReportsWhy)
     };
     for (const clsSistema &sistema : lstSistemas) {
         SCOPED_TRACE(sistema.strFrase);
+        const clsLlamadas disco = fDisco(sistema);
+        const clsOtrasLlamadas otras(disco);
         const clsArbol arbol;
         arbol.fCrear("a.jpg", "una");
         arbol.fCrear("b.jpg", "otra");
@@ -101,14 +106,12 @@ TEST(Renombrar, NeverReplacesAndReportsWhy)
         const Textos lstNombres = arbol.fNombres();
         for (const clsCaso &caso : lstCasos) {
             SCOPED_TRACE(caso.strFrase);
-            EXPECT_EQ(fRenombrar(arbol.fRuta(caso.strDe), arbol.fRuta(caso.strA), fDisco(sistema)),
-                      caso.intError);
+            EXPECT_EQ(fRenombrar(arbol.fRuta(caso.strDe), arbol.fRuta(caso.strA)), caso.intError);
             EXPECT_EQ(arbol.fNombres(), lstNombres);
             EXPECT_EQ(arbol.fLeer("a.jpg") + arbol.fLeer("b.jpg"), "unaotra");
         }
         const std::string strLargo(256, 'n');
-        EXPECT_EQ(fRenombrar(arbol.fRuta("a.jpg"), arbol.fRuta(strLargo), fDisco(sistema)),
-                  ENAMETOOLONG);
+        EXPECT_EQ(fRenombrar(arbol.fRuta("a.jpg"), arbol.fRuta(strLargo)), ENAMETOOLONG);
     }
 }
 
@@ -116,30 +119,28 @@ TEST(Renombrar, PassesOtherErrorsOnAndUndoesHalfARenaming)
 {
     const clsArbol arbol;
     arbol.fCrear("a.jpg", "foto");
-    for (const int intError : {EIO, EACCES, EROFS, EBUSY}) {
-        SCOPED_TRACE(intError);
-        clsDisco disco = discoReal; // with links: they must not be tried
-        disco.fRenombrarLibre = intError == EIO      ? fFalla<EIO>
-                                : intError == EACCES ? fFalla<EACCES>
-                                : intError == EROFS  ? fFalla<EROFS>
-                                                     : fFalla<EBUSY>;
-        EXPECT_EQ(fRenombrar(arbol.fRuta("a.jpg"), arbol.fRuta("b.jpg"), disco), intError);
+    clsLlamadas disco = llamadasReales; // with links: they must not be tried
+    const clsOtrasLlamadas otras(disco);
+    const auto fExigir = [&](int intError) {
+        EXPECT_EQ(fRenombrar(arbol.fRuta("a.jpg"), arbol.fRuta("b.jpg")), intError);
         EXPECT_EQ(arbol.fNombres(), Textos{"a.jpg"});
-    }
-    clsDisco disco = fDisco(lstSistemas[1]);
-    disco.fEnlazar = fFalla<ENOSPC>; // not for want of links: no plain renaming either
-    EXPECT_EQ(fRenombrar(arbol.fRuta("a.jpg"), arbol.fRuta("b.jpg"), disco), ENOSPC);
-    EXPECT_EQ(arbol.fNombres(), Textos{"a.jpg"});
-
-    disco = fDisco(lstSistemas[1]);
-    disco.fBorrar = [](const char *strRuta) {
-        return std::string_view(strRuta).ends_with("/a.jpg") ? fFallaBorrar<EACCES>(strRuta)
-                                                             : discoReal.fBorrar(strRuta);
     };
-    EXPECT_EQ(fRenombrar(arbol.fRuta("a.jpg"), arbol.fRuta("b.jpg"), disco), EACCES);
-    EXPECT_EQ(arbol.fNombres(), Textos{"a.jpg"});
+    disco.fRenombrarLibre = fFalla<EIO>;
+    fExigir(EIO);
+    disco.fRenombrarLibre = fFalla<EACCES>;
+    fExigir(EACCES);
+    disco = fDisco(lstSistemas[1]);
+    disco.fEnlazar = fFalla<ENOSPC>; // not for want of links: no plain renaming either
+    fExigir(ENOSPC);
+    disco = fDisco(lstSistemas[1]);
+    disco.fBorrar = [](int intCarpeta, const char *strRuta, int intModo) {
+        return std::string_view(strRuta).ends_with("/a.jpg")
+                   ? fFallaBorrar<EACCES>(intCarpeta, strRuta, intModo)
+                   : llamadasReales.fBorrar(intCarpeta, strRuta, intModo);
+    };
+    fExigir(EACCES);
     disco.fBorrar = fFallaBorrar<EIO>; // both names stay rather than none
-    EXPECT_EQ(fRenombrar(arbol.fRuta("a.jpg"), arbol.fRuta("b.jpg"), disco), EIO);
+    EXPECT_EQ(fRenombrar(arbol.fRuta("a.jpg"), arbol.fRuta("b.jpg")), EIO);
     EXPECT_EQ(arbol.fLeer("a.jpg"), "foto");
 }
 
@@ -196,8 +197,8 @@ TEST(FechaArchivo, ReportsWhatIsNoFileOrHasNoSuchTime)
     EXPECT_EQ(arbol.fNombres(), (Textos{"a.jpg", "c.jpg", "rota.jpg", "t.jpg"}));
     // The oldest and the last date have a moment, whatever the file system makes of it.
     for (const std::int64_t lngMomento : {-59'000'000'000, 253'402'300'799}) { // years 100, 9999
-        const int intError = fFechar(arbol.fRuta("a.jpg"), lngMomento);
-        EXPECT_TRUE(intError == 0 || intError == EINVAL || intError == EOVERFLOW) << intError;
+        const clsError error = fFechar(arbol.fRuta("a.jpg"), lngMomento);
+        EXPECT_TRUE(!error || error == EINVAL || error == EOVERFLOW) << error.fNumero();
     }
 }
 

@@ -63,7 +63,7 @@ private slots:
         QCOMPARE(segunda.fNombres().size(), 4);
         QCOMPARE(segunda.fPosicion(), 3);
         QCOMPARE(segunda.fTamFoto(), QSize(100, 100));
-        QVERIFY(fHuella(arbol.fRuta("Miravel.dat")) == huella);
+        QVERIFY(fHuella(arbol.fRuta("Miravel.dat")).value() == huella.value());
     }
 
     void fAnArchiveWithoutMediaSaysSo()

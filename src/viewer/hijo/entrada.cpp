@@ -2,7 +2,6 @@
 
 #include <cerrno>
 #include <cstdio>
-#include <unistd.h>
 
 extern "C" {
 #include <libavformat/avio.h>
@@ -16,9 +15,8 @@ namespace {
 constexpr int intTamBufer = 32768;
 }
 
-clsEntrada::clsEntrada(const clsDescriptor &archivo, std::int64_t lngBytes,
-                       const std::function<bool()> &fAnulado)
-    : m_archivo(archivo), m_lngBytes(lngBytes), m_fAnulado(fAnulado)
+clsEntrada::clsEntrada(const clsAbierto &archivo, const std::function<bool()> &fAnulado)
+    : m_archivo(archivo), m_fAnulado(fAnulado)
 {
 }
 
@@ -50,17 +48,15 @@ int clsEntrada::fLeer(void *yo, std::uint8_t *bytDatos, int intBytes)
     if (entrada.m_lngPermitidos <= 0 || entrada.m_fAnulado()) {
         return AVERROR_EXIT;
     }
-    ssize_t lngLeidos = -1;
-    do {
-        lngLeidos = pread(entrada.m_archivo.fFd(), bytDatos, static_cast<std::size_t>(intBytes),
-                          entrada.m_lngLugar);
-    } while (lngLeidos < 0 && errno == EINTR);
-    if (lngLeidos < 0) {
-        return AVERROR(errno);
+    const auto lngLeidos = fLeerEn(entrada.m_archivo.descriptor, entrada.m_lngLugar, bytDatos,
+                                   static_cast<std::size_t>(intBytes));
+    if (!lngLeidos) {
+        return AVERROR(lngLeidos.fError().fNumero());
     }
-    entrada.m_lngLugar += lngLeidos;
-    entrada.m_lngPermitidos -= lngLeidos;
-    return lngLeidos == 0 ? AVERROR_EOF : static_cast<int>(lngLeidos);
+    const auto intLeidos = static_cast<int>(*lngLeidos);
+    entrada.m_lngLugar += intLeidos;
+    entrada.m_lngPermitidos -= intLeidos;
+    return intLeidos == 0 ? AVERROR_EOF : intLeidos;
 }
 
 std::int64_t clsEntrada::fIr(void *yo, std::int64_t lngLugar, int intDesde)
@@ -68,12 +64,12 @@ std::int64_t clsEntrada::fIr(void *yo, std::int64_t lngLugar, int intDesde)
     auto &entrada = *static_cast<clsEntrada *>(yo);
     switch (intDesde & ~AVSEEK_FORCE) {
     case AVSEEK_SIZE:
-        return entrada.m_lngBytes;
+        return entrada.fBytes();
     case SEEK_CUR:
         lngLugar += entrada.m_lngLugar;
         break;
     case SEEK_END:
-        lngLugar += entrada.m_lngBytes;
+        lngLugar += entrada.fBytes();
         break;
     default:
         break;

@@ -142,14 +142,12 @@ clsFotograma fTomarFotograma(const std::string &strRuta, int intLado,
         {true,  false, false, lngSinLimite},
     };
     clsFotograma fotograma;
-    int intError = 0;
-    clsHuella huella;
-    const clsDescriptor archivo = fAbrirRegular(strRuta, intError, &huella);
-    if (!archivo.fAbierto()) {
+    const auto archivo = fAbrirRegular(strRuta);
+    if (!archivo) {
         fotograma.estado = EstadoHijo::NoSeLee;
         return fotograma;
     }
-    clsEntrada entrada(archivo, huella.lngBytes, fAnulado);
+    clsEntrada entrada(*archivo, fAnulado);
     bool bolSeguir = true;
     for (const clsEmpeno &empeno : lstEmpenos) {
         if (!bolSeguir || fAnulado() || fProbar(entrada, empeno, intLado, fotograma, bolSeguir)) {

@@ -2,17 +2,13 @@
 // input, answers go to standard output, see viewer/mensaje_hijo.h. It is a program of its own
 // because a decoder that hangs or dies over a broken file must not take Miravel with it.
 
-#include "sistema/archivo.h"
+#include "sistema/canal.h"
 #include "viewer/hijo/fotograma.h"
 
-#include <cerrno>
-#include <csignal>
-#include <malloc.h>
-#include <poll.h>
+#include <chrono>
+#include <cstdlib>
 #include <string>
-#include <sys/resource.h>
 #include <thread>
-#include <unistd.h>
 
 extern "C" {
 #include <libavutil/log.h>
@@ -20,49 +16,34 @@ extern "C" {
 
 namespace {
 
+const clsDescriptor entrada(0);
+const clsDescriptor salida(1);
+
 bool fLeerTodo(void *datos, std::size_t lngBytes)
 {
     auto *chrDatos = static_cast<char *>(datos);
     while (lngBytes > 0) {
-        const ssize_t lngLeidos = read(STDIN_FILENO, chrDatos, lngBytes);
-        if (lngLeidos == 0 || (lngLeidos < 0 && errno != EINTR)) {
+        const std::size_t lngLeidos = fLeer(entrada, chrDatos, lngBytes).value_or(0);
+        if (lngLeidos == 0) {
             return false;
         }
-        const auto lngHechos = static_cast<std::size_t>(lngLeidos < 0 ? 0 : lngLeidos);
-        chrDatos += lngHechos;
-        lngBytes -= lngHechos;
+        chrDatos += lngLeidos;
+        lngBytes -= lngLeidos;
     }
     return true;
 }
 
-/// Whether something has come in, events of poll.
-bool fHay(short intEventos, int intEspera)
+/// Whether a request has come in.
+bool fHay(std::chrono::milliseconds plazo)
 {
-    pollfd espera{STDIN_FILENO, intEventos, 0};
-    return poll(&espera, 1, intEspera) > 0 && espera.revents != 0;
+    return fEsperarLectura(entrada, plazo).value_or(false);
 }
 
 /// Ends the program when the other side is gone, even in the middle of a file.
 void fVigilar()
 {
-    while (!fHay(POLLRDHUP, -1)) {
-    }
-    _exit(0);
-}
-
-void fLimitar()
-{
-#ifndef __SANITIZE_ADDRESS__ // which reserves far more
-    constexpr rlim_t lngMemoria = rlim_t{2} << 30;
-    const rlimit memoria{lngMemoria, lngMemoria};
-    setrlimit(RLIMIT_AS, &memoria);
-#endif
-    const rlimit volcado{0, 0};
-    setrlimit(RLIMIT_CORE, &volcado);
-    // The buffers of a large frame are kept for the next file: to fetch them from the system, page
-    // by page, takes longer than to decode into them.
-    mallopt(M_MMAP_THRESHOLD, 32 << 20);
-    mallopt(M_TRIM_THRESHOLD, 96 << 20);
+    fEsperarCierre(entrada);
+    std::_Exit(0);
 }
 
 bool fContestar(std::uint32_t lngNumero, const hijo::clsFotograma &fotograma)
@@ -75,14 +56,14 @@ bool fContestar(std::uint32_t lngNumero, const hijo::clsFotograma &fotograma)
     std::string strBytes(reinterpret_cast<const char *>(&respuesta), sizeof respuesta);
     strBytes.append(reinterpret_cast<const char *>(fotograma.lstPuntos.data()),
                     fotograma.lstPuntos.size() * sizeof(std::uint32_t));
-    return fEscribirTodo(STDOUT_FILENO, strBytes) == 0;
+    return !fEscribirTodo(salida, strBytes);
 }
 
 bool fAtender()
 {
     // Nothing to do for a second: what was kept goes back.
-    if (!fHay(POLLIN, 1000)) {
-        malloc_trim(0);
+    if (!fHay(std::chrono::seconds(1))) {
+        fDevolverMemoria();
     }
     clsPeticionHijo peticion;
     if (!fLeerTodo(&peticion, sizeof peticion) ||
@@ -95,7 +76,7 @@ bool fAtender()
         return false;
     }
     // The next request comes early only when nobody waits for the answer to this one any more.
-    const auto fAnulado = [] { return fHay(POLLIN, 0); };
+    const auto fAnulado = [] { return fHay(std::chrono::milliseconds(0)); };
     return fContestar(peticion.lngNumero,
                       hijo::fTomarFotograma(strRuta, static_cast<int>(peticion.lngLado), fAnulado));
 }
@@ -104,12 +85,12 @@ bool fAtender()
 
 int main()
 {
-    std::signal(SIGPIPE, SIG_IGN);
-    fLimitar();
+    fLimitarPrograma(std::uint64_t{2} << 30);
+    fRetenerMemoria();
     av_log_set_level(AV_LOG_QUIET);
     std::thread(fVigilar).detach();
     while (fAtender()) {
     }
     // Without the destructors of libraries that the other thread may still be in.
-    _exit(0);
+    std::_Exit(0);
 }

@@ -1,0 +1,58 @@
+#pragma once
+
+#include "sistema/archivo.h"
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+/// Opens a folder.
+/// @param bolSeguir whether a link to a folder counts as one.
+[[nodiscard]] clsResultado<clsDescriptor> fAbrirCarpeta(const std::string &strRuta,
+                                                        bool bolSeguir = true);
+
+/// Opens the folder strRelativa ("" or "a/b/") below an open one, however long the path is. It is
+/// not opened when it is a link.
+[[nodiscard]] clsResultado<clsDescriptor> fAbrirCarpetaEn(const clsDescriptor &raiz,
+                                                          std::string_view strRelativa);
+
+/// One entry of a folder as a listing tells it: a link is unknown, too.
+enum class Entrada { Archivo, Carpeta, Desconocida };
+
+struct clsEntradaCarpeta {
+    std::string strNombre;
+    Entrada entrada = Entrada::Archivo;
+};
+
+/// Adds the entries of an open folder in the order of the file system; "." and "..", pipes, sockets
+/// and devices are left out.
+/// @return why the listing ended early; what was listed before stays.
+[[nodiscard]] clsError fListarCarpeta(const clsDescriptor &carpeta,
+                                      std::vector<clsEntradaCarpeta> &lstEntradas);
+
+/// Makes a folder, for the user alone.
+clsError fCrearCarpeta(const std::string &strRuta);
+
+/// Deletes a file or a link by its name in an open folder.
+clsError fBorrarEn(const clsDescriptor &carpeta, const std::string &strNombre);
+
+/// Whether the folder strRuta is certainly neither the open one nor below it. By what the folders
+/// are, not by their names: a folder can be reached under several.
+[[nodiscard]] bool fQuedaFuera(const std::string &strRuta, const clsDescriptor &carpeta);
+
+/// A new folder of the user's own for one file, whose name is given; both go with the object.
+class clsCarpetaPasajera {
+public:
+    /// @param strInicio path that the folder's own begins with.
+    clsCarpetaPasajera(const std::string &strInicio, std::string_view strNombre);
+    ~clsCarpetaPasajera();
+    clsCarpetaPasajera(const clsCarpetaPasajera &) = delete;
+    clsCarpetaPasajera &operator=(const clsCarpetaPasajera &) = delete;
+
+    /// Path of the file; empty when no folder could be made.
+    [[nodiscard]] const std::string &fRuta() const { return m_strRuta; }
+
+private:
+    std::string m_strCarpeta;
+    std::string m_strRuta;
+};

@@ -1,0 +1,114 @@
+#include "soporte/fallos.h"
+
+#include <algorithm>
+#include <array>
+#include <atomic>
+#include <cerrno>
+
+namespace {
+
+std::atomic<int> intHechas;
+const clsFallos::clsPlan *planActual = nullptr; // set while no call is made
+
+/// A call that may fail without being made.
+template <auto fLlamada, class... Argumentos> auto fFragil(Argumentos... argumentos)
+{
+    using clsFin = decltype((planActual->base.*fLlamada)(argumentos...));
+    const clsFallos::clsPlan &plan = *planActual;
+    const int intEsta = ++intHechas;
+    if (plan.intPrimera == 0 || intEsta < plan.intPrimera ||
+        (intEsta > plan.intPrimera && !plan.bolSiguen)) {
+        return (plan.base.*fLlamada)(argumentos...);
+    }
+    errno = plan.intError;
+    return clsFin{-1};
+}
+
+/// A file is closed even when that reports an error.
+int fCerrarFragil(int intFd)
+{
+    const int intFin = fFragil<&clsLlamadas::fCerrar>(intFd);
+    if (intFin != 0) {
+        const int intError = errno;
+        llamadasReales.fCerrar(intFd);
+        errno = intError;
+    }
+    return intFin;
+}
+
+constexpr clsLlamadas llamadasFragiles = {
+    fFragil<&clsLlamadas::fAbrir>,
+    fCerrarFragil,
+    fFragil<&clsLlamadas::fLeer>,
+    fFragil<&clsLlamadas::fLeerEn>,
+    fFragil<&clsLlamadas::fEscribir>,
+    fFragil<&clsLlamadas::fIr>,
+    fFragil<&clsLlamadas::fVolcar>,
+    fFragil<&clsLlamadas::fAlargar>,
+    fFragil<&clsLlamadas::fClonar>,
+    fFragil<&clsLlamadas::fTrasladar>,
+    fFragil<&clsLlamadas::fListar>,
+    fFragil<&clsLlamadas::fConsultar>,
+    fFragil<&clsLlamadas::fConsultarAbierto>,
+    fFragil<&clsLlamadas::fPermitir>,
+    fFragil<&clsLlamadas::fFechar>,
+    fFragil<&clsLlamadas::fFecharAbierto>,
+    fFragil<&clsLlamadas::fRenombrar>,
+    fFragil<&clsLlamadas::fRenombrarLibre>,
+    fFragil<&clsLlamadas::fEnlazar>,
+    fFragil<&clsLlamadas::fBorrar>,
+    fFragil<&clsLlamadas::fCrearCarpeta>,
+    fFragil<&clsLlamadas::fBloquear>,
+    fFragil<&clsLlamadas::fAhora>,
+};
+
+/// The nearest time that FAT can hold (Microsoft's fatgen103: an even second of 1980 to 2107).
+timespec fMomentoFat(const timespec &momento)
+{
+    constexpr std::time_t lngPrimero = 315532800; // 1/1/1980
+    constexpr std::time_t lngUltimo = 4354819198; // 31/12/2107 23:59:58
+    if (momento.tv_nsec == UTIME_OMIT) {
+        return momento;
+    }
+    return {std::clamp(momento.tv_sec / 2 * 2, lngPrimero, lngUltimo), 0};
+}
+
+std::array<timespec, 2> fMomentosFat(const timespec *lstMomentos)
+{
+    return {fMomentoFat(lstMomentos[0]), fMomentoFat(lstMomentos[1])};
+}
+
+clsLlamadas fHacerDiscoFat()
+{
+    clsLlamadas disco = llamadasReales;
+    disco.fFechar = [](const char *strRuta, const timespec *lstMomentos) {
+        return llamadasReales.fFechar(strRuta, fMomentosFat(lstMomentos).data());
+    };
+    disco.fFecharAbierto = [](int intFd, const timespec *lstMomentos) {
+        return llamadasReales.fFecharAbierto(intFd, fMomentosFat(lstMomentos).data());
+    };
+    disco.fEnlazar = [](const char *, const char *) { return errno = EPERM, -1; };
+    disco.fRenombrarLibre = [](const char *, const char *) { return errno = EINVAL, -1; };
+    disco.fPermitir = [](int, mode_t) { return errno = EPERM, -1; };
+    disco.fClonar = [](int, int) { return errno = EOPNOTSUPP, -1; };
+    return disco;
+}
+
+const clsLlamadas &fPreparar(const clsFallos::clsPlan &plan)
+{
+    planActual = &plan;
+    intHechas = 0;
+    return llamadasFragiles;
+}
+
+} // namespace
+
+clsFallos::clsFallos(const clsPlan &plan) : m_plan(plan), m_otras(fPreparar(m_plan)) {}
+
+int clsFallos::fHechas() { return intHechas; }
+
+const clsLlamadas &fDiscoFat()
+{
+    static const clsLlamadas disco = fHacerDiscoFat();
+    return disco;
+}
