@@ -14,7 +14,7 @@ class clsCallado : public clsObservador {
 public:
     void fCarpeta(const std::string & /*strCarpeta*/) override { ++lngCarpetas; }
     void fError(clsError error) override { std::printf("error %d\n", error.fNumero()); }
-    bool fCeder() override { return true; }
+    bool fSeguir() override { return true; }
     long lngCarpetas = 0;
 };
 

@@ -4,6 +4,7 @@
 #include "browse/estado.h"
 #include "shared/mensajes.h"
 #include "shared/ocupado.h"
+#include "shared/ritmo.h"
 
 #include <functional>
 #include <string>
@@ -38,4 +39,6 @@ struct clsComun {
     std::function<void(bool bolForzar, const std::string &strRuta, int lngSiFalta)> fLlenar;
     /// Shows in menus and toolbar what the state has become.
     std::function<void()> fEstadoCambiado;
+    /// Lets events run; false when the window is to close.
+    clsSeguir fSeguir;
 };

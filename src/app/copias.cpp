@@ -1,6 +1,5 @@
 #include "app/copias.h"
 
-#include "app/ceder.h"
 #include "app/informacion.h"
 #include "browse/baul.h"
 #include "catalogue/modelo_fotos.h"
@@ -70,8 +69,7 @@ void fEnviar(const clsComun &comun, const clsDestino &fDestino)
             QStringLiteral("%1 de %2 ...")
                 .arg(std::min(lngHechas + 1, lngCuantos)) // the last one may be done by now
                 .arg(lngCuantos));
-        fCederEventos();
-        return comun.estado.parada == Parada::Ninguna;
+        return comun.fSeguir() && comun.estado.parada == Parada::Ninguna;
     });
     fQuitarMarcas(fin.lngHechas);
     if (comun.estado.fCerrando()) {

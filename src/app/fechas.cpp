@@ -1,6 +1,5 @@
 #include "app/fechas.h"
 
-#include "app/ceder.h"
 #include "app/informacion.h"
 #include "app/llenado.h"
 #include "dates/busqueda.h"
@@ -13,11 +12,7 @@
 #include "shared/errores.h"
 #include "shared/qtexto.h"
 
-#include <QElapsedTimer>
-
 namespace {
-
-constexpr qint64 lngPausaProgreso = 50; // milliseconds
 
 void fMostrarExif(const clsComun &comun)
 {
@@ -31,10 +26,8 @@ void fBuscar(const clsComun &comun)
     const clsOcupado ocupado(comun.ocupacion);
     ++comun.estado.lngGeneracion;
     comun.fVaciarPanel();
-    fCederEventos();
-    QElapsedTimer reloj;
-    reloj.start();
-    qint64 lngUltima = -lngPausaProgreso;
+    bool bolSeguir = comun.fSeguir() && comun.estado.parada == Parada::Ninguna;
+    clsRitmo ritmo;
     clsPreguntas preguntas;
     preguntas.fRuta = [&comun](int lngPos) { return comun.estado.filas.fRuta(lngPos); };
     preguntas.fCorrecta = [](const std::string &strRuta) {
@@ -43,12 +36,11 @@ void fBuscar(const clsComun &comun)
         return fichero.bolFechaCorrecta();
     };
     preguntas.fPaso = [&](int lngPos) {
-        if (reloj.elapsed() - lngUltima >= lngPausaProgreso) {
-            lngUltima = reloj.elapsed();
+        bolSeguir = bolSeguir && ritmo.fSeguir([&] {
             comun.informacion.fLugar(lngPos, comun.estado.filas.fCantidad());
-            fCederEventos();
-        }
-        return comun.estado.parada == Parada::Ninguna;
+            return comun.fSeguir() && comun.estado.parada == Parada::Ninguna;
+        });
+        return bolSeguir;
     };
     const auto lngHallada = fBuscarIncorrecta(comun.estado.lngActual, preguntas);
     if (!comun.estado.fCerrando()) {
@@ -59,8 +51,7 @@ void fBuscar(const clsComun &comun)
 [[nodiscard]] bool fCargar(const clsComun &comun, std::vector<clsFile> &lstFicheros)
 {
     const clsOcupado ocupado(comun.ocupacion);
-    QElapsedTimer reloj;
-    reloj.start();
+    clsRitmo ritmo;
     for (const int lngPos : fMarcadasOActual(comun.estado)) {
         const std::string strRuta = comun.estado.filas.fRuta(lngPos);
         lstFicheros.emplace_back().fCargar(strRuta);
@@ -68,11 +59,7 @@ void fBuscar(const clsComun &comun)
             comun.mensajes.fAviso(Icono::Problema, fAvisoFichero(fTextoPantalla(strRuta)));
             return false;
         }
-        if (reloj.elapsed() >= lngPausaProgreso) {
-            fCederEventos();
-            reloj.restart();
-        }
-        if (comun.estado.fCerrando()) {
+        if (!ritmo.fSeguir(comun.fSeguir)) {
             return false;
         }
     }
@@ -83,18 +70,13 @@ void fBuscar(const clsComun &comun)
                             clsFecha fecha)
 {
     const clsOcupado ocupado(comun.ocupacion);
-    QElapsedTimer reloj;
-    reloj.start();
+    clsRitmo ritmo;
     const auto fFallo = [&comun](const std::string &strRuta, clsError error) {
         comun.mensajes.fAviso(Icono::Problema,
                               fTextoPantalla(strRuta) + "\r\n" + fTextoError(error));
     };
-    const auto fPaso = [&reloj] {
-        if (reloj.elapsed() >= lngPausaProgreso) {
-            fCederEventos();
-            reloj.restart();
-        }
-    };
+    // What has been begun is done to its end, also when the window is to close.
+    const auto fPaso = [&] { static_cast<void>(ritmo.fSeguir(comun.fSeguir)); };
     const clsFinCorreccion fin = fCorregir(comun.archivo.strRaiz, comun.archivo.bolEscritura,
                                            lstFicheros, fecha, fFallo, fPaso);
     if (fin.correccion == Correccion::Ocupada) {

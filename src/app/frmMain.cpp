@@ -100,7 +100,11 @@ clsComun frmMain::fComun()
             [this](bool bolForzar, const std::string &strRuta, int lngSiFalta) {
                 fLlenarLista(bolForzar, strRuta, lngSiFalta);
             },
-            [this] { fMostrarEstado(); }};
+            [this] { fMostrarEstado(); },
+            [this] {
+                fCederEventos();
+                return !m_estado.fCerrando();
+            }};
 }
 
 void frmMain::fCrearControles()

@@ -1,6 +1,5 @@
 #include "app/listado.h"
 
-#include "app/ceder.h"
 #include "app/informacion.h"
 #include "browse/seleccion.h"
 #include "catalogue/modelo_fotos.h"
@@ -38,10 +37,7 @@ void fActualizar(const clsComun &comun)
 
 void fFiltrar(const clsComun &comun, clsValoresFiltro &valores)
 {
-    frmFiltro dialogo(comun.ventana, comun.estado.filas, valores, comun.mensajes, [&comun] {
-        fCederEventos();
-        return !comun.estado.fCerrando();
-    });
+    frmFiltro dialogo(comun.ventana, comun.estado.filas, valores, comun.mensajes, comun.fSeguir);
     const clsFiltrado filtrado = dialogo.fMostrar();
     if (filtrado.resultado == ResultadoFiltro::Cancelado || comun.estado.fCerrando()) {
         return;

@@ -1,6 +1,5 @@
 #include "app/llenado.h"
 
-#include "app/ceder.h"
 #include "catalogue/carga.h"
 #include "catalogue/constructor.h"
 #include "catalogue/frmBusqueda.h"
@@ -19,10 +18,7 @@ namespace {
 void fConstruir(const clsComun &comun)
 {
     comun.estado.bolIncidencias = false;
-    frmBusqueda busqueda(comun.ventana, comun.mensajes, [&comun] {
-        fCederEventos();
-        return !comun.estado.fCerrando();
-    });
+    frmBusqueda busqueda(comun.ventana, comun.mensajes, comun.fSeguir);
     const clsConstruccion construccion = busqueda.fBuscar(comun.archivo.strRaiz);
     if (construccion.construccion == Construccion::Ocupada) {
         fAvisarOcupada(comun.mensajes);

@@ -1,34 +1,28 @@
 #include "browse/copia.h"
 
+#include "shared/hilos.h"
+#include "shared/ritmo.h"
 #include "shared/rutas.h"
 #include "sistema/archivo.h"
 #include "sistema/copia_archivo.h"
 
 #include <cerrno>
 #include <chrono>
-#include <condition_variable>
 #include <memory>
-#include <mutex>
 #include <set>
-#include <thread>
 
 namespace {
 
-/// What the caller's thread and the one that copies share.
-struct clsMesa {
-    std::vector<std::string> lstRutas;
+/// What the thread that copies works with. The caller's looks at nothing of it but the flag.
+struct clsEnvio {
     clsDestino fDestino;
-    std::mutex cerrojo; ///< of fin and bolHecho
-    std::condition_variable hayNovedad;
     std::set<clsIdentidad> lstOrigenes; ///< none of them may be replaced by the copy of another
     std::set<std::string> lstDudosos;   ///< those of which the disk told nothing, by their paths
-    clsFinCopia fin;
-    bool bolHecho = false;           ///< nothing more will come
-    std::atomic<bool> bolFin{false}; ///< nothing more is wanted
+    std::atomic<bool> bolFin{false};    ///< nothing more is wanted, or may be done
 };
 
 /// Why a copy may not have its path: what is there is sent, too (EEXIST), or cannot be told.
-clsError fChoque(const clsMesa &mesa, const std::string &strDestino)
+clsError fChoque(const clsEnvio &envio, const std::string &strDestino)
 {
     auto destino = fConsultar(strDestino);
     if (!destino) { // a link that leads nowhere may be replaced
@@ -37,50 +31,38 @@ clsError fChoque(const clsMesa &mesa, const std::string &strDestino)
     if (!destino) {
         return destino.fError() == ENOENT ? 0 : destino.fError();
     }
-    const bool bolEsOrigen = mesa.lstOrigenes.contains(destino->identidad);
-    return bolEsOrigen || mesa.lstDudosos.contains(strDestino) ? EEXIST : 0;
+    const bool bolEsOrigen = envio.lstOrigenes.contains(destino->identidad);
+    return bolEsOrigen || envio.lstDudosos.contains(strDestino) ? EEXIST : 0;
 }
 
-/// Whether to go on with the next file.
-bool fCopiarUna(clsMesa &mesa, const std::string &strOrigen)
+void fApuntarOrigenes(clsEnvio &envio, const std::vector<std::string> &lstRutas)
 {
-    const std::string strDestino = mesa.fDestino(strOrigen);
-    clsError error = fChoque(mesa, strDestino);
-    error = error ? error : fCopiar(strOrigen, strDestino, &mesa.bolFin);
-    {
-        const std::lock_guard guarda(mesa.cerrojo);
-        if (!error) {
-            ++mesa.fin.lngHechas;
-        } else if (!mesa.bolFin || error != ECANCELED) {
-            mesa.fin.fallo = {strOrigen, strDestino, error};
-        }
-    }
-    mesa.hayNovedad.notify_one();
-    return !error && !mesa.bolFin;
-}
-
-void fCopiarTodas(clsMesa &mesa)
-{
-    for (const std::string &strRuta : mesa.lstRutas) {
-        if (mesa.bolFin) { // on a slow disk these looks alone take their time
-            break;
+    for (const std::string &strRuta : lstRutas) {
+        if (envio.bolFin) { // on a slow disk these looks alone take their time
+            return;
         }
         if (const auto origen = fConsultar(strRuta)) {
-            mesa.lstOrigenes.insert(origen->identidad);
+            envio.lstOrigenes.insert(origen->identidad);
         } else if (origen.fError() != ENOENT) {
-            mesa.lstDudosos.insert(strRuta);
+            envio.lstDudosos.insert(strRuta);
         }
     }
-    for (const std::string &strRuta : mesa.lstRutas) {
-        if (mesa.bolFin || !fCopiarUna(mesa, strRuta)) {
-            break;
-        }
+}
+
+/// Copies one file, unless an earlier one has failed: nothing if it was copied.
+std::optional<clsFalloCopia> fCopiarUna(clsEnvio &envio, const std::string &strOrigen)
+{
+    if (envio.bolFin) {
+        return clsFalloCopia{strOrigen, {}, ECANCELED};
     }
-    {
-        const std::lock_guard guarda(mesa.cerrojo);
-        mesa.bolHecho = true;
+    const std::string strDestino = envio.fDestino(strOrigen);
+    clsError error = fChoque(envio, strDestino);
+    error = error ? error : fCopiar(strOrigen, strDestino, &envio.bolFin);
+    if (!error) {
+        return {};
     }
-    mesa.hayNovedad.notify_one();
+    envio.bolFin = true;
+    return clsFalloCopia{strOrigen, strDestino, error};
 }
 
 } // namespace
@@ -95,32 +77,35 @@ clsDestino fDestinoEn(const std::string &strCarpeta)
 clsFinCopia fCopiarLista(const std::vector<std::string> &lstRutas, const clsDestino &fDestino,
                          const std::function<bool(int)> &fPaso)
 {
-    constexpr std::chrono::milliseconds lngPausa(50);
-    constexpr std::chrono::milliseconds lngPaciencia(5000);
+    constexpr std::chrono::milliseconds lngPaciencia(800);
+    clsFinCopia fin;
     if (!fPaso(0)) {
-        return {};
+        return fin;
     }
-    const auto mesa = std::make_shared<clsMesa>();
-    mesa->lstRutas = lstRutas;
-    mesa->fDestino = fDestino;
-    // Not joined: it can hang in a call to a server that is gone, and whoever closes the window
-    // must not hang with it. It shares nothing but the table, and ends by itself. It does not wait
-    // for anybody between two files: on a busy machine each waking up takes milliseconds.
-    std::thread([mesa] { fCopiarTodas(*mesa); }).detach();
-    std::unique_lock guarda(mesa->cerrojo);
-    int lngVistas = 0;
-    const auto fHayNovedad = [&] { return mesa->bolHecho || mesa->fin.lngHechas > lngVistas; };
-    mesa->hayNovedad.wait_for(guarda, lngPausa, fHayNovedad);
-    while (!mesa->bolHecho) {
-        lngVistas = mesa->fin.lngHechas;
-        guarda.unlock();
-        mesa->bolFin = !fPaso(lngVistas);
-        guarda.lock();
-        if (mesa->bolFin) {
-            mesa->hayNovedad.wait_for(guarda, lngPaciencia, [&] { return mesa->bolHecho; });
+    const auto envio = std::make_shared<clsEnvio>();
+    envio->fDestino = fDestino;
+    // One thread, which waits for nobody between two files: on a busy machine each waking up takes
+    // milliseconds.
+    clsHilos hilos({.intHilos = 1, .intMaximo = 1});
+    hilos.fPedir([envio, lstRutas] { fApuntarOrigenes(*envio, lstRutas); });
+    clsHilos::clsOrden ultima;
+    for (const std::string &strRuta : lstRutas) {
+        ultima = hilos.fPedir([envio, strRuta] { return fCopiarUna(*envio, strRuta); },
+                              [&fin](const std::optional<clsFalloCopia> &fallo) {
+                                  fin.lngHechas += fallo ? 0 : 1;
+                                  if (fallo && fallo->error != ECANCELED) {
+                                      fin.fallo = fallo;
+                                  }
+                              });
+    }
+    clsRitmo ritmo;
+    while (hilos.fPendientes() > 0 && !fin.fallo) {
+        hilos.fAtender(lngRitmo);
+        if (!ritmo.fSeguir([&] { return fPaso(fin.lngHechas); })) {
+            envio->bolFin = true;
+            static_cast<void>(hilos.fEsperar(ultima, lngPaciencia));
             break;
         }
-        mesa->hayNovedad.wait_for(guarda, lngPausa, fHayNovedad);
     }
-    return mesa->fin;
+    return fin;
 }

@@ -29,12 +29,12 @@ using clsDestino = std::function<std::string(const std::string &strOrigen)>;
 [[nodiscard]] clsDestino fDestinoEn(const std::string &strCarpeta);
 
 /// Copies files in order up to the first failure. A copy that would replace one of the files that
-/// are sent fails (EEXIST). The work is done on a thread of its own, so that the caller's can go on
-/// answering whatever the disk does.
+/// are sent fails (EEXIST). The work is done on a thread, so that the caller's can go on answering
+/// whatever the disk does.
 /// @param fPaso runs in the caller's thread with the number of files copied so far: before the
-///              first, when there are more, and every 50 ms besides. False ends the copying:
-///              nothing is left of the file under way, unless it was complete by then and is
-///              counted. A disk that does not answer is waited for no longer than 5 s then.
+///              first and every 50 ms. False ends the copying: nothing is left of the file under
+///              way, unless it was complete by then and is counted. A disk that does not answer is
+///              waited for no longer than 800 ms then.
 [[nodiscard]] clsFinCopia fCopiarLista(const std::vector<std::string> &lstRutas,
                                        const clsDestino &fDestino,
                                        const std::function<bool(int)> &fPaso);

@@ -41,7 +41,7 @@ public:
         return !m_archivo.fError();
     }
     void fError(clsError error) override { m_observador.fError(error); }
-    bool fCeder() override { return m_observador.fCeder(); }
+    bool fSeguir() override { return m_observador.fSeguir(); }
     /// Whether any file was recorded.
     [[nodiscard]] bool fAlgo() const { return m_bolAlgo; }
     void fVaciar()

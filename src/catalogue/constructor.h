@@ -26,8 +26,8 @@ public:
     virtual void fCarpeta(const std::string &strCarpeta) = 0;
     /// A folder could not be read to its end.
     virtual void fError(clsError error) = 0;
-    /// Lets events run, at least every 50 ms; false ends the build.
-    [[nodiscard]] virtual bool fCeder() = 0;
+    /// Go on? Lets events run, every 50 ms; false ends the build.
+    [[nodiscard]] virtual bool fSeguir() = 0;
 };
 
 /// Walks the archive and replaces its catalogue, whole or not at all. Where there is none yet, an

@@ -31,8 +31,8 @@ protected:
 
 } // namespace
 
-frmBusqueda::frmBusqueda(QWidget *padre, clsMensajes &mensajes, std::function<bool()> fCeder)
-    : QDialog(padre), m_mensajes(mensajes), m_fCeder(std::move(fCeder)),
+frmBusqueda::frmBusqueda(QWidget *padre, clsMensajes &mensajes, clsSeguir fSeguir)
+    : QDialog(padre), m_mensajes(mensajes), m_fSeguir(std::move(fSeguir)),
       m_lblMsg(new clsEtiquetaRuta(QStringLiteral("Buscando..."), this))
 {
     setObjectName(QStringLiteral("frmBusqueda"));
@@ -56,13 +56,13 @@ clsConstruccion frmBusqueda::fBuscar(const std::string &strRaiz)
     QElapsedTimer reloj;
     reloj.start();
     while (!m_bolPintado && bolSeguir && reloj.elapsed() < intEspera) {
-        bolSeguir = m_fCeder();
+        bolSeguir = m_fSeguir();
         QThread::msleep(1);
     }
     const clsConstruccion construccion =
         bolSeguir ? fConstruir(strRaiz, *this) : clsConstruccion{Construccion::Interrumpida, 0};
     hide();
-    static_cast<void>(m_fCeder());
+    static_cast<void>(m_fSeguir());
     return construccion;
 }
 
@@ -82,8 +82,8 @@ void frmBusqueda::fError(clsError error)
     m_mensajes.fAviso(Icono::Problema, fTextoError(error));
 }
 
-bool frmBusqueda::fCeder()
+bool frmBusqueda::fSeguir()
 {
     m_lblMsg->setText(fQPantalla(m_strCarpeta));
-    return m_fCeder();
+    return m_fSeguir();
 }

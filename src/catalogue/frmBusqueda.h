@@ -2,10 +2,9 @@
 
 #include "catalogue/constructor.h"
 #include "shared/mensajes.h"
+#include "shared/ritmo.h"
 
 #include <QDialog>
-
-#include <functional>
 
 class QLabel;
 
@@ -15,8 +14,8 @@ class QLabel;
 class frmBusqueda : public QDialog, private clsObservador {
     Q_OBJECT
 public:
-    /// @param fCeder lets events run and tells whether to go on (false: the program is closing).
-    frmBusqueda(QWidget *padre, clsMensajes &mensajes, std::function<bool()> fCeder);
+    /// @param fSeguir false: the program is closing.
+    frmBusqueda(QWidget *padre, clsMensajes &mensajes, clsSeguir fSeguir);
 
     /// Shows the window, builds the catalogue of the root folder and closes it again.
     clsConstruccion fBuscar(const std::string &strRaiz);
@@ -30,10 +29,10 @@ protected:
 private:
     void fCarpeta(const std::string &strCarpeta) override;
     void fError(clsError error) override;
-    bool fCeder() override;
+    bool fSeguir() override;
 
     clsMensajes &m_mensajes;
-    std::function<bool()> m_fCeder;
+    clsSeguir m_fSeguir;
     QLabel *m_lblMsg;
     std::string m_strCarpeta;
     bool m_bolPintado = false;

@@ -16,8 +16,8 @@ public:
     [[nodiscard]] virtual bool fRegistros(std::string_view strLineas) = 0;
     /// Reading the folder failed; its remaining files and all its subfolders are left out.
     virtual void fError(clsError error) = 0;
-    /// Runs between two folders and at least every 50 ms; false ends the walk.
-    [[nodiscard]] virtual bool fCeder() = 0;
+    /// Go on? Asked every 50 ms, however long a folder takes; false ends the walk.
+    [[nodiscard]] virtual bool fSeguir() = 0;
 };
 
 /// How a walk ended.
@@ -28,7 +28,8 @@ struct clsRecorrido {
 
 struct clsOpcionesRecorrido {
     int intHilos = 0; ///< threads that read ahead; 0: as many as suit slow disks
-    /// Names in the root folder that are not recorded.
+    /// Names in the root folder that are not recorded. Called on threads, and perhaps still when
+    /// the walk was ended: it must not refer to anything that ends with it.
     std::function<bool(std::string_view)> fOmitirEnRaiz;
 };
 

@@ -1,6 +1,7 @@
 #include "dates/busqueda.h"
 
-#include "shared/adelanto.h"
+#include "shared/hilos.h"
+#include "shared/ritmo.h"
 
 namespace {
 
@@ -10,21 +11,21 @@ constexpr std::size_t lngAdelanto = 64;
 
 std::optional<int> fBuscarIncorrecta(int lngDesde, const clsPreguntas &preguntas, int intHilos)
 {
-    clsAdelanto<std::string, bool> adelanto(preguntas.fCorrecta,
-                                            intHilos > 0 ? intHilos : intHilosUsuales, lngAdelanto);
+    bool bolCorrecta = true;
+    clsHilos hilos({.intHilos = intHilos > 0 ? intHilos : intHilosUsuales, .bolEnOrden = true});
     int lngSiguiente = lngDesde;
     for (int lngPos = lngDesde; lngPos >= 0; --lngPos) {
-        for (; lngSiguiente >= 0 && adelanto.fCabe(); --lngSiguiente) {
-            adelanto.fDar(preguntas.fRuta(lngSiguiente));
+        for (; lngSiguiente >= 0 && hilos.fPendientes() < lngAdelanto; --lngSiguiente) {
+            hilos.fPedir([fCorrecta = preguntas.fCorrecta,
+                          strRuta = preguntas.fRuta(lngSiguiente)] { return fCorrecta(strRuta); },
+                         [&bolCorrecta](bool bolSuya) { bolCorrecta = bolSuya; });
         }
-        std::optional<bool> bolCorrecta;
-        while (!bolCorrecta) {
+        do {
             if (!preguntas.fPaso(lngPos)) {
                 return {};
             }
-            bolCorrecta = adelanto.fTomar();
-        }
-        if (!*bolCorrecta) {
+        } while (!hilos.fAtender(lngRitmo));
+        if (!bolCorrecta) {
             return lngPos;
         }
     }

@@ -1,11 +1,11 @@
 #include "filter/filtro.h"
 
-#include "shared/adelanto.h"
+#include "shared/hilos.h"
+#include "shared/ritmo.h"
 #include "shared/texto.h"
 #include "sistema/archivo.h"
 
 #include <algorithm>
-#include <chrono>
 #include <iterator>
 #include <optional>
 #include <utility>
@@ -147,7 +147,7 @@ std::string_view fDescifrar(std::string_view strBytes, std::string &strHueco)
     return strHueco;
 }
 
-/// Rows whose files one worker looks up, one after the other.
+/// Rows whose files one piece of work looks up, one after the other.
 struct clsBloque {
     std::vector<int> lstPosiciones;
     std::vector<std::string> lstRutas;
@@ -160,54 +160,23 @@ std::size_t fPorBloque(int lngFilas)
 
 using clsHuellas = std::vector<std::optional<clsHuella>>;
 
-/// Its answer, with the rows it is for.
-struct clsBloqueMirado {
-    std::vector<int> lstPosiciones;
-    clsHuellas lstHuellas;
-};
-
-clsBloqueMirado fMirar(const clsBloque &bloque)
+clsHuellas fMirar(const std::vector<std::string> &lstRutas)
 {
-    clsBloqueMirado mirado{bloque.lstPosiciones, {}};
-    mirado.lstHuellas.reserve(bloque.lstRutas.size());
-    for (const std::string &strRuta : bloque.lstRutas) {
-        mirado.lstHuellas.push_back(fHuella(strRuta));
+    clsHuellas lstHuellas;
+    lstHuellas.reserve(lstRutas.size());
+    for (const std::string &strRuta : lstRutas) {
+        lstHuellas.push_back(fHuella(strRuta));
     }
-    return mirado;
+    return lstHuellas;
 }
-
-/// Lets the caller do something every 50 ms, and knows when the work is no longer wanted.
-class clsRitmo {
-public:
-    clsRitmo(const clsFilas &filas, const clsPasoFiltro &fPaso)
-        : m_filas(filas), m_fPaso(fPaso), m_lngRevision(filas.fRevision())
-    {
-    }
-    [[nodiscard]] bool fSeguir(int lngHechas)
-    {
-        constexpr auto lngPausa = std::chrono::milliseconds(50);
-        const auto datAhora = std::chrono::steady_clock::now();
-        if (datAhora - m_datUltima < lngPausa) {
-            return true;
-        }
-        const bool bolSeguir = m_fPaso(lngHechas) && m_filas.fRevision() == m_lngRevision;
-        m_datUltima = std::chrono::steady_clock::now();
-        return bolSeguir;
-    }
-
-private:
-    const clsFilas &m_filas;
-    const clsPasoFiltro &m_fPaso;
-    const std::uint64_t m_lngRevision;
-    std::chrono::steady_clock::time_point m_datUltima = std::chrono::steady_clock::now();
-};
 
 /// One run of the filter through the rows.
 class clsPasada {
 public:
     clsPasada(const clsFilas &filas, const clsFiltro &filtro, const clsMayusculas &fMayusculas,
               const clsPasoFiltro &fPaso)
-        : m_filas(filas), m_filtro(filtro), m_texto(filtro, fMayusculas), m_ritmo(filas, fPaso)
+        : m_filas(filas), m_filtro(filtro), m_texto(filtro, fMayusculas), m_fPaso(fPaso),
+          m_lngRevision(filas.fRevision())
     {
     }
 
@@ -216,18 +185,28 @@ public:
 private:
     [[nodiscard]] bool fQuedanFilas() const { return m_lngSiguiente < m_filas.fCantidad(); }
     [[nodiscard]] bool fLlenar(clsBloque &bloque);
-    void fRecoger(const clsBloqueMirado &mirado);
+    [[nodiscard]] bool fSeguir();
+    void fRecoger(const std::vector<int> &lstPosiciones, const clsHuellas &lstHuellas);
     void fRecogerFila(int lngPos, const std::optional<clsHuella> &huella);
     [[nodiscard]] clsFiltrado fAcabar();
 
     const clsFilas &m_filas;
     const clsFiltro &m_filtro;
     clsBuscaTexto m_texto;
+    const clsPasoFiltro &m_fPaso;
+    const std::uint64_t m_lngRevision;
     clsRitmo m_ritmo;
     clsFiltrado m_filtrado;
     std::int64_t m_lngTotal = 0;
     int m_lngSiguiente = 0;
 };
+
+/// Lets the caller do something now and then; false: no longer wanted.
+bool clsPasada::fSeguir()
+{
+    return m_ritmo.fSeguir(
+        [this] { return m_fPaso(m_lngSiguiente) && m_filas.fRevision() == m_lngRevision; });
+}
 
 /// Gathers the next rows that have not failed by their names; false: no longer wanted.
 bool clsPasada::fLlenar(clsBloque &bloque)
@@ -235,7 +214,7 @@ bool clsPasada::fLlenar(clsBloque &bloque)
     constexpr int lngEntreMiradas = 64; // rows between two looks at the clock
     const std::size_t lngPorBloque = fPorBloque(m_filas.fCantidad());
     for (; fQuedanFilas() && bloque.lstRutas.size() < lngPorBloque; ++m_lngSiguiente) {
-        if (m_lngSiguiente % lngEntreMiradas == 0 && !m_ritmo.fSeguir(m_lngSiguiente)) {
+        if (m_lngSiguiente % lngEntreMiradas == 0 && !fSeguir()) {
             return false;
         }
         if (m_filtro.bolFechas || m_texto.fPasa(m_filas, m_lngSiguiente)) {
@@ -263,10 +242,10 @@ void clsPasada::fRecogerFila(int lngPos, const std::optional<clsHuella> &huella)
     m_filtrado.lstFilas.push_back(conservada);
 }
 
-void clsPasada::fRecoger(const clsBloqueMirado &mirado)
+void clsPasada::fRecoger(const std::vector<int> &lstPosiciones, const clsHuellas &lstHuellas)
 {
-    for (std::size_t lng = 0; lng < mirado.lstPosiciones.size(); ++lng) {
-        fRecogerFila(mirado.lstPosiciones[lng], mirado.lstHuellas[lng]);
+    for (std::size_t lng = 0; lng < lstPosiciones.size(); ++lng) {
+        fRecogerFila(lstPosiciones[lng], lstHuellas[lng]);
     }
 }
 
@@ -285,25 +264,24 @@ clsFiltrado clsPasada::fAcabar()
 
 clsFiltrado clsPasada::fHacer(int intHilos)
 {
-    clsAdelanto<clsBloque, clsBloqueMirado> adelanto(fMirar, intHilos, lngBloques);
-    while (fQuedanFilas() || adelanto.fQueda()) {
-        while (fQuedanFilas() && adelanto.fCabe()) {
+    clsHilos hilos({.intHilos = intHilos, .bolEnOrden = true});
+    while (fQuedanFilas() || hilos.fPendientes() > 0) {
+        while (fQuedanFilas() && hilos.fPendientes() < lngBloques) {
             clsBloque bloque;
             if (!fLlenar(bloque)) {
                 return {};
             }
             if (!bloque.lstRutas.empty()) {
-                adelanto.fDar(std::move(bloque));
+                hilos.fPedir(
+                    [lstRutas = std::move(bloque.lstRutas)] { return fMirar(lstRutas); },
+                    [this, lstPosiciones = std::move(bloque.lstPosiciones)](
+                        const clsHuellas &lstHuellas) { fRecoger(lstPosiciones, lstHuellas); });
             }
         }
-        if (!m_ritmo.fSeguir(m_lngSiguiente)) {
+        if (!fSeguir()) {
             return {};
         }
-        if (adelanto.fQueda()) {
-            if (const auto mirado = adelanto.fTomar()) {
-                fRecoger(*mirado);
-            }
-        }
+        hilos.fAtender(lngRitmo);
     }
     return fAcabar();
 }

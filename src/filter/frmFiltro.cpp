@@ -39,10 +39,10 @@ QPushButton *fBoton(QWidget *padre, const char *strNombre, const QString &strTex
 } // namespace
 
 frmFiltro::frmFiltro(QWidget *padre, const clsFilas &filas, clsValoresFiltro &valores,
-                     clsMensajes &mensajes, std::function<bool()> fCeder)
+                     clsMensajes &mensajes, clsSeguir fSeguir)
     : QDialog(padre), m_filas(filas), m_valores(valores), m_mensajes(mensajes),
-      m_fCeder(std::move(fCeder)), m_lstFechas{fNombrar(new txtFecha(this), "txtFecha0"),
-                                               fNombrar(new txtFecha(this), "txtFecha1")},
+      m_fSeguir(std::move(fSeguir)), m_lstFechas{fNombrar(new txtFecha(this), "txtFecha0"),
+                                                 fNombrar(new txtFecha(this), "txtFecha1")},
       m_txtTexto(fNombrar(new QLineEdit(this), "txtTexto")),
       m_chkCarpeta(fNombrar(new QCheckBox(QStringLiteral("Incluir carpeta"), this), "chkCarpeta")),
       m_lblFiltrando(
@@ -269,7 +269,7 @@ void frmFiltro::fFiltrarPor(const clsFiltro &filtro, const clsValoresFiltro &val
     fTrabajar(true);
     const auto fPaso = [this](int lngHechas) {
         m_prgFiltrando->setValue(lngHechas);
-        return m_fCeder() && m_fase != Fase::Parando;
+        return m_fSeguir() && m_fase != Fase::Parando;
     };
     if (fPaso(0)) {
         m_filtrado = fFiltrar(m_filas, filtro, fMayusculasCompuestas, fPaso);

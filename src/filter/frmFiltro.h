@@ -2,6 +2,7 @@
 
 #include "filter/formulario_filtro.h"
 #include "shared/mensajes.h"
+#include "shared/ritmo.h"
 
 #include <QDialog>
 
@@ -23,9 +24,9 @@ class frmFiltro : public QDialog {
 public:
     /// @param filas   the list; only read, and not to be changed while the dialog is open.
     /// @param valores what the dialog shows first; what it filtered by afterwards.
-    /// @param fCeder  lets events run; false ends the filter (the program is closing).
+    /// @param fSeguir false ends the filter (the program is closing).
     frmFiltro(QWidget *padre, const clsFilas &filas, clsValoresFiltro &valores,
-              clsMensajes &mensajes, std::function<bool()> fCeder);
+              clsMensajes &mensajes, clsSeguir fSeguir);
     ~frmFiltro() override;
 
     /// Shows it and waits until it is closed.
@@ -58,7 +59,7 @@ private:
     const clsFilas &m_filas;
     clsValoresFiltro &m_valores;
     clsMensajes &m_mensajes;
-    std::function<bool()> m_fCeder;
+    clsSeguir m_fSeguir;
 
     std::array<txtFecha *, 2> m_lstFechas;
     QLineEdit *m_txtTexto;

@@ -26,7 +26,7 @@ class clsPaciente : public clsObservador {
 public:
     void fCarpeta(const std::string &) override {}
     void fError(clsError error) override { lstErrores.push_back(error.fNumero()); }
-    bool fCeder() override { return true; }
+    bool fSeguir() override { return true; }
 
     std::vector<int> lstErrores;
 };
@@ -103,7 +103,7 @@ public:
         const auto lngHasta = std::chrono::steady_clock::now() + std::chrono::milliseconds(51);
         std::this_thread::sleep_until(lngHasta);
     }
-    bool fCeder() override { return false; }
+    bool fSeguir() override { return false; }
 };
 
 TEST(Constructor, KeepsTheOldCatalogueWhenItIsInterrupted)

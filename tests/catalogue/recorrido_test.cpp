@@ -9,8 +9,10 @@
 #include <cerrno>
 #include <fcntl.h>
 #include <filesystem>
+#include <future>
 #include <gtest/gtest.h>
 #include <limits>
+#include <memory>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -42,7 +44,7 @@ public:
         return !bolParar;
     }
     void fError(clsError error) override { lstErrores.push_back(error.fNumero()); }
-    bool fCeder() override { return true; }
+    bool fSeguir() override { return bolSeguir; }
 
     /// The path lines of everything so far.
     [[nodiscard]] Textos fRutas() const
@@ -60,6 +62,7 @@ public:
     std::string strTodo;
     std::vector<int> lstErrores;
     bool bolParar = false;
+    bool bolSeguir = true;
 };
 
 /// The paths of a tree in the order of the walk, by another way: a folder's files as the system
@@ -291,6 +294,23 @@ TEST(Recorrido, EndsWhenItsLinesAreRefusedAndThreadsAreStillReading)
         oyente.bolParar = true;
         EXPECT_TRUE(fRecorrer(arbol.fRaiz(), {}, oyente).bolInterrumpido);
     }
+}
+
+TEST(Recorrido, EndsWhenItIsToldToWhileTheDiskHangs)
+{
+    const clsArbol arbol;
+    arbol.fCrear("a.jpg");
+    const auto disco = std::make_shared<std::promise<void>>();
+    const std::shared_future<void> contesta = disco->get_future().share();
+    const auto fColgarse = [contesta](std::string_view /*strNombre*/) {
+        contesta.wait();
+        return false;
+    };
+    clsOyente oyente;
+    oyente.bolSeguir = false;
+    EXPECT_TRUE(fRecorrer(arbol.fRaiz(), {0, fColgarse}, oyente).bolInterrumpido);
+    EXPECT_TRUE(oyente.strTodo.empty());
+    disco->set_value();
 }
 
 } // namespace

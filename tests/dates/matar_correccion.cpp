@@ -224,7 +224,7 @@ private:
         class clsMudo : public clsObservador {
             void fCarpeta(const std::string &) override {}
             void fError(clsError) override {}
-            bool fCeder() override { return true; }
+            bool fSeguir() override { return true; }
         } mudo;
         fExigir(fConstruir(m_arbol.fRaiz(), mudo).construccion == Construccion::Hecha,
                 "the catalogue cannot be built anew");

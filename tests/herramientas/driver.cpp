@@ -62,7 +62,7 @@ class clsAvisador : public clsObservador {
 public:
     void fCarpeta(const std::string & /*strCarpeta*/) override {}
     void fError(clsError error) override { fAvisar(fTextoError(error)); }
-    bool fCeder() override { return true; }
+    bool fSeguir() override { return true; }
 };
 
 int fOrdenBuild(const clsArgumentos &lstArgumentos)

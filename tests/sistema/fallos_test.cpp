@@ -222,7 +222,7 @@ class clsContador : public clsObservador {
 public:
     void fCarpeta(const std::string &) override {}
     void fError(clsError) override { ++intErrores; }
-    bool fCeder() override { return true; }
+    bool fSeguir() override { return true; }
     int intErrores = 0;
 };
 
