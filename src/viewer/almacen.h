@@ -1,58 +1,202 @@
 #pragma once
 
 #include "shared/hilos.h"
-#include "sistema/archivo.h"
-#include "viewer/fuente.h"
 
-#include <QObject>
-
+#include <cstdint>
+#include <functional>
+#include <iterator>
 #include <list>
-#include <memory>
+#include <optional>
+#include <string>
+#include <unordered_map>
+#include <utility>
 #include <vector>
 
-/// Decodes pictures on worker threads and keeps the last ones, by path, content (time and size) and
-/// decoded size. Belongs to the user-interface thread.
+/// Has pictures made on threads and keeps those that were used last. Belongs to the thread of the
+/// window.
 ///
-/// Memory: the kept pictures together take at most lngMaximoGuardado bytes, the one on screen and
-/// the newest apart; a picture decoded ahead takes at most lngMaximoVecina.
-class clsAlmacenFotos : public QObject {
-    Q_OBJECT
+/// A picture has a key, which says all that it depends on; or that it does not depend on the file's
+/// content, and then the work looks whether what is kept is still true.
+/// @tparam Valor what is made; its fBytes() tells how much memory it takes.
+template <typename Valor> class clsAlmacen {
 public:
-    explicit clsAlmacenFotos(QObject *padre = nullptr);
-    ~clsAlmacenFotos() override;
+    struct clsHecho;
+    /// Makes a picture; runs on a thread.
+    using clsPieza = std::function<clsHecho(const clsAnulado &)>;
+    /// What came of that.
+    struct clsHecho {
+        Valor valor;
+        bool bolGuardar = true; ///< for as long as there is room
+        clsPieza fSigue{};      ///< what is still to be done for it, on threads for what is slow
+    };
+    struct clsEncargo {
+        std::string strClave;
+        clsPieza fPieza; ///< empty: it is kept, and is to stay
+    };
+    struct clsLimites {
+        std::int64_t lngBytes;              ///< of what is kept
+        std::size_t lngEntradas = SIZE_MAX; ///< and how many
+        int intHilos;                       ///< threads that make pictures
+        clsHilos::clsAviso fAvisar;         ///< brings answers into the window's thread
+        std::function<void(const std::string &strClave)> fLlegada; ///< tells what has come of a key
+    };
 
-    /// A picture that was decoded for this request; nullptr when there is none yet.
-    [[nodiscard]] std::shared_ptr<const clsFuente> fTomar(const clsPedido &pedido,
-                                                          const clsHuella &huella);
-    /// Has a picture decoded unless it is kept or under way. fLlegada follows.
-    void fPedir(const clsPedido &pedido, const clsHuella &huella);
-    /// Gives up every request that is not one of these.
-    void fAnularSalvo(const std::vector<clsPedido> &lstPedidos);
+    explicit clsAlmacen(const clsLimites &limites)
+        : m_limites(limites), m_hilos({.intHilos = limites.intHilos, .fAvisar = limites.fAvisar}),
+          m_lentos({.intHilos = limites.intHilos, .fAvisar = limites.fAvisar})
+    {
+    }
 
-    static constexpr qint64 lngMaximoGuardado = qint64{256} << 20;
-    static constexpr qint64 lngMaximoVecina = qint64{96} << 20;
-
-signals:
-    /// A requested picture was decoded (or could not be).
-    void fLlegada();
+    /// What is wanted from now on, the most urgent first, and stays while it is. Whatever else was
+    /// wanted and is not made yet is dropped; what is under way goes on; what was made is made
+    /// anew, if there is a piece of work for it.
+    void fEncargar(std::vector<clsEncargo> lstEncargos);
+    /// What was made of an order of the last fEncargar; nullptr when that is still to come.
+    [[nodiscard]] const Valor *fTomar(const std::string &strClave);
+    /// What is kept under a key, whatever is ordered; nullptr when there is nothing. Counts as
+    /// used.
+    [[nodiscard]] const Valor *fGuardado(const std::string &strClave);
+    /// Takes over what has come, without waiting for an event that says so.
+    void fRecoger();
 
 private:
     struct clsTrabajo {
-        clsPedido pedido;
-        clsHuella huella;
-        std::shared_ptr<std::atomic<bool>> bolAnulado;
+        clsPieza fPieza;
+        bool bolLento = false;
+        bool bolHecho = false;
+        std::optional<Valor> resultado; ///< unless it is kept
+        clsHilos::clsOrden orden;
     };
-    struct clsGuardada {
-        clsPedido pedido;
-        clsHuella huella;
-        std::shared_ptr<const clsFuente> fuente;
+    struct clsEntrada {
+        std::string strClave;
+        Valor valor;
     };
-    struct clsBuzon;
-    void fRecibir(const clsTrabajo &trabajo, std::shared_ptr<const clsFuente> fuente);
+    using clsEntradas = std::list<clsEntrada>;
+
+    void fLanzar(const std::string &strClave, clsTrabajo &trabajo);
+    void fRecibir(const std::string &strClave, clsHecho hecho);
+    void fGuardar(const std::string &strClave, Valor valor);
+    void fQuitar(typename clsEntradas::iterator it);
     void fRecortar();
 
-    clsHilos m_hilos{{.intHilos = 2}}; ///< the visible picture and one neighbour at a time
-    std::shared_ptr<clsBuzon> m_buzon;
-    std::list<clsTrabajo> m_lstTrabajos;
-    std::list<clsGuardada> m_lstGuardadas; ///< last used first
+    const clsLimites m_limites;
+    std::unordered_map<std::string, clsTrabajo> m_mapTrabajos; ///< what is wanted
+    clsEntradas m_lstGuardadas;                                ///< last used first
+    std::unordered_map<std::string, typename clsEntradas::iterator> m_mapGuardadas;
+    std::int64_t m_lngBytes = 0; ///< of the kept ones
+    clsHilos m_hilos;
+    clsHilos m_lentos;
 };
+
+template <typename Valor> void clsAlmacen<Valor>::fEncargar(std::vector<clsEncargo> lstEncargos)
+{
+    m_hilos.fVaciar(); // they begin anew, in the new order
+    m_lentos.fVaciar();
+    auto mapAntes = std::exchange(m_mapTrabajos, {});
+    for (clsEncargo &encargo : lstEncargos) {
+        auto antes = mapAntes.extract(encargo.strClave);
+        const bool bolVale = !antes.empty() && !antes.mapped().bolHecho;
+        auto [it, bolNuevo] = m_mapTrabajos.emplace(
+            std::move(encargo.strClave), bolVale ? std::move(antes.mapped()) : clsTrabajo());
+        clsTrabajo &trabajo = it->second;
+        if (bolNuevo && !bolVale) {
+            trabajo.bolHecho = encargo.fPieza == nullptr;
+            trabajo.fPieza = std::move(encargo.fPieza);
+        }
+        if (!trabajo.bolHecho && (!trabajo.orden || clsHilos::fAnulada(trabajo.orden))) {
+            fLanzar(it->first, trabajo);
+        }
+    }
+    for (const auto &[strClave, trabajo] : mapAntes) {
+        if (trabajo.orden) {
+            (trabajo.bolLento ? m_lentos : m_hilos).fAnular(trabajo.orden);
+        }
+    }
+}
+
+template <typename Valor>
+void clsAlmacen<Valor>::fLanzar(const std::string &strClave, clsTrabajo &trabajo)
+{
+    trabajo.orden = (trabajo.bolLento ? m_lentos : m_hilos)
+                        .fPedir(trabajo.fPieza, [this, strClave](clsHecho hecho) {
+                            fRecibir(strClave, std::move(hecho));
+                        });
+}
+
+template <typename Valor>
+void clsAlmacen<Valor>::fRecibir(const std::string &strClave, clsHecho hecho)
+{
+    clsTrabajo &trabajo = m_mapTrabajos.at(strClave); // else its order was given up
+    trabajo.resultado.reset();
+    if (hecho.bolGuardar) {
+        fGuardar(strClave, std::move(hecho.valor));
+    } else {
+        trabajo.resultado = std::move(hecho.valor);
+    }
+    trabajo.bolHecho = hecho.fSigue == nullptr;
+    trabajo.fPieza = std::move(hecho.fSigue);
+    if (!trabajo.bolHecho) {
+        trabajo.bolLento = true;
+        fLanzar(strClave, trabajo);
+    }
+    m_limites.fLlegada(strClave);
+}
+
+template <typename Valor> const Valor *clsAlmacen<Valor>::fTomar(const std::string &strClave)
+{
+    const auto it = m_mapTrabajos.find(strClave);
+    if (it == m_mapTrabajos.end() || (!it->second.bolHecho && !it->second.resultado)) {
+        return nullptr;
+    }
+    return it->second.resultado ? &*it->second.resultado : fGuardado(strClave);
+}
+
+template <typename Valor> const Valor *clsAlmacen<Valor>::fGuardado(const std::string &strClave)
+{
+    const auto it = m_mapGuardadas.find(strClave);
+    if (it == m_mapGuardadas.end()) {
+        return nullptr;
+    }
+    m_lstGuardadas.splice(m_lstGuardadas.begin(), m_lstGuardadas, it->second);
+    return &it->second->valor;
+}
+
+template <typename Valor> void clsAlmacen<Valor>::fRecoger()
+{
+    while (m_hilos.fAtender() || m_lentos.fAtender()) {
+    }
+}
+
+template <typename Valor> void clsAlmacen<Valor>::fGuardar(const std::string &strClave, Valor valor)
+{
+    if (const auto it = m_mapGuardadas.find(strClave); it != m_mapGuardadas.end()) {
+        fQuitar(it->second);
+    }
+    m_lngBytes += valor.fBytes();
+    m_lstGuardadas.push_front({strClave, std::move(valor)});
+    m_mapGuardadas.emplace(strClave, m_lstGuardadas.begin());
+    fRecortar();
+}
+
+template <typename Valor> void clsAlmacen<Valor>::fQuitar(typename clsEntradas::iterator it)
+{
+    m_lngBytes -= it->valor.fBytes();
+    m_mapGuardadas.erase(it->strClave);
+    m_lstGuardadas.erase(it);
+}
+
+/// Forgets what was not used for longest; what is wanted stays.
+template <typename Valor> void clsAlmacen<Valor>::fRecortar()
+{
+    for (auto it = m_lstGuardadas.end(); it != m_lstGuardadas.begin();) {
+        if (m_lngBytes <= m_limites.lngBytes && m_lstGuardadas.size() <= m_limites.lngEntradas) {
+            return;
+        }
+        const auto ultima = std::prev(it);
+        if (m_mapTrabajos.contains(ultima->strClave)) {
+            it = ultima;
+        } else {
+            fQuitar(ultima);
+        }
+    }
+}

@@ -42,6 +42,18 @@ int fOctavos(QSize tam, const clsPedido &pedido)
     return intOctavos;
 }
 
+std::string fClave(const clsPedido &pedido, const clsHuella &huella)
+{
+    std::string strClave = pedido.strRuta;
+    for (const std::int64_t lngNumero :
+         {huella.lngBytes, huella.lngSegundos, std::int64_t{huella.lngNanosegundos},
+          std::int64_t{pedido.recuadro.width()}, std::int64_t{pedido.recuadro.height()},
+          std::int64_t{pedido.intZoom}}) {
+        strClave += '\0' + std::to_string(lngNumero);
+    }
+    return strClave;
+}
+
 clsFuente fDecodificar(const clsPedido &pedido, const std::atomic<bool> &bolAnulado)
 {
     const auto abierto = fAbrirRegular(pedido.strRuta);

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "sistema/archivo.h"
+
 #include <QImage>
 #include <QSize>
 
@@ -14,6 +16,12 @@ struct clsFuente {
     QSize natural; ///< size of the upright picture in picture pixels
 };
 
+/// A picture as it is kept.
+struct clsFoto {
+    std::shared_ptr<const clsFuente> fuente;
+    [[nodiscard]] qint64 fBytes() const { return fuente->imagen.sizeInBytes(); }
+};
+
 /// What a picture is decoded for.
 struct clsPedido {
     std::string strRuta;
@@ -26,6 +34,14 @@ struct clsPedido {
 /// Bytes of pixels a shown picture may take. A picture that would need more at its natural size is
 /// decoded smaller and painted enlarged.
 inline constexpr qint64 lngMaximoFoto = qint64{512} << 20;
+
+/// And one that is decoded ahead.
+inline constexpr qint64 lngMaximoVecina = qint64{96} << 20;
+
+/// What a decoded picture depends on, as a text: requests of the same text serve each other, except
+/// that one of a smaller limit may give nothing where a larger one gives pixels.
+/// @param huella size and time of the file.
+[[nodiscard]] std::string fClave(const clsPedido &pedido, const clsHuella &huella);
 
 /// Decodes a picture in the smallest size that is enough for the request, upright by its EXIF
 /// orientation. Works on any thread. Only regular files are read.

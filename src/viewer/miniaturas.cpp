@@ -2,6 +2,7 @@
 
 #include "shared/medios.h"
 #include "shared/pagina.h"
+#include "shared/qhilos.h"
 #include "shared/qtexto.h"
 #include "viewer/cmdMini.h"
 #include "viewer/marcadores.h"
@@ -10,6 +11,7 @@
 
 #include <algorithm>
 #include <memory>
+#include <thread>
 #include <utility>
 
 namespace {
@@ -19,6 +21,12 @@ constexpr int intTurno = 8;
 /// Without anything new for so long, in milliseconds, the page is drawn without what is missing: a
 /// disk that does not answer must not hold up those who want to go on.
 constexpr int intPaciencia = 500;
+
+/// What is kept of thumbnails: bytes of pixels, and entries, since failures have none, but names.
+constexpr std::int64_t lngMaximoGuardado = std::int64_t{192} << 20;
+constexpr std::size_t lngMaximoEntradas = 20000;
+
+int fNucleos() { return std::max(2, static_cast<int>(std::thread::hardware_concurrency())); }
 
 QString fTextoConsejo(const clsFilas &filas, int lngPos, const clsSignos &signos)
 {
@@ -33,17 +41,35 @@ QString fTextoConsejo(const clsFilas &filas, int lngPos, const clsSignos &signos
 clsMiniaturas::clsMiniaturas(QWidget *cliente, const clsFilas &filas, clsSignos signos,
                              clsMensajes &mensajes, clsFotograma fFotograma)
     : QObject(cliente), m_cliente(cliente), m_filas(filas), m_signos(std::move(signos)),
-      m_almacen(std::move(fFotograma)),
-      m_generador(mensajes, [this](const std::string &, int) { return m_hecha; })
+      m_fFotograma(std::move(fFotograma)),
+      m_almacen({.lngBytes = lngMaximoGuardado,
+                 .lngEntradas = lngMaximoEntradas,
+                 .intHilos = fNucleos(),
+                 .fAvisar = fAvisarA(this),
+                 .fLlegada = [this](const std::string &strClave) { fLlegar(strClave); }}),
+      m_generador(mensajes, [this](const std::string &strRuta, int intLado) {
+          return fHecha(strRuta, intLado).value_or(clsMiniatura{Extraccion::Pendiente, {}});
+      })
 {
     m_generador.Options = cThumbnailGenerator::IEIFLAG_SCREEN | cThumbnailGenerator::IEIFLAG_ASPECT;
-    connect(&m_almacen, &clsAlmacenMiniaturas::fLlegada, this, &clsMiniaturas::fLlegar);
     fCargarCeldas(); // the first cell exists always
 }
 
-int clsMiniaturas::fLado() const
+/// Side of a box in device pixels.
+/// @param intLado the same in the pixels of the window.
+int clsMiniaturas::fLadoReal(int intLado) const
 {
-    return static_cast<int>(m_generador.DesiredWidth * m_cliente->devicePixelRatioF());
+    return static_cast<int>(intLado * m_cliente->devicePixelRatioF());
+}
+
+int clsMiniaturas::fLado() const { return fLadoReal(m_generador.DesiredWidth); }
+
+/// What was made by now of what was ordered; nothing when that is still to come.
+/// @param intLado side of the box in the pixels of the window.
+std::optional<clsMiniatura> clsMiniaturas::fHecha(const std::string &strRuta, int intLado)
+{
+    const clsMiniGuardada *const hecha = m_almacen.fTomar(fClaveMini(strRuta, fLadoReal(intLado)));
+    return hecha != nullptr ? std::optional(hecha->miniatura) : std::nullopt;
 }
 
 void clsMiniaturas::fDisponer(const clsRect &fondo, int intTam)
@@ -138,15 +164,23 @@ void clsMiniaturas::fEncargar(int lngInicio)
 {
     const int intCeldas = m_rejilla.intCeldas;
     const int intLado = fLado();
-    std::vector<clsEncargo> lstEncargos;
+    std::vector<clsAlmacenMini::clsEncargo> lstEncargos;
     lstEncargos.reserve(static_cast<std::size_t>(intCeldas) * 4);
+    const auto fAnadir = [&](const std::string &strRuta) {
+        std::string strClave = fClaveMini(strRuta, intLado);
+        const clsMiniGuardada *const guardada = m_almacen.fGuardado(strClave);
+        lstEncargos.push_back(
+            {std::move(strClave),
+             fPiezaMini(strRuta, intLado, guardada ? std::optional(*guardada) : std::nullopt,
+                        m_fFotograma)});
+    };
     const auto fPagina = [&](int lngDesde, bool bolMostradas) {
         const int lngHasta = std::min(lngDesde + intCeldas, m_filas.fCantidad());
         for (int lngPos = std::max(lngDesde, 0); lngPos < lngHasta; ++lngPos) {
             const clsCelda &celda = m_lstCeldas[static_cast<std::size_t>(lngPos - lngDesde)];
             const bool bolFalta = celda.bolPendiente || !fMuestra(celda, lngPos);
             if (lngDesde != lngInicio || bolFalta != bolMostradas) {
-                lstEncargos.push_back({m_filas.fRuta(lngPos), intLado});
+                fAnadir(m_filas.fRuta(lngPos));
             }
         }
     };
@@ -181,9 +215,10 @@ bool clsMiniaturas::fDibujar(std::size_t lngCelda, int lngPos, const clsEntorno 
     if (!m_desdeCeder.isValid()) {
         entorno.fProcesando();
     }
-    const clsEncargo encargo{m_filas.fRuta(lngPos), fLado()};
+    const std::string strRuta = m_filas.fRuta(lngPos);
+    m_almacen.fRecoger();
     // Looked for before every wait: what came while other events ran wakes nobody any more.
-    while (entorno.fVigente() && !m_almacen.fTomar(encargo)) {
+    while (entorno.fVigente() && !fHecha(strRuta, m_generador.DesiredWidth)) {
         if (m_desdeNovedad.hasExpired(intPaciencia)) {
             break;
         }
@@ -204,12 +239,10 @@ bool clsMiniaturas::fDibujar(std::size_t lngCelda, int lngPos, const clsEntorno 
 bool clsMiniaturas::fPintar(std::size_t lngCelda, int lngPos, const std::function<bool()> &fVigente)
 {
     const std::string strRuta = m_filas.fRuta(lngPos);
-    const int intLado = fLado();
     const double dblDpr = m_cliente->devicePixelRatioF();
     const bool bolVideo = fEsVideo(strRuta);
     const clsMiniatura miniatura =
-        m_almacen.fTomar({strRuta, intLado}).value_or(clsMiniatura{Extraccion::Pendiente, {}});
-    m_hecha = miniatura;
+        fHecha(strRuta, m_generador.DesiredWidth).value_or(clsMiniatura{Extraccion::Pendiente, {}});
     const bool bolPendiente = miniatura.extraccion == Extraccion::Pendiente;
     QPixmap imagen;
     QString strTexto;
@@ -239,7 +272,8 @@ bool clsMiniaturas::fPintar(std::size_t lngCelda, int lngPos, const std::functio
     clsCelda &celda = m_lstCeldas[lngCelda];
     celda.lngPos = lngPos;
     celda.lngRevision = m_filas.fRevision();
-    celda.intLado = intLado;
+    celda.intLado = fLado();
+    celda.strClave = fClaveMini(strRuta, celda.intLado);
     celda.lngImagen = miniatura.imagen.isNull() ? 0 : miniatura.imagen.cacheKey();
     celda.bolPendiente = bolPendiente;
     celda.boton->fPoner(imagen, strTexto);
@@ -250,13 +284,15 @@ bool clsMiniaturas::fPintar(std::size_t lngCelda, int lngPos, const std::functio
     return true;
 }
 
-/// Takes over what has come for cells that are drawn.
-void clsMiniaturas::fLlegar()
+/// Takes over what has come, where a drawn cell waits for it.
+void clsMiniaturas::fLlegar(const std::string &strClave)
 {
     m_desdeNovedad.start();
     // A message can let events run, and these can take cells away.
     for (std::size_t lngCelda = 0; lngCelda < m_lstCeldas.size(); ++lngCelda) {
-        fRenovar(lngCelda);
+        if (m_lstCeldas[lngCelda].strClave == strClave) {
+            fRenovar(lngCelda);
+        }
     }
 }
 
@@ -266,7 +302,7 @@ void clsMiniaturas::fRenovar(std::size_t lngCelda)
     if (celda.lngPos < 0 || !fMuestra(celda, celda.lngPos)) {
         return;
     }
-    const auto miniatura = m_almacen.fTomar({m_filas.fRuta(celda.lngPos), celda.intLado});
+    const auto miniatura = fHecha(m_filas.fRuta(celda.lngPos), m_generador.DesiredWidth);
     if (!miniatura || miniatura->extraccion == Extraccion::Pendiente) {
         return;
     }

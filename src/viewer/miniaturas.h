@@ -2,9 +2,9 @@
 
 #include "catalogue/filas.h"
 #include "shared/numeros.h"
-#include "viewer/almacen_miniaturas.h"
 #include "viewer/cThumbnailGenerator.h"
 #include "viewer/entorno.h"
+#include "viewer/pieza_mini.h"
 #include "viewer/rejilla.h"
 
 #include <QElapsedTimer>
@@ -53,6 +53,7 @@ private:
         int lngPos = -1; ///< position of the file it shows; -1: hidden
         std::uint64_t lngRevision = 0;
         int intLado = 0;           ///< side of the box in device pixels
+        std::string strClave{};    ///< of its thumbnail
         qint64 lngImagen = 0;      ///< QImage::cacheKey of the thumbnail, 0: none
         bool bolPendiente = false; ///< what it is to show is still to come
     };
@@ -65,16 +66,18 @@ private:
     [[nodiscard]] bool fPintar(std::size_t lngCelda, int lngPos,
                                const std::function<bool()> &fVigente);
     void fMarcar(const clsCelda &celda, int lngActual);
-    void fLlegar();
+    void fLlegar(const std::string &strClave);
     void fRenovar(std::size_t lngCelda);
     [[nodiscard]] int fLado() const;
+    [[nodiscard]] int fLadoReal(int intLado) const;
+    [[nodiscard]] std::optional<clsMiniatura> fHecha(const std::string &strRuta, int intLado);
 
     QWidget *m_cliente;
     const clsFilas &m_filas;
     const clsSignos m_signos;
-    clsAlmacenMiniaturas m_almacen;
+    const clsFotograma m_fFotograma;
+    clsAlmacenMini m_almacen;
     cThumbnailGenerator m_generador;
-    clsMiniatura m_hecha; ///< what the generator is to give out
     clsRejilla m_rejilla;
     std::vector<clsCelda> m_lstCeldas;
     int m_lngActual = 0;

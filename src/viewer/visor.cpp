@@ -12,7 +12,6 @@
 
 #include <algorithm>
 #include <chrono>
-#include <iterator>
 #include <utility>
 
 namespace {
@@ -22,6 +21,20 @@ namespace {
 constexpr qint64 lngPaciencia = 2000;
 /// And so long for a look at its size and time. Neighbours' are waited for not at all.
 constexpr std::chrono::milliseconds lngMirada{200};
+
+/// Bytes of pixels that are kept.
+constexpr qint64 lngMaximoGuardado = qint64{256} << 20;
+
+/// Decodes a picture on a thread.
+clsAlmacen<clsFoto>::clsPieza fPieza(const clsPedido &pedido)
+{
+    return [pedido](const clsAnulado &anulado) {
+        clsFoto foto{std::make_shared<const clsFuente>(fDecodificar(pedido, anulado))};
+        // None because of a small limit says nothing about a larger one.
+        const bool bolVale = !pedido.bolVecina || !foto.fuente->imagen.isNull();
+        return clsAlmacen<clsFoto>::clsHecho{std::move(foto), bolVale};
+    };
+}
 
 QRect fPixeles(const clsRect &rect)
 {
@@ -42,7 +55,12 @@ void fFondoNeutro(QWidget &control)
 
 clsVisor::clsVisor(QWidget *cliente)
     : QObject(cliente), m_lblFondo(new QLabel(cliente)), m_frmRecuadro(new QFrame(cliente)),
-      m_imgFoto(new imgFoto(m_frmRecuadro)), m_miradas({.intHilos = 4, .fAvisar = fAvisarA(this)})
+      m_imgFoto(new imgFoto(m_frmRecuadro)),
+      m_almacen({.lngBytes = lngMaximoGuardado,
+                 .intHilos = 2, // the visible picture and one neighbour at a time
+                 .fAvisar = fAvisarA(this),
+                 .fLlegada = [this](const std::string &strClave) { fLlegar(strClave); }}),
+      m_miradas({.intHilos = 4, .fAvisar = fAvisarA(this)})
 {
     m_lblFondo->setObjectName(QStringLiteral("lblFondo"));
     m_lblFondo->setAccessibleName(QStringLiteral("Panel de visualización"));
@@ -54,7 +72,6 @@ clsVisor::clsVisor(QWidget *cliente)
         control->installEventFilter(this);
     }
     connect(m_imgFoto, &imgFoto::fMenuPedido, this, &clsVisor::fMenuPedido);
-    connect(&m_almacen, &clsAlmacenFotos::fLlegada, this, &clsVisor::fAfinar);
 }
 
 void clsVisor::fDisponer(const clsDisposicion &sitio, bool bolRecuadro)
@@ -109,13 +126,38 @@ std::optional<clsPedido> clsVisor::fPrevia(const std::string &strRuta,
     return clsPedido{strRuta, recuadro, 0, lngMaximoFoto};
 }
 
-void clsVisor::fPedirCon(const std::optional<clsPedido> &previa, const clsPedido &pedido,
-                         const clsHuella &huella)
+/// Orders what the shown file and its neighbours lack for the present zoom and frame; the shown one
+/// comes first.
+/// @param bolPrevia whether fewer pixels of a large photo serve meanwhile.
+void clsVisor::fEncargar(bool bolPrevia)
 {
-    if (previa) {
-        m_almacen.fPedir(*previa, huella);
+    std::vector<clsAlmacen<clsFoto>::clsEncargo> lstEncargos;
+    const auto fAnadir = [&](const clsPedido &pedido, const clsHuella &huella) {
+        std::string strClave = fClave(pedido, huella);
+        const bool bolHay = m_almacen.fGuardado(strClave) != nullptr;
+        lstEncargos.push_back({std::move(strClave), bolHay ? nullptr : fPieza(pedido)});
+    };
+    if (!m_strRuta.empty()) {
+        if (const auto previa = fPrevia(m_strRuta, m_huella); previa && bolPrevia) {
+            fAnadir(*previa, m_huella);
+        }
+        fAnadir(fPedido(m_strRuta, lngMaximoFoto), m_huella);
     }
-    m_almacen.fPedir(pedido, huella);
+    for (const auto &[strRuta, huella] : m_lstVecinas) {
+        if (huella) {
+            clsPedido pedido = fPedido(strRuta, lngMaximoVecina);
+            pedido.bolVecina = true;
+            fAnadir(pedido, *huella);
+        }
+    }
+    m_almacen.fEncargar(std::move(lstEncargos));
+}
+
+/// What there is of the shown photo for a request.
+std::shared_ptr<const clsFuente> clsVisor::fGuardada(const clsPedido &pedido)
+{
+    const clsFoto *const foto = m_almacen.fGuardado(fClave(pedido, m_huella));
+    return foto != nullptr ? foto->fuente : nullptr;
 }
 
 std::shared_ptr<const clsFuente> clsVisor::fCargar(const std::string &strRuta,
@@ -143,7 +185,8 @@ std::shared_ptr<const clsFuente> clsVisor::fCargar(const std::string &strRuta,
     }
     m_strRuta = strRuta;
     m_huella = *huella;
-    auto fuente = m_almacen.fTomar(fPedido(strRuta, lngMaximoFoto), *huella);
+    m_lstVecinas.clear();
+    auto fuente = fGuardada(fPedido(strRuta, lngMaximoFoto));
     if (!fuente) {
         // Painted before the load: the user sees that something is under way.
         m_imgFoto->hide();
@@ -152,18 +195,16 @@ std::shared_ptr<const clsFuente> clsVisor::fCargar(const std::string &strRuta,
     QElapsedTimer espera;
     espera.start();
     while (!fuente && entorno.fVigente() && !espera.hasExpired(lngPaciencia)) {
-        // Looked for and requested at every turn: while events run, the picture can have come, its
-        // request can have been given up, and zoom and frame can have changed.
-        const clsPedido pedido = fPedido(strRuta, lngMaximoFoto);
+        // Looked for and ordered at every turn: while events run, the picture can have come, its
+        // order can have been given up, and zoom and frame can have changed.
         const auto previa = fPrevia(strRuta, *huella);
-        fuente = m_almacen.fTomar(pedido, *huella);
+        fuente = fGuardada(fPedido(strRuta, lngMaximoFoto));
         if (!fuente && previa) {
-            // Fewer pixels in the right place now; fAfinar brings the others.
-            fuente = m_almacen.fTomar(*previa, *huella);
+            // Fewer pixels in the right place now; fLlegar brings the others.
+            fuente = fGuardada(*previa);
         }
         if (!fuente) {
-            m_almacen.fAnularSalvo({pedido, previa.value_or(pedido)});
-            fPedirCon(previa, pedido, *huella);
+            fEncargar(true);
             entorno.fCeder(static_cast<int>(lngPaciencia));
         }
     }
@@ -180,8 +221,8 @@ void clsVisor::fTomarMirada(const std::string &strRuta, const std::optional<clsH
     if (huella && !fEsVideo(strRuta)) {
         m_strRuta = strRuta;
         m_huella = *huella;
-        fPedirCon(fPrevia(strRuta, *huella), fPedido(strRuta, lngMaximoFoto), *huella);
-        fTomarPendiente();
+        fEncargar(false);
+        fAfinar();
         return;
     }
     if (!huella) {
@@ -217,7 +258,10 @@ void clsVisor::fPoner(std::shared_ptr<const clsFuente> fuente)
     m_imgFoto->fPoner(m_imgPuente);
     m_imgFoto->fColocar(m_intZoom);
     m_imgFoto->show();
-    fCompletar(); // the zoom may have changed while the picture was decoded
+    if (m_imgPuente != m_imgNoImagen) {
+        fEncargar(false); // the zoom may have changed while the picture was decoded
+        fAfinar();
+    }
 }
 
 void clsVisor::fAnticipar(const std::string &strRuta)
@@ -228,8 +272,9 @@ void clsVisor::fAnticipar(const std::string &strRuta)
     const auto orden = m_miradas.fPedir([strRuta] { return fHuella(strRuta); },
                                         [this, strRuta](const std::optional<clsHuella> &huella) {
                                             if (huella) {
-                                                fPedirCon(fPrevia(strRuta, *huella),
-                                                          fPedido(strRuta, lngMaximoFoto), *huella);
+                                                m_strRuta = strRuta;
+                                                m_huella = *huella;
+                                                fEncargar(true);
                                             }
                                         });
     static_cast<void>(m_miradas.fEsperar(orden, lngMirada));
@@ -237,82 +282,64 @@ void clsVisor::fAnticipar(const std::string &strRuta)
 
 void clsVisor::fAdelantar(const std::vector<std::string> &lstRutas)
 {
-    m_lstVecinas.clear();
-    std::copy_if(lstRutas.begin(), lstRutas.end(), std::back_inserter(m_lstVecinas),
-                 [](const std::string &strRuta) { return !fEsVideo(strRuta); });
-    fPedirVecinas();
-}
-
-/// Requests what the neighbours lack for the present zoom and frame; the shown picture comes first.
-void clsVisor::fPedirVecinas()
-{
-    std::vector<clsPedido> lstPedidos{fPedido(m_strRuta, lngMaximoFoto)};
-    for (const std::string &strRuta : m_lstVecinas) {
-        lstPedidos.push_back(fPedido(strRuta, clsAlmacenFotos::lngMaximoVecina));
-        lstPedidos.back().bolVecina = true;
-    }
-    m_almacen.fAnularSalvo(lstPedidos);
     for (const clsHilos::clsOrden &orden : std::exchange(m_lstMiradas, {})) {
         m_miradas.fAnular(orden);
     }
-    for (std::size_t lngVecina = 0; lngVecina < m_lstVecinas.size(); ++lngVecina) {
-        m_lstMiradas.push_back(m_miradas.fPedir(
-            [strRuta = m_lstVecinas[lngVecina]] { return fHuella(strRuta); },
-            [this, pedido = lstPedidos[lngVecina + 1]](const std::optional<clsHuella> &huella) {
-                if (huella) {
-                    m_almacen.fPedir(pedido, *huella);
-                }
-            }));
+    m_lstVecinas.clear();
+    for (const std::string &strRuta : lstRutas) {
+        if (!fEsVideo(strRuta)) {
+            m_lstVecinas.push_back({strRuta, {}});
+        }
     }
+    for (clsVecina &vecina : m_lstVecinas) {
+        m_lstMiradas.push_back(
+            m_miradas.fPedir([strRuta = vecina.strRuta] { return fHuella(strRuta); },
+                             [this, &vecina](const std::optional<clsHuella> &huella) {
+                                 vecina.huella = huella;
+                                 fEncargar(false);
+                             }));
+    }
+    fEncargar(false); // gives up what was under way for others
 }
 
 void clsVisor::fFijarZoom(int intZoom)
 {
     m_intZoom = intZoom;
-    if (m_bolPendiente && !m_strRuta.empty()) {
-        m_almacen.fPedir(fPedido(m_strRuta, lngMaximoFoto), m_huella);
+    if (m_imgPuente != nullptr) {
+        m_imgFoto->fColocar(intZoom);
     }
-    if (m_imgPuente == nullptr) {
-        return;
-    }
-    m_imgFoto->fColocar(intZoom);
-    fCompletar();
-    fPedirVecinas();
-}
-
-/// The picture is placed at once with the pixels there are; requests those that are missing.
-void clsVisor::fCompletar()
-{
-    if (m_imgPuente != m_imgNoImagen) {
-        m_almacen.fPedir(fPedido(m_strRuta, lngMaximoFoto), m_huella);
+    if (m_imgPuente != nullptr || m_bolPendiente) {
+        fEncargar(false);
         fAfinar();
     }
 }
 
-/// Takes over more pixels of the picture that is shown, when they have come.
-void clsVisor::fAfinar()
+/// Something that was ordered has come, or nothing came of it.
+void clsVisor::fLlegar(const std::string &strClave)
 {
-    if (m_bolPendiente) {
-        fTomarPendiente();
+    if (m_strRuta.empty() || strClave != fClave(fPedido(m_strRuta, lngMaximoFoto), m_huella)) {
         return;
     }
-    if (m_imgPuente == nullptr || m_imgPuente == m_imgNoImagen) {
-        return;
+    if (m_almacen.fGuardado(strClave) == nullptr) {
+        fEncargar(false); // it was ordered as a neighbour, with a smaller limit
     }
-    const auto fuente = m_almacen.fTomar(fPedido(m_strRuta, lngMaximoFoto), m_huella);
-    if (fuente && fuente != m_imgPuente && !fuente->imagen.isNull()) {
-        m_imgPuente = fuente;
-        m_imgFoto->fPoner(fuente);
-    }
+    fAfinar();
 }
 
-/// Shows the picture that the disk did not give in time, if it has come.
-void clsVisor::fTomarPendiente()
+/// Takes over pixels of the file that is shown, when they have come: all of a picture that the disk
+/// did not give in time, else those that were missing.
+void clsVisor::fAfinar()
 {
-    auto fuente =
-        m_strRuta.empty() ? nullptr : m_almacen.fTomar(fPedido(m_strRuta, lngMaximoFoto), m_huella);
-    if (fuente) {
-        fPonerTarde(fuente->imagen.isNull() ? m_imgNoImagen : std::move(fuente));
+    const auto fuente = m_strRuta.empty() ? nullptr : fGuardada(fPedido(m_strRuta, lngMaximoFoto));
+    if (fuente == nullptr) {
+        return;
+    }
+    if (m_bolPendiente) {
+        fPonerTarde(fuente->imagen.isNull() ? m_imgNoImagen : fuente);
+    } else if (m_imgPuente != nullptr && m_imgPuente != m_imgNoImagen && fuente != m_imgPuente &&
+               !fuente->imagen.isNull()) {
+        m_imgPuente = fuente;
+        m_imgFoto->fPoner(fuente);
     }
 }
 

@@ -3,6 +3,7 @@
 #include "shared/hilos.h"
 #include "viewer/almacen.h"
 #include "viewer/entorno.h"
+#include "viewer/fuente.h"
 #include "viewer/geometria.h"
 
 #include <QObject>
@@ -59,26 +60,30 @@ private:
                                                            const clsEntorno &entorno);
     void fPoner(std::shared_ptr<const clsFuente> fuente);
     void fPonerTarde(std::shared_ptr<const clsFuente> fuente);
-    void fTomarPendiente();
     void fTomarMirada(const std::string &strRuta, const std::optional<clsHuella> &huella,
                       const clsEntorno &entorno);
-    void fCompletar();
     [[nodiscard]] std::optional<clsPedido> fPrevia(const std::string &strRuta,
                                                    const clsHuella &huella) const;
-    void fPedirCon(const std::optional<clsPedido> &previa, const clsPedido &pedido,
-                   const clsHuella &huella);
+    void fEncargar(bool bolPrevia);
+    [[nodiscard]] std::shared_ptr<const clsFuente> fGuardada(const clsPedido &pedido);
+    void fLlegar(const std::string &strClave);
     void fAfinar();
-    void fPedirVecinas();
+
+    /// A file that is likely to come next.
+    struct clsVecina {
+        std::string strRuta;
+        std::optional<clsHuella> huella; ///< once that was looked up
+    };
 
     QLabel *m_lblFondo;
     QFrame *m_frmRecuadro;
     imgFoto *m_imgFoto;
-    clsAlmacenFotos m_almacen;
+    clsAlmacen<clsFoto> m_almacen;
     std::shared_ptr<const clsFuente> m_imgPuente; ///< the picture that is shown
     std::string m_strRuta;                        ///< its file; empty when it is no photo
     clsHuella m_huella;                           ///< the file's content
     std::shared_ptr<const clsFuente> m_imgNoImagen;
-    std::vector<std::string> m_lstVecinas;
+    std::vector<clsVecina> m_lstVecinas;
     std::vector<clsHilos::clsOrden> m_lstMiradas; ///< at neighbours
     clsHilos m_miradas;    ///< at size and time of files: a disk that wakes up takes seconds for it
     QString m_strDescrito; ///< what the picture was last said to be of

@@ -1,7 +1,7 @@
 // The one picture: fit and zoom, sharpness, orientation, dragging, its menu.
 #include "sesion.h"
 
-#include "viewer/almacen.h"
+#include "viewer/fuente.h"
 
 #include <QMenu>
 
@@ -352,7 +352,7 @@ private slots:
         const QSize tam(7000, 5000); // 140 MB of pixels
         clsPedido pedido{"", {}, 100, lngMaximoFoto, false};
         QCOMPARE(fOctavos(tam, pedido), 8);
-        pedido.lngMaximo = clsAlmacenFotos::lngMaximoVecina;
+        pedido.lngMaximo = lngMaximoVecina;
         pedido.bolVecina = true;
         QCOMPARE(fOctavos(tam, pedido), 0);
         pedido.intZoom = 50;
