@@ -87,7 +87,7 @@ void clsInformacion::fDisponer(int intAviso)
 /// answer must not hold the window up.
 void clsInformacion::fJuzgar(const std::string &strRuta)
 {
-    constexpr std::chrono::milliseconds lngPaciencia(200);
+    constexpr std::chrono::milliseconds paciencia(200);
     m_jueces.fAnular();
     const auto orden = m_jueces.fPedir(
         [strRuta] {
@@ -96,7 +96,7 @@ void clsInformacion::fJuzgar(const std::string &strRuta)
             return fichero.bolFechaCorrecta();
         },
         [this](bool bolCorrecta) { fAvisar(!bolCorrecta); });
-    if (!m_jueces.fEsperar(orden, lngPaciencia)) {
+    if (!m_jueces.fEsperar(orden, paciencia)) {
         fAvisar(false); // until it is known
     }
 }

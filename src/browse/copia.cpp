@@ -77,7 +77,7 @@ clsDestino fDestinoEn(const std::string &strCarpeta)
 clsFinCopia fCopiarLista(const std::vector<std::string> &lstRutas, const clsDestino &fDestino,
                          const std::function<bool(int)> &fPaso)
 {
-    constexpr std::chrono::milliseconds lngPaciencia(800);
+    constexpr std::chrono::milliseconds paciencia(800);
     clsFinCopia fin;
     if (!fPaso(0)) {
         return fin;
@@ -100,10 +100,10 @@ clsFinCopia fCopiarLista(const std::vector<std::string> &lstRutas, const clsDest
     }
     clsRitmo ritmo;
     while (hilos.fPendientes() > 0 && !fin.fallo) {
-        hilos.fAtender(lngRitmo);
+        hilos.fAtender(pausaRitmo);
         if (!ritmo.fSeguir([&] { return fPaso(fin.lngHechas); })) {
             envio->bolFin = true;
-            static_cast<void>(hilos.fEsperar(ultima, lngPaciencia));
+            static_cast<void>(hilos.fEsperar(ultima, paciencia));
             break;
         }
     }

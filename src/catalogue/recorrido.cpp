@@ -249,7 +249,7 @@ clsRecorrido clsPaseo::fHacer()
     while (!m_pila.empty() && !recorrido.bolInterrumpido) {
         fPedir();
         if (!m_pila.back()->fHecho()) {
-            m_hilos.fAtender(lngRitmo);
+            m_hilos.fAtender(pausaRitmo);
         }
         recorrido.bolInterrumpido = !m_ritmo.fSeguir([this] { return m_receptor.fSeguir(); });
         if (recorrido.bolInterrumpido || !m_pila.back()->fHecho()) {

@@ -24,7 +24,7 @@ std::optional<int> fBuscarIncorrecta(int lngDesde, const clsPreguntas &preguntas
             if (!preguntas.fPaso(lngPos)) {
                 return {};
             }
-        } while (!hilos.fAtender(lngRitmo));
+        } while (!hilos.fAtender(pausaRitmo));
         if (!bolCorrecta) {
             return lngPos;
         }

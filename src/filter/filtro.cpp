@@ -281,7 +281,7 @@ clsFiltrado clsPasada::fHacer(int intHilos)
         if (!fSeguir()) {
             return {};
         }
-        hilos.fAtender(lngRitmo);
+        hilos.fAtender(pausaRitmo);
     }
     return fAcabar();
 }

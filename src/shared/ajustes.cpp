@@ -12,7 +12,7 @@
 
 namespace {
 
-constexpr std::chrono::milliseconds lngPaciencia{800}; ///< with the last writing, at the end
+constexpr std::chrono::milliseconds paciencia{800}; ///< with the last writing, at the end
 
 struct clsCambio {
     std::string strSeccion;
@@ -82,7 +82,7 @@ clsAjustes::clsAjustes(std::string strRuta, bool bolEscritura)
 {
 }
 
-clsAjustes::~clsAjustes() { fEsperar(lngPaciencia); }
+clsAjustes::~clsAjustes() { fEsperar(paciencia); }
 
 std::string clsAjustes::fLeerIni(std::string_view strSeccion, std::string_view strClave,
                                  std::string_view strDefecto)

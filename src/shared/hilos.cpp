@@ -11,8 +11,8 @@
 namespace {
 
 using Reloj = std::chrono::steady_clock;
-constexpr std::chrono::milliseconds lngLargo{400};     ///< without any end, what began may hang
-constexpr std::chrono::milliseconds lngDespedida{300}; ///< for pieces under way, at the end
+constexpr std::chrono::milliseconds plazoLargo{400};     ///< without any end, what began may hang
+constexpr std::chrono::milliseconds plazoDespedida{300}; ///< for pieces under way, at the end
 
 /// Threads whose owner is gone, of the whole program.
 struct clsDespedidos {
@@ -150,7 +150,7 @@ void clsHilos::clsPiscina::fVigilar(clsGuarda &guarda)
 {
     const auto primera = std::find_if(m_lstEnMarcha.begin(), m_lstEnMarcha.end(),
                                       [](const clsEnMarcha &una) { return !una.bolColgada; });
-    const auto limite = std::max(m_ultimoFin, primera->comienzo) + lngLargo;
+    const auto limite = std::max(m_ultimoFin, primera->comienzo) + plazoLargo;
     const auto ahora = Reloj::now();
     if (ahora < limite) {
         m_bolVigia = true;
@@ -159,7 +159,7 @@ void clsHilos::clsPiscina::fVigilar(clsGuarda &guarda)
         return;
     }
     for (auto it = primera; it != m_lstEnMarcha.end(); ++it) {
-        const bool bolColgada = !it->bolColgada && it->comienzo + lngLargo <= ahora;
+        const bool bolColgada = !it->bolColgada && it->comienzo + plazoLargo <= ahora;
         it->bolColgada = it->bolColgada || bolColgada;
         m_intColgadas += bolColgada ? 1 : 0;
     }
@@ -358,6 +358,6 @@ void clsHilos::fDespedir()
 {
     clsDespedidos &despedidos = fDespedidos();
     std::unique_lock guarda(despedidos.cerrojo);
-    despedidos.hayFin.wait_for(guarda, lngDespedida,
+    despedidos.hayFin.wait_for(guarda, plazoDespedida,
                                [&despedidos] { return despedidos.intVivos == 0; });
 }

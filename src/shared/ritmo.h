@@ -7,7 +7,7 @@
 using clsSeguir = std::function<bool()>;
 
 /// So often long work shows how far it has come, and lets events run.
-inline constexpr std::chrono::milliseconds lngRitmo{50};
+inline constexpr std::chrono::milliseconds pausaRitmo{50};
 
 /// The rhythm of one such work.
 class clsRitmo {
@@ -15,7 +15,7 @@ public:
     /// Asks whether to go on when it is time to; true in between.
     template <typename Seguir> [[nodiscard]] bool fSeguir(const Seguir &fPreguntar)
     {
-        if (Reloj::now() - m_ultima < lngRitmo) {
+        if (Reloj::now() - m_ultima < pausaRitmo) {
             return true;
         }
         const bool bolSeguir = fPreguntar();

@@ -20,7 +20,7 @@ namespace {
 /// answer must not hold up those who want to go on.
 constexpr qint64 lngPaciencia = 2000;
 /// And so long for a look at its size and time. Neighbours' are waited for not at all.
-constexpr std::chrono::milliseconds lngMirada{200};
+constexpr std::chrono::milliseconds pacienciaMirada{200};
 
 /// Bytes of pixels that are kept.
 constexpr qint64 lngMaximoGuardado = qint64{256} << 20;
@@ -171,7 +171,7 @@ std::shared_ptr<const clsFuente> clsVisor::fCargar(const std::string &strRuta,
                                                 fTomarMirada(strRuta, huella, entorno);
                                             }
                                         });
-    if (!m_miradas.fEsperar(orden, lngMirada)) {
+    if (!m_miradas.fEsperar(orden, pacienciaMirada)) {
         m_strRuta.clear();
         return nullptr;
     }
@@ -277,7 +277,7 @@ void clsVisor::fAnticipar(const std::string &strRuta)
                                                 fEncargar(true);
                                             }
                                         });
-    static_cast<void>(m_miradas.fEsperar(orden, lngMirada));
+    static_cast<void>(m_miradas.fEsperar(orden, pacienciaMirada));
 }
 
 void clsVisor::fAdelantar(const std::vector<std::string> &lstRutas)
