@@ -79,18 +79,23 @@ QWidget *frmFiltro::fCrearFechas()
 {
     auto *const marco = fNombrar(new QGroupBox(QStringLiteral("Fecha:"), this), "frmFechaFiltro");
     auto *const caja = new QHBoxLayout(marco);
-    // Deliberate: the blanks behind the second caption.
-    constexpr const char *lstEtiquetas[][2] = {
-        {"lblEtiqueta0", "Desde"  },
-        {"lblEtiqueta1", "Hasta  "}
+    struct clsFila {
+        const char *strNombre;
+        const char *strTexto;
+        txtFecha *txtCaja;
     };
-    for (std::size_t lng = 0; lng < m_lstFechas.size(); ++lng) {
-        auto *const lblEtiqueta = fNombrar(
-            new QLabel(QString::fromUtf8(lstEtiquetas[lng][1]), marco), lstEtiquetas[lng][0]);
-        lblEtiqueta->setBuddy(m_lstFechas[lng]);
+    // Deliberate: the blanks behind the second caption.
+    const clsFila lstFilas[] = {
+        {"lblEtiqueta0", "Desde",   m_lstFechas[0]},
+        {"lblEtiqueta1", "Hasta  ", m_lstFechas[1]}
+    };
+    for (const clsFila &fila : lstFilas) {
+        auto *const lblEtiqueta =
+            fNombrar(new QLabel(QString::fromUtf8(fila.strTexto), marco), fila.strNombre);
+        lblEtiqueta->setBuddy(fila.txtCaja);
         caja->addWidget(lblEtiqueta);
-        caja->addWidget(m_lstFechas[lng]);
-        caja->addSpacing(lng == 0 ? fontMetrics().averageCharWidth() * 2 : 0);
+        caja->addWidget(fila.txtCaja);
+        caja->addSpacing(&fila == lstFilas ? fontMetrics().averageCharWidth() * 2 : 0);
     }
     caja->addStretch();
     return marco;

@@ -108,7 +108,10 @@ void clsPelicula::fIrADecima()
 bool clsPelicula::fAbrirCodec()
 {
     const AVCodec *codec = avcodec_find_decoder(m_flujo->codecpar->codec_id);
-    m_codec.reset(codec == nullptr ? nullptr : avcodec_alloc_context3(codec));
+    if (codec == nullptr) {
+        return false;
+    }
+    m_codec.reset(avcodec_alloc_context3(codec));
     if (!m_codec || avcodec_parameters_to_context(m_codec.get(), m_flujo->codecpar) < 0) {
         return false;
     }
