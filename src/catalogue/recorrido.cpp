@@ -13,8 +13,6 @@
 namespace {
 
 constexpr std::size_t lngEntradasTanda = 512;
-constexpr std::size_t lngPiezas = 64;          ///< that are ordered ahead
-constexpr std::size_t lngReparto = 8;          ///< into so many pieces folders go that wait
 constexpr std::int64_t lngAdelanto = 32 << 20; ///< bytes that are read ahead, about
 
 /// A folder of the tree. Its files are examined in batches, since one folder can hold most of an
@@ -65,8 +63,9 @@ struct clsAbierta {
 
 /// What the first piece of work on a folder gives.
 struct clsListado {
-    std::shared_ptr<const clsAbierta> abierta;
-    clsExamen primera; ///< batch
+    clsError error;                            ///< of the listing
+    clsExamen primera;                         ///< batch
+    std::shared_ptr<const clsAbierta> abierta; ///< only when there are further ones
 };
 
 clsListado fListarUna(const std::shared_ptr<const clsRaiz> &raiz, const std::string &strRelativa)
@@ -80,7 +79,8 @@ clsListado fListarUna(const std::shared_ptr<const clsRaiz> &raiz, const std::str
     } else {
         abierta->error = carpeta.fError();
     }
-    return {abierta, abierta->fTandas() > 0 ? abierta->fExaminarTanda(0) : clsExamen()};
+    return {abierta->error, abierta->fTandas() > 0 ? abierta->fExaminarTanda(0) : clsExamen(),
+            abierta->fTandas() > 1 ? abierta : nullptr};
 }
 
 std::vector<clsListado> fListar(const std::shared_ptr<const clsRaiz> &raiz,
@@ -98,7 +98,8 @@ std::vector<clsListado> fListar(const std::shared_ptr<const clsRaiz> &raiz,
 class clsPaseo {
 public:
     clsPaseo(std::shared_ptr<const clsRaiz> raiz, int intHilos, clsReceptor &receptor)
-        : m_raiz(std::move(raiz)), m_receptor(receptor), m_hilos({.intHilos = intHilos})
+        : m_raiz(std::move(raiz)), m_receptor(receptor),
+          m_lngPiezas(2 * static_cast<std::size_t>(intHilos)), m_hilos({.intHilos = intHilos})
     {
         m_pila.push_back(std::make_unique<clsNodo>());
         m_lstPorLeer.push_back(m_pila.back().get());
@@ -119,6 +120,7 @@ private:
 
     const std::shared_ptr<const clsRaiz> m_raiz;
     clsReceptor &m_receptor;
+    const std::size_t m_lngPiezas; ///< that are ordered ahead
     clsRitmo m_ritmo;
     clsPila m_pila;                     ///< still to be handed over, the next one last
     std::deque<clsNodo *> m_lstPorLeer; ///< the next one first
@@ -148,8 +150,8 @@ void clsPaseo::fPedir()
         fPedirLista(1);
     }
     while (!m_lstPorLeer.empty() && m_lngAdelantados <= lngAdelanto &&
-           m_hilos.fPendientes() < lngPiezas) {
-        fPedirLista(std::clamp<std::size_t>(m_lstPorLeer.size() / lngReparto, 1, lngMaximo));
+           m_hilos.fPendientes() < m_lngPiezas) {
+        fPedirLista(std::clamp<std::size_t>(2 * m_lstPorLeer.size() / m_lngPiezas, 1, lngMaximo));
     }
 }
 
@@ -174,8 +176,8 @@ void clsPaseo::fPedirLista(std::size_t lngCarpetas)
 
 void clsPaseo::fTomarLista(clsNodo &nodo, clsListado listado)
 {
-    nodo.errorLista = listado.abierta->error;
-    const std::size_t lngTandas = std::max<std::size_t>(listado.abierta->fTandas(), 1);
+    nodo.errorLista = listado.error;
+    const std::size_t lngTandas = listado.abierta ? listado.abierta->fTandas() : 1;
     nodo.lstTandas.resize(lngTandas);
     nodo.lngPendientes = lngTandas;
     for (std::size_t lngTanda = 1; lngTanda < lngTandas; ++lngTanda) {
