@@ -2,7 +2,6 @@
 /// at every row.
 
 #include "browse/avance.h"
-#include "browse/ir_a_fecha.h"
 #include "browse/seleccion.h"
 
 #include <algorithm>

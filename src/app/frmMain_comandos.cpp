@@ -5,7 +5,6 @@
 #include "app/frmAcerca.h"
 #include "app/menus.h"
 #include "browse/ayuda.h"
-#include "browse/ir_a_fecha.h"
 #include "shared/errores.h"
 #include "shared/qtexto.h"
 #include "sistema/entorno.h"
@@ -53,7 +52,7 @@ void frmMain::fPedirFecha()
     const QScopedValueRollback<bool> enPaso(m_estado.bolPaso, true);
     std::optional<clsFecha> dia;
     while (!dia) {
-        const auto strRespuesta = m_mensajes.fPedir(strPreguntaFecha);
+        const auto strRespuesta = m_mensajes.fPedir("Ir a la fecha (ddmmyyyy):");
         if (!strRespuesta || strRespuesta->empty() || m_estado.fCerrando()) {
             return;
         }

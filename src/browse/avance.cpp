@@ -1,10 +1,9 @@
 #include "browse/avance.h"
 
-#include "browse/dias.h"
+#include "browse/mover.h"
 #include "shared/texto.h"
 
 #include <chrono>
-#include <string_view>
 
 namespace {
 
@@ -54,43 +53,59 @@ sys_days fSiguiente(year_month_day dia, Avance modo)
     }
 }
 
-/// To the first file of a later unit, or to the last one of an earlier unit.
-std::optional<int> fAvanzarFecha(const clsFilas &filas, int lngActual, clsFecha fecha, Avance modo,
-                                 Sentido sentido)
-{
-    // Deliberate: on stops at the first file of a unit, back at the last one.
-    const sys_days dia = fDia(fecha);
-    return sentido == Sentido::Adelante
-               ? fPrimeroDesde(filas, lngActual + 1, fMedianoche(fSiguiente(dia, modo)))
-               : fPrimeroAntes(filas, lngActual - 1, fMedianoche(fInicio(dia, modo)));
-}
-
-/// The first position from lngDesde on, in a direction, that lies in another folder than the one
-/// of that number. Folders of different numbers have different bytes.
-std::optional<int> fOtraCarpeta(const clsFilas &filas, int lngDesde, Sentido sentido,
-                                std::uint32_t lngCarpeta)
+/// The first position from lngDesde on, in a direction, whose row will do.
+template <typename Cumple>
+std::optional<int> fBuscar(const clsFilas &filas, int lngDesde, Sentido sentido,
+                           const Cumple &fCumple)
 {
     const auto &lstOrden = filas.fOrden();
     for (int lngPos = lngDesde; lngPos >= 0 && lngPos < filas.fCantidad();
          lngPos += static_cast<int>(sentido)) {
-        if (filas.fNumeroCarpeta(lstOrden[static_cast<std::size_t>(lngPos)]) != lngCarpeta) {
+        if (fCumple(lstOrden[static_cast<std::size_t>(lngPos)])) {
             return lngPos;
         }
     }
     return {};
 }
 
+/// On to the first file of that date or a later one; a file without a date has an early one.
+std::optional<int> fPrimeroDesde(const clsFilas &filas, int lngDesde, clsFecha fecha)
+{
+    return fBuscar(filas, lngDesde, Sentido::Adelante,
+                   [&](std::uint32_t lngFila) { return filas.fDatFecha(lngFila) >= fecha; });
+}
+
+/// To the first file of a later unit, or to the last one of an earlier unit.
+std::optional<int> fAvanzarFecha(const clsFilas &filas, int lngActual, clsFecha fecha, Avance modo,
+                                 Sentido sentido)
+{
+    // Deliberate: on stops at the first file of a unit, back at the last one.
+    const sys_days dia = fDia(fecha);
+    if (sentido == Sentido::Adelante) {
+        return fPrimeroDesde(filas, lngActual + 1, fMedianoche(fSiguiente(dia, modo)));
+    }
+    return fBuscar(filas, lngActual - 1, sentido,
+                   [&, datInicio = fMedianoche(fInicio(dia, modo))](std::uint32_t lngFila) {
+                       const clsFecha otra = filas.fDatFecha(lngFila);
+                       return otra < datInicio && otra != clsFilas::datNinguna;
+                   });
+}
+
 std::optional<int> fAvanzarCarpeta(const clsFilas &filas, int lngActual, Sentido sentido)
 {
-    const auto fCarpeta = [&](int lngPos) {
-        return filas.fNumeroCarpeta(filas.fOrden()[static_cast<std::size_t>(lngPos)]);
+    // Folders of different numbers have different bytes.
+    const auto fOtraCarpeta = [&](int lngDesde) {
+        const auto fNumero = [&](std::uint32_t lngFila) { return filas.fNumeroCarpeta(lngFila); };
+        const auto lngSuya = fNumero(filas.fOrden()[static_cast<std::size_t>(lngDesde)]);
+        return fBuscar(filas, lngDesde, sentido,
+                       [&](std::uint32_t lngFila) { return fNumero(lngFila) != lngSuya; });
     };
-    const auto lngOtra = fOtraCarpeta(filas, lngActual, sentido, fCarpeta(lngActual));
+    const auto lngOtra = fOtraCarpeta(lngActual);
     if (!lngOtra || sentido == Sentido::Adelante) {
         return lngOtra;
     }
     // Deliberate: back never stops at the first file of the current folder.
-    const auto lngAntes = fOtraCarpeta(filas, *lngOtra, sentido, fCarpeta(*lngOtra));
+    const auto lngAntes = fOtraCarpeta(*lngOtra);
     return lngAntes ? *lngAntes + 1 : 0;
 }
 
@@ -121,4 +136,15 @@ std::optional<int> fAvanzar(const clsFilas &filas, int lngActual, Avance modo, S
     }
     const int lngDestino = lngHallada.value_or(bolAdelante ? filas.fCantidad() - 1 : 0);
     return lngDestino == lngActual ? std::nullopt : std::optional(lngDestino);
+}
+
+std::optional<clsFecha> fLeerRespuestaFecha(std::string_view str)
+{
+    return fLeerFecha(str, "ddMMyyyy");
+}
+
+std::optional<int> fIrAFecha(const clsFilas &filas, int lngActual, clsFecha dia)
+{
+    const auto lngHallada = fPrimeroDesde(filas, 0, dia);
+    return lngHallada ? lngHallada : fDestino(Movimiento::Ultimo, lngActual, filas.fCantidad() - 1);
 }

@@ -1,10 +1,12 @@
 #pragma once
 
 #include "catalogue/filas.h"
+#include "shared/fecha.h"
 
 #include <array>
 #include <optional>
 #include <string>
+#include <string_view>
 
 /// Advance modes: how far one step goes. The numbers are indexes into strModosAvance.
 enum class Avance { Normal = 0, Carpeta = 1, Dia = 2, Semana = 3, Mes = 4, Ano = 5 };
@@ -33,3 +35,12 @@ enum class Sentido { Atras = -1, Adelante = 1 };
 /// @param modo      in Normal nothing is found: that step is fDestino's.
 [[nodiscard]] std::optional<int> fAvanzar(const clsFilas &filas, int lngActual, Avance modo,
                                           Sentido sentido);
+
+/// Reads the answer to where to go: exactly eight digits, day first, that name a real day of the
+/// years 100 to 9999; nothing for any other text.
+[[nodiscard]] std::optional<clsFecha> fLeerRespuestaFecha(std::string_view str);
+
+/// The position of the first file on or after a day (its midnight), from the start of the list,
+/// which may be the current one; the last position if there is none. Nothing when the list is
+/// empty, and when there is none and the last file is the current one.
+[[nodiscard]] std::optional<int> fIrAFecha(const clsFilas &filas, int lngActual, clsFecha dia);

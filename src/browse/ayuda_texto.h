@@ -2,8 +2,8 @@
 
 #include <string_view>
 
-/// The prose of the help page (UTF-8). Paragraphs are separated by an empty line; where a line ends
-/// inside of one, a blank is meant. "# " begins a heading.
+/// The prose of the help page (HTML, UTF-8). Paragraphs are separated by an empty line; where a
+/// line ends inside of one, a blank is meant. "# " begins a heading.
 ///
 /// Deliberate: what is quoted from menus and boxes stands as it does there, also "Vacíar".
 inline constexpr std::string_view strTextoAyuda = R"(
@@ -48,7 +48,7 @@ rojos te llevan al primero y al último; los azules avanzan y retroceden de uno 
 viendo thumbnails, de página en página. Con el teclado, 'F11' retrocede y 'F12' avanza; si pulsas
 además Shift, te llevan al primero y al último.
 
-Con la tecla '>' cambias el modo de avance: por carpeta, por día, por semana, por mes o por año.
+Con la tecla '&gt;' cambias el modo de avance: por carpeta, por día, por semana, por mes o por año.
 El modo elegido aparece en la barra de menús, por ejemplo [Avance por SEMANA], y desde ese momento
 los botones azules y las teclas 'F11' y 'F12' saltan de carpeta en carpeta, de día en día, etc.
 Los saltos por fechas están pensados para la lista ordenada por fecha. Con la tecla 'Escape'

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <iterator>
+#include <string_view>
 
 namespace {
 
@@ -46,47 +47,12 @@ constexpr clsParTecla lstTeclas[] = {
     {0xd1,       192}, // N tilde
 };
 
-constexpr clsParTecla lstTeclasPad[] = {
-    {0x2a, 106}, // *
-    {0x2b, 107}, // +
-    {0x2d, 109}, // -
-    {0x2e, 110}, // .
-    {0x2f, 111}, // /
-};
-
 // The character codes of the letters, digits and signs that must not start the list's search. That
 // other keys share a number with one of them (38, Up, with &) is deliberate.
-constexpr int lstTragadas[][2] = {
-    {33,  33 },
-    {35,  41 },
-    {43,  46 },
-    {48,  57 },
-    {59,  59 },
-    {61,  61 },
-    {64,  91 },
-    {93,  96 },
-    {123, 123},
-    {125, 125},
-    {128, 128},
-    {161, 161},
-    {168, 168},
-    {170, 170},
-    {180, 180},
-    {183, 183},
-    {186, 186},
-    {191, 191},
-    {209, 209},
-    {231, 231},
-};
+constexpr std::u32string_view strTragadas =
+    U"!#$%&'()+,-.0123456789;=@ABCDEFGHIJKLMNOPQRSTUVWXYZ[]^_`{}\u0080¡¨ª´·º¿Ñç";
 
 constexpr std::uint32_t lngScanIzquierdaDeZ = 94;
-
-template <std::size_t lngCuantas> int fEnTabla(const clsParTecla (&lstTabla)[lngCuantas], int intQt)
-{
-    const auto it = std::find_if(std::begin(lstTabla), std::end(lstTabla),
-                                 [intQt](const clsParTecla &par) { return par.intQt == intQt; });
-    return it == std::end(lstTabla) ? 0 : it->intTecla;
-}
 
 } // namespace
 
@@ -97,13 +63,8 @@ int fNumeroTecla(int intQt, bool bolNumerico, std::uint32_t lngScan)
     if (lngScan == lngScanIzquierdaDeZ) {
         return intTeclaMenor;
     }
-    if (bolNumerico) {
-        if (const int intTecla = fEnTabla(lstTeclasPad, intQt)) {
-            return intTecla;
-        }
-        if (intQt >= '0' && intQt <= '9') {
-            return intQt - '0' + 96;
-        }
+    if (bolNumerico && intQt >= '*' && intQt <= '9' && intQt != ',') {
+        return intQt < '0' ? intQt - '*' + 106 : intQt - '0' + 96;
     }
     if ((intQt >= 'A' && intQt <= 'Z') || (intQt >= '0' && intQt <= '9')) {
         return intQt;
@@ -111,12 +72,12 @@ int fNumeroTecla(int intQt, bool bolNumerico, std::uint32_t lngScan)
     if (intQt >= intF1 && intQt <= intF24) {
         return intQt - intF1 + 112;
     }
-    return fEnTabla(lstTeclas, intQt);
+    const auto it = std::find_if(std::begin(lstTeclas), std::end(lstTeclas),
+                                 [intQt](const clsParTecla &par) { return par.intQt == intQt; });
+    return it == std::end(lstTeclas) ? 0 : it->intTecla;
 }
 
 bool fTragada(int intTecla)
 {
-    return std::any_of(
-        std::begin(lstTragadas), std::end(lstTragadas),
-        [intTecla](const auto &tramo) { return intTecla >= tramo[0] && intTecla <= tramo[1]; });
+    return strTragadas.find(static_cast<char32_t>(intTecla)) != strTragadas.npos;
 }

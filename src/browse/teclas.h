@@ -3,19 +3,9 @@
 #include <cstdint>
 
 /// Keys go by the numbers of the command table: those of virtual keys on a Spanish keyboard
-/// (letters and digits by their capital's code).
+/// (letters and digits by their capital's code: 'A').
 inline constexpr int intTeclaEnter = 13;
 inline constexpr int intTeclaEsc = 27;
-inline constexpr int intTeclaA = 65;
-inline constexpr int intTeclaB = 66;
-inline constexpr int intTeclaC = 67;
-inline constexpr int intTeclaD = 68;
-inline constexpr int intTeclaE = 69;
-inline constexpr int intTeclaF = 70;
-inline constexpr int intTeclaI = 73;
-inline constexpr int intTeclaJ = 74;
-inline constexpr int intTeclaM = 77;
-inline constexpr int intTeclaW = 87;
 inline constexpr int intTeclaMas = 107;   ///< numeric pad
 inline constexpr int intTeclaMenos = 109; ///< numeric pad
 inline constexpr int intTeclaF11 = 122;
