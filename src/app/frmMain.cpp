@@ -1,7 +1,5 @@
 #include "app/frmMain.h"
 
-#include "app/barra.h"
-#include "app/ceder.h"
 #include "app/copias.h"
 #include "app/fechas.h"
 #include "app/informacion.h"
@@ -25,6 +23,7 @@
 
 #include <QApplication>
 #include <QCloseEvent>
+#include <QEventLoop>
 #include <QHeaderView>
 #include <QMenu>
 #include <QScopedValueRollback>
@@ -45,6 +44,18 @@ clsFotograma fDeVideos()
                         const std::atomic<bool> &bolAnulado) {
         return fotogramas->fFotograma(strRuta, huella, intLado, bolAnulado);
     };
+}
+
+/// Lets pending events run; with a number above 0 waits for one, so many milliseconds at most. The
+/// only place where the program does so.
+void fCederEventos(int intMs = 0)
+{
+    QTimer despertador;
+    if (intMs > 0) {
+        despertador.start(intMs);
+    }
+    QCoreApplication::processEvents(intMs > 0 ? QEventLoop::WaitForMoreEvents
+                                              : QEventLoop::AllEvents);
 }
 
 } // namespace

@@ -1,14 +1,101 @@
 #include "app/informacion.h"
 
-#include "app/caja_info.h"
 #include "dates/clsFile.h"
 #include "dates/panel.h"
 #include "shared/qhilos.h"
 #include "shared/qtexto.h"
 
+#include <QHelpEvent>
+#include <QLineEdit>
 #include <QScreen>
+#include <QStyleOptionFrame>
+#include <QStylePainter>
+#include <QTextDocument>
+#include <QToolTip>
 
+#include <algorithm>
 #include <utility>
+
+/// An information box: text to read. Where it is wider than its place it shows the end, which
+/// tells name, date and size, and the whole as a tooltip.
+class clsCajaInfo : public QLineEdit {
+public:
+    /// @param strAccesible what screen readers call it.
+    clsCajaInfo(const char *strNombre, const QString &strAccesible, QWidget *padre);
+
+    /// Limits the text to the part of the box that can be seen.
+    /// @param intX where something else begins, in coordinates of the parent.
+    void fHasta(int intX);
+
+protected:
+    bool event(QEvent *evento) override;
+    void paintEvent(QPaintEvent *evento) override;
+
+private:
+    [[nodiscard]] QRect fSitio() const;
+    [[nodiscard]] bool fCabe() const;
+};
+
+clsCajaInfo::clsCajaInfo(const char *strNombre, const QString &strAccesible, QWidget *padre)
+    : QLineEdit(padre)
+{
+    setObjectName(QString::fromLatin1(strNombre));
+    setAccessibleName(strAccesible);
+    setReadOnly(true);
+    setFocusPolicy(Qt::NoFocus);
+    setContextMenuPolicy(Qt::NoContextMenu);
+}
+
+void clsCajaInfo::fHasta(int intX)
+{
+    setTextMargins(0, 0, std::max(geometry().right() + 1 - intX, 0), 0);
+}
+
+QRect clsCajaInfo::fSitio() const
+{
+    constexpr int intMargen = 2; // what a line edit leaves free beside its text, in pixels
+    QStyleOptionFrame opcion;
+    initStyleOption(&opcion);
+    return style()
+        ->subElementRect(QStyle::SE_LineEditContents, &opcion, this)
+        .marginsRemoved(textMargins())
+        .adjusted(intMargen, 0, -intMargen, 0);
+}
+
+bool clsCajaInfo::fCabe() const
+{
+    return fontMetrics().horizontalAdvance(text()) <= fSitio().width();
+}
+
+bool clsCajaInfo::event(QEvent *evento)
+{
+    if (evento->type() != QEvent::ToolTip) {
+        return QLineEdit::event(evento);
+    }
+    // A path that looks like markup is still a path.
+    QToolTip::showText(static_cast<QHelpEvent *>(evento)->globalPos(),
+                       fCabe()                       ? QString()
+                       : Qt::mightBeRichText(text()) ? Qt::convertFromPlainText(text())
+                                                     : text(),
+                       this);
+    return true;
+}
+
+void clsCajaInfo::paintEvent(QPaintEvent *evento)
+{
+    if (hasSelectedText() || fCabe()) {
+        QLineEdit::paintEvent(evento);
+        return;
+    }
+    QStylePainter pintor(this);
+    QStyleOptionFrame opcion;
+    initStyleOption(&opcion);
+    pintor.drawPrimitive(QStyle::PE_PanelLineEdit, opcion);
+    const QRect sitio = fSitio();
+    pintor.drawItemText(sitio, Qt::AlignLeft | Qt::AlignVCenter, palette(), isEnabled(),
+                        fontMetrics().elidedText(text(), Qt::ElideLeft, sitio.width()),
+                        QPalette::Text);
+}
 
 clsInformacion::clsInformacion(QWidget *cliente, clsSignos signos, int intArriba)
     : QObject(cliente), m_cliente(cliente), m_signos(std::move(signos)),

@@ -1,10 +1,10 @@
 #include "app/mensajes_qt.h"
 
+#include "shared/programa.h"
 #include "shared/qtexto.h"
 
 #include <QApplication>
 #include <QCursor>
-#include <QDir>
 #include <QFile>
 #include <QFileDialog>
 #include <QInputDialog>
@@ -15,51 +15,6 @@
 #include <optional>
 
 namespace {
-
-/// Takes the wait pointer away while a box is open.
-class clsPunteroNormal {
-public:
-    clsPunteroNormal()
-    {
-        if (const QCursor *const cursor = QApplication::overrideCursor()) {
-            m_cursor = *cursor;
-            QApplication::restoreOverrideCursor();
-        }
-    }
-    ~clsPunteroNormal()
-    {
-        if (m_cursor) {
-            QApplication::setOverrideCursor(*m_cursor);
-        }
-    }
-    clsPunteroNormal(const clsPunteroNormal &) = delete;
-    clsPunteroNormal &operator=(const clsPunteroNormal &) = delete;
-
-private:
-    std::optional<QCursor> m_cursor;
-};
-
-QMessageBox::Icon fIcono(Icono icono)
-{
-    switch (icono) {
-    case Icono::Problema:
-        return QMessageBox::Warning;
-    case Icono::Aviso:
-        return QMessageBox::Information;
-    case Icono::Critico:
-        return QMessageBox::Critical;
-    }
-    return QMessageBox::NoIcon;
-}
-
-void fPreparar(QMessageBox &caja, QMessageBox::Icon icono, const std::string &strTexto)
-{
-    caja.setObjectName(QStringLiteral("msgMiravel"));
-    caja.setWindowTitle(QStringLiteral("Miravel"));
-    caja.setIcon(icono);
-    caja.setTextFormat(Qt::PlainText);
-    caja.setText(fQ(strTexto));
-}
 
 /// Over the window the user looks at: the program's active one, else its main window.
 QWidget *fPadre()
@@ -78,47 +33,67 @@ QWidget *fPadre()
     return nullptr;
 }
 
-/// Asks with two buttons; the second is the default and the answer of Esc.
-bool fPreguntar(const std::string &strTexto, const QString &strSi, const QString &strNo)
+/// Shows a box until it is closed, meanwhile without the wait pointer.
+int fCorrer(QDialog &caja)
 {
-    const clsPunteroNormal puntero;
+    std::optional<QCursor> espera;
+    if (const QCursor *const cursor = QApplication::overrideCursor()) {
+        espera = *cursor;
+        QApplication::restoreOverrideCursor();
+    }
+    const int intFin = caja.exec();
+    if (espera) {
+        QApplication::setOverrideCursor(*espera);
+    }
+    return intFin;
+}
+
+/// Shows a text and waits for a button; the last one is the default and the answer of Esc.
+/// @return whether it was the first one.
+bool fMostrarCaja(QMessageBox::Icon icono, const std::string &strTitulo,
+                  const std::string &strTexto, const QStringList &lstBotones)
+{
     QMessageBox caja(fPadre());
-    fPreparar(caja, QMessageBox::Question, strTexto);
-    QPushButton *const si = caja.addButton(strSi, QMessageBox::AcceptRole);
-    QPushButton *const no = caja.addButton(strNo, QMessageBox::RejectRole);
-    caja.setDefaultButton(no);
-    caja.setEscapeButton(no);
-    caja.exec();
-    return caja.clickedButton() == si;
+    caja.setObjectName(QStringLiteral("msgMiravel"));
+    caja.setWindowTitle(fQ(strTitulo));
+    caja.setIcon(icono);
+    caja.setTextFormat(Qt::PlainText);
+    caja.setText(fQ(strTexto));
+    QPushButton *const primero = caja.addButton(lstBotones.first(), QMessageBox::AcceptRole);
+    QPushButton *ultimo = primero;
+    for (const QString &strBoton : lstBotones.mid(1)) {
+        ultimo = caja.addButton(strBoton, QMessageBox::RejectRole);
+    }
+    caja.setDefaultButton(ultimo);
+    caja.setEscapeButton(ultimo);
+    fCorrer(caja);
+    return caja.clickedButton() == primero;
 }
 
 } // namespace
 
 void clsMensajesQt::fAviso(Icono icono, const std::string &strTexto, const std::string &strTitulo)
 {
-    const clsPunteroNormal puntero;
-    QMessageBox caja(fPadre());
-    fPreparar(caja, fIcono(icono), strTexto);
-    caja.setWindowTitle(fQ(strTitulo));
-    QPushButton *const aceptar = caja.addButton(QStringLiteral("Aceptar"), QMessageBox::AcceptRole);
-    caja.setDefaultButton(aceptar);
-    caja.setEscapeButton(aceptar);
-    caja.exec();
+    const auto cual = icono == Icono::Problema ? QMessageBox::Warning
+                      : icono == Icono::Aviso  ? QMessageBox::Information
+                                               : QMessageBox::Critical;
+    fMostrarCaja(cual, strTitulo, strTexto, {QStringLiteral("Aceptar")});
 }
 
 bool clsMensajesQt::fSiNo(const std::string &strTexto)
 {
-    return fPreguntar(strTexto, QStringLiteral("Sí"), QStringLiteral("No"));
+    return fMostrarCaja(QMessageBox::Question, strPrograma, strTexto,
+                        {QStringLiteral("Sí"), QStringLiteral("No")});
 }
 
 bool clsMensajesQt::fAceptarCancelar(const std::string &strTexto)
 {
-    return fPreguntar(strTexto, QStringLiteral("Aceptar"), QStringLiteral("Cancelar"));
+    return fMostrarCaja(QMessageBox::Question, strPrograma, strTexto,
+                        {QStringLiteral("Aceptar"), QStringLiteral("Cancelar")});
 }
 
 std::optional<std::string> clsMensajesQt::fPedir(const std::string &strPregunta)
 {
-    const clsPunteroNormal puntero;
     QInputDialog caja(fPadre());
     caja.setObjectName(QStringLiteral("inpMiravel"));
     caja.setWindowTitle(QStringLiteral("Miravel"));
@@ -128,7 +103,7 @@ std::optional<std::string> clsMensajesQt::fPedir(const std::string &strPregunta)
     for (QPushButton *const boton : caja.findChildren<QPushButton *>()) {
         boton->setIcon({}); // none of our boxes has any
     }
-    if (caja.exec() != QDialog::Accepted) {
+    if (fCorrer(caja) != QDialog::Accepted) {
         return {};
     }
     return fUtf8(caja.textValue());
@@ -136,7 +111,6 @@ std::optional<std::string> clsMensajesQt::fPedir(const std::string &strPregunta)
 
 std::string clsMensajesQt::fElegirCarpeta(const std::string &strTitulo)
 {
-    const clsPunteroNormal puntero;
     QFileDialog caja(fPadre(), fQ(strTitulo));
     caja.setObjectName(QStringLiteral("dlgCarpeta"));
     // The desktop's own dialog speaks the desktop's language; all texts here are Spanish.
@@ -145,12 +119,8 @@ std::string clsMensajesQt::fElegirCarpeta(const std::string &strTitulo)
     caja.setFileMode(QFileDialog::Directory);
     caja.setOption(QFileDialog::ShowDirsOnly);
     caja.setOption(QFileDialog::ReadOnly); // nothing is renamed or deleted by the way
-    if (!m_strCarpeta.isEmpty()) {
-        caja.setDirectory(m_strCarpeta);
-    } else {
-        caja.setDirectory(QDir::home());
-    }
-    if (caja.exec() != QDialog::Accepted || caja.selectedFiles().isEmpty()) {
+    caja.setDirectory(m_strCarpeta);
+    if (fCorrer(caja) != QDialog::Accepted || caja.selectedFiles().isEmpty()) {
         return {};
     }
     m_strCarpeta = caja.selectedFiles().constFirst();

@@ -2,6 +2,7 @@
 
 #include "shared/mensajes.h"
 
+#include <QDir>
 #include <QString>
 
 /// Message boxes of the program, with Spanish buttons in every locale.
@@ -15,5 +16,5 @@ public:
     std::string fElegirCarpeta(const std::string &strTitulo) override;
 
 private:
-    QString m_strCarpeta; ///< the folder chosen last
+    QString m_strCarpeta = QDir::homePath(); ///< the folder chosen last
 };

@@ -1,17 +1,20 @@
 #include "app/menus.h"
 
-#include "app/barra.h"
 #include "shared/qtexto.h"
 
 #include <QAccessible>
 #include <QAction>
 #include <QActionGroup>
+#include <QIcon>
 #include <QKeySequence>
 #include <QMainWindow>
 #include <QMenu>
 #include <QMenuBar>
 #include <QTimer>
+#include <QToolBar>
 #include <QToolButton>
+
+#include <map>
 
 namespace {
 
@@ -54,6 +57,37 @@ void fLlenar(QMenu &menu, Menu cual, const clsElegido &fElegido)
     }
 }
 
+QString fNombreBoton(int intIndice) { return QStringLiteral("toolBar%1").arg(intIndice); }
+
+QMenu *fMenuTeclas(QWidget *padre)
+{
+    std::map<int, const char *> mapLineas;
+    for (const clsComando &comando : fComandos()) {
+        mapLineas.emplace(comando.linea.intLugar, comando.linea.strTexto);
+    }
+    mapLineas.erase(0);
+    auto *const menu = new QMenu(padre);
+    menu->setObjectName(QStringLiteral("mnuTeclas"));
+    for (const auto &[intLugar, strTexto] : mapLineas) {
+        QAction *const entrada = menu->addAction(fQ(strTexto)); // it does nothing
+        entrada->setObjectName(QStringLiteral("mnuTeclas%1").arg(intLugar - 1));
+    }
+    return menu;
+}
+
+QToolButton *fPonerBoton(QToolBar &barra, const clsComando::clsBoton &datos)
+{
+    auto *const boton = new QToolButton(&barra);
+    boton->setObjectName(fNombreBoton(datos.intIndice));
+    boton->setAccessibleName(fQ(datos.strTexto));
+    boton->setToolTip(boton->accessibleName());
+    boton->setIcon(QIcon(QStringLiteral(":/iconos/%1.svg").arg(fQ(datos.strIcono))));
+    boton->setAutoRaise(true);
+    boton->setFocusPolicy(Qt::NoFocus);
+    barra.addWidget(boton);
+    return boton;
+}
+
 void fMostrarEstado(const QMainWindow &ventana, const clsComando &comando, const clsEstado &estado)
 {
     const bool bolMarca =
@@ -64,7 +98,8 @@ void fMostrarEstado(const QMainWindow &ventana, const clsComando &comando, const
         accion->setChecked(bolMarca);
     }
     if (comando.boton.intIndice != 0 && comando.fMarca != nullptr) {
-        fBoton(ventana, comando.boton.intIndice)->setChecked(bolMarca);
+        ventana.findChild<QToolButton *>(fNombreBoton(comando.boton.intIndice))
+            ->setChecked(bolMarca);
     }
 }
 
@@ -87,6 +122,33 @@ QMenu *fCrearMenus(QMainWindow &ventana, const clsElegido &fElegido)
     QAction *const avance = barra->addAction(QStringLiteral("[avance]"));
     avance->setObjectName(QStringLiteral("mnuAVance"));
     return mnuFoto;
+}
+
+QToolBar *fCrearBarra(QWidget *cliente, const clsElegido &fElegido)
+{
+    auto *const barra = new QToolBar(cliente);
+    barra->setObjectName(QStringLiteral("toolBar"));
+    barra->setAccessibleName(QStringLiteral("Barra de herramientas"));
+    barra->setIconSize(QSize(24, 24));
+    int intSiguiente = 1;
+    for (const clsComando &comando : fComandos()) {
+        if (comando.boton.intIndice == 0) {
+            continue;
+        }
+        if (comando.boton.intIndice != intSiguiente) {
+            barra->addSeparator();
+        }
+        intSiguiente = comando.boton.intIndice + 1;
+        QToolButton *const boton = fPonerBoton(*barra, comando.boton);
+        boton->setCheckable(comando.fMarca != nullptr);
+        QObject::connect(boton, &QToolButton::clicked, boton,
+                         [fElegido, &comando] { fElegido(comando); });
+    }
+    barra->addSeparator();
+    QToolButton *const teclas = fPonerBoton(*barra, {10, "Teclas de acceso rápido.", "teclas"});
+    teclas->setMenu(fMenuTeclas(teclas));
+    teclas->setPopupMode(QToolButton::InstantPopup);
+    return barra;
 }
 
 void fMostrarEstado(const QMainWindow &ventana, const clsEstado &estado)

@@ -6,6 +6,8 @@
 
 class QMainWindow;
 class QMenu;
+class QToolBar;
+class QWidget;
 
 /// What runs when the user chooses a command.
 using clsElegido = std::function<void(const clsComando &)>;
@@ -14,6 +16,10 @@ using clsElegido = std::function<void(const clsComando &)>;
 /// menu of the picture.
 /// @return the pop-up menu.
 QMenu *fCrearMenus(QMainWindow &ventana, const clsElegido &fElegido);
+
+/// Builds the toolbar: `toolBar`, its buttons `toolBar1` to `toolBar10` by their index. The last
+/// one lists the shortcuts.
+QToolBar *fCrearBarra(QWidget *cliente, const clsElegido &fElegido);
 
 /// Shows a state in menus and toolbar: which commands could run, where the check marks belong, what
 /// is in the Baúl, the advance mode.
