@@ -1,7 +1,7 @@
 #pragma once
 
 #include "app/arranque.h"
-#include "browse/estado.h"
+#include "browse/mandos.h"
 #include "shared/mensajes.h"
 #include "shared/ocupado.h"
 #include "shared/ritmo.h"
@@ -42,3 +42,27 @@ struct clsComun {
     /// Lets events run; false when the window is to close.
     clsSeguir fSeguir;
 };
+
+// The parts say which commands they attend to.
+
+/// The list as a whole: what it holds, what is ticked, its totals.
+void fAtenderListado(const clsComun &comun, clsMandos &mandos);
+/// Copies of files, to a folder and to the Baúl.
+void fAtenderCopias(const clsComun &comun, clsMandos &mandos);
+/// The dates of files: EXIF, search for wrong ones, correction.
+void fAtenderFechas(const clsComun &comun, clsMandos &mandos);
+/// Moving along the list.
+void fAtenderPasos(const clsComun &comun, clsMandos &mandos);
+/// Help, About, and what opens other programs.
+void fAtenderProgramas(const clsComun &comun, clsMandos &mandos);
+
+/// Reads the catalogue into the list, which is empty, and before that builds it where that is
+/// wanted or needed. Says what went wrong; the list may still be empty then.
+void fCargarCatalogo(const clsComun &comun, bool bolForzar);
+/// Say why the catalogue is not written: another Miravel works on it; or the reason given.
+void fAvisarOcupada(clsMensajes &mensajes);
+void fAvisarSinCatalogo(clsMensajes &mensajes, const std::string &strMotivo);
+/// Counts the files in the Baúl.
+void fContarElBaul(const clsComun &comun);
+/// Opens the current file with its default program.
+void fAbrirArchivo(const clsComun &comun);

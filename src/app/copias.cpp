@@ -1,5 +1,4 @@
-#include "app/copias.h"
-
+#include "app/comun.h"
 #include "app/informacion.h"
 #include "browse/baul.h"
 #include "catalogue/modelo_fotos.h"

@@ -1,7 +1,5 @@
-#include "app/fechas.h"
-
+#include "app/comun.h"
 #include "app/informacion.h"
-#include "app/llenado.h"
 #include "dates/busqueda.h"
 #include "dates/correccion.h"
 #include "dates/exif.h"

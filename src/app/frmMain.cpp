@@ -1,10 +1,6 @@
 #include "app/frmMain.h"
 
-#include "app/copias.h"
-#include "app/fechas.h"
 #include "app/informacion.h"
-#include "app/listado.h"
-#include "app/llenado.h"
 #include "app/menus.h"
 #include "app/puerta.h"
 #include "browse/seleccion.h"
@@ -72,21 +68,17 @@ frmMain::frmMain(clsArchivo archivo, clsAjustes &ajustes, clsMensajes &mensajes)
       m_toolBar(fCrearBarra(m_cliente, [this](const auto &comando) { fElegido(comando); })),
       m_informacion(
           new clsInformacion(m_cliente, fSignosLocales(), m_toolBar->sizeHint().height())),
-      m_puerta(new clsPuerta(
-          *this, [this] { return m_estado.bolOcupado; },
-          [this](int intTecla, int intMayus) { return m_mandos.fTecla(intTecla, intMayus); })),
-      m_comun(fComun())
+      m_puerta(new clsPuerta(*this, m_estado, m_mandos)), m_comun(fComun())
 {
     m_visor->fAnticipar(m_ajustes.fConsultar(strSeccionGeneral, "SELEC"));
     m_estado.medios = m_archivo.preferencias.medios;
     m_estado.intTamMini = m_archivo.preferencias.intTamMini;
     fCrearControles();
-    fConectarPuerta();
     fConectarLista();
     fConectarPanel();
-    fAtenderPasos();
     fAtenderPanel();
-    fAtenderProgramas();
+    fAtenderPasos(m_comun, m_mandos);
+    fAtenderProgramas(m_comun, m_mandos);
     fAtenderListado(m_comun, m_mandos);
     fAtenderCopias(m_comun, m_mandos);
     fAtenderFechas(m_comun, m_mandos);
@@ -135,23 +127,17 @@ void frmMain::fCrearControles()
             [mnuFoto](const QPoint &punto) { mnuFoto->popup(punto); });
 }
 
-void frmMain::fConectarPuerta()
+void frmMain::fConectarLista()
 {
-    connect(m_puerta, &clsPuerta::fEscOcupada, this,
-            [this] { m_estado.parada = std::max(m_estado.parada, Parada::Esc); });
+    connect(m_lista, &lstFotos::fFila, this, &frmMain::fMostrarOcupada);
+    connect(m_lista, &lstFotos::fRango, this, &frmMain::fAlternarRango);
+    connect(m_lista, &lstFotos::fDobleClic, this, [this] { fAbrirArchivo(m_comun); });
     // The first click of a double click shows the row, and the second falls into that.
     connect(m_puerta, &clsPuerta::fDobleClicOcupada, this,
             [this](const QWidget *control, const QPoint &punto) {
                 m_bolDobleClic = control == m_lista->viewport() &&
                                  m_lista->indexAt(punto).row() == m_estado.lngActual;
             });
-}
-
-void frmMain::fConectarLista()
-{
-    connect(m_lista, &lstFotos::fFila, this, &frmMain::fMostrarOcupada);
-    connect(m_lista, &lstFotos::fRango, this, &frmMain::fAlternarRango);
-    connect(m_lista, &lstFotos::fDobleClic, this, &frmMain::fAbrirArchivo);
     // The second of two quick clicks is a click, too.
     for (const auto clic : {&QHeaderView::sectionClicked, &QHeaderView::sectionDoubleClicked}) {
         connect(m_lista->horizontalHeader(), clic, this,
@@ -171,6 +157,23 @@ void frmMain::fConectarPanel()
             [this](int intX) { fFijarAncho(intX * intTwipsPixel); });
     connect(m_miniaturas, &clsMiniaturas::fPulsada, this, &frmMain::fCeldaPulsada);
 }
+
+void frmMain::fAtenderPanel()
+{
+    m_mandos.fAtender("modo", [this] { fFijarModo(!m_estado.bolMiniaturas); });
+    m_mandos.fAtender("miniaturas", [this] { fFijarModo(true); });
+    m_mandos.fAtender("zoom", [this](int intZoom) { m_visor->fFijarZoom(intZoom); });
+    m_mandos.fAtender("tamMini", [this](int intTam) { fFijarTamMini(intTam); });
+    m_mandos.fAtender("aumentar", [this](int intPasos) { fAumentar(intPasos); });
+}
+
+void frmMain::fElegido(const clsComando &comando)
+{
+    m_mandos.fEjecutar(comando);
+    fMostrarEstado(); // entry or button has taken the mark by itself, wanted or not
+}
+
+void frmMain::fMostrarEstado() { ::fMostrarEstado(*this, m_estado); }
 
 void frmMain::fIniciar()
 {
@@ -202,7 +205,7 @@ void frmMain::fAlLiberar()
     if (m_estado.fCerrando()) {
         QTimer::singleShot(0, this, &QWidget::close);
     } else if (std::exchange(m_bolDobleClic, false)) {
-        QTimer::singleShot(0, this, &frmMain::fAbrirArchivo);
+        QTimer::singleShot(0, this, [this] { fAbrirArchivo(m_comun); });
     }
 }
 
@@ -421,7 +424,14 @@ bool frmMain::fDibujar()
     entorno.fVigente = [this, lngGeneracion] {
         return lngGeneracion == m_estado.lngGeneracion && !m_estado.fCerrando();
     };
-    entorno.fFalta = [this] { fIncidencias(); };
+    entorno.fFalta = [this] {
+        // Once, until the catalogue is built anew. Set before the box: while it is open, a resize
+        // can draw the same file again.
+        if (!std::exchange(m_estado.bolIncidencias, true)) {
+            m_mensajes.fAviso(Icono::Problema,
+                              "Actualiza la lista de archivos. Se han detectado incidencias.");
+        }
+    };
     if (m_estado.bolMiniaturas) {
         return m_miniaturas->fMostrar(m_estado.lngActual, entorno);
     }
@@ -447,14 +457,4 @@ void frmMain::fTerminarMostrar()
         lstVecinas.push_back(m_estado.filas.fRuta(lngPos));
     }
     m_visor->fAdelantar(lstVecinas);
-}
-
-/// Says once that files are missing, until the catalogue is built anew.
-void frmMain::fIncidencias()
-{
-    // Set before the box: while it is open, a resize can draw the same file again.
-    if (!std::exchange(m_estado.bolIncidencias, true)) {
-        m_mensajes.fAviso(Icono::Problema,
-                          "Actualiza la lista de archivos. Se han detectado incidencias.");
-    }
 }

@@ -1,13 +1,11 @@
 #pragma once
 
 #include "app/comun.h"
-#include "browse/mandos.h"
 #include "shared/ajustes.h"
 
 #include <QMainWindow>
 #include <QTimer>
 
-#include <optional>
 #include <string>
 
 class clsMiniaturas;
@@ -39,12 +37,11 @@ private:
     // Building the window
     void fCrearControles();
     [[nodiscard]] clsComun fComun();
-    void fConectarPuerta();
     void fConectarLista();
     void fConectarPanel();
-    void fAtenderPasos();
     void fAtenderPanel();
-    void fAtenderProgramas();
+    void fElegido(const clsComando &comando);
+    void fMostrarEstado();
 
     // Busy
     void fAlOcupar();
@@ -72,17 +69,6 @@ private:
     [[nodiscard]] bool fDibujar();
     void fTerminarMostrar();
     void fRedibujar();
-    void fIncidencias();
-
-    // Commands
-    void fElegido(const clsComando &comando);
-    void fMostrarEstado();
-    template <typename Paso> void fIr(Paso paso);
-    void fIrA(std::optional<int> lngDestino);
-    void fPedirFecha();
-    void fAbrirArchivo();
-    void fMostrarAyuda();
-    void fMostrarAcerca();
 
     const clsArchivo m_archivo;
     clsAjustes &m_ajustes;

@@ -1,5 +1,4 @@
-#include "app/listado.h"
-
+#include "app/comun.h"
 #include "app/informacion.h"
 #include "browse/seleccion.h"
 #include "catalogue/modelo_fotos.h"

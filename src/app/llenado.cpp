@@ -1,4 +1,4 @@
-#include "app/llenado.h"
+#include "app/comun.h"
 
 #include "catalogue/carga.h"
 #include "catalogue/constructor.h"

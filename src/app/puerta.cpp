@@ -10,7 +10,7 @@
 #include <QTimer>
 #include <QWidget>
 
-#include <utility>
+#include <algorithm>
 
 namespace {
 
@@ -53,10 +53,8 @@ int fEstadoMayus(Qt::KeyboardModifiers teclas)
            (teclas & Qt::MetaModifier ? intSuper : 0);
 }
 
-clsPuerta::clsPuerta(QWidget &ventana, std::function<bool()> fOcupada,
-                     std::function<bool(int, int)> fTecla)
-    : QObject(&ventana), m_ventana(ventana), m_fOcupada(std::move(fOcupada)),
-      m_fTecla(std::move(fTecla))
+clsPuerta::clsPuerta(QWidget &ventana, clsEstado &estado, const clsMandos &mandos)
+    : QObject(&ventana), m_ventana(ventana), m_estado(estado), m_mandos(mandos)
 {
     QCoreApplication::instance()->installEventFilter(this);
 }
@@ -67,9 +65,9 @@ void clsPuerta::fMirarCtrl()
 }
 
 /// A key that goes down while the window is busy does not count; one that comes up always does.
-void clsPuerta::fSeguirCtrl(const QEvent &evento, bool bolOcupada)
+void clsPuerta::fSeguirCtrl(const QEvent &evento)
 {
-    const bool bolPulsada = evento.type() == QEvent::KeyPress && !bolOcupada;
+    const bool bolPulsada = evento.type() == QEvent::KeyPress && !m_estado.bolOcupado;
     if ((bolPulsada || evento.type() == QEvent::KeyRelease) &&
         static_cast<const QKeyEvent &>(evento).key() == Qt::Key_Control) {
         m_bolCtrl = bolPulsada;
@@ -97,11 +95,10 @@ bool clsPuerta::eventFilter(QObject *objeto, QEvent *evento)
         return false;
     }
     const bool bolPulsada = evento->type() == QEvent::KeyPress;
-    const bool bolOcupada = m_fOcupada();
-    fSeguirCtrl(*evento, bolOcupada);
-    if (bolOcupada) {
+    fSeguirCtrl(*evento);
+    if (m_estado.bolOcupado) {
         if (bolPulsada && static_cast<const QKeyEvent *>(evento)->key() == Qt::Key_Escape) {
-            emit fEscOcupada();
+            m_estado.parada = std::max(m_estado.parada, Parada::Esc);
         } else if (evento->type() == QEvent::MouseButtonDblClick) {
             emit fDobleClicOcupada(static_cast<QWidget *>(objeto),
                                    static_cast<QMouseEvent *>(evento)->position().toPoint());
@@ -128,5 +125,5 @@ bool clsPuerta::fTecla(const QObject &objeto, const QKeyEvent &evento) const
     if (intTecla == intTeclaEnter && evento.isAutoRepeat()) {
         return true; // a key held too long opens its file once
     }
-    return m_fTecla(intTecla, fEstadoMayus(evento.modifiers()));
+    return m_mandos.fTecla(intTecla, fEstadoMayus(evento.modifiers()));
 }

@@ -1,8 +1,8 @@
 #pragma once
 
-#include <QObject>
+#include "browse/mandos.h"
 
-#include <functional>
+#include <QObject>
 
 /// The Shift state bits of keys that are held, see teclas.h.
 [[nodiscard]] int fEstadoMayus(Qt::KeyboardModifiers teclas);
@@ -15,11 +15,10 @@ class QWidget;
 class clsPuerta : public QObject {
     Q_OBJECT
 public:
-    /// @param ventana  the main window; events of other windows pass.
-    /// @param fOcupada whether the window is busy.
-    /// @param fTecla   handles a key press; true when the controls must not see it.
-    clsPuerta(QWidget &ventana, std::function<bool()> fOcupada,
-              std::function<bool(int intTecla, int intMayus)> fTecla);
+    /// @param ventana the main window; events of other windows pass.
+    /// @param estado  tells whether it is busy; learns that Esc was pressed then.
+    /// @param mandos  get its keys.
+    clsPuerta(QWidget &ventana, clsEstado &estado, const clsMandos &mandos);
 
     /// Whether the Ctrl key is held, as far as the window has seen it go down and up.
     [[nodiscard]] bool fCtrl() const { return m_bolCtrl; }
@@ -27,8 +26,6 @@ public:
     void fMirarCtrl();
 
 signals:
-    /// Esc was pressed while the window is busy.
-    void fEscOcupada();
     /// A control was double-clicked while the window is busy.
     void fDobleClicOcupada(QWidget *control, const QPoint &punto);
 
@@ -37,10 +34,10 @@ protected:
 
 private:
     [[nodiscard]] bool fTecla(const QObject &objeto, const QKeyEvent &evento) const;
-    void fSeguirCtrl(const QEvent &evento, bool bolOcupada);
+    void fSeguirCtrl(const QEvent &evento);
 
     QWidget &m_ventana;
-    std::function<bool()> m_fOcupada;
-    std::function<bool(int, int)> m_fTecla;
+    clsEstado &m_estado;
+    const clsMandos &m_mandos;
     bool m_bolCtrl = false;
 };

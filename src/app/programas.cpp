@@ -1,0 +1,88 @@
+#include "app/comun.h"
+#include "app/frmAcerca.h"
+#include "browse/ayuda.h"
+#include "shared/errores.h"
+#include "shared/texto.h"
+#include "sistema/entorno.h"
+
+#include <QScopedValueRollback>
+
+namespace {
+
+/// Shows where a movement leads to, if it leads anywhere.
+template <typename Paso> void fIr(const clsComun &comun, Paso paso)
+{
+    const QScopedValueRollback<bool> enPaso(comun.estado.bolPaso, true);
+    if (const auto lngDestino = fDestino(comun.estado, paso)) {
+        comun.fMostrar(*lngDestino);
+    }
+}
+
+void fPedirFecha(const clsComun &comun)
+{
+    const QScopedValueRollback<bool> enPaso(comun.estado.bolPaso, true);
+    std::optional<clsFecha> dia;
+    while (!dia) {
+        const auto strRespuesta = comun.mensajes.fPedir("Ir a la fecha (ddmmyyyy):");
+        if (!strRespuesta || strRespuesta->empty() || comun.estado.fCerrando()) {
+            return;
+        }
+        dia = fLeerRespuestaFecha(*strRespuesta);
+    }
+    if (const auto lngPos = fIrAFecha(comun.estado.filas, comun.estado.lngActual, *dia)) {
+        comun.fMostrar(*lngPos);
+    }
+}
+
+void fMostrarAyuda(const clsComun &comun)
+{
+    const clsError error = comun.archivo.bolEscritura ? fEscribirAyuda(comun.archivo.strRaiz) : 0;
+    const std::string strRuta = fRutaAyuda(comun.archivo.strRaiz);
+    if (error) {
+        comun.mensajes.fAviso(Icono::Problema,
+                              fTextoPantalla(strRuta) + "\r\n" + fTextoError(error));
+    }
+    fAbrirConSistema(strRuta);
+}
+
+void fMostrarAcerca(const clsComun &comun)
+{
+    frmAcerca acerca(comun.ventana);
+    acerca.setWindowIcon(comun.ventana->windowIcon());
+    QObject::connect(&acerca, &frmAcerca::fAyudaPedida, &acerca,
+                     [&comun] { fMostrarAyuda(comun); });
+    acerca.exec();
+}
+
+} // namespace
+
+void fAtenderPasos(const clsComun &comun, clsMandos &mandos)
+{
+    mandos.fAtender("mover",
+                    [&comun](int intCual) { fIr(comun, static_cast<Movimiento>(intCual)); });
+    mandos.fAtender("paso",
+                    [&comun](int intSentido) { fIr(comun, static_cast<Sentido>(intSentido)); });
+    mandos.fAtender("avance", [&comun](int bolSiguiente) {
+        Avance &avance = comun.estado.avance;
+        avance = bolSiguiente != 0 ? fSiguienteAvance(avance) : Avance::Normal;
+        comun.fEstadoCambiado();
+    });
+    mandos.fAtender("irFecha", [&comun] { fPedirFecha(comun); });
+}
+
+void fAtenderProgramas(const clsComun &comun, clsMandos &mandos)
+{
+    mandos.fAtender("abrir", [&comun] { fAbrirArchivo(comun); });
+    mandos.fAtender("carpeta", [&comun] {
+        fAbrirConSistema(std::string(comun.estado.filas.fCarpeta(comun.estado.lngActual)));
+    });
+    mandos.fAtender("ayuda", [&comun] { fMostrarAyuda(comun); });
+    mandos.fAtender("acerca", [&comun] { fMostrarAcerca(comun); });
+}
+
+void fAbrirArchivo(const clsComun &comun)
+{
+    if (!comun.estado.filas.fVacia()) { // the list can have changed since the double click
+        fAbrirConSistema(comun.estado.filas.fRuta(comun.estado.lngActual));
+    }
+}
