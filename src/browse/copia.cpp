@@ -35,11 +35,12 @@ clsError fChoque(const clsEnvio &envio, const std::string &strDestino)
     return bolEsOrigen || envio.lstDudosos.contains(strDestino) ? EEXIST : 0;
 }
 
-void fApuntarOrigenes(clsEnvio &envio, const std::vector<std::string> &lstRutas)
+/// @return whether all were looked at.
+bool fApuntarOrigenes(clsEnvio &envio, const std::vector<std::string> &lstRutas)
 {
     for (const std::string &strRuta : lstRutas) {
         if (envio.bolFin) { // on a slow disk these looks alone take their time
-            return;
+            return false;
         }
         if (const auto origen = fConsultar(strRuta)) {
             envio.lstOrigenes.insert(origen->identidad);
@@ -47,6 +48,7 @@ void fApuntarOrigenes(clsEnvio &envio, const std::vector<std::string> &lstRutas)
             envio.lstDudosos.insert(strRuta);
         }
     }
+    return true;
 }
 
 /// Copies one file, unless an earlier one has failed: nothing if it was copied.
@@ -87,7 +89,7 @@ clsFinCopia fCopiarLista(const std::vector<std::string> &lstRutas, const clsDest
     // One thread, which waits for nobody between two files: on a busy machine each waking up takes
     // milliseconds.
     clsHilos hilos({.intHilos = 1, .intMaximo = 1});
-    hilos.fPedir([envio, lstRutas] { fApuntarOrigenes(*envio, lstRutas); });
+    hilos.fPedir([envio, lstRutas] { return fApuntarOrigenes(*envio, lstRutas); }, [](bool) {});
     clsHilos::clsOrden ultima;
     for (const std::string &strRuta : lstRutas) {
         ultima = hilos.fPedir([envio, strRuta] { return fCopiarUna(*envio, strRuta); },

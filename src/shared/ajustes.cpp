@@ -117,11 +117,20 @@ void clsAjustes::fGuardarIni(std::string_view strSeccion, std::string_view strCl
         return;
     }
     m_cambios->fAnadir({std::string(strSeccion), std::string(strClave), std::string(strValor)});
-    m_hilos.fPedir([cambios = m_cambios, strRuta = m_strRuta] { cambios->fEscribir(strRuta); });
+    while (m_hilos.fAtender()) { // of what is done nothing is left
+    }
+    m_ultima = m_hilos.fPedir(
+        [cambios = m_cambios, strRuta = m_strRuta] {
+            cambios->fEscribir(strRuta);
+            return true;
+        },
+        [](bool /*bolHecho*/) {});
 }
 
 void clsAjustes::fEsperar(std::chrono::milliseconds plazo)
 {
     // There is one thread: what was asked for before is done by then.
-    static_cast<void>(m_hilos.fEsperar(m_hilos.fPedir([] { return 0; }, [](int) {}), plazo));
+    if (m_ultima) {
+        static_cast<void>(m_hilos.fEsperar(m_ultima, plazo));
+    }
 }

@@ -52,4 +52,5 @@ private:
     clsHilos m_hilos{
         {.intHilos = 1, .intMaximo = 1}
     };
+    clsHilos::clsOrden m_ultima; ///< to write
 };

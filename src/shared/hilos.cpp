@@ -14,35 +14,15 @@ using Reloj = std::chrono::steady_clock;
 constexpr std::chrono::milliseconds plazoLargo{400};     ///< without any end, what began may hang
 constexpr std::chrono::milliseconds plazoDespedida{300}; ///< for pieces under way, at the end
 
-/// Threads whose owner is gone, of the whole program.
-struct clsDespedidos {
-    std::mutex cerrojo;
-    std::condition_variable hayFin;
-    int intVivos = 0;
-
-    void fContar(int intHilos)
-    {
-        const std::lock_guard guarda(cerrojo);
-        intVivos += intHilos;
-        hayFin.notify_all();
-    }
-};
-
-/// Never destroyed: threads that hang outlive everything.
-clsDespedidos &fDespedidos()
-{
-    static clsDespedidos &despedidos = *new clsDespedidos;
-    return despedidos;
-}
+/// Threads of the whole program whose owner is gone.
+std::atomic<int> intDespedidos{0};
 
 } // namespace
 
 struct clsHilos::clsTarea {
     clsPieza fPieza;
-    std::function<void()> fTomar; ///< the answer
+    std::function<void()> fTomar; ///< the answer; none until it is there
     clsAnulado anulado = false;
-    bool bolResponde = false;
-    bool bolHecha = false;
     bool bolTomada = false;
 };
 
@@ -103,11 +83,9 @@ void clsHilos::clsPiscina::fEncolar(const clsOrden &tarea)
 {
     const std::lock_guard guarda(m_cerrojo);
     m_cola.push_back(tarea);
-    if (tarea->bolResponde) {
-        ++m_lngPendientes;
-        if (m_opciones.bolEnOrden) {
-            m_bandeja.push_back(tarea);
-        }
+    ++m_lngPendientes;
+    if (m_opciones.bolEnOrden) {
+        m_bandeja.push_back(tarea);
     }
     fArrancar();
     if (!fLleno() || !m_bolVigia) {
@@ -141,7 +119,7 @@ void clsHilos::clsPiscina::fTrabajar()
     --m_intLibres;
     m_hayPieza.notify_one(); // it may have been woken for a piece
     if (m_bolCerrada) {
-        fDespedidos().fContar(-1);
+        --intDespedidos;
     }
 }
 
@@ -193,11 +171,10 @@ void clsHilos::clsPiscina::fHacerUna(clsGuarda &guarda)
 /// With the lock held: lays an answer down for the asker and wakes it.
 void clsHilos::clsPiscina::fEntregar(const clsOrden &tarea, std::function<void()> fTomar)
 {
-    if (!tarea->bolResponde || tarea->anulado) {
+    if (tarea->anulado) {
         return;
     }
     tarea->fTomar = std::move(fTomar);
-    tarea->bolHecha = true;
     if (!m_opciones.bolEnOrden) {
         m_bandeja.push_back(tarea);
     }
@@ -216,7 +193,7 @@ bool clsHilos::clsPiscina::fLista()
     while (!m_bandeja.empty() && m_bandeja.front()->anulado) {
         m_bandeja.pop_front();
     }
-    return !m_bandeja.empty() && m_bandeja.front()->bolHecha;
+    return !m_bandeja.empty() && m_bandeja.front()->fTomar;
 }
 
 /// The next answer; nothing when none comes in time.
@@ -259,7 +236,7 @@ void clsHilos::clsPiscina::fAnular(const std::function<bool(const clsOrden &)> &
     const std::lock_guard guarda(m_cerrojo);
     const auto fUna = [&](const clsOrden &tarea) {
         const bool bolAnular = fCual(tarea) && !tarea->bolTomada && !tarea->anulado.exchange(true);
-        m_lngPendientes -= bolAnular && tarea->bolResponde ? 1 : 0;
+        m_lngPendientes -= bolAnular ? 1 : 0;
         return bolAnular;
     };
     const auto lngFin = std::stable_partition(m_cola.begin(), m_cola.end(),
@@ -292,7 +269,7 @@ void clsHilos::clsPiscina::fCerrar()
     m_bolCerrada = true;
     m_opciones.fAvisar = nullptr;
     m_hayPieza.notify_all();
-    fDespedidos().fContar(m_intVivos);
+    intDespedidos += m_intVivos;
 }
 
 clsHilos::clsHilos(clsOpciones opciones)
@@ -302,11 +279,10 @@ clsHilos::clsHilos(clsOpciones opciones)
 
 clsHilos::~clsHilos() { m_piscina->fCerrar(); }
 
-clsHilos::clsOrden clsHilos::fEncolar(clsPieza fPieza, bool bolResponde)
+clsHilos::clsOrden clsHilos::fEncolar(clsPieza fPieza)
 {
     auto orden = std::make_shared<clsTarea>();
     orden->fPieza = std::move(fPieza);
-    orden->bolResponde = bolResponde;
     m_piscina->fEncolar(orden);
     return orden;
 }
@@ -356,8 +332,8 @@ bool clsHilos::fEsperar(const clsOrden &orden, std::chrono::milliseconds plazo)
 
 void clsHilos::fDespedir()
 {
-    clsDespedidos &despedidos = fDespedidos();
-    std::unique_lock guarda(despedidos.cerrojo);
-    despedidos.hayFin.wait_for(guarda, plazoDespedida,
-                               [&despedidos] { return despedidos.intVivos == 0; });
+    const auto limite = Reloj::now() + plazoDespedida;
+    while (intDespedidos > 0 && Reloj::now() < limite) {
+        std::this_thread::sleep_for(std::chrono::milliseconds(1));
+    }
 }

@@ -51,24 +51,12 @@ public:
     /// @param fTomar gets what fHacer returned.
     template <typename Hacer, typename Tomar> clsOrden fPedir(Hacer fHacer, Tomar fTomar)
     {
-        return fEncolar(
-            [fHacer = std::move(fHacer), fTomar = std::move(fTomar)](const clsAnulado &anulado) {
-                return std::function<void()>(
-                    [fTomar, respuesta = fLlamar(fHacer, anulado)]() mutable {
-                        fTomar(std::move(respuesta));
-                    });
-            },
-            true);
-    }
-    /// Orders a piece of work that has no answer.
-    template <typename Hacer> clsOrden fPedir(Hacer fHacer)
-    {
-        return fEncolar(
-            [fHacer = std::move(fHacer)](const clsAnulado &anulado) {
-                fLlamar(fHacer, anulado);
-                return std::function<void()>();
-            },
-            false);
+        return fEncolar([fHacer = std::move(fHacer),
+                         fTomar = std::move(fTomar)](const clsAnulado &anulado) {
+            return std::function<void()>([fTomar, respuesta = fLlamar(fHacer, anulado)]() mutable {
+                fTomar(std::move(respuesta));
+            });
+        });
     }
 
     /// Gives up an order, whether its piece has begun or not; nothing happens to one that has been
@@ -106,7 +94,7 @@ private:
             return fHacer();
         }
     }
-    clsOrden fEncolar(clsPieza fPieza, bool bolResponde);
+    clsOrden fEncolar(clsPieza fPieza);
 
     std::shared_ptr<clsPiscina> m_piscina;
 };
