@@ -3,15 +3,12 @@
 #include "shared/texto.h"
 
 #include <cerrno>
+#include <map>
 #include <system_error>
 
-std::string fDescripcionError(clsError error)
+std::string fTextoError(clsError error)
 {
-    struct clsFila {
-        int intError;
-        const char *strTexto;
-    };
-    static constexpr clsFila lstTextos[] = {
+    static const std::map<int, std::string> mapTextos = {
         {EPERM,        "Operación no permitida"                  },
         {ENOENT,       "No existe el fichero o la carpeta"        },
         {EIO,          "Error de entrada/salida"                  },
@@ -35,15 +32,9 @@ std::string fDescripcionError(clsError error)
         {ETIMEDOUT,    "Se ha agotado el tiempo de espera"        },
         {EHOSTDOWN,    "El servidor no responde"                  },
     };
-    for (const clsFila &fila : lstTextos) {
-        if (error == fila.intError) {
-            return fila.strTexto;
-        }
-    }
-    return fTextoPantalla(std::system_category().message(error.fNumero()));
-}
-
-std::string fTextoError(clsError error)
-{
-    return std::to_string(error.fNumero()) + ": " + fDescripcionError(error);
+    const int intNumero = error.fNumero();
+    const auto it = mapTextos.find(intNumero);
+    return std::to_string(intNumero) + ": " +
+           (it != mapTextos.end() ? it->second
+                                  : fTextoPantalla(std::system_category().message(intNumero)));
 }

@@ -4,8 +4,6 @@
 
 #include <string>
 
-/// An error in Spanish; the system's own words for the rare ones. UTF-8.
-[[nodiscard]] std::string fDescripcionError(clsError error);
-
-/// Its number, ": " and its description.
+/// The number of an error, ": " and what it means in Spanish; the system's own words for the rare
+/// ones. UTF-8.
 [[nodiscard]] std::string fTextoError(clsError error);

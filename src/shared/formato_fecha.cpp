@@ -36,15 +36,10 @@ std::string fFormatoFechaCorto(std::string_view strDFmt)
             continue;
         }
         const char chr = strDFmt[++lng];
-        if (chr == 'd') {
-            strFormato += "dd";
-        } else if (chr == 'm') {
-            strFormato += "MM";
-        } else if (chr == 'y' || chr == 'Y') {
-            strFormato += "yyyy";
-        } else {
-            strFormato += chr;
-        }
+        strFormato += chr == 'd'                 ? "dd"
+                      : chr == 'm'               ? "MM"
+                      : chr == 'y' || chr == 'Y' ? "yyyy"
+                                                 : std::string(1, chr);
     }
     return strFormato;
 }

@@ -1,8 +1,8 @@
 #include "shared/numeros.h"
 
 #include "shared/texto.h"
-#include "sistema/entorno.h"
 
+#include <algorithm>
 #include <charconv>
 #include <cmath>
 
@@ -27,25 +27,19 @@ template <typename Numero> std::optional<Numero> fLeerTodo(std::string_view strT
 
 clsSignos fSignosLocales()
 {
-    const auto signos = fSignosLocale();
+    const clsSignos signos = fSignosLocale();
     // A locale of an 8-bit character set can hold a sign that is no UTF-8 text.
-    if (!signos || signos->strGrupo.empty() || !fEsUtf8(signos->strGrupo) ||
-        !fEsUtf8(signos->strDecimal)) {
-        return {};
-    }
-    return {signos->strGrupo, signos->strDecimal};
+    const bool bolSirven =
+        !signos.strGrupo.empty() && fEsUtf8(signos.strGrupo) && fEsUtf8(signos.strDecimal);
+    return bolSirven ? signos : clsSignos();
 }
 
 std::string fConGrupos(std::int64_t lngValor, const clsSignos &signos)
 {
-    const std::string strCifras = std::to_string(lngValor);
-    const std::size_t lngSigno = lngValor < 0 ? 1 : 0;
-    std::string strTexto = strCifras.substr(0, lngSigno);
-    for (std::size_t lng = lngSigno; lng < strCifras.size(); ++lng) {
-        if (lng > lngSigno && (strCifras.size() - lng) % 3 == 0) {
-            strTexto += signos.strGrupo;
-        }
-        strTexto += strCifras[lng];
+    std::string strTexto = std::to_string(lngValor);
+    const std::size_t lngPrimeras = lngValor < 0 ? 4 : 3; // with the sign
+    for (std::size_t lng = strTexto.size(); lng > lngPrimeras;) {
+        strTexto.insert(lng -= 3, signos.strGrupo);
     }
     return strTexto;
 }
@@ -58,11 +52,9 @@ std::int64_t fKilobytes(std::int64_t lngBytes)
 
 std::string fTextoKB(std::int64_t lngBytes, const clsSignos &signos)
 {
-    constexpr int intAncho = 11;
     const std::string strNumero = fConGrupos(fKilobytes(lngBytes), signos);
-    const int intFaltan = intAncho - fContarCaracteres(strNumero);
-    return std::string(static_cast<std::size_t>(intFaltan > 0 ? intFaltan : 0), ' ') + strNumero +
-           " KB";
+    const int intFaltan = std::max(11 - fContarCaracteres(strNumero), 0);
+    return std::string(static_cast<std::size_t>(intFaltan), ' ') + strNumero + " KB";
 }
 
 std::optional<std::int64_t> fLeerTamano(std::string_view strTexto)

@@ -1,18 +1,14 @@
 #pragma once
 
+#include "sistema/entorno.h"
+
 #include <cstdint>
 #include <optional>
 #include <string>
 #include <string_view>
 
-/// The signs between groups of three digits and before the decimals, as UTF-8 texts.
-struct clsSignos {
-    std::string strGrupo = ".";
-    std::string strDecimal = ",";
-};
-
-/// The signs of the user's locale (LC_NUMERIC of the environment). A locale without a group sign,
-/// such as C, gives the Spanish ones.
+/// The signs of the user's locale (LC_NUMERIC of the environment) as UTF-8 texts. A locale without
+/// a group sign, such as C, gives the Spanish ones.
 [[nodiscard]] clsSignos fSignosLocales();
 
 /// A whole number with its digits in groups of three.

@@ -1,7 +1,5 @@
 #include "shared/rutas.h"
 
-#include <cstring>
-
 std::string fBarraFinal(std::string_view strRuta, bool bolQuitar)
 {
     const bool bolBarra = strRuta.ends_with('/');
@@ -35,28 +33,16 @@ std::string_view fExtensionDe(std::string_view strRuta)
 bool fRutaOculta(std::string_view strRuta)
 {
     // The underscore is the rarest of the three, so it is the one looked for.
-    const char *const chrFin = strRuta.data() + strRuta.size();
-    const char *chrDesde = strRuta.data();
-    while (chrDesde != chrFin) {
-        const void *const pos =
-            std::memchr(chrDesde, '_', static_cast<std::size_t>(chrFin - chrDesde));
-        if (pos == nullptr) {
-            return false;
-        }
-        const char *const chrRaya = static_cast<const char *>(pos);
-        if (chrRaya - strRuta.data() >= 2 && (chrRaya[-1] == 'X' || chrRaya[-1] == 'x') &&
-            chrRaya[-2] == '/') {
+    for (std::size_t lng = 0; (lng = strRuta.find('_', lng)) != strRuta.npos; ++lng) {
+        if (lng >= 2 && (strRuta[lng - 1] == 'X' || strRuta[lng - 1] == 'x') &&
+            strRuta[lng - 2] == '/') {
             return true;
         }
-        chrDesde = chrRaya + 1;
     }
     return false;
 }
 
 std::string fRutaAbsoluta(std::string_view strRuta, std::string_view strCarpeta)
 {
-    if (strRuta.starts_with('/')) {
-        return std::string(strRuta);
-    }
-    return fBarraFinal(strCarpeta, false) + std::string(strRuta);
+    return (strRuta.starts_with('/') ? "" : fBarraFinal(strCarpeta, false)) + std::string(strRuta);
 }

@@ -3,28 +3,15 @@
 #include "sistema/llamadas.h"
 
 #include <cstdlib>
+#include <filesystem>
 #include <langinfo.h>
 #include <locale.h>
 #include <sys/wait.h>
+#include <system_error>
 #include <unistd.h>
 #include <vector>
 
 namespace {
-
-/// Calls a function that fills a buffer and returns the length it used, with buffers that grow
-/// until the result fits.
-template <typename Llenar> std::string fConBufer(Llenar fLlenar)
-{
-    for (std::vector<char> lstBufer(4096);; lstBufer.resize(lstBufer.size() * 2)) {
-        const ssize_t lngUsados = fLlenar(lstBufer.data(), lstBufer.size());
-        if (lngUsados < 0) {
-            return {};
-        }
-        if (static_cast<std::size_t>(lngUsados) < lstBufer.size()) {
-            return std::string(lstBufer.data(), static_cast<std::size_t>(lngUsados));
-        }
-    }
-}
 
 /// An environment variable; another text when it is empty or not set.
 std::string fVariable(const char *strNombre, const std::string &strSiNo)
@@ -44,20 +31,15 @@ std::string fConBarra(const std::string &strRuta)
 
 std::string fCarpetaPrograma()
 {
-    const std::string strPrograma = fConBufer([](char *chrBufer, std::size_t lngTam) {
-        return readlink("/proc/self/exe", chrBufer, lngTam);
-    });
+    std::error_code error; // then it is empty
+    const std::string strPrograma = std::filesystem::read_symlink("/proc/self/exe", error).native();
     return strPrograma.substr(0, strPrograma.rfind('/') + 1);
 }
 
 std::string fCarpetaTrabajo()
 {
-    return fConBufer([](char *chrBufer, std::size_t lngTam) -> ssize_t {
-        if (getcwd(chrBufer, lngTam) != nullptr) {
-            return static_cast<ssize_t>(std::char_traits<char>::length(chrBufer));
-        }
-        return errno == ERANGE ? static_cast<ssize_t>(lngTam) : -1;
-    });
+    std::error_code error; // then it is empty
+    return std::filesystem::current_path(error).native();
 }
 
 std::string fRutaTemporal()
@@ -95,13 +77,13 @@ unsigned fUsuario() { return geteuid(); }
 
 std::time_t fAhora() { return fLlamadas().fAhora(); }
 
-std::optional<clsSignosLocale> fSignosLocale()
+clsSignos fSignosLocale()
 {
     const locale_t loc = newlocale(LC_NUMERIC_MASK, "", nullptr);
     if (loc == nullptr) {
         return {};
     }
-    clsSignosLocale signos{nl_langinfo_l(THOUSEP, loc), nl_langinfo_l(RADIXCHAR, loc)};
+    clsSignos signos{nl_langinfo_l(THOUSEP, loc), nl_langinfo_l(RADIXCHAR, loc)};
     freelocale(loc);
     return signos;
 }

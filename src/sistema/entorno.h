@@ -1,7 +1,6 @@
 #pragma once
 
 #include <ctime>
-#include <optional>
 #include <string>
 #include <vector>
 
@@ -26,14 +25,14 @@
 /// Seconds since 1970.
 [[nodiscard]] std::time_t fAhora();
 
-/// The signs between groups of digits and before decimals, in the bytes of the user's character
-/// set.
-struct clsSignosLocale {
-    std::string strGrupo;
-    std::string strDecimal;
+/// The signs between groups of three digits and before the decimals.
+struct clsSignos {
+    std::string strGrupo = ".";
+    std::string strDecimal = ",";
 };
-/// Nothing when the user's locale is not installed.
-[[nodiscard]] std::optional<clsSignosLocale> fSignosLocale();
+/// Those of the user's locale, in the bytes of its character set; the Spanish ones when it is not
+/// installed.
+[[nodiscard]] clsSignos fSignosLocale();
 
 /// The short date format (D_FMT, see strftime) of a locale; empty when it is not installed.
 [[nodiscard]] std::string fDFmtLocale(const std::string &strLocale);

@@ -3,7 +3,6 @@
 #include "sistema/carpeta.h"
 #include "sistema/llamadas.h"
 
-#include <algorithm>
 #include <atomic>
 #include <fcntl.h>
 #include <unistd.h>
@@ -11,12 +10,6 @@
 namespace {
 
 constexpr std::string_view strFinTemporal = ".tmp";
-
-bool fEsNumero(std::string_view strTexto)
-{
-    return !strTexto.empty() && std::all_of(strTexto.begin(), strTexto.end(),
-                                            [](char chr) { return chr >= '0' && chr <= '9'; });
-}
 
 /// Length of the folder at the start of a path, "/" included.
 std::size_t fLargoCarpeta(const std::string &strRuta) { return strRuta.rfind('/') + 1; }
@@ -133,7 +126,8 @@ bool clsReemplazo::fEsTemporal(std::string_view strNombre, std::string_view strD
     }
     const std::string_view strNumeros = strNombre.substr(
         strInicio.size(), strNombre.size() - strInicio.size() - strFinTemporal.size());
-    const std::size_t lngPunto = strNumeros.find('.');
-    return lngPunto != std::string_view::npos && fEsNumero(strNumeros.substr(0, lngPunto)) &&
-           fEsNumero(strNumeros.substr(lngPunto + 1));
+    constexpr std::string_view strCifras = "0123456789";
+    const std::size_t lngPunto = strNumeros.find_first_not_of(strCifras);
+    return lngPunto != 0 && lngPunto < strNumeros.size() - 1 && strNumeros[lngPunto] == '.' &&
+           strNumeros.find_first_not_of(strCifras, lngPunto + 1) == std::string_view::npos;
 }
