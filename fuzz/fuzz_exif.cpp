@@ -1,9 +1,9 @@
 // The EXIF reader takes any bytes; the short way to the dates agrees with the table. A name's dates
 // are whole days.
 
+#include "dates/clsFile.h"
 #include "dates/exif.h"
 #include "dates/exif_fecha.h"
-#include "dates/fecha_nombre.h"
 #include "dates/ifd.h"
 #include "dates/valor.h"
 #include "shared/texto.h"

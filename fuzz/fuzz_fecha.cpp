@@ -1,7 +1,7 @@
 // A typed date takes any bytes: normalising adds at most once, and what reads as a date prints
 // back.
 
-#include "dates/fecha_tecleada.h"
+#include "dates/formulario_fecha.h"
 #include "shared/fecha.h"
 
 #include <cstddef>

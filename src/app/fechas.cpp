@@ -3,7 +3,6 @@
 #include "dates/busqueda.h"
 #include "dates/correccion.h"
 #include "dates/exif.h"
-#include "dates/fecha_tecleada.h"
 #include "dates/formulario_fecha.h"
 #include "dates/frmExif.h"
 #include "dates/frmFecha.h"

@@ -4,7 +4,6 @@
 #include "catalogue/registro.h"
 #include "shared/ajustes.h"
 #include "sistema/carpeta.h"
-#include "sistema/cerrojo.h"
 #include "sistema/reemplazo.h"
 
 #include <vector>

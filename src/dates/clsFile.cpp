@@ -1,11 +1,12 @@
 #include "dates/clsFile.h"
 
 #include "dates/exif_fecha.h"
-#include "dates/fecha_nombre.h"
 #include "shared/rutas.h"
 #include "sistema/archivo.h"
 
+#include <algorithm>
 #include <cstdlib>
+#include <iterator>
 
 namespace {
 
@@ -33,6 +34,16 @@ bool fCoincideNombre(clsFecha datFile, clsFecha datNombre)
 clsFecha fFechaDe(const clsHuella &huella) { return fFechaLocal(huella.lngSegundos); }
 
 } // namespace
+
+clsFechasNombre fFechasDeNombre(std::string_view strNombre)
+{
+    std::string strCifras;
+    std::copy_if(strNombre.begin(), strNombre.end(), std::back_inserter(strCifras),
+                 [](char chr) { return chr >= '0' && chr <= '9'; });
+    const std::string_view strOcho = std::string_view(strCifras).substr(0, 8);
+    return {fLeerFecha(strOcho, "yyyyMMdd").value_or(clsFecha{}),
+            fLeerFecha(strOcho, "ddMMyyyy").value_or(clsFecha{})};
+}
 
 void clsFile::fReset() { *this = clsFile(); }
 

@@ -3,7 +3,18 @@
 #include "shared/fecha.h"
 
 #include <string>
+#include <string_view>
 #include <utility>
+
+/// The dates that a file's name may mean, at midnight; zero where it means none.
+struct clsFechasNombre {
+    clsFecha datAnoPrimero; ///< the digits as year, month, day
+    clsFecha datDiaPrimero; ///< the same digits as day, month, year
+};
+
+/// Reads the first eight digits of a name. They need not be adjacent, and those of the extension
+/// count too. Only 0 to 9 are digits.
+[[nodiscard]] clsFechasNombre fFechasDeNombre(std::string_view strNombre);
 
 /// One media file and all its dates: that of the file, those in the photo, those in the name; and
 /// whether the file's own date agrees with one of the others. Loading has no state outside the

@@ -3,7 +3,7 @@
 #include "catalogue/registro.h"
 #include "shared/rutas.h"
 #include "sistema/cambios.h"
-#include "sistema/cerrojo.h"
+#include "sistema/carpeta.h"
 #include "sistema/entorno.h"
 #include "sistema/reemplazo.h"
 

@@ -1,6 +1,6 @@
 #include "dates/formulario_fecha.h"
 
-#include "dates/fecha_tecleada.h"
+#include "shared/texto.h"
 
 #include <algorithm>
 
@@ -18,7 +18,7 @@ std::string fAMediodia(clsFecha fecha) { return fEscribirFecha(fecha, "dd/MM/yyy
 clsFormularioFecha fFormularioFecha(const std::vector<clsFile> &lstFicheros)
 {
     clsFormularioFecha formulario;
-    formulario.strActual = fTextoFicheros(static_cast<int>(lstFicheros.size()));
+    formulario.strActual = '(' + std::to_string(lstFicheros.size()) + " FICHEROS)";
     formulario.fondo = colAmarillo;
     if (lstFicheros.size() == 1) {
         formulario.strActual = fEscribirFecha(lstFicheros.front().datFile(), strFormaUsuario);
@@ -45,4 +45,28 @@ bool fSeCorrige(const std::vector<clsFile> &lstFicheros, bool bolSiempre)
     return bolSiempre ||
            std::none_of(lstFicheros.begin(), lstFicheros.end(),
                         [](const clsFile &fichero) { return fichero.bolFechaCorrecta(); });
+}
+
+std::string fNormalizarTecleada(std::string_view strTexto)
+{
+    std::string strCompleto(strTexto);
+    const int intCaracteres = fContarCaracteres(strTexto);
+    if (intCaracteres == 10) {
+        strCompleto += " 12:00:00";
+    } else if (intCaracteres == 16) {
+        strCompleto += ":00";
+    }
+    return strCompleto;
+}
+
+std::string fAvisoFechaNoValida(std::string_view strTexto)
+{
+    return '\'' + std::string(strTexto) +
+           "' no es una fecha válida.\r\n\r\nFormato permitidos:\r\n- 'dd/mm/yyyy hh:mm:ss'\r\n"
+           "- 'dd/mm/yyyy hh:mm'\r\n- 'dd/mm/yyyy'";
+}
+
+std::string fAvisoFichero(std::string_view strRuta)
+{
+    return "Hay algún problema con el fichero: \r\n" + std::string(strRuta);
 }

@@ -4,6 +4,7 @@
 
 #include <array>
 #include <string>
+#include <string_view>
 #include <vector>
 
 /// What the background of the current date says: green, right; red, wrong; yellow, several files.
@@ -28,3 +29,14 @@ struct clsFormularioFecha {
 
 /// Whether the correction opens: always when asked for so, else only when no file is right.
 [[nodiscard]] bool fSeCorrige(const std::vector<clsFile> &lstFicheros, bool bolSiempre);
+
+/// A typed date (strFormaUsuario) with what may be left out: a text of 10 characters gets
+/// " 12:00:00", one of 16 ":00", any other stays as it is. UTF-8 in and out; nothing is validated.
+[[nodiscard]] std::string fNormalizarTecleada(std::string_view strTexto);
+
+/// The warning for a typed text that is no date (UTF-8, line breaks CR LF).
+[[nodiscard]] std::string fAvisoFechaNoValida(std::string_view strTexto);
+
+/// The warning for a file that cannot be corrected (UTF-8, line break CR LF).
+/// @param strRuta its path as it is shown.
+[[nodiscard]] std::string fAvisoFichero(std::string_view strRuta);

@@ -1,6 +1,5 @@
 #include "dates/frmFecha.h"
 
-#include "dates/fecha_tecleada.h"
 #include "shared/fecha.h"
 #include "shared/qtexto.h"
 

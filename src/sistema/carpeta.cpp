@@ -7,6 +7,7 @@
 #include <dirent.h>
 #include <fcntl.h>
 #include <optional>
+#include <sys/file.h>
 #include <unistd.h>
 
 namespace {
@@ -122,5 +123,14 @@ clsCarpetaPasajera::~clsCarpetaPasajera()
     if (!m_strRuta.empty()) {
         fBorrar(m_strRuta);
         rmdir(m_strCarpeta.c_str());
+    }
+}
+
+clsCerrojoArchivo::clsCerrojoArchivo(const std::string &strRaiz)
+{
+    if (auto carpeta = fAbrirCarpeta(strRaiz)) {
+        m_carpeta = std::move(*carpeta);
+        m_bolTenido = fInsistir<&clsLlamadas::fBloquear>(m_carpeta.fFd(), LOCK_EX | LOCK_NB) == 0 ||
+                      errno != EWOULDBLOCK;
     }
 }

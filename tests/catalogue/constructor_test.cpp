@@ -1,5 +1,5 @@
 #include "catalogue/constructor.h"
-#include "sistema/cerrojo.h"
+#include "sistema/carpeta.h"
 
 #include "soporte/arbol.h"
 #include "soporte/proceso.h"

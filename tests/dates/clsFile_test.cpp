@@ -2,7 +2,6 @@
 
 #include "dates/exif.h"
 #include "dates/exif_fecha.h"
-#include "dates/fecha_nombre.h"
 #include "soporte/arbol.h"
 #include "soporte/proceso.h"
 #include "tiff_prueba.h"

@@ -1,7 +1,7 @@
 #include "dates/correccion.h"
 
 #include "catalogue/registro.h"
-#include "sistema/cerrojo.h"
+#include "sistema/carpeta.h"
 #include "soporte/arbol.h"
 #include "soporte/fallos.h"
 #include "soporte/proceso.h"

@@ -8,7 +8,7 @@
 #include "catalogue/constructor.h"
 #include "dates/clsFile.h"
 #include "dates/correccion.h"
-#include "dates/fecha_tecleada.h"
+#include "dates/formulario_fecha.h"
 #include "shared/errores.h"
 #include "shared/rutas.h"
 #include "shared/texto.h"
