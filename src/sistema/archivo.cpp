@@ -18,10 +18,11 @@ TipoArchivo fTipoDe(mode_t modo)
                            : TipoArchivo::Otro;
 }
 
-/// @param intFin what the call that filled it gave.
-clsResultado<clsDatosArchivo> fDatos(int intFin, const struct stat &datos)
+clsResultado<clsDatosArchivo> fConsultarDesde(int intCarpeta, const std::string &strRuta,
+                                              int intModo)
 {
-    if (intFin != 0) {
+    struct stat datos {};
+    if (fInsistir<&clsLlamadas::fConsultar>(intCarpeta, strRuta.c_str(), &datos, intModo) != 0) {
         return clsError(errno);
     }
     constexpr std::int64_t lngBloque = 512; // the unit of st_blocks, whatever the file system
@@ -35,14 +36,7 @@ clsResultado<clsDatosArchivo> fDatos(int intFin, const struct stat &datos)
     };
 }
 
-clsResultado<clsDatosArchivo> fConsultarDesde(int intCarpeta, const std::string &strRuta,
-                                              bool bolSeguir)
-{
-    struct stat datos {};
-    const int intModo = bolSeguir ? 0 : AT_SYMLINK_NOFOLLOW;
-    return fDatos(fInsistir<&clsLlamadas::fConsultar>(intCarpeta, strRuta.c_str(), &datos, intModo),
-                  datos);
-}
+int fModo(bool bolSeguir) { return bolSeguir ? 0 : AT_SYMLINK_NOFOLLOW; }
 
 /// As a value or an error what a call gave that counts bytes.
 clsResultado<std::size_t> fCuenta(ssize_t lngBytes)
@@ -63,19 +57,18 @@ clsError clsDescriptor::fCerrar()
 
 clsResultado<clsDatosArchivo> fConsultar(const std::string &strRuta, bool bolSeguir)
 {
-    return fConsultarDesde(AT_FDCWD, strRuta, bolSeguir);
+    return fConsultarDesde(AT_FDCWD, strRuta, fModo(bolSeguir));
 }
 
 clsResultado<clsDatosArchivo> fConsultar(const clsDescriptor &abierto)
 {
-    struct stat datos {};
-    return fDatos(fInsistir<&clsLlamadas::fConsultarAbierto>(abierto.fFd(), &datos), datos);
+    return fConsultarDesde(abierto.fFd(), "", AT_EMPTY_PATH);
 }
 
 clsResultado<clsDatosArchivo> fConsultarEn(const clsDescriptor &carpeta,
                                            const std::string &strNombre, bool bolSeguir)
 {
-    return fConsultarDesde(carpeta.fFd(), strNombre, bolSeguir);
+    return fConsultarDesde(carpeta.fFd(), strNombre, fModo(bolSeguir));
 }
 
 clsResultado<clsHuella> fHuella(const std::string &strRuta)

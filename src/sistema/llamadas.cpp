@@ -25,7 +25,6 @@ constinit const clsLlamadas llamadasReales = {
     },
     getdents64,
     fstatat,
-    fstat,
     fchmod,
     [](const char *strRuta, const timespec *lstMomentos) {
         return utimensat(AT_FDCWD, strRuta, lstMomentos, 0);

@@ -23,7 +23,6 @@ struct clsLlamadas {
     ssize_t (*fTrasladar)(int intDe, int intA, std::size_t lngBytes); ///< copy_file_range
     ssize_t (*fListar)(int intFd, void *bytDatos, std::size_t lngBytes); ///< getdents64
     int (*fConsultar)(int intCarpeta, const char *strRuta, struct stat *datos, int intModo);
-    int (*fConsultarAbierto)(int intFd, struct stat *datos);
     int (*fPermitir)(int intFd, mode_t modo);                         ///< fchmod
     int (*fFechar)(const char *strRuta, const timespec *lstMomentos); ///< utimensat, links followed
     int (*fFecharAbierto)(int intFd, const timespec *lstMomentos);    ///< futimens
