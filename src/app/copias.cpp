@@ -21,16 +21,18 @@ void fAvisarFallo(clsMensajes &mensajes, const clsFalloCopia &fallo)
                                          fTextoError(fallo.error));
 }
 
-/// The folder of the Baúl; empty, and said, when there is none and none can be made.
-[[nodiscard]] std::string fExigirBaul(const clsComun &comun)
+/// Does something with the folder of the Baúl, then counts what is in it; says when there is none
+/// and none can be made.
+template <typename Hacer> void fConBaul(const clsComun &comun, const Hacer &fHacer)
 {
     const clsLugarBaul lugar = fAsegurarBaul();
-    if (!lugar.error) {
-        return lugar.strCarpeta;
+    if (lugar.error) {
+        comun.mensajes.fAviso(Icono::Problema,
+                              fTextoPantalla(lugar.strCarpeta) + "\r\n" + fTextoError(lugar.error));
+    } else {
+        fHacer(lugar.strCarpeta);
     }
-    comun.mensajes.fAviso(Icono::Problema,
-                          fTextoPantalla(lugar.strCarpeta) + "\r\n" + fTextoError(lugar.error));
-    return {};
+    fContarElBaul(comun);
 }
 
 void fMarcar(clsModeloFotos &modelo, std::span<const int> lstPosiciones, bool bolMarca)
@@ -90,28 +92,17 @@ void fCopiarA(const clsComun &comun)
 
 void fAgregar(const clsComun &comun)
 {
-    if (const std::string strCarpeta = fExigirBaul(comun); !strCarpeta.empty()) {
-        fEnviar(comun, fDestinoEnBaul(strCarpeta));
-    }
-    fContarElBaul(comun);
+    fConBaul(comun, [&](const std::string &strBaul) { fEnviar(comun, fDestinoEnBaul(strBaul)); });
 }
 
 void fVaciarElBaul(const clsComun &comun)
 {
-    if (comun.mensajes.fAceptarCancelar("¿Quieres vaciar el Baul?")) {
-        if (const std::string strCarpeta = fExigirBaul(comun); !strCarpeta.empty()) {
-            fVaciarBaul(strCarpeta, comun.archivo.strRaiz);
-        }
+    if (!comun.mensajes.fAceptarCancelar("¿Quieres vaciar el Baul?")) {
+        fContarElBaul(comun);
+        return;
     }
-    fContarElBaul(comun);
-}
-
-void fMostrarBaul(const clsComun &comun)
-{
-    if (const std::string strCarpeta = fExigirBaul(comun); !strCarpeta.empty()) {
-        fAbrirConSistema(strCarpeta);
-    }
-    fContarElBaul(comun);
+    fConBaul(comun,
+             [&](const std::string &strBaul) { fVaciarBaul(strBaul, comun.archivo.strRaiz); });
 }
 
 } // namespace
@@ -121,7 +112,7 @@ void fAtenderCopias(const clsComun &comun, clsMandos &mandos)
     mandos.fAtender("copiar", [&comun] { fCopiarA(comun); });
     mandos.fAtender("agregar", [&comun] { fAgregar(comun); });
     mandos.fAtender("vaciar", [&comun] { fVaciarElBaul(comun); });
-    mandos.fAtender("baul", [&comun] { fMostrarBaul(comun); });
+    mandos.fAtender("baul", [&comun] { fConBaul(comun, fAbrirConSistema); });
 }
 
 void fContarElBaul(const clsComun &comun)

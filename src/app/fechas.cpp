@@ -27,11 +27,7 @@ void fBuscar(const clsComun &comun)
     clsRitmo ritmo;
     clsPreguntas preguntas;
     preguntas.fRuta = [&comun](int lngPos) { return comun.estado.filas.fRuta(lngPos); };
-    preguntas.fCorrecta = [](const std::string &strRuta) {
-        clsFile fichero;
-        fichero.fCargar(strRuta);
-        return fichero.bolFechaCorrecta();
-    };
+    preguntas.fCorrecta = fFechaCorrecta;
     preguntas.fPaso = [&](int lngPos) {
         bolSeguir = bolSeguir && ritmo.fSeguir([&] {
             comun.informacion.fLugar(lngPos, comun.estado.filas.fCantidad());

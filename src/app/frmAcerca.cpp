@@ -22,6 +22,43 @@ struct clsContacto {
 /// Where the makers can be reached. They have named no place so far.
 constexpr std::array<clsContacto, 0> lstContactos = {};
 
+QLayout *fCrearTextos(QWidget *padre)
+{
+    auto *const textos = new QVBoxLayout;
+    const auto fEtiqueta = [&](const QString &strNombre, const QString &strTexto) {
+        auto *const etiqueta = new QLabel(strTexto, padre);
+        etiqueta->setObjectName(strNombre);
+        etiqueta->setTextFormat(Qt::PlainText);
+        textos->addWidget(etiqueta);
+        return etiqueta;
+    };
+    QLabel *const lblNombre =
+        fEtiqueta(QStringLiteral("lblNombre"), QString::fromUtf8(strPrograma));
+    QFont letra = lblNombre->font();
+    letra.setBold(true);
+    letra.setPointSizeF(letra.pointSizeF() * 1.8);
+    lblNombre->setFont(letra);
+    fEtiqueta(QStringLiteral("lblVersion"),
+              QStringLiteral("Versión %1").arg(QString::fromUtf8(strVersion)));
+    fEtiqueta(QStringLiteral("lblDescripcion"),
+              QStringLiteral("Consulta y visualización de imágenes y vídeos."));
+    fEtiqueta(
+        QStringLiteral("lblLicencia"),
+        QStringLiteral("Es software libre, sin ninguna garantía. Puedes usarlo, cambiarlo y\n"
+                       "compartirlo según la GNU General Public License, versión 3 o posterior."));
+    int intIndice = 0;
+    for (const clsContacto &contacto : lstContactos) {
+        QLabel *const enlace = fEtiqueta(
+            QStringLiteral("lblContacto%1").arg(intIndice++),
+            QStringLiteral("<a href=\"%1\">%2</a>")
+                .arg(QString::fromUtf8(contacto.strEnlace), QString::fromUtf8(contacto.strTexto)));
+        enlace->setTextFormat(Qt::RichText);
+        enlace->setOpenExternalLinks(true);
+    }
+    textos->addStretch(1);
+    return textos;
+}
+
 } // namespace
 
 frmAcerca::frmAcerca(QWidget *padre) : QDialog(padre)
@@ -36,55 +73,7 @@ frmAcerca::frmAcerca(QWidget *padre) : QDialog(padre)
     auto *const arriba = new QHBoxLayout;
     arriba->setSpacing(intLadoLogo / 4);
     arriba->addWidget(imgLogo, 0, Qt::AlignTop);
-    arriba->addLayout(fCrearTextos(), 1);
-    auto *const caja = new QVBoxLayout(this);
-    caja->setSizeConstraint(QLayout::SetFixedSize);
-    caja->addLayout(arriba);
-    caja->addSpacing(intLadoLogo / 8);
-    caja->addLayout(fCrearBotones());
-}
-
-QLabel *frmAcerca::fCrearEtiqueta(const char *strNombre, const QString &strTexto)
-{
-    auto *const etiqueta = new QLabel(strTexto, this);
-    etiqueta->setObjectName(QString::fromLatin1(strNombre));
-    etiqueta->setTextFormat(Qt::PlainText);
-    return etiqueta;
-}
-
-QLayout *frmAcerca::fCrearTextos()
-{
-    auto *const textos = new QVBoxLayout;
-    QLabel *const lblNombre = fCrearEtiqueta("lblNombre", QString::fromUtf8(strPrograma));
-    QFont letra = lblNombre->font();
-    letra.setBold(true);
-    letra.setPointSizeF(letra.pointSizeF() * 1.8);
-    lblNombre->setFont(letra);
-    textos->addWidget(lblNombre);
-    textos->addWidget(fCrearEtiqueta(
-        "lblVersion", QStringLiteral("Versión %1").arg(QString::fromUtf8(strVersion))));
-    textos->addWidget(fCrearEtiqueta(
-        "lblDescripcion", QStringLiteral("Consulta y visualización de imágenes y vídeos.")));
-    textos->addWidget(fCrearEtiqueta(
-        "lblLicencia",
-        QStringLiteral("Es software libre, sin ninguna garantía. Puedes usarlo, cambiarlo y\n"
-                       "compartirlo según la GNU General Public License, versión 3 o posterior.")));
-    int intIndice = 0;
-    for (const clsContacto &contacto : lstContactos) {
-        auto *const enlace = new QLabel(
-            QStringLiteral("<a href=\"%1\">%2</a>")
-                .arg(QString::fromUtf8(contacto.strEnlace), QString::fromUtf8(contacto.strTexto)),
-            this);
-        enlace->setObjectName(QStringLiteral("lblContacto%1").arg(intIndice++));
-        enlace->setOpenExternalLinks(true);
-        textos->addWidget(enlace);
-    }
-    textos->addStretch(1);
-    return textos;
-}
-
-QLayout *frmAcerca::fCrearBotones()
-{
+    arriba->addLayout(fCrearTextos(this), 1);
     auto *const cmdAyuda = new QPushButton(QStringLiteral("Ayuda"), this);
     cmdAyuda->setObjectName(QStringLiteral("cmdAyuda"));
     cmdAyuda->setAutoDefault(false);
@@ -98,5 +87,9 @@ QLayout *frmAcerca::fCrearBotones()
     botones->addWidget(cmdAyuda);
     botones->addStretch(1);
     botones->addWidget(cmdAceptar);
-    return botones;
+    auto *const caja = new QVBoxLayout(this);
+    caja->setSizeConstraint(QLayout::SetFixedSize);
+    caja->addLayout(arriba);
+    caja->addSpacing(intLadoLogo / 8);
+    caja->addLayout(botones);
 }

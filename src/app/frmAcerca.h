@@ -2,8 +2,6 @@
 
 #include <QDialog>
 
-class QLabel;
-
 /// The About box: name, version, logo, licence, a way to the help. Enter and Esc close it.
 class frmAcerca : public QDialog {
     Q_OBJECT
@@ -13,9 +11,4 @@ public:
 signals:
     /// The help was asked for; the box stays open.
     void fAyudaPedida();
-
-private:
-    QLabel *fCrearEtiqueta(const char *strNombre, const QString &strTexto);
-    QLayout *fCrearTextos();
-    QLayout *fCrearBotones();
 };

@@ -176,13 +176,8 @@ void clsInformacion::fJuzgar(const std::string &strRuta)
 {
     constexpr std::chrono::milliseconds paciencia(200);
     m_jueces.fAnular();
-    const auto orden = m_jueces.fPedir(
-        [strRuta] {
-            clsFile fichero;
-            fichero.fCargar(strRuta);
-            return fichero.bolFechaCorrecta();
-        },
-        [this](bool bolCorrecta) { fAvisar(!bolCorrecta); });
+    const auto orden = m_jueces.fPedir([strRuta] { return fFechaCorrecta(strRuta); },
+                                       [this](bool bolCorrecta) { fAvisar(!bolCorrecta); });
     if (!m_jueces.fEsperar(orden, paciencia)) {
         fAvisar(false); // until it is known
     }

@@ -9,6 +9,7 @@
 #include "sistema/entorno.h"
 
 #include <QApplication>
+#include <QScopeGuard>
 
 #include <string>
 #include <vector>
@@ -16,11 +17,6 @@
 namespace {
 
 constexpr int intSalidaMal = 1;
-
-/// The threads are given a moment to end before what they use is taken away.
-struct clsDespedida {
-    ~clsDespedida() { clsHilos::fDespedir(); }
-};
 
 /// Checks what has to hold before a window is shown; says what does not.
 bool fComprobar(const std::string &strRaiz, clsMensajes &mensajes)
@@ -53,7 +49,8 @@ int main(int intArgumentos, char **lstArgumentos)
         return intSalidaMal;
     }
     const bool bolEscritura = fProbarEscritura(strRaiz);
-    const clsDespedida despedida;
+    // The threads are given a moment to end before what they use is taken away.
+    const auto despedida = qScopeGuard(clsHilos::fDespedir);
     clsAjustes ajustes(strRaiz + std::string(strFicheroAjustes), bolEscritura);
     clsPreferencias preferencias;
     if (const auto malo = fLeerPreferencias(ajustes, preferencias)) {

@@ -11,30 +11,28 @@
 #include <QWidget>
 
 #include <algorithm>
+#include <iterator>
 
 namespace {
 
 /// Events by which the user acts on a window.
+constexpr QEvent::Type lstAcciones[] = {QEvent::KeyPress,
+                                        QEvent::KeyRelease,
+                                        QEvent::Shortcut,
+                                        QEvent::ShortcutOverride,
+                                        QEvent::MouseButtonPress,
+                                        QEvent::MouseButtonRelease,
+                                        QEvent::MouseButtonDblClick,
+                                        QEvent::MouseMove,
+                                        QEvent::Wheel,
+                                        QEvent::ContextMenu,
+                                        QEvent::DragEnter,
+                                        QEvent::DragMove,
+                                        QEvent::Drop};
+
 bool fEsAccion(QEvent::Type tipo)
 {
-    switch (tipo) {
-    case QEvent::KeyPress:
-    case QEvent::KeyRelease:
-    case QEvent::Shortcut:
-    case QEvent::ShortcutOverride:
-    case QEvent::MouseButtonPress:
-    case QEvent::MouseButtonRelease:
-    case QEvent::MouseButtonDblClick:
-    case QEvent::MouseMove:
-    case QEvent::Wheel:
-    case QEvent::ContextMenu:
-    case QEvent::DragEnter:
-    case QEvent::DragMove:
-    case QEvent::Drop:
-        return true;
-    default:
-        return false;
-    }
+    return std::find(std::begin(lstAcciones), std::end(lstAcciones), tipo) != std::end(lstAcciones);
 }
 
 /// Whether that is a dialog by which the user was kept from the window.

@@ -81,3 +81,10 @@ clsFecha clsFile::datExif() const
 {
     return m_datExifTomada.fHay() ? m_datExifTomada : m_datExifFecha;
 }
+
+bool fFechaCorrecta(const std::string &strRuta)
+{
+    clsFile fichero;
+    fichero.fCargar(strRuta);
+    return fichero.bolFechaCorrecta();
+}

@@ -59,3 +59,6 @@ private:
     std::string m_strFilePath;
     std::string m_strFilePathNew;
 };
+
+/// Whether the date of the file at that path is right.
+[[nodiscard]] bool fFechaCorrecta(const std::string &strRuta);
