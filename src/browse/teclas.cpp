@@ -79,5 +79,5 @@ int fNumeroTecla(int intQt, bool bolNumerico, std::uint32_t lngScan)
 
 bool fTragada(int intTecla)
 {
-    return strTragadas.find(static_cast<char32_t>(intTecla)) != strTragadas.npos;
+    return strTragadas.find(static_cast<char32_t>(intTecla)) != std::u32string_view::npos;
 }

@@ -3,14 +3,9 @@
 #include "shared/hilos.h"
 #include "shared/ritmo.h"
 
-namespace {
-
-constexpr std::size_t lngAdelanto = 64;
-
-} // namespace
-
 std::optional<int> fBuscarIncorrecta(int lngDesde, const clsPreguntas &preguntas, int intHilos)
 {
+    constexpr std::size_t lngAdelanto = 64;
     bool bolCorrecta = true;
     clsHilos hilos({.intHilos = intHilos > 0 ? intHilos : intHilosUsuales, .bolEnOrden = true});
     int lngSiguiente = lngDesde;

@@ -29,6 +29,9 @@ clsResultado<std::string> fLeerTexto(const std::string &strRuta)
 
 void fAplicar(const std::string &strRuta, const std::vector<clsCambio> &lstCambios)
 {
+    if (lstCambios.empty()) {
+        return;
+    }
     const auto strAntes = fLeerTexto(strRuta);
     // A file that is there but cannot be read is left alone: it would lose its other lines.
     if (!strAntes) {
@@ -51,29 +54,16 @@ void fAplicar(const std::string &strRuta, const std::vector<clsCambio> &lstCambi
 } // namespace
 
 /// What is still to be written; the writing thread holds it, too.
-class clsAjustes::clsCambios {
-public:
-    void fAnadir(clsCambio cambio)
-    {
-        const std::lock_guard guarda(m_cerrojo);
-        m_lstCambios.push_back(std::move(cambio));
-    }
-    /// Writes all that came by now; whoever was asked for one of these finds nothing to do then.
-    void fEscribir(const std::string &strRuta)
-    {
-        std::vector<clsCambio> lstCambios;
-        {
-            const std::lock_guard guarda(m_cerrojo);
-            lstCambios.swap(m_lstCambios);
-        }
-        if (!lstCambios.empty()) {
-            fAplicar(strRuta, lstCambios);
-        }
-    }
+struct clsAjustes::clsCambios {
+    std::mutex cerrojo;
+    std::vector<clsCambio> lstCambios;
 
-private:
-    std::mutex m_cerrojo;
-    std::vector<clsCambio> m_lstCambios;
+    /// All that came by now; whoever was asked for one of these finds nothing to do then.
+    std::vector<clsCambio> fSacar()
+    {
+        const std::lock_guard guarda(cerrojo);
+        return std::exchange(lstCambios, {});
+    }
 };
 
 clsAjustes::clsAjustes(std::string strRuta, bool bolEscritura)
@@ -116,12 +106,16 @@ void clsAjustes::fGuardarIni(std::string_view strSeccion, std::string_view strCl
     if (!m_bolEscritura) {
         return;
     }
-    m_cambios->fAnadir({std::string(strSeccion), std::string(strClave), std::string(strValor)});
+    {
+        const std::lock_guard guarda(m_cambios->cerrojo);
+        m_cambios->lstCambios.push_back(
+            {std::string(strSeccion), std::string(strClave), std::string(strValor)});
+    }
     while (m_hilos.fAtender()) { // of what is done nothing is left
     }
     m_ultima = m_hilos.fPedir(
         [cambios = m_cambios, strRuta = m_strRuta] {
-            cambios->fEscribir(strRuta);
+            fAplicar(strRuta, cambios->fSacar());
             return true;
         },
         [](bool /*bolHecho*/) {});

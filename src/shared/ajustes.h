@@ -43,7 +43,7 @@ public:
     void fEsperar(std::chrono::milliseconds plazo = std::chrono::hours(1));
 
 private:
-    class clsCambios;
+    struct clsCambios;
     [[nodiscard]] clsResultado<std::string> fTexto();
 
     const std::string m_strRuta;

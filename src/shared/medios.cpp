@@ -13,15 +13,10 @@ constexpr std::string_view strTodos = "/JPG/ /MPG/AVI/WMV/3GP/FLV/MOV/MP4/";
 
 std::string_view fExtensionesVisibles(Medios medios)
 {
-    switch (medios) {
-    case Medios::Fotos:
-        return strFotos;
-    case Medios::Videos:
-        return strVideos;
-    case Medios::Todos:
-        return strTodos;
-    }
-    return {};
+    return medios == Medios::Fotos    ? strFotos
+           : medios == Medios::Videos ? strVideos
+           : medios == Medios::Todos  ? strTodos
+                                      : std::string_view();
 }
 
 bool fExtensionEn(std::string_view strRuta, std::string_view strExtensiones)

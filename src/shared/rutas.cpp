@@ -33,7 +33,7 @@ std::string_view fExtensionDe(std::string_view strRuta)
 bool fRutaOculta(std::string_view strRuta)
 {
     // The underscore is the rarest of the three, so it is the one looked for.
-    for (std::size_t lng = 0; (lng = strRuta.find('_', lng)) != strRuta.npos; ++lng) {
+    for (std::size_t lng = 0; (lng = strRuta.find('_', lng)) != std::string_view::npos; ++lng) {
         if (lng >= 2 && (strRuta[lng - 1] == 'X' || strRuta[lng - 1] == 'x') &&
             strRuta[lng - 2] == '/') {
             return true;
