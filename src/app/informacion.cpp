@@ -1,7 +1,6 @@
 #include "app/informacion.h"
 
 #include "dates/clsFile.h"
-#include "dates/panel.h"
 #include "shared/qhilos.h"
 #include "shared/qtexto.h"
 
@@ -128,14 +127,9 @@ void clsInformacion::fCrearAviso()
 
 void clsInformacion::fMostrar(const clsEstado &estado)
 {
-    const clsFilas &filas = estado.filas;
-    fJuzgar(filas.fRuta(estado.lngActual));
-    fLugar(estado.lngActual, filas.fCantidad());
-    // Folder and name each in its own encoding, as the list shows them.
-    const std::string strRuta = fTextoPantalla(filas.fCarpeta(estado.lngActual)) +
-                                fTextoPantalla(filas.fNombre(estado.lngActual));
-    fDecir(fQ(fTextoInfo2(strRuta, filas.fFecha(estado.lngActual),
-                          fCampo(filas, estado.lngActual + 1, Campo::Tamano, m_signos))));
+    fJuzgar(estado.filas.fRuta(estado.lngActual));
+    fLugar(estado.lngActual, estado.filas.fCantidad());
+    fDecir(fQ(fTextoInfo2(estado, m_signos)));
 }
 
 void clsInformacion::fLugar(int lngPos, int lngCantidad)

@@ -1,6 +1,7 @@
 #include "browse/estado.h"
 
 #include "browse/seleccion.h"
+#include "shared/texto.h"
 
 #include <algorithm>
 
@@ -101,4 +102,21 @@ std::vector<int> fMarcadasOActual(const clsEstado &estado)
         lstPosiciones.push_back(estado.lngActual);
     }
     return lstPosiciones;
+}
+
+std::string fTextoInfo1(int lngPos, int lngCantidad)
+{
+    return std::to_string(lngPos + 1) + " de " + std::to_string(lngCantidad);
+}
+
+std::string fTextoInfo2(const clsEstado &estado, const clsSignos &signos)
+{
+    const clsFilas &filas = estado.filas;
+    const std::string strFecha(filas.fFecha(estado.lngActual));
+    const auto fecha = fLeerFecha(strFecha);
+    // Folder and name each in its own encoding, as the list shows them.
+    return fTextoPantalla(filas.fCarpeta(estado.lngActual)) +
+           fTextoPantalla(filas.fNombre(estado.lngActual)) +
+           "      Fecha: " + (fecha ? fEscribirFecha(*fecha, strFormaUsuario) : strFecha) +
+           "      Tamaño: " + fCampo(filas, estado.lngActual + 1, Campo::Tamano, signos);
 }

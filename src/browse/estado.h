@@ -5,9 +5,11 @@
 #include "catalogue/filas.h"
 #include "catalogue/orden.h"
 #include "shared/medios.h"
+#include "shared/numeros.h"
 
 #include <cstdint>
 #include <optional>
+#include <string>
 #include <string_view>
 #include <vector>
 
@@ -74,3 +76,9 @@ void fTomarFiltradas(clsEstado &estado, const std::vector<clsConservada> &lstFil
 [[nodiscard]] std::vector<int> fVecinas(const clsEstado &estado);
 /// The rows a command acts on: those with a tick, else the current one.
 [[nodiscard]] std::vector<int> fMarcadasOActual(const clsEstado &estado);
+
+/// "n de m" for a position (from 0) of so many.
+[[nodiscard]] std::string fTextoInfo1(int lngPos, int lngCantidad);
+/// Path, date and size of the current file (UTF-8), as the list shows them; the date day first, if
+/// it is one.
+[[nodiscard]] std::string fTextoInfo2(const clsEstado &estado, const clsSignos &signos);

@@ -202,4 +202,16 @@ TEST(Estado, ActsOnTheTickedRowsOrTheCurrentOne)
     EXPECT_EQ(fMarcadasOActual(estado), clsPosiciones({2}));
 }
 
+TEST(Estado, TellsPositionFromOneAndTheDateDayFirstIfItReads)
+{
+    clsEstado estado;
+    estado.filas.fAgregarFila("/f\xF1/a\u00F1o.jpg", "2009/07/14 18:03:22", 12345 * 1024);
+    estado.filas.fAgregarFila("/f/a.jpg", "ayer", 1);
+    EXPECT_EQ(fTextoInfo1(0, 7), "1 de 7");
+    EXPECT_EQ(fTextoInfo2(estado, {}), "/f\u00F1/a\u00F1o.jpg      Fecha: 14/07/2009 18:03:22"
+                                       "      Tama\u00F1o: 12.345 KB");
+    estado.lngActual = 1;
+    EXPECT_EQ(fTextoInfo2(estado, {}), "/f/a.jpg      Fecha: ayer      Tama\u00F1o: 0 KB");
+}
+
 } // namespace
