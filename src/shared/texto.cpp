@@ -126,3 +126,17 @@ std::string_view fSinBlancos(std::string_view strTexto)
     }
     return strTexto;
 }
+
+std::vector<std::string> fPartir(std::string_view strTexto, char chrEntre)
+{
+    std::vector<std::string> lstPartes;
+    std::size_t lngDesde = 0;
+    for (std::size_t lngFin = 0; (lngFin = strTexto.find(chrEntre, lngDesde)) < strTexto.size();
+         lngDesde = lngFin + 1) {
+        lstPartes.emplace_back(strTexto.substr(lngDesde, lngFin - lngDesde));
+    }
+    if (!strTexto.empty()) {
+        lstPartes.emplace_back(strTexto.substr(lngDesde));
+    }
+    return lstPartes;
+}

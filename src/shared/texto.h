@@ -2,6 +2,7 @@
 
 #include <string>
 #include <string_view>
+#include <vector>
 
 /// Texts inside the core are bytes; those that are for the screen are UTF-8.
 
@@ -24,3 +25,6 @@
 
 /// The text without blanks and tabs at both ends.
 [[nodiscard]] std::string_view fSinBlancos(std::string_view strTexto);
+
+/// The parts of a text between separators, empty ones, too; an empty text has none.
+[[nodiscard]] std::vector<std::string> fPartir(std::string_view strTexto, char chrEntre);

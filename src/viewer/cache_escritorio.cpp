@@ -9,11 +9,9 @@
 #include <QCryptographicHash>
 #include <QFile>
 #include <QImageReader>
-#include <QImageWriter>
 
 #include <ctime>
 #include <utility>
-#include <vector>
 
 namespace {
 
@@ -34,7 +32,7 @@ constexpr const char *strHasta = "X-Miravel::Until";
 constexpr std::int64_t lngDia = 86400;
 
 /// Keys and values of a PNG.
-using clsTextos = std::vector<std::pair<QByteArray, QByteArray>>;
+using clsTextos = QList<std::pair<QByteArray, QByteArray>>;
 
 /// Name of the entry for a URI, the same in every folder.
 std::string fEntrada(const std::string &strUri)
@@ -44,17 +42,13 @@ std::string fEntrada(const std::string &strUri)
     return QCryptographicHash::hash(datUri, QCryptographicHash::Md5).toHex().toStdString() + ".png";
 }
 
-/// Reads an entry; null when it does not say that it belongs to a file of that URI, time and size.
-QImage fLeerEntrada(const std::string &strEntrada, const std::string &strUri,
+/// Reads an entry; null when it does not say that it belongs to that file, with that time and size.
+/// @param strCarpeta the folder of the entry.
+QImage fLeerEntrada(const std::string &strCarpeta, const std::string &strRuta,
                     const clsHuella &huella)
 {
-    const auto abierto = fAbrirRegular(strEntrada);
-    QFile archivo;
-    if (!abierto || !archivo.open(abierto->descriptor.fFd(), QIODevice::ReadOnly)) {
-        return {};
-    }
-    // The reader itself would cut these keys at their first colon; the image does not.
-    QImage imagen = QImageReader(&archivo, "png").read();
+    const std::string strUri = fUriDeRuta(strRuta);
+    QImage imagen = fLeerPng(strCarpeta + fEntrada(strUri));
     const QString strBytes = imagen.text(QStringLiteral("Thumb::Size"));
     const bool bolSuya =
         imagen.text(QStringLiteral("Thumb::URI")).toStdString() == strUri &&
@@ -87,13 +81,12 @@ void fPoner32(QByteArray &datSalida, quint32 lngNumero)
 QByteArray fPng(const QImage &imagen, const clsTextos &lstTextos)
 {
     QBuffer bufer;
-    QImageWriter escritor(&bufer, "png");
-    escritor.setQuality(80); // of compression: a little, fast
     QImage desnuda = imagen;
     for (const QString &strClave : desnuda.textKeys()) {
         desnuda.setText(strClave, QString());
     }
-    if (!bufer.open(QIODevice::WriteOnly) || !escritor.write(desnuda)) {
+    constexpr int intCalidad = 80; // of compression: a little, fast
+    if (!bufer.open(QIODevice::WriteOnly) || !desnuda.save(&bufer, "png", intCalidad)) {
         return {};
     }
     QByteArray datTrozos;
@@ -108,16 +101,6 @@ QByteArray fPng(const QImage &imagen, const clsTextos &lstTextos)
     return datPng.insert(lngTrasCabecera, datTrozos);
 }
 
-clsTextos fTextos(const std::string &strUri, const clsHuella &huella)
-{
-    return {
-        {"Thumb::URI",   QByteArray::fromStdString(strUri)     },
-        {"Thumb::MTime", QByteArray::number(huella.lngSegundos)},
-        {"Thumb::Size",  QByteArray::number(huella.lngBytes)   },
-        {"Software",     "Miravel"                             }
-    };
-}
-
 /// Makes a folder and those above it, for the user alone; whether it is there.
 bool fAsegurar(const std::string &strCarpeta)
 {
@@ -130,20 +113,38 @@ bool fAsegurar(const std::string &strCarpeta)
 
 /// Puts an entry in its place, whole, readable by the user alone. Not flushed: one that a power cut
 /// spoils is not valid, and is made again.
-void fPonerEntrada(const std::string &strCarpeta, const std::string &strNombre,
-                   const QByteArray &datPng)
+/// @param lstMas keys and values besides those that say which file it belongs to.
+void fPonerEntrada(const std::string &strCarpeta, const std::string &strRuta,
+                   const clsHuella &huella, const QImage &imagen, const clsTextos &lstMas = {})
 {
+    const std::string strUri = fUriDeRuta(strRuta);
+    const clsTextos lstTextos{
+        {"Thumb::URI",   QByteArray::fromStdString(strUri)     },
+        {"Thumb::MTime", QByteArray::number(huella.lngSegundos)},
+        {"Thumb::Size",  QByteArray::number(huella.lngBytes)   },
+        {"Software",     "Miravel"                             }
+    };
+    const QByteArray datPng = fPng(imagen, lstTextos + lstMas);
     if (datPng.isEmpty() || !fAsegurar(strCarpeta)) {
         return;
     }
     constexpr unsigned lngPropios = 0600;
-    clsReemplazo archivo(strCarpeta + strNombre, lngPropios);
+    clsReemplazo archivo(strCarpeta + fEntrada(strUri), lngPropios);
     archivo.fEscribir({datPng.data(), static_cast<std::size_t>(datPng.size())});
     static_cast<void>(archivo.fCerrar());
     static_cast<void>(archivo.fConfirmar(false));
 }
 
 } // namespace
+
+QImage fLeerPng(const std::string &strRuta)
+{
+    const auto abierto = fAbrirRegular(strRuta);
+    QFile archivo;
+    const bool bolAbierto = abierto && archivo.open(abierto->descriptor.fFd(), QIODevice::ReadOnly);
+    // The reader itself would cut texts at the first colon of their keys; the image does not.
+    return bolAbierto ? QImageReader(&archivo, "png").read() : QImage();
+}
 
 clsCacheEscritorio::clsCacheEscritorio(std::string strCarpeta) : m_strCarpeta(std::move(strCarpeta))
 {
@@ -168,18 +169,13 @@ int clsCacheEscritorio::fLadoCache(int intLado)
 QImage clsCacheEscritorio::fLeer(const std::string &strRuta, const clsHuella &huella,
                                  int intLado) const
 {
-    const std::string strUri = fUriDeRuta(strRuta);
-    const std::string strNombre = fEntrada(strUri);
+    QImage imagen;
     for (const clsTam &tam : lstTamanos) {
-        if (m_strCarpeta.empty() || tam.intLado < intLado) {
-            continue;
-        }
-        QImage imagen = fLeerEntrada(m_strCarpeta + tam.strCarpeta + strNombre, strUri, huella);
-        if (!imagen.isNull()) {
-            return imagen;
+        if (imagen.isNull() && !m_strCarpeta.empty() && tam.intLado >= intLado) {
+            imagen = fLeerEntrada(m_strCarpeta + tam.strCarpeta, strRuta, huella);
         }
     }
-    return {};
+    return imagen;
 }
 
 void clsCacheEscritorio::fGuardar(const std::string &strRuta, const clsHuella &huella, int intLado,
@@ -187,20 +183,17 @@ void clsCacheEscritorio::fGuardar(const std::string &strRuta, const clsHuella &h
 {
     for (const clsTam &tam : lstTamanos) {
         if (tam.intLado == intLado && !fPropia(strRuta)) {
-            const std::string strUri = fUriDeRuta(strRuta);
-            fPonerEntrada(m_strCarpeta + tam.strCarpeta, fEntrada(strUri),
-                          fPng(imagen, fTextos(strUri, huella)));
+            fPonerEntrada(m_strCarpeta + tam.strCarpeta, strRuta, huella, imagen);
         }
     }
 }
 
 bool clsCacheEscritorio::fFallido(const std::string &strRuta, const clsHuella &huella) const
 {
-    const std::string strUri = fUriDeRuta(strRuta);
     if (m_strCarpeta.empty()) {
         return false;
     }
-    const QImage nota = fLeerEntrada(m_strCarpeta + strFallos + fEntrada(strUri), strUri, huella);
+    const QImage nota = fLeerEntrada(m_strCarpeta + strFallos, strRuta, huella);
     const QString strLimite = nota.text(QLatin1String(strHasta));
     return !nota.isNull() && (strLimite.isEmpty() || strLimite.toLongLong() > std::time(nullptr));
 }
@@ -211,14 +204,13 @@ void clsCacheEscritorio::fApuntarFallo(const std::string &strRuta, const clsHuel
     if (fPropia(strRuta)) {
         return;
     }
-    const std::string strUri = fUriDeRuta(strRuta);
-    clsTextos lstTextos = fTextos(strUri, huella);
+    clsTextos lstMas;
     if (bolPasajero) {
-        lstTextos.emplace_back(strHasta, QByteArray::number(qint64{std::time(nullptr)} + lngDia));
+        lstMas.emplaceBack(strHasta, QByteArray::number(qint64{std::time(nullptr)} + lngDia));
     }
     QImage imagen(1, 1, QImage::Format_ARGB32);
     imagen.fill(Qt::transparent);
-    fPonerEntrada(m_strCarpeta + strFallos, fEntrada(strUri), fPng(imagen, lstTextos));
+    fPonerEntrada(m_strCarpeta + strFallos, strRuta, huella, imagen, lstMas);
 }
 
 bool clsCacheEscritorio::fPropia(const std::string &strRuta) const

@@ -4,8 +4,10 @@
 
 #include <QImage>
 
-#include <optional>
 #include <string>
+
+/// The picture in a PNG file; null when there is none.
+[[nodiscard]] QImage fLeerPng(const std::string &strRuta);
 
 /// The thumbnails that all programs of a desktop share, by the freedesktop Thumbnail Managing
 /// Standard 0.9: thumbnails/{normal,large,x-large,xx-large}/MD5(URI).png, and

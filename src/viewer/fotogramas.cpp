@@ -6,11 +6,7 @@
 #include "viewer/extraccion.h"
 #include "viewer/thumbnailer.h"
 
-#include <QFile>
-#include <QImageReader>
-
 #include <algorithm>
-#include <cstring>
 #include <optional>
 #include <thread>
 #include <utility>
@@ -31,23 +27,9 @@ std::string fPrimero(const std::vector<std::string> &lstProgramas)
 
 QImage fDeCuadro(const clsCuadroVideo &cuadro)
 {
-    QImage imagen(cuadro.intAncho, cuadro.intAlto, QImage::Format_RGB32);
-    for (int intY = 0; intY < imagen.height(); ++intY) {
-        const auto lngAncho = static_cast<std::size_t>(cuadro.intAncho);
-        std::memcpy(imagen.scanLine(intY),
-                    cuadro.lstPuntos.data() + static_cast<std::size_t>(intY) * lngAncho,
-                    lngAncho * sizeof(std::uint32_t));
-    }
-    return imagen;
-}
-
-/// The picture another program made; null when there is none.
-QImage fLeerPng(const std::string &strRuta)
-{
-    const auto abierto = fAbrirRegular(strRuta);
-    QFile archivo;
-    const bool bolAbierto = abierto && archivo.open(abierto->descriptor.fFd(), QIODevice::ReadOnly);
-    return bolAbierto ? QImageReader(&archivo, "png").read() : QImage();
+    return QImage(reinterpret_cast<const uchar *>(cuadro.lstPuntos.data()), cuadro.intAncho,
+                  cuadro.intAlto, QImage::Format_RGB32)
+        .copy();
 }
 
 } // namespace
@@ -65,33 +47,6 @@ clsOrigenFotogramas fOrigenUsual()
     return origen;
 }
 
-/// A place among those who may have a child at work, until it goes.
-class clsFotogramas::clsTurno {
-public:
-    clsTurno(clsFotogramas &duena, const std::atomic<bool> &bolAnulado)
-        : m_duena(duena), m_puesto(duena.fTomarPuesto(bolAnulado))
-    {
-    }
-    ~clsTurno()
-    {
-        if (m_puesto != nullptr) {
-            m_duena.fDejarPuesto(*m_puesto);
-        }
-    }
-    clsTurno(const clsTurno &) = delete;
-    clsTurno &operator=(const clsTurno &) = delete;
-
-    /// nullptr when the call was given up meanwhile.
-    [[nodiscard]] clsHijoVideo *fHijo() const
-    {
-        return m_puesto == nullptr ? nullptr : &m_puesto->hijo;
-    }
-
-private:
-    clsFotogramas &m_duena;
-    clsPuesto *const m_puesto;
-};
-
 clsFotogramas::clsFotogramas(clsOrigenFotogramas origen)
     : m_origen(std::move(origen)), m_cache(m_origen.strCache),
       m_strHijo(fPrimero(m_origen.lstHijos))
@@ -104,8 +59,6 @@ clsFotogramas::clsFotogramas(clsOrigenFotogramas origen)
     }
 }
 
-clsFotogramas::~clsFotogramas() = default;
-
 QImage clsFotogramas::fFotograma(const std::string &strRuta, const clsHuella &huella, int intLado,
                                  const std::atomic<bool> &bolAnulado)
 {
@@ -115,20 +68,12 @@ QImage clsFotogramas::fFotograma(const std::string &strRuta, const clsHuella &hu
     }
     const int intLadoCache = clsCacheEscritorio::fLadoCache(intLado);
     const clsHecha hecha = fHacer(strRuta, intLadoCache, bolAnulado);
-    switch (hecha.fin) {
-    case Fin::Imagen:
+    if (hecha.fin == Fin::Imagen) {
         m_cache.fGuardar(strRuta, huella, intLadoCache, hecha.imagen);
-        break;
-    case Fin::SinImagen:
-    case Fin::Roto:
-        // A full memory may be to blame for the second.
-        m_cache.fApuntarFallo(strRuta, huella, hecha.fin != Fin::SinImagen);
-        break;
-    case Fin::Tarde: // a disk that wakes up
-    case Fin::NoSeLee:
-    case Fin::NoArranca:
-    case Fin::Anulado:
-        break;
+    } else if (hecha.fin == Fin::SinImagen || hecha.fin == Fin::Roto) {
+        // A full memory may be to blame for the second. The other ends say nothing about the file:
+        // a disk that wakes up.
+        m_cache.fApuntarFallo(strRuta, huella, hecha.fin == Fin::Roto);
     }
     return fEncajada(hecha.imagen, intLado);
 }
@@ -136,71 +81,63 @@ QImage clsFotogramas::fFotograma(const std::string &strRuta, const clsHuella &hu
 clsFotogramas::clsHecha clsFotogramas::fHacer(const std::string &strRuta, int intLado,
                                               const std::atomic<bool> &bolAnulado)
 {
-    const clsTurno turno(*this, bolAnulado);
-    clsHecha hecha;
-    if (turno.fHijo() == nullptr) {
-        hecha.fin = Fin::Anulado;
-        return hecha;
+    const clsTurno turno = fTomarPuesto(bolAnulado);
+    if (turno == nullptr) {
+        return {{}, Fin::Anulado};
     }
-    hecha.fin = Fin::NoArranca;
     if (!m_strHijo.empty()) {
-        const clsCuadroVideo cuadro = turno.fHijo()->fPedir(strRuta, intLado, bolAnulado);
-        hecha.fin = cuadro.fin;
-        if (cuadro.fin == Fin::Imagen) {
-            hecha.imagen = fDeCuadro(cuadro);
+        const clsCuadroVideo cuadro = turno->hijo.fPedir(strRuta, intLado, bolAnulado);
+        if (cuadro.fin != Fin::NoArranca) {
+            return {cuadro.fin == Fin::Imagen ? fDeCuadro(cuadro) : QImage(), cuadro.fin};
         }
     }
-    return hecha.fin == Fin::NoArranca ? fHacerFuera(strRuta, intLado, bolAnulado) : hecha;
+    return fHacerFuera(strRuta, intLado, bolAnulado);
 }
 
 clsFotogramas::clsHecha clsFotogramas::fHacerFuera(const std::string &strRuta, int intLado,
                                                    const std::atomic<bool> &bolAnulado) const
 {
-    clsHecha hecha;
     const auto orden = fBuscarThumbnailer(m_origen.lstThumbnailers, strRuta);
     const clsCarpetaPasajera salida(fRutaTemporal() + "miravel.", "miniatura.png");
-    hecha.fin = Fin::NoArranca;
     // A pipe would keep the program waiting.
     if (!orden || salida.fRuta().empty() || !fAbrirRegular(strRuta)) {
-        return hecha;
+        return {{}, Fin::NoArranca};
     }
-    const auto codigo =
-        fEjecutar(fOrden(*orden, {fUriDeRuta(strRuta), strRuta, salida.fRuta(), intLado}),
-                  m_origen.plazo, bolAnulado);
-    hecha.fin = bolAnulado ? Fin::Anulado : Fin::Roto;
-    if (codigo == 0 && !bolAnulado) {
-        hecha.imagen = fEncajada(fLeerPng(salida.fRuta()), intLado);
-        hecha.fin = hecha.imagen.isNull() ? Fin::Roto : Fin::Imagen;
+    const std::map<char, std::string> codigos{
+        {'u', fUriDeRuta(strRuta)    },
+        {'i', strRuta                },
+        {'o', salida.fRuta()         },
+        {'s', std::to_string(intLado)}
+    };
+    const auto codigo = fEjecutar(fOrden(*orden, codigos), m_origen.plazo, bolAnulado);
+    if (bolAnulado) {
+        return {{}, Fin::Anulado};
     }
-    return hecha;
+    QImage imagen = codigo == 0 ? fEncajada(fLeerPng(salida.fRuta()), intLado) : QImage();
+    const Fin fin = imagen.isNull() ? Fin::Roto : Fin::Imagen;
+    return {std::move(imagen), fin};
 }
 
-clsFotogramas::clsPuesto *clsFotogramas::fTomarPuesto(const std::atomic<bool> &bolAnulado)
+clsFotogramas::clsTurno clsFotogramas::fTomarPuesto(const std::atomic<bool> &bolAnulado)
 {
     std::unique_lock guardia(m_cerrojo);
     while (!bolAnulado) {
         // Rather one that owes nothing; among these rather the first, whose child runs already.
-        const auto fMejor = [](const auto &uno, const auto &otro) {
-            const auto fPeso = [](const clsPuesto &puesto) {
-                return puesto.bolOcupado ? 2 : puesto.hijo.fDebe() ? 1 : 0;
-            };
-            return fPeso(*uno) < fPeso(*otro);
+        const auto fPeso = [](const auto &puesto) {
+            return puesto->bolOcupado ? 2 : puesto->hijo.fDebe() ? 1 : 0;
         };
-        clsPuesto &puesto = **std::min_element(m_lstPuestos.begin(), m_lstPuestos.end(), fMejor);
+        clsPuesto &puesto = **std::ranges::min_element(m_lstPuestos, {}, fPeso);
         if (!puesto.bolOcupado) {
             puesto.bolOcupado = true;
-            return &puesto;
+            return {&puesto, [this](clsPuesto *suyo) {
+                        {
+                            const std::lock_guard cierre(m_cerrojo);
+                            suyo->bolOcupado = false;
+                        }
+                        m_libre.notify_one();
+                    }};
         }
         m_libre.wait_for(guardia, pasoTurno);
     }
-    return nullptr;
-}
-
-void clsFotogramas::fDejarPuesto(clsPuesto &puesto)
-{
-    {
-        const std::lock_guard guardia(m_cerrojo);
-        puesto.bolOcupado = false;
-    }
-    m_libre.notify_one();
+    return {};
 }

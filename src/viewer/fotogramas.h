@@ -9,6 +9,7 @@
 #include <atomic>
 #include <chrono>
 #include <condition_variable>
+#include <functional>
 #include <memory>
 #include <mutex>
 #include <string>
@@ -37,9 +38,6 @@ struct clsOrigenFotogramas {
 class clsFotogramas {
 public:
     explicit clsFotogramas(clsOrigenFotogramas origen = fOrigenUsual());
-    ~clsFotogramas();
-    clsFotogramas(const clsFotogramas &) = delete;
-    clsFotogramas &operator=(const clsFotogramas &) = delete;
 
     /// A frame of a video: from the desktop's cache; else from our child program; where that is not
     /// installed, from the program the desktop has registered. What is made goes into the cache,
@@ -57,14 +55,15 @@ private:
         clsHijoVideo hijo;
         bool bolOcupado = false;
     };
-    class clsTurno;
+    /// A child that a call has for itself; it is given back at the end.
+    using clsTurno = std::unique_ptr<clsPuesto, std::function<void(clsPuesto *)>>;
     /// A picture, or how its making ended.
     struct clsHecha {
         QImage imagen;
         clsCuadroVideo::Fin fin = clsCuadroVideo::Fin::SinImagen;
     };
-    [[nodiscard]] clsPuesto *fTomarPuesto(const std::atomic<bool> &bolAnulado);
-    void fDejarPuesto(clsPuesto &puesto);
+    /// @return nothing when the call was given up meanwhile.
+    [[nodiscard]] clsTurno fTomarPuesto(const std::atomic<bool> &bolAnulado);
     [[nodiscard]] clsHecha fHacer(const std::string &strRuta, int intLado,
                                   const std::atomic<bool> &bolAnulado);
     [[nodiscard]] clsHecha fHacerFuera(const std::string &strRuta, int intLado,

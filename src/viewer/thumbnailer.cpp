@@ -16,11 +16,7 @@ namespace {
 using clsTextos = std::vector<std::string>;
 
 /// The types that desktops know the seven extensions by, in the shared MIME database and before it.
-struct clsTipo {
-    const char *strExtension;
-    const char *strTipo;
-};
-constexpr clsTipo lstTiposVideo[] = {
+constexpr std::pair<const char *, const char *> lstTiposVideo[] = {
     {"MPG", "video/mpeg"     },
     {"MPG", "video/x-mpeg"   },
     {"AVI", "video/x-msvideo"},
@@ -34,20 +30,6 @@ constexpr clsTipo lstTiposVideo[] = {
     {"MOV", "video/quicktime"},
     {"MP4", "video/mp4"      },
 };
-
-/// The parts of a text between separators, empty ones left out.
-clsTextos fPartir(std::string_view strTexto, char chrEntre)
-{
-    clsTextos lstPartes;
-    while (!strTexto.empty()) {
-        const std::size_t lngFin = std::min(strTexto.find(chrEntre), strTexto.size());
-        if (lngFin > 0) {
-            lstPartes.emplace_back(strTexto.substr(0, lngFin));
-        }
-        strTexto.remove_prefix(std::min(lngFin + 1, strTexto.size()));
-    }
-    return lstPartes;
-}
 
 /// A value of a key file without its escapes \s \n \t \r and \\.
 std::string fSinEscapes(std::string_view strValor)
@@ -78,40 +60,16 @@ bool fExiste(const std::string &strPrograma)
     const char *strCamino = std::getenv("PATH");
     const clsTextos lstCarpetas = fPartir(strCamino == nullptr ? "/usr/bin:/bin" : strCamino, ':');
     return std::any_of(lstCarpetas.begin(), lstCarpetas.end(), [&](const std::string &strCarpeta) {
-        return fEjecutable(fBarraFinal(strCarpeta, false) + strPrograma);
+        return !strCarpeta.empty() && fEjecutable(fBarraFinal(strCarpeta, false) + strPrograma);
     });
-}
-
-/// What a code stands for; false for an unknown one.
-bool fPoner(std::string &strArgumento, char chrCodigo, const clsDatosOrden &datos)
-{
-    switch (chrCodigo) {
-    case 'u':
-        strArgumento += datos.strUri;
-        return true;
-    case 'i':
-        strArgumento += datos.strRuta;
-        return true;
-    case 'o':
-        strArgumento += datos.strSalida;
-        return true;
-    case 's':
-        strArgumento += std::to_string(datos.intLado);
-        return true;
-    case '%':
-        strArgumento += '%';
-        return true;
-    default:
-        return false;
-    }
 }
 
 bool fSirve(const clsThumbnailer &programa, std::string_view strExtension)
 {
     const bool bolTipo =
-        std::any_of(std::begin(lstTiposVideo), std::end(lstTiposVideo), [&](const clsTipo &tipo) {
-            return fIgualSinCaja(tipo.strExtension, strExtension) &&
-                   std::find(programa.lstTipos.begin(), programa.lstTipos.end(), tipo.strTipo) !=
+        std::any_of(std::begin(lstTiposVideo), std::end(lstTiposVideo), [&](const auto &tipo) {
+            return fIgualSinCaja(tipo.first, strExtension) &&
+                   std::find(programa.lstTipos.begin(), programa.lstTipos.end(), tipo.second) !=
                        programa.lstTipos.end();
         });
     return bolTipo && (programa.strTryExec.empty() || fExiste(programa.strTryExec));
@@ -136,7 +94,7 @@ std::set<std::string> fNombres(const std::string &strCarpeta)
 
 std::optional<clsThumbnailer> fLeerThumbnailer(std::string_view strTexto)
 {
-    clsThumbnailer programa;
+    std::map<std::string, std::string> claves;
     bool bolGrupo = false;
     for (const std::string &strEntera : fPartir(strTexto, '\n')) {
         const std::string_view strLinea =
@@ -145,22 +103,18 @@ std::optional<clsThumbnailer> fLeerThumbnailer(std::string_view strTexto)
         if (strLinea.starts_with('[')) {
             bolGrupo = strLinea == "[Thumbnailer Entry]";
         } else if (bolGrupo && lngIgual != std::string_view::npos) {
-            const std::string_view strClave = fSinBlancos(strLinea.substr(0, lngIgual));
-            const std::string strValor = fSinEscapes(fSinBlancos(strLinea.substr(lngIgual + 1)));
-            if (strClave == "TryExec") {
-                programa.strTryExec = strValor;
-            } else if (strClave == "Exec") {
-                programa.strExec = strValor;
-            } else if (strClave == "MimeType") {
-                programa.lstTipos = fPartir(strValor, ';');
-            }
+            claves[std::string(fSinBlancos(strLinea.substr(0, lngIgual)))] =
+                fSinEscapes(fSinBlancos(strLinea.substr(lngIgual + 1)));
         }
     }
+    clsThumbnailer programa{claves["TryExec"], claves["Exec"], fPartir(claves["MimeType"], ';')};
+    std::erase(programa.lstTipos, "");
     return programa.strExec.empty() ? std::nullopt : std::optional(std::move(programa));
 }
 
-std::vector<std::string> fOrden(std::string_view strExec, const clsDatosOrden &datos)
+std::vector<std::string> fOrden(std::string_view strExec, std::map<char, std::string> codigos)
 {
+    codigos.emplace('%', "%");
     clsTextos lstOrden;
     bool bolDentro = false; // of an argument, which may be empty between quotes
     char chrComilla = '\0';
@@ -183,7 +137,9 @@ std::vector<std::string> fOrden(std::string_view strExec, const clsDatosOrden &d
             lstOrden.back() += strExec[++lng];
         } else if (chr != '%') {
             lstOrden.back() += chr;
-        } else if (!bolSigue || !fPoner(lstOrden.back(), strExec[++lng], datos)) {
+        } else if (bolSigue && codigos.contains(strExec[++lng])) {
+            lstOrden.back() += codigos[strExec[lng]];
+        } else {
             return {};
         }
     }

@@ -2,6 +2,7 @@
 
 #include <atomic>
 #include <chrono>
+#include <map>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -20,18 +21,14 @@ struct clsThumbnailer {
 /// Reads such a file; nothing without a command line.
 [[nodiscard]] std::optional<clsThumbnailer> fLeerThumbnailer(std::string_view strTexto);
 
-/// What the codes of a command line stand for.
-struct clsDatosOrden {
-    std::string strUri;    ///< %u
-    std::string strRuta;   ///< %i
-    std::string strSalida; ///< %o, a PNG file
-    int intLado = 0;       ///< %s, pixels
-};
-
 /// The program and its arguments. Quotes and backslashes as in the Exec key of the freedesktop
 /// Desktop Entry standard, single quotes, too; a code never becomes more than one argument.
+/// @param codigos what stands for the codes: u the URI, i the path, o a PNG file to be written, s
+/// the
+///                side in pixels.
 /// @return empty when a quote is left open, or when a code is unknown.
-[[nodiscard]] std::vector<std::string> fOrden(std::string_view strExec, const clsDatosOrden &datos);
+[[nodiscard]] std::vector<std::string> fOrden(std::string_view strExec,
+                                              std::map<char, std::string> codigos);
 
 /// The command line that is registered for the type of a video, which its extension tells.
 /// @param lstCarpetas the folders "thumbnailers/", each with its final "/"; the first one counts

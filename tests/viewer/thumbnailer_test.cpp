@@ -14,7 +14,8 @@ TEST(Thumbnailer, FillsTheCodesOfACommandLine)
         const char *strExec;
         clsTextos lstOrden;
     };
-    const clsDatosOrden datos{"file:///a%20b", "/a b%s\"", "/tmp/x.png", 128};
+    const std::map<char, std::string> datos{
+        {'u', "file:///a%20b"}, {'i', "/a b%s\""}, {'o', "/tmp/x.png"}, {'s', "128"}};
     const clsCaso lstCasos[] = {
         {"t -i %i  -o\t%o -s %s", {"t", "-i", "/a b%s\"", "-o", "/tmp/x.png", "-s", "128"}},
         {"t %u --x=%s% %%", {}},
