@@ -74,12 +74,12 @@ void fBuscarDesnudo(const std::vector<std::string> &lstTextos)
 void fFiltrarFilas(const clsFilas &filas, const clsFiltro &filtro)
 {
     int intPasos = 0;
-    const clsFiltrado filtrado = fFiltrar(filas, filtro, fMayusculasCompuestas, [&](int) {
+    const auto filtrado = fFiltrar(filas, filtro, fMayusculasCompuestas, [&](int) {
         ++intPasos;
         return true;
     });
     std::printf("filter: %d rows, %zu pass, %d steps, VmHWM %ld kB\n", filas.fCantidad(),
-                filtrado.lstFilas.size(), intPasos, fMemoria("VmHWM"));
+                filtrado->lstFilas.size(), intPasos, fMemoria("VmHWM"));
 }
 
 int fTexto(const char *strCatalogo, int intVueltas)

@@ -37,14 +37,14 @@ void fActualizar(const clsComun &comun)
 void fFiltrar(const clsComun &comun, clsValoresFiltro &valores)
 {
     frmFiltro dialogo(comun.ventana, comun.estado.filas, valores, comun.mensajes, comun.fSeguir);
-    const clsFiltrado filtrado = dialogo.fMostrar();
-    if (filtrado.resultado == ResultadoFiltro::Cancelado || comun.estado.fCerrando()) {
+    const auto filtrado = dialogo.fMostrar();
+    if (!filtrado || comun.estado.fCerrando()) {
         return;
     }
     const clsOcupado ocupado(comun.ocupacion);
     comun.informacion.fDecir(QStringLiteral("Filtrando..."));
     comun.modelo.fRellenar([&](clsFilas & /*filas*/) {
-        fTomarFiltradas(comun.estado, filtrado.lstFilas, filtrado.lngTotalKB);
+        fTomarFiltradas(comun.estado, filtrado->lstFilas, filtrado->lngTotalKB);
     });
     comun.fEstadoCambiado();
     comun.fMostrar(comun.estado.lngActual);

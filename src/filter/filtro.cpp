@@ -1,12 +1,11 @@
 #include "filter/filtro.h"
 
-#include "shared/hilos.h"
 #include "shared/ritmo.h"
 #include "shared/texto.h"
 #include "sistema/archivo.h"
 
 #include <algorithm>
-#include <iterator>
+#include <memory>
 #include <optional>
 #include <utility>
 
@@ -17,50 +16,22 @@ constexpr std::size_t lngBloques = 32; // looked up ahead
 
 unsigned char fByte(char chr) { return static_cast<unsigned char>(chr); }
 
-/// Capitals of Latin-1 as letter and mark, and the second bytes of mark and capital in UTF-8 (those
-/// before are CC and C3).
-struct clsCompuesta {
-    char chrLetra;
-    unsigned char bytMarca;
-    unsigned char bytCapital;
-};
-constexpr clsCompuesta lstCompuestas[] = {
-    {'A', 0x80, 0x80},
-    {'A', 0x81, 0x81},
-    {'A', 0x82, 0x82},
-    {'A', 0x83, 0x83},
-    {'A', 0x88, 0x84},
-    {'A', 0x8A, 0x85},
-    {'C', 0xA7, 0x87},
-    {'E', 0x80, 0x88},
-    {'E', 0x81, 0x89},
-    {'E', 0x82, 0x8A},
-    {'E', 0x88, 0x8B},
-    {'I', 0x80, 0x8C},
-    {'I', 0x81, 0x8D},
-    {'I', 0x82, 0x8E},
-    {'I', 0x88, 0x8F},
-    {'N', 0x83, 0x91},
-    {'O', 0x80, 0x92},
-    {'O', 0x81, 0x93},
-    {'O', 0x82, 0x94},
-    {'O', 0x83, 0x95},
-    {'O', 0x88, 0x96},
-    {'U', 0x80, 0x99},
-    {'U', 0x81, 0x9A},
-    {'U', 0x82, 0x9B},
-    {'U', 0x88, 0x9C},
-    {'Y', 0x81, 0x9D}
-};
+/// The capitals of Latin-1 from U+00C0 on: their letters, and the second byte of the mark (in
+/// UTF-8; the first is CC) that makes each of its letter. Blank where a capital is made of no two.
+constexpr std::string_view strLetras = "AAAAAA CEEEEIIII NOOOOO  UUUUY";
+constexpr std::string_view strMarcas =
+    "\x80\x81\x82\x83\x88\x8A \xA7\x80\x81\x82\x88\x80\x81\x82\x88 \x83\x80\x81\x82\x83\x88  "
+    "\x80\x81\x82\x88\x81";
 
-/// The second byte of the capital that a letter makes with a mark; 0 when there is none in Latin-1.
-unsigned char fComponer(char chrLetra, unsigned char bytMarca)
+/// The second byte of the capital (after C3) that a letter makes with a mark; 0 when there is none
+/// in Latin-1.
+unsigned char fComponer(char chrLetra, char chrMarca)
 {
-    const auto *const it = std::find_if(
-        std::begin(lstCompuestas), std::end(lstCompuestas), [=](const clsCompuesta &compuesta) {
-            return compuesta.chrLetra == chrLetra && compuesta.bytMarca == bytMarca;
-        });
-    return it == std::end(lstCompuestas) ? 0 : it->bytCapital;
+    std::size_t lng = 0;
+    while (lng < strLetras.size() && (strLetras[lng] != chrLetra || strMarcas[lng] != chrMarca)) {
+        ++lng;
+    }
+    return static_cast<unsigned char>(lng < strLetras.size() ? 0x80 + lng : 0);
 }
 
 /// The second byte of a capital after C2 or C3; 0 where that is no letter of Latin-1: sharp s, y
@@ -113,7 +84,7 @@ bool fMayusculasLatin1(std::string_view strUtf8, std::string &strSalida)
             bytSegundo = fCapital(bytPrimero, byt);
             strSalida[lngFin++] = static_cast<char>(bytPrimero);
         } else if (bytPrimero == 0xCC && lngFin > lngInicio) {
-            bytSegundo = fComponer(strSalida[lngFin - 1], byt);
+            bytSegundo = fComponer(strSalida[lngFin - 1], static_cast<char>(byt));
             strSalida[lngFin - 1] = '\xC3';
         }
         if (bytSegundo == 0) {
@@ -147,29 +118,14 @@ std::string_view fDescifrar(std::string_view strBytes, std::string &strHueco)
     return strHueco;
 }
 
-/// Rows whose files one piece of work looks up, one after the other.
-struct clsBloque {
-    std::vector<int> lstPosiciones;
-    std::vector<std::string> lstRutas;
+/// A row whose file is looked up.
+struct clsMirada {
+    int lngPos;
+    std::string strRuta;
+    std::optional<clsHuella> huella{};
 };
-/// Small ones where there are few rows, so that every worker has some; large ones cost less.
-std::size_t fPorBloque(int lngFilas)
-{
-    return static_cast<std::size_t>(std::clamp(lngFilas / 64, 8, 256));
-}
-
-using clsHuellas = std::vector<std::optional<clsHuella>>;
-
-clsHuellas fMirar(const std::vector<std::string> &lstRutas)
-{
-    clsHuellas lstHuellas;
-    lstHuellas.reserve(lstRutas.size());
-    for (const std::string &strRuta : lstRutas) {
-        lstHuellas.push_back(fHuella(strRuta));
-    }
-    return lstHuellas;
-}
-
+/// Those that one piece of work looks up, one after the other.
+using clsBloque = std::vector<clsMirada>;
 /// One run of the filter through the rows.
 class clsPasada {
 public:
@@ -180,15 +136,83 @@ public:
     {
     }
 
-    clsFiltrado fHacer(int intHilos);
+    std::optional<clsFiltrado> fHacer(int intHilos)
+    {
+        clsHilos hilos({.intHilos = intHilos, .bolEnOrden = true});
+        while (fQuedanFilas() || hilos.fPendientes() > 0) {
+            while (fQuedanFilas() && hilos.fPendientes() < lngBloques) {
+                const auto bloque = std::make_shared<clsBloque>();
+                if (!fLlenar(*bloque)) {
+                    return std::nullopt;
+                }
+                hilos.fPedir(
+                    [bloque] {
+                        for (clsMirada &mirada : *bloque) {
+                            mirada.huella = fHuella(mirada.strRuta);
+                        }
+                        return bloque;
+                    },
+                    [this](const std::shared_ptr<clsBloque> &mirado) {
+                        for (const clsMirada &mirada : *mirado) {
+                            fRecoger(mirada);
+                        }
+                    });
+            }
+            if (!fSeguir()) {
+                return std::nullopt;
+            }
+            hilos.fAtender(pausaRitmo);
+        }
+        m_filtrado.lngTotalKB = m_lngTotal / 1024;
+        return std::move(m_filtrado);
+    }
 
 private:
     [[nodiscard]] bool fQuedanFilas() const { return m_lngSiguiente < m_filas.fCantidad(); }
-    [[nodiscard]] bool fLlenar(clsBloque &bloque);
-    [[nodiscard]] bool fSeguir();
-    void fRecoger(const std::vector<int> &lstPosiciones, const clsHuellas &lstHuellas);
-    void fRecogerFila(int lngPos, const std::optional<clsHuella> &huella);
-    [[nodiscard]] clsFiltrado fAcabar();
+
+    /// Lets the caller do something now and then; false: no longer wanted.
+    [[nodiscard]] bool fSeguir()
+    {
+        return m_ritmo.fSeguir(
+            [this] { return m_fPaso(m_lngSiguiente) && m_filas.fRevision() == m_lngRevision; });
+    }
+
+    /// Gathers the next rows that have not failed by their names; false: no longer wanted.
+    [[nodiscard]] bool fLlenar(clsBloque &bloque)
+    {
+        constexpr int lngEntreMiradas = 64; // rows between two looks at the clock
+        // Small blocks where there are few rows, so that every worker has some; large ones cost
+        // less.
+        const auto lngPorBloque =
+            static_cast<std::size_t>(std::clamp(m_filas.fCantidad() / 64, 8, 256));
+        for (; fQuedanFilas() && bloque.size() < lngPorBloque; ++m_lngSiguiente) {
+            if (m_lngSiguiente % lngEntreMiradas == 0 && !fSeguir()) {
+                return false;
+            }
+            if (m_filtro.bolFechas || m_texto.fPasa(m_filas, m_lngSiguiente)) {
+                bloque.push_back({m_lngSiguiente, m_filas.fRuta(m_lngSiguiente)});
+            }
+        }
+        return true;
+    }
+
+    void fRecoger(const clsMirada &mirada)
+    {
+        const auto &huella = mirada.huella;
+        clsConservada conservada{mirada.lngPos, -1, {}};
+        if (huella) {
+            conservada.lngBytes = huella->lngBytes;
+            conservada.fecha = fFechaLocal(huella->lngSegundos);
+        }
+        // Deliberate: both ends are midnights, so that of the last day only the files stamped
+        // exactly at its midnight pass.
+        if (m_filtro.bolFechas && (!huella || conservada.fecha < m_filtro.datDesde ||
+                                   conservada.fecha > m_filtro.datHasta)) {
+            return;
+        }
+        m_lngTotal += huella ? huella->lngBytes : m_filas.fTamano(mirada.lngPos);
+        m_filtrado.lstFilas.push_back(conservada);
+    }
 
     const clsFilas &m_filas;
     const clsFiltro &m_filtro;
@@ -197,94 +221,9 @@ private:
     const std::uint64_t m_lngRevision;
     clsRitmo m_ritmo;
     clsFiltrado m_filtrado;
-    std::int64_t m_lngTotal = 0;
+    std::int64_t m_lngTotal = 0; ///< bytes
     int m_lngSiguiente = 0;
 };
-
-/// Lets the caller do something now and then; false: no longer wanted.
-bool clsPasada::fSeguir()
-{
-    return m_ritmo.fSeguir(
-        [this] { return m_fPaso(m_lngSiguiente) && m_filas.fRevision() == m_lngRevision; });
-}
-
-/// Gathers the next rows that have not failed by their names; false: no longer wanted.
-bool clsPasada::fLlenar(clsBloque &bloque)
-{
-    constexpr int lngEntreMiradas = 64; // rows between two looks at the clock
-    const std::size_t lngPorBloque = fPorBloque(m_filas.fCantidad());
-    for (; fQuedanFilas() && bloque.lstRutas.size() < lngPorBloque; ++m_lngSiguiente) {
-        if (m_lngSiguiente % lngEntreMiradas == 0 && !fSeguir()) {
-            return false;
-        }
-        if (m_filtro.bolFechas || m_texto.fPasa(m_filas, m_lngSiguiente)) {
-            bloque.lstPosiciones.push_back(m_lngSiguiente);
-            bloque.lstRutas.push_back(m_filas.fRuta(m_lngSiguiente));
-        }
-    }
-    return true;
-}
-
-void clsPasada::fRecogerFila(int lngPos, const std::optional<clsHuella> &huella)
-{
-    clsConservada conservada{lngPos, -1, {}};
-    if (huella) {
-        conservada.lngBytes = huella->lngBytes;
-        conservada.fecha = fFechaLocal(huella->lngSegundos);
-    }
-    // Deliberate: both ends are midnights, so that of the last day only the files stamped exactly
-    // at its midnight pass.
-    if (m_filtro.bolFechas &&
-        (!huella || conservada.fecha < m_filtro.datDesde || conservada.fecha > m_filtro.datHasta)) {
-        return;
-    }
-    m_lngTotal += huella ? huella->lngBytes : m_filas.fTamano(lngPos);
-    m_filtrado.lstFilas.push_back(conservada);
-}
-
-void clsPasada::fRecoger(const std::vector<int> &lstPosiciones, const clsHuellas &lstHuellas)
-{
-    for (std::size_t lng = 0; lng < lstPosiciones.size(); ++lng) {
-        fRecogerFila(lstPosiciones[lng], lstHuellas[lng]);
-    }
-}
-
-clsFiltrado clsPasada::fAcabar()
-{
-    m_filtrado.lngTotalKB = m_lngTotal / 1024;
-    if (m_filtrado.lstFilas.empty()) {
-        m_filtrado.resultado = ResultadoFiltro::Ninguno;
-    } else if (m_filtrado.lstFilas.size() == static_cast<std::size_t>(m_filas.fCantidad())) {
-        m_filtrado.resultado = ResultadoFiltro::Igual;
-    } else {
-        m_filtrado.resultado = ResultadoFiltro::Menos;
-    }
-    return std::move(m_filtrado);
-}
-
-clsFiltrado clsPasada::fHacer(int intHilos)
-{
-    clsHilos hilos({.intHilos = intHilos, .bolEnOrden = true});
-    while (fQuedanFilas() || hilos.fPendientes() > 0) {
-        while (fQuedanFilas() && hilos.fPendientes() < lngBloques) {
-            clsBloque bloque;
-            if (!fLlenar(bloque)) {
-                return {};
-            }
-            if (!bloque.lstRutas.empty()) {
-                hilos.fPedir(
-                    [lstRutas = std::move(bloque.lstRutas)] { return fMirar(lstRutas); },
-                    [this, lstPosiciones = std::move(bloque.lstPosiciones)](
-                        const clsHuellas &lstHuellas) { fRecoger(lstPosiciones, lstHuellas); });
-            }
-        }
-        if (!fSeguir()) {
-            return {};
-        }
-        hilos.fAtender(pausaRitmo);
-    }
-    return fAcabar();
-}
 
 } // namespace
 
@@ -293,19 +232,17 @@ clsBuscaTexto::clsBuscaTexto(const clsFiltro &filtro, clsMayusculas fMayusculas)
 {
     m_lstPalabras.reserve(filtro.lstPalabras.size());
     for (const std::string &strPalabra : filtro.lstPalabras) {
-        m_strSujeto.clear();
-        fAnadir(fSinBlancos(strPalabra));
-        m_lstPalabras.push_back(m_strSujeto);
+        fAnadir(m_lstPalabras.emplace_back(), fSinBlancos(strPalabra));
     }
 }
 
-/// Appends a UTF-8 text to the subject, in capitals and composed.
-void clsBuscaTexto::fAnadir(std::string_view strUtf8)
+/// Appends a UTF-8 text, in capitals and composed.
+void clsBuscaTexto::fAnadir(std::string &strSujeto, std::string_view strUtf8) const
 {
-    const std::size_t lngInicio = m_strSujeto.size();
-    if (!fMayusculasLatin1(strUtf8, m_strSujeto)) {
-        m_strSujeto.resize(lngInicio);
-        m_strSujeto.append(m_fMayusculas(strUtf8));
+    const std::size_t lngInicio = strSujeto.size();
+    if (!fMayusculasLatin1(strUtf8, strSujeto)) {
+        strSujeto.resize(lngInicio);
+        strSujeto.append(m_fMayusculas(strUtf8));
     }
 }
 
@@ -319,9 +256,7 @@ const std::string &clsBuscaTexto::fCarpeta(const clsFilas &filas, int lngPos)
     }
     std::string &strCarpeta = m_lstCarpetas[lngCarpeta];
     if (strCarpeta.empty()) {
-        m_strSujeto.clear();
-        fAnadir(fTextoPantalla(filas.fCarpeta(lngPos)));
-        strCarpeta = m_strSujeto;
+        fAnadir(strCarpeta, fTextoPantalla(filas.fCarpeta(lngPos)));
     }
     return strCarpeta;
 }
@@ -332,16 +267,14 @@ void clsBuscaTexto::fComponerSujeto(const clsFilas &filas, int lngPos)
     std::string strHueco;
     const std::string_view strNombre =
         fCortar(fDescifrar(filas.fNombre(lngPos), strHueco), intResto);
-    const std::string *const strCarpeta =
-        m_bolCarpeta && intResto == 0 ? &fCarpeta(filas, lngPos) : nullptr;
     m_strSujeto.clear();
-    if (strCarpeta != nullptr) {
-        m_strSujeto.append(*strCarpeta);
+    if (m_bolCarpeta && intResto == 0) {
+        m_strSujeto.append(fCarpeta(filas, lngPos));
     } else if (m_bolCarpeta) {
         // A name shorter than the cut: the rest of it comes off the folder.
-        fAnadir(fCortar(fTextoPantalla(filas.fCarpeta(lngPos)), intResto));
+        fAnadir(m_strSujeto, fCortar(fTextoPantalla(filas.fCarpeta(lngPos)), intResto));
     }
-    fAnadir(strNombre);
+    fAnadir(m_strSujeto, strNombre);
 }
 
 bool clsBuscaTexto::fPasa(const clsFilas &filas, int lngPos)
@@ -365,9 +298,9 @@ bool clsBuscaTexto::fPasa(const clsFilas &filas, int lngPos)
     return false;
 }
 
-clsFiltrado fFiltrar(const clsFilas &filas, const clsFiltro &filtro,
-                     const clsMayusculas &fMayusculas, const clsPasoFiltro &fPaso, int intHilos)
+std::optional<clsFiltrado> fFiltrar(const clsFilas &filas, const clsFiltro &filtro,
+                                    const clsMayusculas &fMayusculas, const clsPasoFiltro &fPaso,
+                                    int intHilos)
 {
-    return clsPasada(filas, filtro, fMayusculas, fPaso)
-        .fHacer(intHilos > 0 ? intHilos : intHilosUsuales);
+    return clsPasada(filas, filtro, fMayusculas, fPaso).fHacer(intHilos);
 }

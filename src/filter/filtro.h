@@ -2,9 +2,11 @@
 
 #include "catalogue/filas.h"
 #include "shared/fecha.h"
+#include "shared/hilos.h"
 
 #include <cstdint>
 #include <functional>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -36,7 +38,7 @@ public:
     [[nodiscard]] bool fPasa(const clsFilas &filas, int lngPos);
 
 private:
-    void fAnadir(std::string_view strUtf8);
+    void fAnadir(std::string &strSujeto, std::string_view strUtf8) const;
     void fComponerSujeto(const clsFilas &filas, int lngPos);
     [[nodiscard]] const std::string &fCarpeta(const clsFilas &filas, int lngPos);
 
@@ -48,12 +50,8 @@ private:
     std::string m_strSujeto;
 };
 
-/// What came of a filter. Igual: as many rows as before, which are the same files.
-enum class ResultadoFiltro { Cancelado, Ninguno, Igual, Menos };
-
 /// The rows that passed, in list order.
 struct clsFiltrado {
-    ResultadoFiltro resultado = ResultadoFiltro::Cancelado;
     std::vector<clsConservada> lstFilas; ///< for clsFilas::fConservar; dates and sizes of the disk
     std::int64_t lngTotalKB = 0;         ///< size of these rows, whole kilobytes, rest dropped
 };
@@ -65,7 +63,9 @@ using clsPasoFiltro = std::function<bool(int)>;
 /// stat), ahead on worker threads. A file that is gone fails a date range; the words keep its row.
 /// @param filas    read in the calling thread only; when fPaso changes them the filter is
 /// cancelled.
-/// @param intHilos threads that look up; 0: as many as suit slow disks.
-[[nodiscard]] clsFiltrado fFiltrar(const clsFilas &filas, const clsFiltro &filtro,
-                                   const clsMayusculas &fMayusculas, const clsPasoFiltro &fPaso,
-                                   int intHilos = 0);
+/// @param intHilos threads that look up.
+/// @return nothing when it was cancelled.
+[[nodiscard]] std::optional<clsFiltrado> fFiltrar(const clsFilas &filas, const clsFiltro &filtro,
+                                                  const clsMayusculas &fMayusculas,
+                                                  const clsPasoFiltro &fPaso,
+                                                  int intHilos = intHilosUsuales);

@@ -10,30 +10,11 @@ constexpr std::string_view strPrimerDia = "01/01/1901";
 constexpr std::string_view strUltimoDia = "31/12/2100";
 
 /// "dd/mm/yyyy" from six characters, which need not be digits.
-std::string fConSiglo(std::string_view strSeis)
+std::string fConSiglo(const std::string &strSeis)
 {
-    const std::string strDia(strSeis.substr(0, 2));
-    const std::string strMes(strSeis.substr(2, 2));
-    const std::string strAno(strSeis.substr(4));
-    return strDia + '/' + strMes + '/' + (strAno >= "50" ? "19" : "20") + strAno;
-}
-
-std::vector<std::string> fPartir(std::string_view strTexto)
-{
-    std::vector<std::string> lstPalabras;
-    // Nothing to split gives no word, not an empty one.
-    while (!strTexto.empty()) {
-        const std::size_t lngComa = strTexto.find(',');
-        lstPalabras.emplace_back(strTexto.substr(0, lngComa));
-        if (lngComa == std::string_view::npos) {
-            break;
-        }
-        strTexto.remove_prefix(lngComa + 1);
-        if (strTexto.empty()) {
-            lstPalabras.emplace_back(); // what follows a comma at the end
-        }
-    }
-    return lstPalabras;
+    const std::string strAno = strSeis.substr(4);
+    return strSeis.substr(0, 2) + '/' + strSeis.substr(2, 2) + (strAno >= "50" ? "/19" : "/20") +
+           strAno;
 }
 
 std::string fTextoLimpio(std::string_view strTexto)
@@ -47,30 +28,6 @@ std::string fTextoLimpio(std::string_view strTexto)
 
 } // namespace
 
-std::string_view fMensajeFiltro(FalloFiltro fallo)
-{
-    switch (fallo) {
-    case FalloFiltro::Ninguno:
-        return {};
-    case FalloFiltro::Formato:
-        return "La fecha debe tener el formato: DDMMYY";
-    case FalloFiltro::NoValida:
-        return "Fecha no válida.";
-    case FalloFiltro::SinFiltro:
-        return "No has seleccionado ningún filtro.";
-    case FalloFiltro::FinAntes:
-        return "La fecha final es menor a la inicial.";
-    case FalloFiltro::SinImagenes:
-        return "No se ha encontrado ninguna imagen.";
-    }
-    return {};
-}
-
-FalloFiltro fFalloDe(ResultadoFiltro resultado)
-{
-    return resultado == ResultadoFiltro::Ninguno ? FalloFiltro::SinImagenes : FalloFiltro::Ninguno;
-}
-
 bool fAdmiteTecla(std::string_view strTexto)
 {
     return std::all_of(strTexto.begin(), strTexto.end(), [](char chr) {
@@ -81,16 +38,16 @@ bool fAdmiteTecla(std::string_view strTexto)
 clsCajaFecha fDejarCaja(std::string_view strTexto, std::string_view strValida)
 {
     if (strTexto.empty() || strTexto == strValida) {
-        return {FalloFiltro::Ninguno, std::string(strTexto)};
+        return {{}, std::string(strTexto)};
     }
     if (fContarCaracteres(strTexto) != intLargoTecleada) {
-        return {FalloFiltro::Formato, std::string(strTexto)};
+        return {"La fecha debe tener el formato: DDMMYY", std::string(strTexto)};
     }
-    const std::string strDia = fConSiglo(strTexto);
+    const std::string strDia = fConSiglo(std::string(strTexto));
     if (!fLeerFecha(strDia, strFormaDia)) {
-        return {FalloFiltro::NoValida, std::string(strTexto)};
+        return {"Fecha no válida.", std::string(strTexto)};
     }
-    return {FalloFiltro::Ninguno, strDia};
+    return {{}, strDia};
 }
 
 std::string fEditarCaja(std::string_view strTexto)
@@ -110,7 +67,7 @@ clsPeticionFiltro fPedirFiltro(clsValoresFiltro &valores)
     filtro.bolFechas = !valores.strFiltroDesde.empty() || !valores.strFiltroHasta.empty();
     // Deliberate: asked before the blanks go, so a text of blanks is a filter that all files pass.
     if (!filtro.bolFechas && valores.strFiltroTexto.empty()) {
-        peticion.fallo = FalloFiltro::SinFiltro;
+        peticion.strFallo = "No has seleccionado ningún filtro.";
         return peticion;
     }
     const auto fDia = [](const std::string &strCaja, std::string_view strVacia) {
@@ -119,11 +76,11 @@ clsPeticionFiltro fPedirFiltro(clsValoresFiltro &valores)
     filtro.datDesde = fDia(valores.strFiltroDesde, strPrimerDia);
     filtro.datHasta = fDia(valores.strFiltroHasta, strUltimoDia);
     if (filtro.datHasta < filtro.datDesde) {
-        peticion.fallo = FalloFiltro::FinAntes;
+        peticion.strFallo = "La fecha final es menor a la inicial.";
         return peticion;
     }
     valores.strFiltroTexto = fTextoLimpio(valores.strFiltroTexto);
-    filtro.lstPalabras = fPartir(valores.strFiltroTexto);
+    filtro.lstPalabras = fPartir(valores.strFiltroTexto, ',');
     filtro.bolCarpeta = valores.strFiltroCarpeta == "S";
     filtro.modo = static_cast<ModoTexto>(valores.intFiltroModo);
     return peticion;

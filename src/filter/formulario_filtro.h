@@ -14,15 +14,6 @@ struct clsValoresFiltro {
     int intFiltroModo = 0;              ///< index of the option button, see ModoTexto
 };
 
-/// Why the dialog does not do what is asked.
-enum class FalloFiltro { Ninguno, Formato, NoValida, SinFiltro, FinAntes, SinImagenes };
-
-/// What the dialog says then (UTF-8); nothing to say without a failure.
-[[nodiscard]] std::string_view fMensajeFiltro(FalloFiltro fallo);
-
-/// What it says about a result; the dialog closes when there is nothing to say.
-[[nodiscard]] FalloFiltro fFalloDe(ResultadoFiltro resultado);
-
 /// Characters that a date box takes while it is being typed in, and when it shows its date.
 inline constexpr int intLargoTecleada = 6;
 inline constexpr int intLargoMostrada = 10;
@@ -33,8 +24,8 @@ inline constexpr int intLargoMostrada = 10;
 
 /// What a date box holds when it is left.
 struct clsCajaFecha {
-    FalloFiltro fallo = FalloFiltro::Ninguno; ///< Formato or NoValida
-    std::string strTexto;                     ///< what it shows then
+    std::string_view strFallo{}; ///< why it may not be left (UTF-8); empty: it may
+    std::string strTexto;        ///< what it shows then
 };
 /// Six digits DDMMYY become "dd/mm/yyyy" (years 1950 to 2049); an empty box is accepted.
 /// @param strValida the date that the box last showed as accepted: it is accepted again.
@@ -46,7 +37,7 @@ struct clsCajaFecha {
 
 /// What is asked for, or why it cannot be.
 struct clsPeticionFiltro {
-    FalloFiltro fallo = FalloFiltro::Ninguno; ///< SinFiltro or FinAntes
+    std::string_view strFallo{}; ///< why it cannot be (UTF-8); empty: it can
     clsFiltro filtro;
 };
 /// Reads the values of a dialog whose date boxes are accepted. The text is trimmed and loses one

@@ -52,7 +52,7 @@ frmFiltro::frmFiltro(QWidget *padre, const clsFilas &filas, clsValoresFiltro &va
       m_cmdCancelar(fBoton(this, "cmdCancelar", QStringLiteral("&Cancelar")))
 {
     setObjectName(QStringLiteral("frmFiltro"));
-    setWindowTitle(QStringLiteral("Filtro"));
+    setWindowTitle(fQ(fTituloFiltro(m_filas.fCantidad())));
     m_lstMarcos = {fCrearFechas(), fCrearTexto()};
     auto *const caja = new QVBoxLayout(this);
     for (QWidget *const marco : m_lstMarcos) {
@@ -64,8 +64,14 @@ frmFiltro::frmFiltro(QWidget *padre, const clsFilas &filas, clsValoresFiltro &va
     fCargarValores();
     connect(m_cmdAceptar, &QPushButton::clicked, this, &frmFiltro::fAceptar);
     connect(m_cmdCancelar, &QPushButton::clicked, this, &frmFiltro::reject);
+    // Whenever a control of the dialog takes the focus, a box may have been left.
     connect(qApp, &QApplication::focusChanged, this,
-            [this](const QWidget * /*antes*/, const QWidget *ahora) { fFocoCambiado(ahora); });
+            [this](const QWidget * /*antes*/, const QWidget *ahora) {
+                if (ahora != nullptr && isAncestorOf(ahora)) {
+                    QMetaObject::invokeMethod(this, &frmFiltro::fValidarSalida,
+                                              Qt::QueuedConnection);
+                }
+            });
     m_lstFechas[0]->setFocus();
 }
 
@@ -79,24 +85,16 @@ QWidget *frmFiltro::fCrearFechas()
 {
     auto *const marco = fNombrar(new QGroupBox(QStringLiteral("Fecha:"), this), "frmFechaFiltro");
     auto *const caja = new QHBoxLayout(marco);
-    struct clsFila {
-        const char *strNombre;
-        const char *strTexto;
-        txtFecha *txtCaja;
-    };
-    // Deliberate: the blanks behind the second caption.
-    const clsFila lstFilas[] = {
-        {"lblEtiqueta0", "Desde",   m_lstFechas[0]},
-        {"lblEtiqueta1", "Hasta  ", m_lstFechas[1]}
-    };
-    for (const clsFila &fila : lstFilas) {
+    const auto fAnadir = [&](const char *strNombre, const char *strTexto, txtFecha *txtCaja) {
         auto *const lblEtiqueta =
-            fNombrar(new QLabel(QString::fromUtf8(fila.strTexto), marco), fila.strNombre);
-        lblEtiqueta->setBuddy(fila.txtCaja);
+            fNombrar(new QLabel(QString::fromUtf8(strTexto), marco), strNombre);
+        lblEtiqueta->setBuddy(txtCaja);
         caja->addWidget(lblEtiqueta);
-        caja->addWidget(fila.txtCaja);
-        caja->addSpacing(&fila == lstFilas ? fontMetrics().averageCharWidth() * 2 : 0);
-    }
+        caja->addWidget(txtCaja);
+    };
+    fAnadir("lblEtiqueta0", "Desde", m_lstFechas[0]);
+    caja->addSpacing(fontMetrics().averageCharWidth() * 2);
+    fAnadir("lblEtiqueta1", "Hasta  ", m_lstFechas[1]); // Deliberate: the blanks
     caja->addStretch();
     return marco;
 }
@@ -161,7 +159,7 @@ QLayout *frmFiltro::fCrearPie()
     m_prgFiltrando->setMaximum(std::max(m_filas.fCantidad(), 1));
     auto *const caja = new QHBoxLayout;
     for (QWidget *const control :
-         {static_cast<QWidget *>(m_lblFiltrando), static_cast<QWidget *>(m_prgFiltrando)}) {
+         std::initializer_list<QWidget *>{m_lblFiltrando, m_prgFiltrando}) {
         // Their place is kept, so that nothing moves when they appear.
         QSizePolicy politica = control->sizePolicy();
         politica.setRetainSizeWhenHidden(true);
@@ -174,14 +172,12 @@ QLayout *frmFiltro::fCrearPie()
     caja->addWidget(m_cmdCancelar);
     m_cmdAceptar->setDefault(true);
     // In the order in which they are read.
-    setTabOrder(m_lstFechas[0], m_lstFechas[1]);
-    setTabOrder(m_lstFechas[1], m_txtTexto);
-    setTabOrder(m_txtTexto, m_chkCarpeta);
-    setTabOrder(m_chkCarpeta, m_lstModos[0]);
-    setTabOrder(m_lstModos[0], m_lstModos[1]);
-    setTabOrder(m_lstModos[1], m_lstModos[2]);
-    setTabOrder(m_lstModos[2], m_cmdAceptar);
-    setTabOrder(m_cmdAceptar, m_cmdCancelar);
+    QWidget *const lstOrden[] = {m_lstFechas[0], m_lstFechas[1], m_txtTexto,
+                                 m_chkCarpeta,   m_lstModos[0],  m_lstModos[1],
+                                 m_lstModos[2],  m_cmdAceptar,   m_cmdCancelar};
+    for (std::size_t lng = 1; lng < std::size(lstOrden); ++lng) {
+        setTabOrder(lstOrden[lng - 1], lstOrden[lng]);
+    }
     return caja;
 }
 
@@ -202,24 +198,10 @@ clsValoresFiltro frmFiltro::fValores() const
             m_chkCarpeta->isChecked() ? "S" : "N", static_cast<int>(it - m_lstModos.begin())};
 }
 
-clsFiltrado frmFiltro::fMostrar()
+std::optional<clsFiltrado> frmFiltro::fMostrar()
 {
     exec();
     return std::move(m_filtrado);
-}
-
-void frmFiltro::showEvent(QShowEvent *evento)
-{
-    setWindowTitle(fQ(fTituloFiltro(m_filas.fCantidad())));
-    QDialog::showEvent(evento);
-}
-
-/// Whenever a control of the dialog takes the focus, a box may have been left.
-void frmFiltro::fFocoCambiado(const QWidget *ahora)
-{
-    if (ahora != nullptr && isAncestorOf(ahora)) {
-        QMetaObject::invokeMethod(this, &frmFiltro::fValidarSalida, Qt::QueuedConnection);
-    }
 }
 
 /// Validates the boxes that have not the focus. Cancelar takes it without that, and a press on
@@ -238,9 +220,9 @@ void frmFiltro::fValidarSalida()
 bool frmFiltro::fValidarCajas(const QWidget *salvo)
 {
     for (txtFecha *const caja : m_lstFechas) {
-        const FalloFiltro fallo = caja == salvo ? FalloFiltro::Ninguno : caja->fDejar();
-        if (fallo != FalloFiltro::Ninguno) {
-            m_mensajes.fAviso(Icono::Problema, std::string(fMensajeFiltro(fallo)));
+        const std::string_view strFallo = caja == salvo ? "" : caja->fDejar();
+        if (!strFallo.empty()) {
+            m_mensajes.fAviso(Icono::Problema, std::string(strFallo));
             caja->setFocus();
             caja->selectAll();
             return false;
@@ -260,8 +242,8 @@ void frmFiltro::fAceptar()
     }
     clsValoresFiltro valores = fValores();
     const clsPeticionFiltro peticion = fPedirFiltro(valores);
-    if (peticion.fallo != FalloFiltro::Ninguno) {
-        fSeguirAbierto(peticion.fallo);
+    if (!peticion.strFallo.empty()) {
+        fSeguirAbierto(peticion.strFallo);
         return;
     }
     m_txtTexto->setText(fQ(valores.strFiltroTexto));
@@ -280,21 +262,20 @@ void frmFiltro::fFiltrarPor(const clsFiltro &filtro, const clsValoresFiltro &val
         m_filtrado = fFiltrar(m_filas, filtro, fMayusculasCompuestas, fPaso);
     }
     fTrabajar(false);
-    if (m_filtrado.resultado == ResultadoFiltro::Cancelado) {
+    if (!m_filtrado) {
         reject();
         return;
     }
     m_valores = valores;
-    const FalloFiltro fallo = fFalloDe(m_filtrado.resultado);
-    if (fallo == FalloFiltro::Ninguno) {
+    if (!m_filtrado->lstFilas.empty()) {
         accept();
         return;
     }
-    m_filtrado = {};
+    m_filtrado.reset();
     if (foco != nullptr) {
         foco->setFocus();
     }
-    fSeguirAbierto(fallo);
+    fSeguirAbierto("No se ha encontrado ninguna imagen.");
 }
 
 /// Shows that the filter runs. Only Cancelar can be pressed meanwhile.
@@ -317,9 +298,9 @@ void frmFiltro::fTrabajar(bool bolTrabaja)
 }
 
 /// Says why the dialog stays open, and makes the box that has the focus ready for typing again.
-void frmFiltro::fSeguirAbierto(FalloFiltro fallo)
+void frmFiltro::fSeguirAbierto(std::string_view strMotivo)
 {
-    m_mensajes.fAviso(Icono::Problema, std::string(fMensajeFiltro(fallo)));
+    m_mensajes.fAviso(Icono::Problema, std::string(strMotivo));
     for (txtFecha *const caja : m_lstFechas) {
         if (caja == focusWidget()) {
             caja->fEditar();

@@ -30,14 +30,11 @@ public:
     ~frmFiltro() override;
 
     /// Shows it and waits until it is closed.
-    /// @return Cancelado, Igual or Menos: when nothing is found the dialog stays open.
-    clsFiltrado fMostrar();
+    /// @return what was found, nothing when it was cancelled; while nothing is found it stays open.
+    std::optional<clsFiltrado> fMostrar();
 
     /// Esc, Cancelar and closing: they end a filter that is running, too.
     void reject() override;
-
-protected:
-    void showEvent(QShowEvent *evento) override;
 
 private:
     QWidget *fCrearFechas();
@@ -46,7 +43,6 @@ private:
     void fCrearCarpeta();
     QLayout *fCrearPie();
     void fCargarValores();
-    void fFocoCambiado(const QWidget *ahora);
 
     void fValidarSalida();
     [[nodiscard]] bool fValidarCajas(const QWidget *salvo);
@@ -54,7 +50,7 @@ private:
     void fAceptar();
     void fFiltrarPor(const clsFiltro &filtro, const clsValoresFiltro &valores);
     void fTrabajar(bool bolTrabaja);
-    void fSeguirAbierto(FalloFiltro fallo);
+    void fSeguirAbierto(std::string_view strMotivo);
 
     const clsFilas &m_filas;
     clsValoresFiltro &m_valores;
@@ -71,7 +67,7 @@ private:
     QPushButton *m_cmdAceptar;
     QPushButton *m_cmdCancelar;
 
-    clsFiltrado m_filtrado;
+    std::optional<clsFiltrado> m_filtrado;
     /// What is under way: a validation, a filter, one that is to end.
     enum class Fase { Ninguna, Validando, Filtrando, Parando } m_fase = Fase::Ninguna;
 };

@@ -1,7 +1,9 @@
 #pragma once
 
-#include <string>
-#include <string_view>
+#include "shared/qtexto.h"
 
 /// A UTF-8 text in capitals and composed (NFC), by the rules of Unicode and not of a language.
-[[nodiscard]] std::string fMayusculasCompuestas(std::string_view strUtf8);
+[[nodiscard]] inline std::string fMayusculasCompuestas(std::string_view strUtf8)
+{
+    return fUtf8(fQ(strUtf8).toUpper().normalized(QString::NormalizationForm_C));
+}

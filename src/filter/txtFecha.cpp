@@ -31,13 +31,13 @@ void txtFecha::fEditar()
     }
 }
 
-FalloFiltro txtFecha::fDejar()
+std::string_view txtFecha::fDejar()
 {
     const clsCajaFecha caja = fDejarCaja(fUtf8(text()), m_strValida);
-    if (caja.fallo == FalloFiltro::Ninguno && caja.strTexto != m_strValida) {
+    if (caja.strFallo.empty() && caja.strTexto != m_strValida) {
         fPoner(caja.strTexto);
     }
-    return caja.fallo;
+    return caja.strFallo;
 }
 
 void txtFecha::focusInEvent(QFocusEvent *evento)

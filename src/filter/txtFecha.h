@@ -14,8 +14,9 @@ public:
     void fPoner(const std::string &strFecha);
     /// Shows the six digits of the date it holds.
     void fEditar();
-    /// Accepts what was typed and shows it as a date, or tells why not and leaves it as it is.
-    [[nodiscard]] FalloFiltro fDejar();
+    /// Accepts what was typed and shows it as a date, or leaves it as it is.
+    /// @return why it is not accepted; empty: it is.
+    [[nodiscard]] std::string_view fDejar();
 
 protected:
     void focusInEvent(QFocusEvent *evento) override;
