@@ -2,9 +2,11 @@
 
 #include <algorithm>
 
+// What frame and cells keep from the edges of the viewing panel.
+constexpr int lngMargen = 60;
+
 clsDisposicion fDisponer(const clsVentana &ventana)
 {
-    constexpr int lngMargen = 60;
     const int lngPanel = std::clamp(ventana.lngPanel, 0, fNoNegativo(ventana.lngAncho));
     const int lngAlto = fNoNegativo(ventana.lngAlto - ventana.lngArriba);
     clsDisposicion sitio;
@@ -20,9 +22,27 @@ clsDisposicion fDisponer(const clsVentana &ventana)
 
 int fAnchoPanel(int lngPedido, int lngVentana, int lngCelda)
 {
-    if (lngPedido < 0) {
-        return 0;
-    }
-    const int lngReserva = lngCelda + 480;
-    return lngVentana - lngPedido < lngReserva ? fNoNegativo(lngVentana - lngReserva) : lngPedido;
+    return fNoNegativo(std::min(lngPedido, lngVentana - lngCelda - 480));
+}
+
+clsRejilla fDisponerRejilla(const clsRect &fondo, int intTam)
+{
+    clsRejilla rejilla;
+    rejilla.lngCelda = lstTamMini[intTam] + lngMargenCelda;
+    rejilla.lngIzq = fondo.lngIzq + lngMargen;
+    rejilla.lngArriba = fondo.lngArriba + lngMargen;
+    const int intColumnas = fondo.lngAncho / rejilla.lngCelda;
+    const int intFilas = fondo.lngAlto / rejilla.lngCelda;
+    // Where one of the two is 0, their sum is the other: the line that there is room for.
+    const int intLinea = std::max(1, intColumnas + intFilas);
+    rejilla.intCeldas = intColumnas * intFilas > 0 ? intColumnas * intFilas : intLinea;
+    rejilla.intColumnas = std::max(1, intColumnas);
+    return rejilla;
+}
+
+clsRect fCelda(const clsRejilla &rejilla, int intCelda)
+{
+    return {rejilla.lngIzq + intCelda % rejilla.intColumnas * rejilla.lngCelda,
+            rejilla.lngArriba + intCelda / rejilla.intColumnas * rejilla.lngCelda, rejilla.lngCelda,
+            rejilla.lngCelda};
 }

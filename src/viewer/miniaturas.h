@@ -4,8 +4,8 @@
 #include "shared/numeros.h"
 #include "viewer/cThumbnailGenerator.h"
 #include "viewer/entorno.h"
+#include "viewer/geometria.h"
 #include "viewer/pieza_mini.h"
-#include "viewer/rejilla.h"
 
 #include <QElapsedTimer>
 #include <QObject>
@@ -69,8 +69,7 @@ private:
     void fLlegar(const std::string &strClave);
     void fRenovar(std::size_t lngCelda);
     [[nodiscard]] int fLado() const;
-    [[nodiscard]] int fLadoReal(int intLado) const;
-    [[nodiscard]] std::optional<clsMiniatura> fHecha(const std::string &strRuta, int intLado);
+    [[nodiscard]] std::optional<clsMiniatura> fHecha(const std::string &strRuta);
 
     QWidget *m_cliente;
     const clsFilas &m_filas;

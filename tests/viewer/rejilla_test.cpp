@@ -1,4 +1,4 @@
-#include "viewer/rejilla.h"
+#include "viewer/geometria.h"
 
 #include <gtest/gtest.h>
 
