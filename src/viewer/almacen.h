@@ -50,14 +50,60 @@ public:
     /// What is wanted from now on, the most urgent first, and stays while it is. Whatever else was
     /// wanted and is not made yet is dropped; what is under way goes on; what was made is made
     /// anew, if there is a piece of work for it.
-    void fEncargar(std::vector<clsEncargo> lstEncargos);
+    void fEncargar(std::vector<clsEncargo> lstEncargos)
+    {
+        m_hilos.fVaciar(); // they begin anew, in the new order
+        m_lentos.fVaciar();
+        auto mapAntes = std::exchange(m_mapTrabajos, {});
+        for (clsEncargo &encargo : lstEncargos) {
+            auto antes = mapAntes.extract(encargo.strClave);
+            const bool bolVale = !antes.empty() && !antes.mapped().bolHecho;
+            auto [it, bolNuevo] = m_mapTrabajos.emplace(
+                std::move(encargo.strClave), bolVale ? std::move(antes.mapped()) : clsTrabajo());
+            clsTrabajo &trabajo = it->second;
+            if (bolNuevo && !bolVale) {
+                trabajo.bolHecho = encargo.fPieza == nullptr;
+                trabajo.fPieza = std::move(encargo.fPieza);
+            }
+            if (!trabajo.bolHecho && (!trabajo.orden || clsHilos::fAnulada(trabajo.orden))) {
+                fLanzar(it->first, trabajo);
+            }
+        }
+        for (const auto &[strClave, trabajo] : mapAntes) {
+            if (trabajo.orden) {
+                (trabajo.bolLento ? m_lentos : m_hilos).fAnular(trabajo.orden);
+            }
+        }
+    }
+
     /// What was made of an order of the last fEncargar; nullptr when that is still to come.
-    [[nodiscard]] const Valor *fTomar(const std::string &strClave);
+    [[nodiscard]] const Valor *fTomar(const std::string &strClave)
+    {
+        const auto it = m_mapTrabajos.find(strClave);
+        if (it == m_mapTrabajos.end() || (!it->second.bolHecho && !it->second.resultado)) {
+            return nullptr;
+        }
+        return it->second.resultado ? &*it->second.resultado : fGuardado(strClave);
+    }
+
     /// What is kept under a key, whatever is ordered; nullptr when there is nothing. Counts as
     /// used.
-    [[nodiscard]] const Valor *fGuardado(const std::string &strClave);
+    [[nodiscard]] const Valor *fGuardado(const std::string &strClave)
+    {
+        const auto it = m_mapGuardadas.find(strClave);
+        if (it == m_mapGuardadas.end()) {
+            return nullptr;
+        }
+        m_lstGuardadas.splice(m_lstGuardadas.begin(), m_lstGuardadas, it->second);
+        return &it->second->valor;
+    }
+
     /// Takes over what has come, without waiting for an event that says so.
-    void fRecoger();
+    void fRecoger()
+    {
+        while (m_hilos.fAtender() || m_lentos.fAtender()) {
+        }
+    }
 
 private:
     struct clsTrabajo {
@@ -73,11 +119,66 @@ private:
     };
     using clsEntradas = std::list<clsEntrada>;
 
-    void fLanzar(const std::string &strClave, clsTrabajo &trabajo);
-    void fRecibir(const std::string &strClave, clsHecho hecho);
-    void fGuardar(const std::string &strClave, Valor valor);
-    void fQuitar(typename clsEntradas::iterator it);
-    void fRecortar();
+    void fLanzar(const std::string &strClave, clsTrabajo &trabajo)
+    {
+        trabajo.orden = (trabajo.bolLento ? m_lentos : m_hilos)
+                            .fPedir(trabajo.fPieza, [this, strClave](clsHecho hecho) {
+                                fRecibir(strClave, std::move(hecho));
+                            });
+    }
+
+    void fRecibir(const std::string &strClave, clsHecho hecho)
+    {
+        clsTrabajo &trabajo = m_mapTrabajos.at(strClave); // else its order was given up
+        trabajo.resultado.reset();
+        if (hecho.bolGuardar) {
+            fGuardar(strClave, std::move(hecho.valor));
+        } else {
+            trabajo.resultado = std::move(hecho.valor);
+        }
+        trabajo.bolHecho = hecho.fSigue == nullptr;
+        trabajo.fPieza = std::move(hecho.fSigue);
+        if (!trabajo.bolHecho) {
+            trabajo.bolLento = true;
+            fLanzar(strClave, trabajo);
+        }
+        m_limites.fLlegada(strClave);
+    }
+
+    void fGuardar(const std::string &strClave, Valor valor)
+    {
+        if (const auto it = m_mapGuardadas.find(strClave); it != m_mapGuardadas.end()) {
+            fQuitar(it->second);
+        }
+        m_lngBytes += valor.fBytes();
+        m_lstGuardadas.push_front({strClave, std::move(valor)});
+        m_mapGuardadas.emplace(strClave, m_lstGuardadas.begin());
+        fRecortar();
+    }
+
+    void fQuitar(typename clsEntradas::iterator it)
+    {
+        m_lngBytes -= it->valor.fBytes();
+        m_mapGuardadas.erase(it->strClave);
+        m_lstGuardadas.erase(it);
+    }
+
+    /// Forgets what was not used for longest; what is wanted stays.
+    void fRecortar()
+    {
+        for (auto it = m_lstGuardadas.end(); it != m_lstGuardadas.begin();) {
+            if (m_lngBytes <= m_limites.lngBytes &&
+                m_lstGuardadas.size() <= m_limites.lngEntradas) {
+                return;
+            }
+            const auto ultima = std::prev(it);
+            if (m_mapTrabajos.contains(ultima->strClave)) {
+                it = ultima;
+            } else {
+                fQuitar(ultima);
+            }
+        }
+    }
 
     const clsLimites m_limites;
     std::unordered_map<std::string, clsTrabajo> m_mapTrabajos; ///< what is wanted
@@ -87,116 +188,3 @@ private:
     clsHilos m_hilos;
     clsHilos m_lentos;
 };
-
-template <typename Valor> void clsAlmacen<Valor>::fEncargar(std::vector<clsEncargo> lstEncargos)
-{
-    m_hilos.fVaciar(); // they begin anew, in the new order
-    m_lentos.fVaciar();
-    auto mapAntes = std::exchange(m_mapTrabajos, {});
-    for (clsEncargo &encargo : lstEncargos) {
-        auto antes = mapAntes.extract(encargo.strClave);
-        const bool bolVale = !antes.empty() && !antes.mapped().bolHecho;
-        auto [it, bolNuevo] = m_mapTrabajos.emplace(
-            std::move(encargo.strClave), bolVale ? std::move(antes.mapped()) : clsTrabajo());
-        clsTrabajo &trabajo = it->second;
-        if (bolNuevo && !bolVale) {
-            trabajo.bolHecho = encargo.fPieza == nullptr;
-            trabajo.fPieza = std::move(encargo.fPieza);
-        }
-        if (!trabajo.bolHecho && (!trabajo.orden || clsHilos::fAnulada(trabajo.orden))) {
-            fLanzar(it->first, trabajo);
-        }
-    }
-    for (const auto &[strClave, trabajo] : mapAntes) {
-        if (trabajo.orden) {
-            (trabajo.bolLento ? m_lentos : m_hilos).fAnular(trabajo.orden);
-        }
-    }
-}
-
-template <typename Valor>
-void clsAlmacen<Valor>::fLanzar(const std::string &strClave, clsTrabajo &trabajo)
-{
-    trabajo.orden = (trabajo.bolLento ? m_lentos : m_hilos)
-                        .fPedir(trabajo.fPieza, [this, strClave](clsHecho hecho) {
-                            fRecibir(strClave, std::move(hecho));
-                        });
-}
-
-template <typename Valor>
-void clsAlmacen<Valor>::fRecibir(const std::string &strClave, clsHecho hecho)
-{
-    clsTrabajo &trabajo = m_mapTrabajos.at(strClave); // else its order was given up
-    trabajo.resultado.reset();
-    if (hecho.bolGuardar) {
-        fGuardar(strClave, std::move(hecho.valor));
-    } else {
-        trabajo.resultado = std::move(hecho.valor);
-    }
-    trabajo.bolHecho = hecho.fSigue == nullptr;
-    trabajo.fPieza = std::move(hecho.fSigue);
-    if (!trabajo.bolHecho) {
-        trabajo.bolLento = true;
-        fLanzar(strClave, trabajo);
-    }
-    m_limites.fLlegada(strClave);
-}
-
-template <typename Valor> const Valor *clsAlmacen<Valor>::fTomar(const std::string &strClave)
-{
-    const auto it = m_mapTrabajos.find(strClave);
-    if (it == m_mapTrabajos.end() || (!it->second.bolHecho && !it->second.resultado)) {
-        return nullptr;
-    }
-    return it->second.resultado ? &*it->second.resultado : fGuardado(strClave);
-}
-
-template <typename Valor> const Valor *clsAlmacen<Valor>::fGuardado(const std::string &strClave)
-{
-    const auto it = m_mapGuardadas.find(strClave);
-    if (it == m_mapGuardadas.end()) {
-        return nullptr;
-    }
-    m_lstGuardadas.splice(m_lstGuardadas.begin(), m_lstGuardadas, it->second);
-    return &it->second->valor;
-}
-
-template <typename Valor> void clsAlmacen<Valor>::fRecoger()
-{
-    while (m_hilos.fAtender() || m_lentos.fAtender()) {
-    }
-}
-
-template <typename Valor> void clsAlmacen<Valor>::fGuardar(const std::string &strClave, Valor valor)
-{
-    if (const auto it = m_mapGuardadas.find(strClave); it != m_mapGuardadas.end()) {
-        fQuitar(it->second);
-    }
-    m_lngBytes += valor.fBytes();
-    m_lstGuardadas.push_front({strClave, std::move(valor)});
-    m_mapGuardadas.emplace(strClave, m_lstGuardadas.begin());
-    fRecortar();
-}
-
-template <typename Valor> void clsAlmacen<Valor>::fQuitar(typename clsEntradas::iterator it)
-{
-    m_lngBytes -= it->valor.fBytes();
-    m_mapGuardadas.erase(it->strClave);
-    m_lstGuardadas.erase(it);
-}
-
-/// Forgets what was not used for longest; what is wanted stays.
-template <typename Valor> void clsAlmacen<Valor>::fRecortar()
-{
-    for (auto it = m_lstGuardadas.end(); it != m_lstGuardadas.begin();) {
-        if (m_lngBytes <= m_limites.lngBytes && m_lstGuardadas.size() <= m_limites.lngEntradas) {
-            return;
-        }
-        const auto ultima = std::prev(it);
-        if (m_mapTrabajos.contains(ultima->strClave)) {
-            it = ultima;
-        } else {
-            fQuitar(ultima);
-        }
-    }
-}

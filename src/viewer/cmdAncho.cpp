@@ -2,7 +2,6 @@
 
 #include <QApplication>
 #include <QMouseEvent>
-#include <QRubberBand>
 
 #include <cstdlib>
 
@@ -15,17 +14,10 @@ cmdAncho::cmdAncho(QWidget *cliente)
     setCursor(Qt::SplitHCursor);
 }
 
-int cmdAncho::fXCliente(const QMouseEvent &evento) const
-{
-    return parentWidget()->mapFromGlobal(evento.globalPosition().toPoint()).x();
-}
-
 void cmdAncho::mousePressEvent(QMouseEvent *evento)
 {
     if (evento->button() == Qt::LeftButton) {
-        m_bolPulsado = true;
-        m_bolMovido = false;
-        m_intInicio = fXCliente(*evento);
+        m_intInicio = mapToParent(evento->position().toPoint()).x();
         setDown(true);
     }
 }
@@ -35,13 +27,11 @@ void cmdAncho::mouseMoveEvent(QMouseEvent *evento)
     if (!(evento->buttons() & Qt::LeftButton)) {
         fTerminar(); // the release went astray
     }
-    if (!m_bolPulsado) {
+    if (!isDown()) {
         return;
     }
-    const int intX = fXCliente(*evento);
-    m_bolMovido =
-        m_bolMovido || std::abs(intX - m_intInicio) >= QApplication::startDragDistance() / 2;
-    if (m_bolMovido) {
+    const int intX = mapToParent(evento->position().toPoint()).x();
+    if (fMovido() || std::abs(intX - m_intInicio) >= QApplication::startDragDistance() / 2) {
         m_linea->setGeometry(intX, y(), intPixeles, height());
         m_linea->show();
         m_linea->raise();
@@ -50,10 +40,10 @@ void cmdAncho::mouseMoveEvent(QMouseEvent *evento)
 
 void cmdAncho::mouseReleaseEvent(QMouseEvent *evento)
 {
-    const bool bolSoltado = m_bolPulsado && m_bolMovido && evento->button() == Qt::LeftButton;
+    const bool bolSoltado = isDown() && fMovido() && evento->button() == Qt::LeftButton;
     fTerminar();
     if (bolSoltado) {
-        emit fSoltado(fXCliente(*evento));
+        emit fSoltado(mapToParent(evento->position().toPoint()).x());
     }
 }
 
@@ -61,7 +51,6 @@ void cmdAncho::hideEvent(QHideEvent *) { fTerminar(); }
 
 void cmdAncho::fTerminar()
 {
-    m_bolPulsado = false;
     setDown(false);
     m_linea->hide();
 }

@@ -1,8 +1,7 @@
 #pragma once
 
 #include <QPushButton>
-
-class QRubberBand;
+#include <QRubberBand>
 
 /// The splitter between list and viewing panel: a narrow button that is dragged sideways and shows
 /// a line meanwhile. A click without a drag changes nothing.
@@ -23,11 +22,9 @@ protected:
     void hideEvent(QHideEvent *evento) override;
 
 private:
-    [[nodiscard]] int fXCliente(const QMouseEvent &evento) const;
+    [[nodiscard]] bool fMovido() const { return !m_linea->isHidden(); }
     void fTerminar();
 
     QRubberBand *m_linea;
-    bool m_bolPulsado = false;
-    bool m_bolMovido = false;
     int m_intInicio = 0;
 };

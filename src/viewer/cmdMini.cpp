@@ -86,9 +86,9 @@ void cmdMini::paintEvent(QPaintEvent *)
         m_imagen);
     fPintarTexto(pintor);
     pintor.setRenderHint(QPainter::Antialiasing);
-    pintor.setPen(
-        QPen(QColor(m_bolActual ? colActual : qRgb(0x2b, 0x2b, 0x2b)), m_bolActual ? intMarco : 1));
-    const double dblMedio = (m_bolActual ? intMarco : 1) / 2.0;
+    const int intGrosor = m_bolActual ? intMarco : 1;
+    pintor.setPen(QPen(QColor(m_bolActual ? colActual : qRgb(0x2b, 0x2b, 0x2b)), intGrosor));
+    const double dblMedio = intGrosor / 2.0;
     pintor.drawRect(QRectF(rect()).adjusted(dblMedio, dblMedio, -dblMedio, -dblMedio));
     if (m_bolMarcada) {
         fPintarMarca(pintor);

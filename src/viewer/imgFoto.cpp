@@ -91,9 +91,7 @@ void imgFoto::paintEvent(QPaintEvent *)
 
 void imgFoto::mousePressEvent(QMouseEvent *evento)
 {
-    if (evento->button() == Qt::RightButton) {
-        emit fMenuPedido(evento->globalPosition().toPoint());
-    } else if (evento->button() == Qt::LeftButton && fSePuedeArrastrar(fRecuadro(), m_encaje)) {
+    if (evento->button() == Qt::LeftButton && fSePuedeArrastrar(fRecuadro(), m_encaje)) {
         m_bolArrastrando = true;
         m_pulsado = mapToParent(evento->position());
         setCursor(Qt::ClosedHandCursor);

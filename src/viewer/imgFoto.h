@@ -20,9 +20,6 @@ public:
     /// @param intZoom percentage of the natural size, 0: fit.
     void fColocar(int intZoom);
 
-signals:
-    void fMenuPedido(const QPoint &punto);
-
 protected:
     void paintEvent(QPaintEvent *evento) override;
     void mousePressEvent(QMouseEvent *evento) override;

@@ -1,7 +1,6 @@
 #include "viewer/marcadores.h"
 
 #include <QPainter>
-#include <QPainterPath>
 
 namespace {
 
@@ -30,14 +29,9 @@ QPen fPluma(QRgb color, double dblAncho)
 /// A sheet with a folded corner.
 void fHoja(QPainter &pintor)
 {
-    QPainterPath hoja(QPointF(30, 22));
-    for (const QPointF punto :
-         {QPointF(58, 22), QPointF(72, 36), QPointF(72, 78), QPointF(30, 78)}) {
-        hoja.lineTo(punto);
-    }
-    hoja.closeSubpath();
     pintor.setPen(fPluma(colTrazo, 3));
-    pintor.drawPath(hoja);
+    pintor.drawPolygon(QPolygonF(
+        {QPointF(30, 22), QPointF(58, 22), QPointF(72, 36), QPointF(72, 78), QPointF(30, 78)}));
     pintor.drawPolyline(QPolygonF({QPointF(58, 22), QPointF(58, 36), QPointF(72, 36)}));
 }
 

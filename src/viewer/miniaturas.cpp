@@ -47,28 +47,24 @@ clsMiniaturas::clsMiniaturas(QWidget *cliente, const clsFilas &filas, clsSignos 
                  .intHilos = fNucleos(),
                  .fAvisar = fAvisarA(this),
                  .fLlegada = [this](const std::string &strClave) { fLlegar(strClave); }}),
-      m_generador(mensajes, [this](const std::string &strRuta, int intLado) {
-          return fHecha(strRuta, intLado).value_or(clsMiniatura{Extraccion::Pendiente, {}});
+      m_generador(mensajes, [this](const std::string &strRuta, int /*intLado*/) {
+          return fHecha(strRuta).value_or(clsMiniatura{Extraccion::Pendiente, {}});
       })
 {
     m_generador.Options = cThumbnailGenerator::IEIFLAG_SCREEN | cThumbnailGenerator::IEIFLAG_ASPECT;
     fCargarCeldas(); // the first cell exists always
 }
 
-/// Side of a box in device pixels.
-/// @param intLado the same in the pixels of the window.
-int clsMiniaturas::fLadoReal(int intLado) const
+/// Side of a thumbnail's box in device pixels.
+int clsMiniaturas::fLado() const
 {
-    return static_cast<int>(intLado * m_cliente->devicePixelRatioF());
+    return static_cast<int>(m_generador.DesiredWidth * m_cliente->devicePixelRatioF());
 }
 
-int clsMiniaturas::fLado() const { return fLadoReal(m_generador.DesiredWidth); }
-
 /// What was made by now of what was ordered; nothing when that is still to come.
-/// @param intLado side of the box in the pixels of the window.
-std::optional<clsMiniatura> clsMiniaturas::fHecha(const std::string &strRuta, int intLado)
+std::optional<clsMiniatura> clsMiniaturas::fHecha(const std::string &strRuta)
 {
-    const clsMiniGuardada *const hecha = m_almacen.fTomar(fClaveMini(strRuta, fLadoReal(intLado)));
+    const clsMiniGuardada *const hecha = m_almacen.fTomar(fClaveMini(strRuta, fLado()));
     return hecha != nullptr ? std::optional(hecha->miniatura) : std::nullopt;
 }
 
@@ -218,7 +214,7 @@ bool clsMiniaturas::fDibujar(std::size_t lngCelda, int lngPos, const clsEntorno 
     const std::string strRuta = m_filas.fRuta(lngPos);
     m_almacen.fRecoger();
     // Looked for before every wait: what came while other events ran wakes nobody any more.
-    while (entorno.fVigente() && !fHecha(strRuta, m_generador.DesiredWidth)) {
+    while (entorno.fVigente() && !fHecha(strRuta)) {
         if (m_desdeNovedad.hasExpired(intPaciencia)) {
             break;
         }
@@ -242,7 +238,7 @@ bool clsMiniaturas::fPintar(std::size_t lngCelda, int lngPos, const std::functio
     const double dblDpr = m_cliente->devicePixelRatioF();
     const bool bolVideo = fEsVideo(strRuta);
     const clsMiniatura miniatura =
-        fHecha(strRuta, m_generador.DesiredWidth).value_or(clsMiniatura{Extraccion::Pendiente, {}});
+        fHecha(strRuta).value_or(clsMiniatura{Extraccion::Pendiente, {}});
     const bool bolPendiente = miniatura.extraccion == Extraccion::Pendiente;
     QPixmap imagen;
     QString strTexto;
@@ -302,7 +298,7 @@ void clsMiniaturas::fRenovar(std::size_t lngCelda)
     if (celda.lngPos < 0 || !fMuestra(celda, celda.lngPos)) {
         return;
     }
-    const auto miniatura = fHecha(m_filas.fRuta(celda.lngPos), m_generador.DesiredWidth);
+    const auto miniatura = fHecha(m_filas.fRuta(celda.lngPos));
     if (!miniatura || miniatura->extraccion == Extraccion::Pendiente) {
         return;
     }

@@ -8,12 +8,12 @@ namespace {
 
 using clsHecho = clsAlmacenMini::clsHecho;
 
-/// What the disk did not give today it may give tomorrow.
-clsHecho fSinGuardar(Extraccion extraccion)
+/// What the disk did not give today it may give tomorrow: that is not kept.
+clsHecho fHecho(clsMiniatura miniatura, const clsHuella &huella = {}, bool bolGuardar = false)
 {
     return {
-        {{}, {extraccion, {}}},
-        false
+        .valor = {huella, std::move(miniatura)},
+          .bolGuardar = bolGuardar
     };
 }
 
@@ -23,10 +23,7 @@ clsHecho fHacerFoto(const std::string &strRuta, const clsHuella &huella, int int
     clsMiniatura miniatura = fExtraerFoto(strRuta, intLado, anulado);
     const bool bolVale =
         miniatura.extraccion == Extraccion::Hecha || miniatura.extraccion == Extraccion::SinImagen;
-    return {
-        {huella, std::move(miniatura)},
-        bolVale
-    };
+    return fHecho(std::move(miniatura), huella, bolVale);
 }
 
 /// Looks whether a video can be opened; its frame has to wait for its turn.
@@ -34,21 +31,17 @@ clsHecho fHacerVideo(const std::string &strRuta, const clsHuella &huella, int in
                      const clsFotograma &fFotograma)
 {
     if (const auto archivo = fAbrirRegular(strRuta); !archivo) {
-        return fSinGuardar(fSinAbrir(archivo.fError()));
+        return fHecho({fSinAbrir(archivo.fError()), {}});
     }
     if (!fFotograma || huella.lngBytes == 0) {
-        return {
-            {huella, {Extraccion::SinImagen, {}}}
-        };
+        return fHecho({Extraccion::SinImagen, {}}, huella, true);
     }
-    clsHecho hecho = fSinGuardar(Extraccion::Pendiente);
+    clsHecho hecho = fHecho({Extraccion::Pendiente, {}});
     hecho.fSigue = [=](const clsAnulado &anulado) {
         QImage imagen = fFotograma(strRuta, huella, intLado, anulado);
         // Without one it may be that the disk was slow: the next visit tries again.
-        return imagen.isNull() ? fSinGuardar(Extraccion::SinImagen)
-                               : clsHecho{
-                                     {huella, {Extraccion::Hecha, std::move(imagen)}}
-        };
+        return imagen.isNull() ? fHecho({Extraccion::SinImagen, {}})
+                               : fHecho({Extraccion::Hecha, std::move(imagen)}, huella, true);
     };
     return hecho;
 }
@@ -67,7 +60,7 @@ clsAlmacenMini::clsPieza fPiezaMini(const std::string &strRuta, int intLado,
     return [=, guardada = std::move(guardada)](const clsAnulado &anulado) -> clsHecho {
         const auto huella = fHuella(strRuta);
         if (!huella) {
-            return fSinGuardar(fSinAbrir(huella.fError()));
+            return fHecho({fSinAbrir(huella.fError()), {}});
         }
         if (guardada && guardada->huella == *huella) {
             return {*guardada};

@@ -66,12 +66,11 @@ clsVisor::clsVisor(QWidget *cliente)
     m_lblFondo->setAccessibleName(QStringLiteral("Panel de visualización"));
     m_frmRecuadro->setObjectName(QStringLiteral("frmRecuadro"));
     m_frmRecuadro->setAccessibleName(QStringLiteral("Marco de la fotografía"));
-    for (QWidget *const control :
-         {static_cast<QWidget *>(m_lblFondo), static_cast<QWidget *>(m_frmRecuadro)}) {
+    for (QWidget *const control : std::initializer_list<QWidget *>{m_lblFondo, m_frmRecuadro}) {
         fFondoNeutro(*control);
         control->installEventFilter(this);
     }
-    connect(m_imgFoto, &imgFoto::fMenuPedido, this, &clsVisor::fMenuPedido);
+    m_imgFoto->installEventFilter(this);
 }
 
 void clsVisor::fDisponer(const clsDisposicion &sitio, bool bolRecuadro)
@@ -143,11 +142,11 @@ void clsVisor::fEncargar(bool bolPrevia)
         }
         fAnadir(fPedido(m_strRuta, lngMaximoFoto), m_huella);
     }
-    for (const auto &[strRuta, huella] : m_lstVecinas) {
-        if (huella) {
+    for (const std::string &strRuta : m_lstVecinas) {
+        if (const auto it = m_mapHuellas.find(strRuta); it != m_mapHuellas.end()) {
             clsPedido pedido = fPedido(strRuta, lngMaximoVecina);
             pedido.bolVecina = true;
-            fAnadir(pedido, *huella);
+            fAnadir(pedido, it->second);
         }
     }
     m_almacen.fEncargar(std::move(lstEncargos));
@@ -285,19 +284,19 @@ void clsVisor::fAdelantar(const std::vector<std::string> &lstRutas)
     for (const clsHilos::clsOrden &orden : std::exchange(m_lstMiradas, {})) {
         m_miradas.fAnular(orden);
     }
-    m_lstVecinas.clear();
+    m_lstVecinas = lstRutas;
+    m_mapHuellas.clear();
     for (const std::string &strRuta : lstRutas) {
         if (!fEsVideo(strRuta)) {
-            m_lstVecinas.push_back({strRuta, {}});
+            m_lstMiradas.push_back(
+                m_miradas.fPedir([strRuta] { return fHuella(strRuta); },
+                                 [this, strRuta](const std::optional<clsHuella> &huella) {
+                                     if (huella) {
+                                         m_mapHuellas[strRuta] = *huella;
+                                         fEncargar(false);
+                                     }
+                                 }));
         }
-    }
-    for (clsVecina &vecina : m_lstVecinas) {
-        m_lstMiradas.push_back(
-            m_miradas.fPedir([strRuta = vecina.strRuta] { return fHuella(strRuta); },
-                             [this, &vecina](const std::optional<clsHuella> &huella) {
-                                 vecina.huella = huella;
-                                 fEncargar(false);
-                             }));
     }
     fEncargar(false); // gives up what was under way for others
 }

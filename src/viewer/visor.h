@@ -8,6 +8,7 @@
 
 #include <QObject>
 
+#include <map>
 #include <memory>
 #include <optional>
 #include <string>
@@ -69,12 +70,6 @@ private:
     void fLlegar(const std::string &strClave);
     void fAfinar();
 
-    /// A file that is likely to come next.
-    struct clsVecina {
-        std::string strRuta;
-        std::optional<clsHuella> huella; ///< once that was looked up
-    };
-
     QLabel *m_lblFondo;
     QFrame *m_frmRecuadro;
     imgFoto *m_imgFoto;
@@ -83,8 +78,9 @@ private:
     std::string m_strRuta;                        ///< its file; empty when it is no photo
     clsHuella m_huella;                           ///< the file's content
     std::shared_ptr<const clsFuente> m_imgNoImagen;
-    std::vector<clsVecina> m_lstVecinas;
-    std::vector<clsHilos::clsOrden> m_lstMiradas; ///< at neighbours
+    std::vector<std::string> m_lstVecinas;         ///< files that are likely to come next
+    std::map<std::string, clsHuella> m_mapHuellas; ///< theirs, once they were looked up
+    std::vector<clsHilos::clsOrden> m_lstMiradas;  ///< at neighbours
     clsHilos m_miradas;    ///< at size and time of files: a disk that wakes up takes seconds for it
     QString m_strDescrito; ///< what the picture was last said to be of
     bool m_bolPendiente = false; ///< the picture is still to come
