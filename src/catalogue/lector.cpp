@@ -18,13 +18,59 @@ public:
     {
     }
     /// @return whether reading goes on.
-    [[nodiscard]] bool fTomar(const clsRegistro &registro);
-    [[nodiscard]] clsLectura fLectura() const;
+    [[nodiscard]] bool fTomar(const clsRegistro &registro)
+    {
+        if (!fExtensionEn(registro.lstLineas[0].strTexto, m_strExtensiones)) {
+            m_lngLinea += static_cast<std::int64_t>(registro.lngLineas);
+            return true;
+        }
+        for (std::size_t lng = 0; lng < registro.lngLineas && !m_lectura.fallo; ++lng) {
+            ++m_lngLinea;
+            fLinea(registro.lstLineas[lng].strTexto);
+        }
+        // The texts that wait for those of later records.
+        for (std::size_t lng = 0; lng < m_lngHueco; ++lng) {
+            m_lstConservados[lng] = std::string(m_lstHuecos[lng]);
+            m_lstHuecos[lng] = m_lstConservados[lng];
+        }
+        return !m_lectura.fallo;
+    }
+
+    [[nodiscard]] clsLectura fLectura()
+    {
+        m_lectura.lngTotalKB = m_lngTotal / 1024;
+        return m_lectura;
+    }
 
 private:
-    void fLinea(std::string_view strLinea);
-    void fFila();
-    void fConservarHuecos();
+    void fLinea(std::string_view strLinea)
+    {
+        if (strLinea.empty()) {
+            return;
+        }
+        m_lstHuecos[m_lngHueco++] = strLinea;
+        if (m_lngHueco == m_lstHuecos.size()) {
+            m_lngHueco = 0;
+            fFila();
+        }
+    }
+
+    void fFila()
+    {
+        if (fRutaOculta(m_lstHuecos[0])) {
+            return;
+        }
+        const auto lngBytes = fLeerTamano(m_lstHuecos[2]);
+        if (!lngBytes) {
+            m_lectura.fallo = clsFallo{m_lngLinea, fTextoPantalla(m_lstHuecos[2])};
+            return;
+        }
+        m_filas.fAgregarFila(m_lstHuecos[0], m_lstHuecos[1], *lngBytes);
+        // Sums of sizes that nobody's disk holds stop at the limit instead of wrapping.
+        if (__builtin_add_overflow(m_lngTotal, *lngBytes, &m_lngTotal)) {
+            m_lngTotal = *lngBytes < 0 ? INT64_MIN : INT64_MAX;
+        }
+    }
 
     const std::string_view m_strExtensiones;
     clsFilas &m_filas;
@@ -37,65 +83,6 @@ private:
     std::size_t m_lngHueco = 0;
     std::array<std::string, 3> m_lstConservados; ///< texts that outlive their record
 };
-
-bool clsRellenador::fTomar(const clsRegistro &registro)
-{
-    if (!fExtensionEn(registro.lstLineas[0].strTexto, m_strExtensiones)) {
-        m_lngLinea += static_cast<std::int64_t>(registro.lngLineas);
-        return true;
-    }
-    for (std::size_t lng = 0; lng < registro.lngLineas && !m_lectura.fallo; ++lng) {
-        ++m_lngLinea;
-        fLinea(registro.lstLineas[lng].strTexto);
-    }
-    fConservarHuecos();
-    return !m_lectura.fallo;
-}
-
-void clsRellenador::fLinea(std::string_view strLinea)
-{
-    if (strLinea.empty()) {
-        return;
-    }
-    m_lstHuecos[m_lngHueco++] = strLinea;
-    if (m_lngHueco == m_lstHuecos.size()) {
-        m_lngHueco = 0;
-        fFila();
-    }
-}
-
-void clsRellenador::fFila()
-{
-    if (fRutaOculta(m_lstHuecos[0])) {
-        return;
-    }
-    const auto lngBytes = fLeerTamano(m_lstHuecos[2]);
-    if (!lngBytes) {
-        m_lectura.fallo = clsFallo{m_lngLinea, fTextoPantalla(m_lstHuecos[2])};
-        return;
-    }
-    m_filas.fAgregarFila(m_lstHuecos[0], m_lstHuecos[1], *lngBytes);
-    // Sums of sizes that nobody's disk holds stop at the limit instead of wrapping.
-    if (__builtin_add_overflow(m_lngTotal, *lngBytes, &m_lngTotal)) {
-        m_lngTotal = *lngBytes < 0 ? INT64_MIN : INT64_MAX;
-    }
-}
-
-/// Copies the texts that wait for those of later records.
-void clsRellenador::fConservarHuecos()
-{
-    for (std::size_t lng = 0; lng < m_lngHueco; ++lng) {
-        m_lstConservados[lng] = std::string(m_lstHuecos[lng]);
-        m_lstHuecos[lng] = m_lstConservados[lng];
-    }
-}
-
-clsLectura clsRellenador::fLectura() const
-{
-    clsLectura lectura = m_lectura;
-    lectura.lngTotalKB = m_lngTotal / 1024;
-    return lectura;
-}
 
 } // namespace
 

@@ -156,44 +156,37 @@ bool lstFotos::fEnCasilla(const QModelIndex &indice, const QPoint &punto) const
         .contains(punto);
 }
 
-/// Toggles the check box under the mouse, if there is one.
-bool lstFotos::fAlternarCasilla(const QMouseEvent &evento)
+/// Toggles the check box under the mouse, if there is one: that never changes the current row.
+/// @return else the row that the left button was pressed on, if there is one.
+QModelIndex lstFotos::fPulsar(const QMouseEvent &evento)
 {
     const QPoint punto = evento.position().toPoint();
     const QModelIndex indice = indexAt(punto);
-    if (evento.button() != Qt::LeftButton || !fEnCasilla(indice, punto)) {
-        return false;
+    if (evento.button() != Qt::LeftButton) {
+        return {};
+    }
+    if (!fEnCasilla(indice, punto)) {
+        return indice;
     }
     const bool bolMarcada = indice.data(Qt::CheckStateRole).toInt() == Qt::Checked;
     model()->setData(indice, bolMarcada ? Qt::Unchecked : Qt::Checked, Qt::CheckStateRole);
-    return true;
+    return {};
 }
 
 void lstFotos::mousePressEvent(QMouseEvent *evento)
 {
-    // A click in a check box never changes the current row.
-    if (fAlternarCasilla(*evento)) {
-        return;
-    }
-    const QModelIndex indice = indexAt(evento->position().toPoint());
-    if (!indice.isValid() || evento->button() != Qt::LeftButton) {
-        return; // nor does one beside the rows
-    }
-    if (evento->modifiers() == Qt::ShiftModifier) {
+    const QModelIndex indice = fPulsar(*evento);
+    if (indice.isValid() && evento->modifiers() == Qt::ShiftModifier) {
         emit fRango(indice.row());
-        return;
+    } else if (indice.isValid()) {
+        setCurrentIndex(indice.siblingAtColumn(0));
+        emit fFila(indice.row());
     }
-    setCurrentIndex(indice.siblingAtColumn(0));
-    emit fFila(indice.row());
 }
 
 void lstFotos::mouseDoubleClickEvent(QMouseEvent *evento)
 {
-    if (fAlternarCasilla(*evento)) {
-        return;
-    }
-    const QModelIndex indice = indexAt(evento->position().toPoint());
-    if (indice.isValid() && evento->button() == Qt::LeftButton) {
+    if (const QModelIndex indice = fPulsar(*evento); indice.isValid()) {
         emit fDobleClic(indice.row());
     }
 }

@@ -39,5 +39,5 @@ protected:
 
 private:
     [[nodiscard]] bool fEnCasilla(const QModelIndex &indice, const QPoint &punto) const;
-    bool fAlternarCasilla(const QMouseEvent &evento);
+    QModelIndex fPulsar(const QMouseEvent &evento);
 };
