@@ -1,6 +1,5 @@
 #include "app/comun.h"
 
-#include "catalogue/carga.h"
 #include "catalogue/constructor.h"
 #include "catalogue/frmBusqueda.h"
 #include "catalogue/lector.h"

@@ -32,8 +32,6 @@ bool clsFilas::fFechasExactas() const
            std::find(m_lstFechas.begin(), m_lstFechas.end(), datNinguna) == m_lstFechas.end();
 }
 
-std::string_view clsFilas::fNombre(int lngPos) const { return fTextoNombre(fNumero(lngPos)); }
-
 std::string_view clsFilas::fCarpeta(int lngPos) const
 {
     return m_lstCarpetas[m_lstCarpetaDe[fNumero(lngPos)]];
@@ -43,14 +41,6 @@ std::string clsFilas::fRuta(int lngPos) const
 {
     return std::string(fCarpeta(lngPos)).append(fNombre(lngPos));
 }
-
-std::string clsFilas::fFecha(int lngPos) const { return fTextoFecha(fNumero(lngPos)); }
-
-std::int64_t clsFilas::fTamano(int lngPos) const { return m_lstFilas[fNumero(lngPos)].lngBytes; }
-
-bool clsFilas::fMarcada(int lngPos) const { return m_lstMarcas[fNumero(lngPos)]; }
-
-void clsFilas::fMarcar(int lngPos, bool bolMarca) { m_lstMarcas[fNumero(lngPos)] = bolMarca; }
 
 int clsFilas::fContarMarcados() const
 {

@@ -31,14 +31,17 @@ public:
     [[nodiscard]] std::uint64_t fRevision() const { return m_lngRevision; }
 
     /// The fields of a row; the position must be below fCantidad.
-    [[nodiscard]] std::string_view fNombre(int lngPos) const;
+    [[nodiscard]] std::string_view fNombre(int lngPos) const
+    {
+        return fTextoNombre(fNumero(lngPos));
+    }
     [[nodiscard]] std::string_view fCarpeta(int lngPos) const;
     [[nodiscard]] std::string fRuta(int lngPos) const;
-    [[nodiscard]] std::string fFecha(int lngPos) const;
-    [[nodiscard]] std::int64_t fTamano(int lngPos) const;
+    [[nodiscard]] std::string fFecha(int lngPos) const { return fTextoFecha(fNumero(lngPos)); }
+    [[nodiscard]] std::int64_t fTamano(int lngPos) const { return fBytes(fNumero(lngPos)); }
 
-    [[nodiscard]] bool fMarcada(int lngPos) const;
-    void fMarcar(int lngPos, bool bolMarca);
+    [[nodiscard]] bool fMarcada(int lngPos) const { return m_lstMarcas[fNumero(lngPos)]; }
+    void fMarcar(int lngPos, bool bolMarca) { m_lstMarcas[fNumero(lngPos)] = bolMarca; }
     [[nodiscard]] int fContarMarcados() const;
 
     /// The last position whose full path is exactly this one; -1 when there is none.

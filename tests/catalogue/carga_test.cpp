@@ -1,4 +1,4 @@
-#include "catalogue/carga.h"
+#include "catalogue/constructor.h"
 
 #include <gtest/gtest.h>
 
