@@ -228,11 +228,11 @@ private:
 } // namespace
 
 clsBuscaTexto::clsBuscaTexto(const clsFiltro &filtro, clsMayusculas fMayusculas)
-    : m_fMayusculas(std::move(fMayusculas)), m_bolCarpeta(filtro.bolCarpeta), m_modo(filtro.modo)
+    : m_fMayusculas(std::move(fMayusculas)), m_filtro(filtro)
 {
-    m_lstPalabras.reserve(filtro.lstPalabras.size());
+    m_filtro.lstPalabras.clear();
     for (const std::string &strPalabra : filtro.lstPalabras) {
-        fAnadir(m_lstPalabras.emplace_back(), fSinBlancos(strPalabra));
+        fAnadir(m_filtro.lstPalabras.emplace_back(), fSinBlancos(strPalabra));
     }
 }
 
@@ -268,9 +268,9 @@ void clsBuscaTexto::fComponerSujeto(const clsFilas &filas, int lngPos)
     const std::string_view strNombre =
         fCortar(fDescifrar(filas.fNombre(lngPos), strHueco), intResto);
     m_strSujeto.clear();
-    if (m_bolCarpeta && intResto == 0) {
+    if (m_filtro.bolCarpeta && intResto == 0) {
         m_strSujeto.append(fCarpeta(filas, lngPos));
-    } else if (m_bolCarpeta) {
+    } else if (m_filtro.bolCarpeta) {
         // A name shorter than the cut: the rest of it comes off the folder.
         fAnadir(m_strSujeto, fCortar(fTextoPantalla(filas.fCarpeta(lngPos)), intResto));
     }
@@ -279,7 +279,7 @@ void clsBuscaTexto::fComponerSujeto(const clsFilas &filas, int lngPos)
 
 bool clsBuscaTexto::fPasa(const clsFilas &filas, int lngPos)
 {
-    if (m_lstPalabras.empty()) {
+    if (m_filtro.lstPalabras.empty()) {
         return true;
     }
     fComponerSujeto(filas, lngPos);
@@ -287,13 +287,13 @@ bool clsBuscaTexto::fPasa(const clsFilas &filas, int lngPos)
     const auto fContenida = [this](const std::string &strPalabra) {
         return std::string_view(m_strSujeto).find(strPalabra) != std::string_view::npos;
     };
-    switch (m_modo) {
+    switch (m_filtro.modo) {
     case ModoTexto::And:
-        return std::all_of(m_lstPalabras.begin(), m_lstPalabras.end(), fContenida);
+        return std::all_of(m_filtro.lstPalabras.begin(), m_filtro.lstPalabras.end(), fContenida);
     case ModoTexto::Or:
-        return std::any_of(m_lstPalabras.begin(), m_lstPalabras.end(), fContenida);
+        return std::any_of(m_filtro.lstPalabras.begin(), m_filtro.lstPalabras.end(), fContenida);
     case ModoTexto::Nor:
-        return std::none_of(m_lstPalabras.begin(), m_lstPalabras.end(), fContenida);
+        return std::none_of(m_filtro.lstPalabras.begin(), m_filtro.lstPalabras.end(), fContenida);
     }
     return false;
 }

@@ -43,9 +43,7 @@ private:
     [[nodiscard]] const std::string &fCarpeta(const clsFilas &filas, int lngPos);
 
     clsMayusculas m_fMayusculas;
-    bool m_bolCarpeta;
-    ModoTexto m_modo;
-    std::vector<std::string> m_lstPalabras;
+    clsFiltro m_filtro;                     ///< with its words prepared
     std::vector<std::string> m_lstCarpetas; ///< prepared folders by their number; empty: not yet
     std::string m_strSujeto;
 };

@@ -7,7 +7,6 @@
 #include <QDialog>
 
 #include <array>
-#include <functional>
 
 class QCheckBox;
 class QGroupBox;

@@ -7,7 +7,6 @@
 #include "viewer/thumbnailer.h"
 
 #include <algorithm>
-#include <optional>
 #include <thread>
 #include <utility>
 

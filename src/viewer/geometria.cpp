@@ -34,8 +34,8 @@ clsRejilla fDisponerRejilla(const clsRect &fondo, int intTam)
     const int intColumnas = fondo.lngAncho / rejilla.lngCelda;
     const int intFilas = fondo.lngAlto / rejilla.lngCelda;
     // Where one of the two is 0, their sum is the other: the line that there is room for.
-    const int intLinea = std::max(1, intColumnas + intFilas);
-    rejilla.intCeldas = intColumnas * intFilas > 0 ? intColumnas * intFilas : intLinea;
+    rejilla.intCeldas =
+        intColumnas * intFilas > 0 ? intColumnas * intFilas : std::max(1, intColumnas + intFilas);
     rejilla.intColumnas = std::max(1, intColumnas);
     return rejilla;
 }
