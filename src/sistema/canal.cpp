@@ -21,7 +21,7 @@ clsResultado<bool> fEsperar(const clsDescriptor &extremo, short intEventos, int 
 }
 
 /// As a value or an error what a call gave that does not wait.
-clsResultado<std::size_t> fCuenta(ssize_t lngBytes)
+clsResultado<std::size_t> fCuentaSinEspera(ssize_t lngBytes)
 {
     const bool bolEspera = errno == EAGAIN || errno == EWOULDBLOCK || errno == EINTR;
     if (lngBytes < 0 && !bolEspera) {
@@ -59,7 +59,7 @@ void fEsperarCierre(const clsDescriptor &extremo)
 
 clsResultado<std::size_t> fEnviar(const clsDescriptor &extremo, std::string_view strBytes)
 {
-    return fCuenta(
+    return fCuentaSinEspera(
         send(extremo.fFd(), strBytes.data(), strBytes.size(), MSG_NOSIGNAL | MSG_DONTWAIT));
 }
 
@@ -67,7 +67,8 @@ clsResultado<std::size_t> fRecibir(const clsDescriptor &extremo, void *bytDatos,
                                    std::size_t lngBytes)
 {
     const ssize_t lngRecibidos = recv(extremo.fFd(), bytDatos, lngBytes, MSG_DONTWAIT);
-    return lngRecibidos == 0 ? clsResultado<std::size_t>(clsError(EPIPE)) : fCuenta(lngRecibidos);
+    return lngRecibidos == 0 ? clsResultado<std::size_t>(clsError(EPIPE))
+                             : fCuentaSinEspera(lngRecibidos);
 }
 
 void fLimitarPrograma([[maybe_unused]] std::uint64_t lngMemoria)

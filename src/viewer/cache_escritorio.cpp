@@ -15,11 +15,11 @@
 
 namespace {
 
-struct clsTam {
+struct clsTamano {
     const char *strCarpeta;
     int intLado;
 };
-constexpr clsTam lstTamanos[] = {
+constexpr clsTamano lstTamanos[] = {
     {"normal/",   128 },
     {"large/",    256 },
     {"x-large/",  512 },
@@ -158,7 +158,7 @@ std::string clsCacheEscritorio::fCarpetaUsual()
 
 int clsCacheEscritorio::fLadoCache(int intLado)
 {
-    for (const clsTam &tam : lstTamanos) {
+    for (const clsTamano &tam : lstTamanos) {
         if (tam.intLado >= intLado) {
             return tam.intLado;
         }
@@ -170,7 +170,7 @@ QImage clsCacheEscritorio::fLeer(const std::string &strRuta, const clsHuella &hu
                                  int intLado) const
 {
     QImage imagen;
-    for (const clsTam &tam : lstTamanos) {
+    for (const clsTamano &tam : lstTamanos) {
         if (imagen.isNull() && !m_strCarpeta.empty() && tam.intLado >= intLado) {
             imagen = fLeerEntrada(m_strCarpeta + tam.strCarpeta, strRuta, huella);
         }
@@ -181,7 +181,7 @@ QImage clsCacheEscritorio::fLeer(const std::string &strRuta, const clsHuella &hu
 void clsCacheEscritorio::fGuardar(const std::string &strRuta, const clsHuella &huella, int intLado,
                                   const QImage &imagen) const
 {
-    for (const clsTam &tam : lstTamanos) {
+    for (const clsTamano &tam : lstTamanos) {
         if (tam.intLado == intLado && !fPropia(strRuta)) {
             fPonerEntrada(m_strCarpeta + tam.strCarpeta, strRuta, huella, imagen);
         }

@@ -23,7 +23,7 @@ constexpr qint64 lngPaciencia = 2000;
 constexpr std::chrono::milliseconds pacienciaMirada{200};
 
 /// Bytes of pixels that are kept.
-constexpr qint64 lngMaximoGuardado = qint64{256} << 20;
+constexpr qint64 lngMaximoFotos = qint64{256} << 20;
 
 /// Decodes a picture on a thread.
 clsAlmacen<clsFoto>::clsPieza fPieza(const clsPedido &pedido)
@@ -56,7 +56,7 @@ void fFondoNeutro(QWidget &control)
 clsVisor::clsVisor(QWidget *cliente)
     : QObject(cliente), m_lblFondo(new QLabel(cliente)), m_frmRecuadro(new QFrame(cliente)),
       m_imgFoto(new imgFoto(m_frmRecuadro)),
-      m_almacen({.lngBytes = lngMaximoGuardado,
+      m_almacen({.lngBytes = lngMaximoFotos,
                  .intHilos = 2, // the visible picture and one neighbour at a time
                  .fAvisar = fAvisarA(this),
                  .fLlegada = [this](const std::string &strClave) { fLlegar(strClave); }}),

@@ -114,7 +114,10 @@ bool fProbar(clsEntrada &entrada, const clsEmpeno &empeno, int intLado, clsFotog
 {
     clsPelicula pelicula(entrada, empeno, intLado);
     bolSeguir = pelicula.fAbierta();
-    const clsCuadro cuadro = bolSeguir ? pelicula.fCuadro() : nullptr;
+    if (!bolSeguir) {
+        return false;
+    }
+    const clsCuadro cuadro = pelicula.fCuadro();
     if (!cuadro) {
         return false;
     }
