@@ -2,6 +2,7 @@
 
 #include "app/arranque.h"
 #include "browse/mandos.h"
+#include "catalogue/mudanza.h"
 #include "shared/mensajes.h"
 #include "shared/ocupado.h"
 #include "shared/ritmo.h"
@@ -57,8 +58,10 @@ void fAtenderPasos(const clsComun &comun, clsMandos &mandos);
 void fAtenderProgramas(const clsComun &comun, clsMandos &mandos);
 
 /// Reads the catalogue into the list, which is empty, and before that builds it where that is
-/// wanted or needed. Says what went wrong; the list may still be empty then.
-void fCargarCatalogo(const clsComun &comun, bool bolForzar);
+/// wanted or needed. Says what went wrong; the list may still be empty then. The catalogue of an
+/// archive that has moved is taken over, on the disk, too, where that can be written.
+/// @return by what its paths were taken over.
+clsMudanza fCargarCatalogo(const clsComun &comun, bool bolForzar);
 /// Say why the catalogue is not written: another Miravel works on it; or the reason given.
 void fAvisarOcupada(clsMensajes &mensajes);
 void fAvisarSinCatalogo(clsMensajes &mensajes, const std::string &strMotivo);

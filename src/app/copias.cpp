@@ -13,12 +13,11 @@
 
 namespace {
 
-void fAvisarFallo(clsMensajes &mensajes, const clsFalloCopia &fallo)
+void fAvisarFallo(clsMensajes &mensajes, const std::string &strOrigen, const clsFalloCopia &fallo)
 {
-    mensajes.fAviso(Icono::Problema, "No se ha podido copiar el archivo.\r\n" +
-                                         fTextoPantalla(fallo.strOrigen) + "\r\n" +
-                                         fTextoPantalla(fallo.strDestino) + "\r\n" +
-                                         fTextoError(fallo.error));
+    mensajes.fAviso(Icono::Problema,
+                    "No se ha podido copiar el archivo.\r\n" + fTextoPantalla(strOrigen) + "\r\n" +
+                        fTextoPantalla(fallo.strDestino) + "\r\n" + fTextoError(fallo.error));
 }
 
 /// Does something with the folder of the Baúl, then counts what is in it; says when there is none
@@ -54,7 +53,7 @@ void fEnviar(const clsComun &comun, const clsDestino &fDestino)
     std::vector<std::string> lstRutas;
     lstRutas.reserve(lstPosiciones.size());
     for (const int lngPos : lstPosiciones) {
-        lstRutas.push_back(comun.estado.filas.fRuta(lngPos));
+        lstRutas.push_back(comun.estado.filas.fRutaDisco(lngPos));
     }
     std::span<const int> lstConMarca = lstPosiciones;
     const auto fQuitarMarcas = [&](int lngHechas) {
@@ -77,7 +76,8 @@ void fEnviar(const clsComun &comun, const clsDestino &fDestino)
         return;
     }
     if (fin.fallo) {
-        fAvisarFallo(comun.mensajes, *fin.fallo);
+        const int lngPos = lstPosiciones[static_cast<std::size_t>(fin.lngHechas)];
+        fAvisarFallo(comun.mensajes, comun.estado.filas.fRuta(lngPos), *fin.fallo);
     }
     comun.fMostrar(comun.estado.lngActual);
 }

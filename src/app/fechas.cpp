@@ -15,7 +15,7 @@ void fMostrarExif(const clsComun &comun)
 {
     frmExif ventana(comun.ventana);
     ventana.setWindowIcon(comun.ventana->windowIcon());
-    ventana.fbolShow(fQ(GetExifText(comun.estado.filas.fRuta(comun.estado.lngActual))));
+    ventana.fbolShow(fQ(GetExifText(comun.estado.filas.fRutaDisco(comun.estado.lngActual))));
 }
 
 void fBuscar(const clsComun &comun)
@@ -26,7 +26,7 @@ void fBuscar(const clsComun &comun)
     bool bolSeguir = comun.fSeguir() && comun.estado.parada == Parada::Ninguna;
     clsRitmo ritmo;
     clsPreguntas preguntas;
-    preguntas.fRuta = [&comun](int lngPos) { return comun.estado.filas.fRuta(lngPos); };
+    preguntas.fRuta = [&comun](int lngPos) { return comun.estado.filas.fRutaDisco(lngPos); };
     preguntas.fCorrecta = fFechaCorrecta;
     preguntas.fPaso = [&](int lngPos) {
         bolSeguir = bolSeguir && ritmo.fSeguir([&] {
@@ -46,10 +46,10 @@ void fBuscar(const clsComun &comun)
     const clsOcupado ocupado(comun.ocupacion);
     clsRitmo ritmo;
     for (const int lngPos : fMarcadasOActual(comun.estado)) {
-        const std::string strRuta = comun.estado.filas.fRuta(lngPos);
-        lstFicheros.emplace_back().fCargar(strRuta);
+        lstFicheros.emplace_back().fCargar(comun.estado.filas.fRutaDisco(lngPos));
         if (!lstFicheros.back().bolDatos()) {
-            comun.mensajes.fAviso(Icono::Problema, fAvisoFichero(fTextoPantalla(strRuta)));
+            comun.mensajes.fAviso(Icono::Problema,
+                                  fAvisoFichero(fTextoPantalla(comun.estado.filas.fRuta(lngPos))));
             return false;
         }
         if (!ritmo.fSeguir(comun.fSeguir)) {

@@ -9,6 +9,7 @@
 #include "catalogue/modelo_fotos.h"
 #include "shared/programa.h"
 #include "shared/qtexto.h"
+#include "shared/rutas.h"
 #include "sistema/entorno.h"
 #include "viewer/cmdAncho.h"
 #include "viewer/encaje.h"
@@ -70,7 +71,11 @@ frmMain::frmMain(clsArchivo archivo, clsAjustes &ajustes, clsMensajes &mensajes)
           new clsInformacion(m_cliente, fSignosLocales(), m_toolBar->sizeHint().height())),
       m_puerta(new clsPuerta(*this, m_estado, m_mandos)), m_comun(fComun())
 {
-    m_visor->fAnticipar(m_ajustes.fConsultar(strSeccionGeneral, "SELEC"));
+    m_estado.filas.fFijarRaiz(m_archivo.strRaiz);
+    if (const auto strSelec = m_ajustes.fConsultar(strSeccionGeneral, "SELEC");
+        fBajoRaiz(strSelec, m_archivo.strRaiz)) {
+        m_visor->fAnticipar(strSelec);
+    }
     m_estado.medios = m_archivo.preferencias.medios;
     m_estado.intTamMini = m_archivo.preferencias.intTamMini;
     fCrearControles();
@@ -329,7 +334,7 @@ void frmMain::fLlenarLista(bool bolForzar, const std::string &strRuta, int lngSi
     m_miniaturas->fVaciar();
     m_modelo->fRellenar([this](clsFilas & /*filas*/) { fEmpezarLista(m_estado); });
     m_lista->fAnchosIniciales();
-    fCargarCatalogo(m_comun, bolForzar);
+    const clsMudanza mudanza = fCargarCatalogo(m_comun, bolForzar);
     fMostrarEstado();
     if (m_estado.fCerrando()) {
         return;
@@ -340,7 +345,7 @@ void frmMain::fLlenarLista(bool bolForzar, const std::string &strRuta, int lngSi
         return;
     }
     fOrdenarLista();
-    fMostrarArchivo(fActualTrasLlenar(m_estado, strRuta, lngSiFalta));
+    fMostrarArchivo(fActualTrasLlenar(m_estado, mudanza.fRuta(strRuta), lngSiFalta));
 }
 
 void frmMain::fOrdenarLista()
@@ -435,7 +440,7 @@ bool frmMain::fDibujar()
     if (m_estado.bolMiniaturas) {
         return m_miniaturas->fMostrar(m_estado.lngActual, entorno);
     }
-    return m_visor->fMostrar(m_estado.filas.fRuta(m_estado.lngActual), entorno);
+    return m_visor->fMostrar(m_estado.filas.fRutaDisco(m_estado.lngActual), entorno);
 }
 
 void frmMain::fTerminarMostrar()
@@ -454,7 +459,7 @@ void frmMain::fTerminarMostrar()
     }
     std::vector<std::string> lstVecinas;
     for (const int lngPos : fVecinas(m_estado)) {
-        lstVecinas.push_back(m_estado.filas.fRuta(lngPos));
+        lstVecinas.push_back(m_estado.filas.fRutaDisco(lngPos));
     }
     m_visor->fAdelantar(lstVecinas);
 }

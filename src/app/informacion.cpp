@@ -127,7 +127,7 @@ void clsInformacion::fCrearAviso()
 
 void clsInformacion::fMostrar(const clsEstado &estado)
 {
-    fJuzgar(estado.filas.fRuta(estado.lngActual));
+    fJuzgar(estado.filas.fRutaDisco(estado.lngActual));
     fLugar(estado.lngActual, estado.filas.fCantidad());
     fDecir(fQ(fTextoInfo2(estado, m_signos)));
 }

@@ -26,13 +26,13 @@ void fConstruir(const clsComun &comun)
     }
 }
 
-void fLeer(const clsComun &comun, const std::string &strCatalogo)
+void fLeer(const clsComun &comun, const std::string &strCatalogo, const clsMudanza &mudanza)
 {
     const std::string strMostrado = fTextoPantalla(strCatalogo) + "\r\n";
     clsResultado<clsLectura> lectura = clsError();
     comun.modelo.fRellenar([&](clsFilas &filas) {
-        lectura =
-            fLeerFicheroCatalogo(strCatalogo, fExtensionesVisibles(comun.estado.medios), filas);
+        lectura = fLeerFicheroCatalogo(strCatalogo, fExtensionesVisibles(comun.estado.medios),
+                                       filas, mudanza);
     });
     comun.estado.lngTotalKB = lectura ? lectura->lngTotalKB : 0;
     if (!lectura && lectura.fError() != ENOENT) {
@@ -47,7 +47,7 @@ void fLeer(const clsComun &comun, const std::string &strCatalogo)
 
 } // namespace
 
-void fCargarCatalogo(const clsComun &comun, bool bolForzar)
+clsMudanza fCargarCatalogo(const clsComun &comun, bool bolForzar)
 {
     const std::string strCatalogo = comun.archivo.strRaiz + std::string(strFicheroCatalogo);
     const auto huella = fHuella(strCatalogo);
@@ -63,7 +63,11 @@ void fCargarCatalogo(const clsComun &comun, bool bolForzar)
     if (decision.bolSinPermiso) {
         fAvisarSinCatalogo(comun.mensajes, "No tienes permiso de escritura.");
     }
-    fLeer(comun, strCatalogo);
+    const clsMudanza mudanza = fBuscarMudanza(strCatalogo, comun.archivo.strRaiz, fExisteArchivo);
+    const bool bolEscrita =
+        mudanza.fHay() && comun.archivo.bolEscritura && !fMudarCatalogo(strCatalogo, mudanza);
+    fLeer(comun, strCatalogo, bolEscrita ? clsMudanza() : mudanza);
+    return mudanza;
 }
 
 void fAvisarOcupada(clsMensajes &mensajes)

@@ -2,6 +2,7 @@
 #include "app/frmAcerca.h"
 #include "browse/ayuda.h"
 #include "shared/errores.h"
+#include "shared/rutas.h"
 #include "shared/texto.h"
 #include "sistema/entorno.h"
 
@@ -74,7 +75,8 @@ void fAtenderProgramas(const clsComun &comun, clsMandos &mandos)
 {
     mandos.fAtender("abrir", [&comun] { fAbrirArchivo(comun); });
     mandos.fAtender("carpeta", [&comun] {
-        fAbrirConSistema(std::string(comun.estado.filas.fCarpeta(comun.estado.lngActual)));
+        fAbrirConSistema(
+            std::string(fCarpetaDe(comun.estado.filas.fRutaDisco(comun.estado.lngActual))));
     });
     mandos.fAtender("ayuda", [&comun] { fMostrarAyuda(comun); });
     mandos.fAtender("acerca", [&comun] { fMostrarAcerca(comun); });
@@ -83,6 +85,6 @@ void fAtenderProgramas(const clsComun &comun, clsMandos &mandos)
 void fAbrirArchivo(const clsComun &comun)
 {
     if (!comun.estado.filas.fVacia()) { // the list can have changed since the double click
-        fAbrirConSistema(comun.estado.filas.fRuta(comun.estado.lngActual));
+        fAbrirConSistema(comun.estado.filas.fRutaDisco(comun.estado.lngActual));
     }
 }

@@ -42,6 +42,12 @@ std::string clsFilas::fRuta(int lngPos) const
     return std::string(fCarpeta(lngPos)).append(fNombre(lngPos));
 }
 
+std::string clsFilas::fRutaDisco(int lngPos) const
+{
+    std::string strRuta = fRuta(lngPos);
+    return fBajoRaiz(strRuta, m_strRaiz) ? strRuta : std::string();
+}
+
 int clsFilas::fContarMarcados() const
 {
     return static_cast<int>(std::count(m_lstMarcas.begin(), m_lstMarcas.end(), true));
@@ -64,9 +70,10 @@ int clsFilas::fBuscarRuta(std::string_view strRuta) const
 
 void clsFilas::fVaciar()
 {
-    const std::uint64_t lngRevision = m_lngRevision;
-    *this = clsFilas();
-    m_lngRevision = lngRevision + 1;
+    clsFilas vacia;
+    vacia.m_strRaiz = std::move(m_strRaiz);
+    vacia.m_lngRevision = m_lngRevision + 1;
+    *this = std::move(vacia);
 }
 
 void clsFilas::fReservar(std::size_t lngFilas, std::size_t lngBytesTexto)

@@ -6,6 +6,7 @@
 #include <string>
 #include <string_view>
 #include <unordered_map>
+#include <utility>
 #include <vector>
 
 /// Field codes of a row.
@@ -37,6 +38,9 @@ public:
     }
     [[nodiscard]] std::string_view fCarpeta(int lngPos) const;
     [[nodiscard]] std::string fRuta(int lngPos) const;
+    /// The path for whoever goes to the disk, or to another program, with it: empty, so that
+    /// nothing is there, for a row that does not lie below the root.
+    [[nodiscard]] std::string fRutaDisco(int lngPos) const;
     [[nodiscard]] std::string fFecha(int lngPos) const { return fTextoFecha(fNumero(lngPos)); }
     [[nodiscard]] std::int64_t fTamano(int lngPos) const { return fBytes(fNumero(lngPos)); }
 
@@ -46,6 +50,9 @@ public:
 
     /// The last position whose full path is exactly this one; -1 when there is none.
     [[nodiscard]] int fBuscarRuta(std::string_view strRuta) const;
+
+    /// The archive's root, with a trailing "/".
+    void fFijarRaiz(std::string strRaiz) { m_strRaiz = std::move(strRaiz); }
 
     void fVaciar();
     /// Adds a row at the end. strRuta: full path; strFecha: date text as it stands; lngBytes: size.
@@ -95,6 +102,7 @@ private:
     }
     std::uint32_t fAnotarCarpeta(std::string_view strCarpeta);
 
+    std::string m_strRaiz;
     std::string m_strTextos;
     std::vector<clsFila> m_lstFilas;
     // Apart from the rest of a row, since a step can have to look at those of all rows at once.

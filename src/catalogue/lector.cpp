@@ -13,8 +13,8 @@ namespace {
 /// Turns the lines of records into rows.
 class clsRellenador {
 public:
-    clsRellenador(std::string_view strExtensiones, clsFilas &filas)
-        : m_strExtensiones(strExtensiones), m_filas(filas)
+    clsRellenador(std::string_view strExtensiones, clsFilas &filas, const clsMudanza &mudanza)
+        : m_strExtensiones(strExtensiones), m_filas(filas), m_mudanza(mudanza)
     {
     }
     /// @return whether reading goes on.
@@ -57,6 +57,10 @@ private:
 
     void fFila()
     {
+        std::string strMudada;
+        if (m_mudanza.fHay()) {
+            m_lstHuecos[0] = strMudada = m_mudanza.fRuta(m_lstHuecos[0]);
+        }
         if (fRutaOculta(m_lstHuecos[0])) {
             return;
         }
@@ -74,6 +78,7 @@ private:
 
     const std::string_view m_strExtensiones;
     clsFilas &m_filas;
+    const clsMudanza &m_mudanza;
     clsLectura m_lectura;
     std::int64_t m_lngTotal = 0;
     std::int64_t m_lngLinea = 0;
@@ -86,9 +91,10 @@ private:
 
 } // namespace
 
-clsLectura fLeerCatalogo(clsRegistros &registros, std::string_view strExtensiones, clsFilas &filas)
+clsLectura fLeerCatalogo(clsRegistros &registros, std::string_view strExtensiones, clsFilas &filas,
+                         const clsMudanza &mudanza)
 {
-    clsRellenador rellenador(strExtensiones, filas);
+    clsRellenador rellenador(strExtensiones, filas, mudanza);
     const clsRegistro *registro = registros.fSiguiente();
     while (registro != nullptr && rellenador.fTomar(*registro)) {
         registro = registros.fSiguiente();
@@ -97,7 +103,8 @@ clsLectura fLeerCatalogo(clsRegistros &registros, std::string_view strExtensione
 }
 
 clsResultado<clsLectura> fLeerFicheroCatalogo(const std::string &strRuta,
-                                              std::string_view strExtensiones, clsFilas &filas)
+                                              std::string_view strExtensiones, clsFilas &filas,
+                                              const clsMudanza &mudanza)
 {
     const auto archivo = fAbrirRegular(strRuta);
     if (!archivo) {
@@ -109,7 +116,7 @@ clsResultado<clsLectura> fLeerFicheroCatalogo(const std::string &strRuta,
     const auto lngFilas = static_cast<std::size_t>(archivo->huella.lngBytes / lngRegistroCorto);
     filas.fReservar(lngFilas, lngFilas * lngNombreCorto);
     clsRegistros registros(fBytesDe(archivo->descriptor));
-    const clsLectura lectura = fLeerCatalogo(registros, strExtensiones, filas);
+    const clsLectura lectura = fLeerCatalogo(registros, strExtensiones, filas, mudanza);
     if (registros.fError()) {
         return registros.fError();
     }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "catalogue/filas.h"
+#include "catalogue/mudanza.h"
 #include "catalogue/registro.h"
 #include "sistema/resultado.h"
 
@@ -28,9 +29,12 @@ struct clsLectura {
 /// ignored, a line too few shifts all that follows. Only a size that is no number stops the
 /// reading; the rows before it stay, as they do when the bytes end in an error.
 [[nodiscard]] clsLectura fLeerCatalogo(clsRegistros &registros, std::string_view strExtensiones,
-                                       clsFilas &filas);
+                                       clsFilas &filas, const clsMudanza &mudanza = {});
 
 /// The same from the catalogue's file.
+/// @param mudanza what the rows' paths are taken over by.
 /// @return an error when the file cannot be read to its end; the rows before it stay.
-[[nodiscard]] clsResultado<clsLectura>
-fLeerFicheroCatalogo(const std::string &strRuta, std::string_view strExtensiones, clsFilas &filas);
+[[nodiscard]] clsResultado<clsLectura> fLeerFicheroCatalogo(const std::string &strRuta,
+                                                            std::string_view strExtensiones,
+                                                            clsFilas &filas,
+                                                            const clsMudanza &mudanza = {});

@@ -190,7 +190,7 @@ private:
                 return false;
             }
             if (m_filtro.bolFechas || m_texto.fPasa(m_filas, m_lngSiguiente)) {
-                bloque.push_back({m_lngSiguiente, m_filas.fRuta(m_lngSiguiente)});
+                bloque.push_back({m_lngSiguiente, m_filas.fRutaDisco(m_lngSiguiente)});
             }
         }
         return true;

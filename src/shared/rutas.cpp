@@ -1,5 +1,7 @@
 #include "shared/rutas.h"
 
+#include <algorithm>
+
 std::string fBarraFinal(std::string_view strRuta, bool bolQuitar)
 {
     const bool bolBarra = strRuta.ends_with('/');
@@ -40,6 +42,22 @@ bool fRutaOculta(std::string_view strRuta)
         }
     }
     return false;
+}
+
+bool fBajoRaiz(std::string_view strRuta, std::string_view strRaiz)
+{
+    if (!strRuta.starts_with(strRaiz) || strRuta.find('\0') != std::string_view::npos) {
+        return false;
+    }
+    for (std::size_t lngDesde = strRaiz.size(); lngDesde <= strRuta.size();) {
+        const std::size_t lngBarra = std::min(strRuta.find('/', lngDesde), strRuta.size());
+        const std::string_view strParte = strRuta.substr(lngDesde, lngBarra - lngDesde);
+        if (strParte == "." || strParte == "..") {
+            return false;
+        }
+        lngDesde = lngBarra + 1;
+    }
+    return true;
 }
 
 std::string fRutaAbsoluta(std::string_view strRuta, std::string_view strCarpeta)

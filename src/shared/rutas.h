@@ -21,5 +21,9 @@
 /// Whether a folder or the file of this path is hidden: "/X_" anywhere in it, in either case.
 [[nodiscard]] bool fRutaOculta(std::string_view strRuta);
 
+/// Whether a path certainly names something below strRaiz (with a trailing "/"), as far as names
+/// can tell: it starts with it, no part behind it is "." or "..", and there is no byte 0.
+[[nodiscard]] bool fBajoRaiz(std::string_view strRuta, std::string_view strRaiz);
+
 /// The path as it is when it is absolute, else below strCarpeta. Nothing is resolved or tidied.
 [[nodiscard]] std::string fRutaAbsoluta(std::string_view strRuta, std::string_view strCarpeta);

@@ -101,6 +101,9 @@ std::string fDFmtLocale(const std::string &strLocale)
 
 void fAbrirConSistema(const std::string &strRuta)
 {
+    if (strRuta.empty()) {
+        return;
+    }
     const std::string strCarpeta = fCarpetaPrograma();
     char strPrograma[] = "xdg-open";
     std::string strArgumento = strRuta;

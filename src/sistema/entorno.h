@@ -39,5 +39,5 @@ struct clsSignos {
 
 /// Has the desktop open a file or a folder with its default program (xdg-open), detached, with the
 /// program's folder as working folder. The path reaches it byte by byte as its only argument.
-/// Nothing is reported when that fails.
+/// Nothing is reported when that fails; nothing happens without a path.
 void fAbrirConSistema(const std::string &strRuta);

@@ -176,7 +176,7 @@ void clsMiniaturas::fEncargar(int lngInicio)
             const clsCelda &celda = m_lstCeldas[static_cast<std::size_t>(lngPos - lngDesde)];
             const bool bolFalta = celda.bolPendiente || !fMuestra(celda, lngPos);
             if (lngDesde != lngInicio || bolFalta != bolMostradas) {
-                fAnadir(m_filas.fRuta(lngPos));
+                fAnadir(m_filas.fRutaDisco(lngPos));
             }
         }
     };
@@ -211,7 +211,7 @@ bool clsMiniaturas::fDibujar(std::size_t lngCelda, int lngPos, const clsEntorno 
     if (!m_desdeCeder.isValid()) {
         entorno.fProcesando();
     }
-    const std::string strRuta = m_filas.fRuta(lngPos);
+    const std::string strRuta = m_filas.fRutaDisco(lngPos);
     m_almacen.fRecoger();
     // Looked for before every wait: what came while other events ran wakes nobody any more.
     while (entorno.fVigente() && !fHecha(strRuta)) {
@@ -234,7 +234,7 @@ bool clsMiniaturas::fDibujar(std::size_t lngCelda, int lngPos, const clsEntorno 
 /// @return false when a message has let events run and the cell is not the file's any more.
 bool clsMiniaturas::fPintar(std::size_t lngCelda, int lngPos, const std::function<bool()> &fVigente)
 {
-    const std::string strRuta = m_filas.fRuta(lngPos);
+    const std::string strRuta = m_filas.fRutaDisco(lngPos);
     const double dblDpr = m_cliente->devicePixelRatioF();
     const bool bolVideo = fEsVideo(strRuta);
     const clsMiniatura miniatura =
@@ -298,7 +298,7 @@ void clsMiniaturas::fRenovar(std::size_t lngCelda)
     if (celda.lngPos < 0 || !fMuestra(celda, celda.lngPos)) {
         return;
     }
-    const auto miniatura = fHecha(m_filas.fRuta(celda.lngPos));
+    const auto miniatura = fHecha(m_filas.fRutaDisco(celda.lngPos));
     if (!miniatura || miniatura->extraccion == Extraccion::Pendiente) {
         return;
     }

@@ -50,6 +50,19 @@ TEST(Rutas, AreHiddenByAnyPartThatBeginsWithX)
     }
 }
 
+TEST(Rutas, LieBelowTheRootByTheirNamesAlone)
+{
+    using namespace std::string_view_literals;
+    for (const auto strRuta : {"/f/a.jpg"sv, "/f/b/..a/c."sv, "/f/"sv, "/f//.jpg"sv}) {
+        EXPECT_TRUE(fBajoRaiz(strRuta, "/f/")) << strRuta;
+    }
+    for (const auto strRuta :
+         {""sv, "/f"sv, "/fa.jpg"sv, "a.jpg"sv, "--version.jpg"sv, "http://f/a.jpg"sv, "/f/.."sv,
+          "/f/../a.jpg"sv, "/f/b/../a.jpg"sv, "/f/./a.jpg"sv, "/f/..\0/a.jpg"sv}) {
+        EXPECT_FALSE(fBajoRaiz(strRuta, "/f/")) << strRuta;
+    }
+}
+
 TEST(Medios, GoByTheWholeExtensionInEitherCase)
 {
     const auto fEsFoto = [](const char *strRuta) {

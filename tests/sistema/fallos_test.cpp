@@ -3,6 +3,7 @@
 
 #include "browse/copia.h"
 #include "catalogue/constructor.h"
+#include "catalogue/mudanza.h"
 #include "dates/correccion.h"
 #include "shared/ajustes.h"
 #include "sistema/reemplazo.h"
@@ -274,6 +275,27 @@ TEST(Fallos, OfABuildLeaveTheOldCatalogueOrAWholeOne)
     const clsLlamadas disco = fSinEspera(llamadasReales);
     fConCadaFallo(disco, 30, [](const clsPlan &plan) { fProbarConstruccion(plan, "viejo"); });
     fConCadaFallo(disco, 30, [](const clsPlan &plan) { fProbarConstruccion(plan, ""); });
+}
+
+void fProbarMudanza(const clsPlan &plan)
+{
+    const clsArbol arbol;
+    const std::string strViejo = fCatalogo({"/m/a.jpg", "/n/b.jpg"}, "f");
+    arbol.fCrear(strDat, strViejo);
+    clsError error;
+    {
+        const clsFallos fallos(plan);
+        error = fMudarCatalogo(arbol.fRuta(strDat), {"/m/", arbol.fRaiz()});
+    }
+    const std::string strNuevo = fCatalogo({arbol.fRuta("a.jpg"), "/n/b.jpg"}, "f");
+    const std::string strQueda = arbol.fLeer(strDat);
+    EXPECT_TRUE(strQueda == strNuevo || (error && strQueda == strViejo)) << strQueda;
+    EXPECT_EQ(fNombres(arbol, plan, strDat), Textos{strDat});
+}
+
+TEST(Fallos, OfTakingAMovedArchiveOverLeaveTheOldCatalogueOrTheNewOne)
+{
+    fConCadaFallo(fSinEspera(llamadasReales), 8, fProbarMudanza);
 }
 
 // --- Settings ---

@@ -1,10 +1,14 @@
 // What must not go wrong: closing in the middle of something, odd files, odd names.
 #include "sesion.h"
 
+#include <QAbstractButton>
 #include <QDialog>
+#include <QLineEdit>
+#include <QPlainTextEdit>
 #include <QTableView>
 
 #include <fcntl.h>
+#include <filesystem>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -215,6 +219,103 @@ private slots:
         arbol.fCrear("2008/playa.jpg", fJpeg(fCuartos({30, 60})), fMomento("2020-01-01 00:00:00"));
         sesion.fClicFila(0);
         QTRY_COMPARE(sesion.fTamFoto(), QSize(30, 60));
+    }
+
+    void fACopiedArchiveIsItsOwn_data()
+    {
+        QTest::addColumn<bool>("bolEscritura");
+        QTest::newRow("for good") << true;
+        QTest::newRow("as long as it is read only") << false;
+    }
+    void fACopiedArchiveIsItsOwn()
+    {
+        QFETCH(bool, bolEscritura);
+        const clsArbol arbol;
+        const clsArbol copia;
+        fLlenarArbol(arbol);
+        {
+            clsSesion primera(arbol);
+            QVERIFY(primera.fAbrir());
+            primera.fTecla(Qt::Key_F12);
+            QTRY_COMPARE(primera.fPosicion(), 1);
+        }
+        std::filesystem::copy(arbol.fRaiz(), copia.fRaiz(),
+                              std::filesystem::copy_options::recursive);
+        const std::string strCatalogo = arbol.fLeer("Miravel.dat");
+        clsSesion sesion(copia, bolEscritura);
+        QVERIFY(sesion.fAbrir());
+        QCOMPARE(sesion.mensajes.fDichos(), QStringList());
+        if (!bolEscritura) { // then no settings are read
+            sesion.fTecla(Qt::Key_F12);
+        }
+        QTRY_COMPARE(sesion.fPosicion(), 1); // the file that was current in the original
+        QVERIFY(sesion.fTexto("txtInfo2")
+                    .startsWith(QString::fromStdString(copia.fRuta("2009/boda.JPG "))));
+        QCOMPARE(copia.fLeer("Miravel.dat") == strCatalogo, !bolEscritura);
+        const clsCuando corregir = fEnDialogo("frmFecha", [](QDialog &dialogo) {
+            dialogo.findChild<QLineEdit *>("txtDateTime")->setText("01/02/2003");
+            QTest::mouseClick(dialogo.findChild<QAbstractButton *>("cmdAceptar1"), Qt::LeftButton);
+        });
+        sesion.fTecla(Qt::Key_W, Qt::ShiftModifier);
+        QCOMPARE(corregir.fHecho(), bolEscritura);
+        QTRY_COMPARE(sesion.fCelda(0, 0), bolEscritura ? "20030201_boda.JPG" : "playa.jpg");
+        QCOMPARE(copia.fNombres("2009").front() == "20030201_boda.JPG", bolEscritura);
+        QCOMPARE(arbol.fNombres("2009").front(), "boda.JPG");
+        QCOMPARE(arbol.fLeer("Miravel.dat"), strCatalogo);
+    }
+
+    void fWhatLiesOutsideTheRootIsReachedByNothing()
+    {
+        const clsAbridor abridor;
+        const clsArbol fuera;
+        fuera.fCrear("f.jpg", fJpeg(fCuartos({40, 40}), 1));
+        const clsArbol arbol;
+        arbol.fCrear("dentro.jpg", fJpeg(fCuartos({40, 40})));
+        const std::string strNombreFuera =
+            std::filesystem::path(fuera.fRaiz() + ".").parent_path().filename();
+        std::string strCatalogo = fRegistro(arbol.fRuta("dentro.jpg"), "2010/01/01 00:00:00");
+        for (const std::string &strRuta :
+             {fuera.fRuta("f.jpg"), arbol.fRuta("../" + strNombreFuera + "/f.jpg"),
+              "file://" + fuera.fRuta("f.jpg"), std::string("http://localhost/f.jpg"),
+              std::string("--version.jpg")}) {
+            strCatalogo += fRegistro(strRuta, "2011/01/01 00:00:00");
+        }
+        arbol.fCrear("Miravel.dat", strCatalogo);
+        arbol.fCrear("Miravel.ini", "[GENERAL]\r\nSELEC=" + fuera.fRuta("f.jpg") + "\r\n");
+        clsSesion sesion(arbol);
+        QVERIFY(sesion.fAbrir());
+        QCOMPARE(sesion.fNombres().size(), 6);
+        const clsArbol destino;
+        sesion.mensajes.strCarpeta = destino.fRaiz();
+        for (int lngPos = 1; lngPos < 6; ++lngPos) {
+            sesion.fClicFila(lngPos);
+            QTRY_COMPARE(sesion.fPosicion(), lngPos);
+            QVERIFY(sesion.fSinImagen());
+            static_cast<void>(sesion.mensajes.fDichos());
+            sesion.fTecla(Qt::Key_Return);
+            sesion.fTecla(Qt::Key_C);
+            sesion.fTecla(Qt::Key_W, Qt::ShiftModifier);
+            QVERIFY(sesion.mensajes.fDichos().join('|').startsWith(
+                "Hay algún problema con el fichero: \r\n" + sesion.fCelda(lngPos, 3)));
+            sesion.fElegirEntrada("mnuOpcionesCopiar");
+            QVERIFY(sesion.mensajes.fDichos().join('|').contains(
+                "\r\n" + sesion.fCelda(lngPos, 3) + sesion.fCelda(lngPos, 0) + "\r\n"));
+            sesion.fTecla(Qt::Key_Space); // what was not copied keeps its tick
+            QVERIFY(!sesion.fMarcada(lngPos));
+            QString strExif;
+            const clsCuando exif = fEnDialogo("frmExif", [&](QDialog &dialogo) {
+                strExif = dialogo.findChild<QPlainTextEdit *>("txtExif")->toPlainText();
+                dialogo.close();
+            });
+            sesion.fTecla(Qt::Key_I);
+            QVERIFY(exif.fHecho() && !strExif.contains("Orientation"));
+        }
+        QCOMPARE(destino.fNombres().size(), 0U);
+        QCOMPARE(fuera.fNombres(), std::vector<std::string>{"f.jpg"});
+        sesion.fClicFila(0);
+        QTRY_COMPARE(sesion.fTamFoto(), QSize(40, 40));
+        sesion.fTecla(Qt::Key_Return);
+        QTRY_COMPARE(abridor.fAbierto(), "<" + arbol.fRuta("dentro.jpg") + ">");
     }
 };
 
