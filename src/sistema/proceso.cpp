@@ -17,12 +17,12 @@ namespace {
 /// The two structures that tell posix_spawn how.
 class clsModo {
 public:
-    explicit clsModo(int intCanal)
+    explicit clsModo(int intCanal) : m_bolConCanal(intCanal >= 0)
     {
         posix_spawn_file_actions_init(&m_acciones);
         posix_spawnattr_init(&m_rasgos);
         // Handing over to a number of its own is what takes the close-on-exec flag away.
-        if (intCanal >= 0) {
+        if (m_bolConCanal) {
             posix_spawn_file_actions_adddup2(&m_acciones, intCanal, STDIN_FILENO);
             posix_spawn_file_actions_adddup2(&m_acciones, intCanal, STDOUT_FILENO);
         } else {
@@ -30,6 +30,8 @@ public:
             fNada(STDOUT_FILENO);
         }
         fNada(STDERR_FILENO);
+        // Whoever started this program may have left something open, and so may a library.
+        posix_spawn_file_actions_addclosefrom_np(&m_acciones, STDERR_FILENO + 1);
         // It starts with the usual signals, whatever this program ignores or blocks.
         sigset_t lstSenales;
         sigemptyset(&lstSenales);
@@ -52,8 +54,9 @@ public:
     [[nodiscard]] pid_t fIniciar(char *const *lstArgumentos) const
     {
         pid_t pid = -1;
-        const int intError =
-            posix_spawnp(&pid, lstArgumentos[0], &m_acciones, &m_rasgos, lstArgumentos, environ);
+        char *const lstSinEntorno[] = {nullptr};
+        const int intError = posix_spawnp(&pid, lstArgumentos[0], &m_acciones, &m_rasgos,
+                                          lstArgumentos, m_bolConCanal ? lstSinEntorno : environ);
         return intError == 0 ? pid : -1;
     }
 
@@ -63,6 +66,7 @@ private:
         posix_spawn_file_actions_addopen(&m_acciones, intFd, "/dev/null", O_RDWR, 0);
     }
 
+    const bool m_bolConCanal;
     posix_spawn_file_actions_t m_acciones{};
     posix_spawnattr_t m_rasgos{};
 };

@@ -15,9 +15,11 @@ public:
     clsProceso(const clsProceso &) = delete;
     clsProceso &operator=(const clsProceso &) = delete;
 
-    /// Starts it, with its messages thrown away. Kills the one that is still running.
+    /// Starts it, with its messages thrown away and nothing else open. Kills the one that is still
+    /// running.
     /// @param lstArgumentos the program (looked for in PATH when it has no "/") and its arguments.
-    /// @param canal         what it gets as standard input and output; not open: nothing.
+    /// @param canal         what it gets as standard input and output, and then no environment; not
+    ///                      open: nothing, and ours.
     /// @return whether it was started. One that cannot run may still end at once with code 127.
     [[nodiscard]] bool fIniciar(std::vector<std::string> lstArgumentos,
                                 const clsDescriptor &canal = {});
