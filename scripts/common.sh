@@ -1,9 +1,9 @@
 # What scripts/run and scripts/test share. Sourced, not run.
 
-# The program: compiler, Qt with its SVG plug-in and Spanish texts, libav for frames of videos, a
-# font, and xdg-open.
+# The program: compiler, Qt with its SVG plug-in and Spanish texts, libav for frames of videos,
+# seccomp to lock it in, a font, and xdg-open.
 packages_program=(cmake g++ ninja-build qt6-base-dev libqt6svg6 qt6-translations-l10n
-    libavformat-dev libavcodec-dev libswscale-dev libavutil-dev pkg-config
+    libavformat-dev libavcodec-dev libswscale-dev libavutil-dev libseccomp-dev pkg-config
     fonts-dejavu-core xdg-utils)
 # The package besides: what it depends on is found by dpkg-shlibdeps, which asks file.
 packages_package=(dpkg-dev file)

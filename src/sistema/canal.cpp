@@ -2,11 +2,11 @@
 
 #include <array>
 #include <cerrno>
-#include <csignal>
+#include <cstring>
 #include <malloc.h>
 #include <poll.h>
-#include <sys/resource.h>
 #include <sys/socket.h>
+#include <sys/uio.h>
 
 namespace {
 
@@ -29,6 +29,46 @@ clsResultado<std::size_t> fCuentaSinEspera(ssize_t lngBytes)
     }
     return lngBytes < 0 ? std::size_t{0} : static_cast<std::size_t>(lngBytes);
 }
+
+/// A message of bytes and an open file, as the system's calls have it.
+class clsSobre {
+public:
+    explicit clsSobre(iovec &bytes)
+    {
+        m_mensaje.msg_iov = &bytes;
+        m_mensaje.msg_iovlen = 1;
+        m_mensaje.msg_control = m_lstSitio.data();
+        m_mensaje.msg_controllen = m_lstSitio.size();
+    }
+    clsSobre(const clsSobre &) = delete;
+    clsSobre &operator=(const clsSobre &) = delete;
+
+    [[nodiscard]] msghdr &fMensaje() { return m_mensaje; }
+
+    void fMeter(int intFd)
+    {
+        cmsghdr *const cabeza = CMSG_FIRSTHDR(&m_mensaje);
+        cabeza->cmsg_level = SOL_SOCKET;
+        cabeza->cmsg_type = SCM_RIGHTS;
+        cabeza->cmsg_len = CMSG_LEN(sizeof intFd);
+        std::memcpy(CMSG_DATA(cabeza), &intFd, sizeof intFd);
+    }
+
+    /// The file of a message that came; -1: none came with it.
+    [[nodiscard]] int fSacar()
+    {
+        int intFd = -1;
+        const cmsghdr *const cabeza = CMSG_FIRSTHDR(&m_mensaje);
+        if (cabeza != nullptr && cabeza->cmsg_type == SCM_RIGHTS) {
+            std::memcpy(&intFd, CMSG_DATA(cabeza), sizeof intFd);
+        }
+        return intFd;
+    }
+
+private:
+    alignas(cmsghdr) std::array<char, CMSG_SPACE(sizeof(int))> m_lstSitio{};
+    msghdr m_mensaje{};
+};
 
 } // namespace
 
@@ -57,10 +97,13 @@ void fEsperarCierre(const clsDescriptor &extremo)
     }
 }
 
-clsResultado<std::size_t> fEnviar(const clsDescriptor &extremo, std::string_view strBytes)
+clsResultado<std::size_t> fEnviar(const clsDescriptor &extremo, std::string_view strBytes,
+                                  const clsDescriptor &adjunto)
 {
-    return fCuentaSinEspera(
-        send(extremo.fFd(), strBytes.data(), strBytes.size(), MSG_NOSIGNAL | MSG_DONTWAIT));
+    iovec bytes{const_cast<char *>(strBytes.data()), strBytes.size()};
+    clsSobre sobre(bytes);
+    sobre.fMeter(adjunto.fFd());
+    return fCuentaSinEspera(sendmsg(extremo.fFd(), &sobre.fMensaje(), MSG_NOSIGNAL | MSG_DONTWAIT));
 }
 
 clsResultado<std::size_t> fRecibir(const clsDescriptor &extremo, void *bytDatos,
@@ -71,15 +114,18 @@ clsResultado<std::size_t> fRecibir(const clsDescriptor &extremo, void *bytDatos,
                              : fCuentaSinEspera(lngRecibidos);
 }
 
-void fLimitarPrograma([[maybe_unused]] std::uint64_t lngMemoria)
+clsResultado<std::size_t> fRecibirAdjunto(const clsDescriptor &extremo, void *bytDatos,
+                                          std::size_t lngBytes, clsDescriptor &adjunto)
 {
-#ifndef __SANITIZE_ADDRESS__ // which reserves far more
-    const rlimit memoria{lngMemoria, lngMemoria};
-    setrlimit(RLIMIT_AS, &memoria);
-#endif
-    const rlimit volcado{0, 0};
-    setrlimit(RLIMIT_CORE, &volcado);
-    std::signal(SIGPIPE, SIG_IGN);
+    iovec bytes{bytDatos, lngBytes};
+    clsSobre sobre(bytes);
+    ssize_t lngRecibidos = -1;
+    do {
+        lngRecibidos = recvmsg(extremo.fFd(), &sobre.fMensaje(), MSG_CMSG_CLOEXEC);
+    } while (lngRecibidos < 0 && errno == EINTR);
+    const auto lngCuenta = fCuentaSinEspera(lngRecibidos);
+    adjunto = clsDescriptor(lngCuenta ? sobre.fSacar() : -1);
+    return lngCuenta;
 }
 
 void fRetenerMemoria()

@@ -4,11 +4,9 @@
 
 #include <chrono>
 #include <cstddef>
-#include <cstdint>
 #include <string_view>
 
-/// A channel between this program and one that it starts: bytes both ways. And what such a program
-/// has to do for itself.
+/// A channel between this program and one that it starts: bytes both ways, and open files.
 
 /// Its two ends.
 struct clsExtremos {
@@ -27,18 +25,23 @@ struct clsExtremos {
 /// Waits until the other end is closed, even when there is still something to read.
 void fEsperarCierre(const clsDescriptor &extremo);
 
-/// Sends as many bytes as there is room for, without waiting; how many those were.
-[[nodiscard]] clsResultado<std::size_t> fEnviar(const clsDescriptor &extremo,
-                                                std::string_view strBytes);
+/// Sends as many bytes as there is room for, without waiting; how many those were. Fewer than a
+/// page go whole or not at all.
+/// @param adjunto an open file that goes with them.
+[[nodiscard]] clsResultado<std::size_t>
+fEnviar(const clsDescriptor &extremo, std::string_view strBytes, const clsDescriptor &adjunto);
 /// Takes as many bytes as have come, without waiting; how many those were. EPIPE: no more will.
 [[nodiscard]] clsResultado<std::size_t> fRecibir(const clsDescriptor &extremo, void *bytDatos,
                                                  std::size_t lngBytes);
 
-/// For the program that was started, one that decodes what others made: at most so many bytes of
-/// memory, no dump of it on the disk, and no end because the reader is gone.
-void fLimitarPrograma(std::uint64_t lngMemoria);
-/// Keeps large pieces of memory for their next use: to fetch them from the system, page by page,
-/// takes longer than to decode a frame into them.
+/// Waits for what was sent with one call: at most so many bytes, and the file that went with them.
+/// How many bytes those were; 0: no more will come.
+[[nodiscard]] clsResultado<std::size_t> fRecibirAdjunto(const clsDescriptor &extremo,
+                                                        void *bytDatos, std::size_t lngBytes,
+                                                        clsDescriptor &adjunto);
+
+/// For the program that was started: keeps large pieces of memory for their next use: to fetch them
+/// from the system, page by page, takes longer than to decode a frame into them.
 void fRetenerMemoria();
 /// Gives back to the system what was kept.
 void fDevolverMemoria();

@@ -80,12 +80,18 @@ QImage clsFotogramas::fFotograma(const std::string &strRuta, const clsHuella &hu
 clsFotogramas::clsHecha clsFotogramas::fHacer(const std::string &strRuta, int intLado,
                                               const std::atomic<bool> &bolAnulado)
 {
+    // Before it takes a place: a disk that does not answer holds up this call only. A pipe, which
+    // would keep a program waiting, is refused.
+    const auto video = fAbrirRegular(strRuta);
+    if (!video) {
+        return {{}, Fin::NoSeLee};
+    }
     const clsTurno turno = fTomarPuesto(bolAnulado);
     if (turno == nullptr) {
         return {{}, Fin::Anulado};
     }
     if (!m_strHijo.empty()) {
-        const clsCuadroVideo cuadro = turno->hijo.fPedir(strRuta, intLado, bolAnulado);
+        const clsCuadroVideo cuadro = turno->hijo.fPedir(*video, intLado, bolAnulado);
         if (cuadro.fin != Fin::NoArranca) {
             return {cuadro.fin == Fin::Imagen ? fDeCuadro(cuadro) : QImage(), cuadro.fin};
         }
@@ -98,8 +104,7 @@ clsFotogramas::clsHecha clsFotogramas::fHacerFuera(const std::string &strRuta, i
 {
     const auto orden = fBuscarThumbnailer(m_origen.lstThumbnailers, strRuta);
     const clsCarpetaPasajera salida(fRutaTemporal() + "miravel.", "miniatura.png");
-    // A pipe would keep the program waiting.
-    if (!orden || salida.fRuta().empty() || !fAbrirRegular(strRuta)) {
+    if (!orden || salida.fRuta().empty()) {
         return {{}, Fin::NoArranca};
     }
     const std::map<char, std::string> codigos{

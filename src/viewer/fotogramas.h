@@ -40,7 +40,8 @@ public:
     explicit clsFotogramas(clsOrigenFotogramas origen = fOrigenUsual());
 
     /// A frame of a video: from the desktop's cache; else from our child program; where that is not
-    /// installed, from the program the desktop has registered. What is made goes into the cache,
+    /// installed, from the program the desktop has registered; where it is, but cannot lock itself
+    /// in, from nowhere. What is made goes into the cache,
     /// and so does the news that nothing can be made.
     /// @param strRuta    absolute path.
     /// @param huella     time and size of the file as they are now.

@@ -45,12 +45,12 @@ clsHijoVideo::clsHijoVideo(std::string strPrograma, std::chrono::milliseconds pl
 {
 }
 
-clsCuadroVideo clsHijoVideo::fPedir(const std::string &strRuta, int intLado,
+clsCuadroVideo clsHijoVideo::fPedir(const clsAbierto &video, int intLado,
                                     const std::atomic<bool> &bolAnulado)
 {
     clsCuadroVideo cuadro;
-    if (strRuta.size() > lngLargoMaximo || bolAnulado) {
-        cuadro.fin = bolAnulado ? Fin::Anulado : Fin::NoSeLee;
+    if (bolAnulado) {
+        cuadro.fin = Fin::Anulado;
         return cuadro;
     }
     const auto lngLado =
@@ -58,20 +58,20 @@ clsCuadroVideo clsHijoVideo::fPedir(const std::string &strRuta, int intLado,
     const auto limite = clsReloj::now() + m_plazo;
     const bool bolDebia = fDebe();
     const bool bolRecien = m_bolRecien || !m_proceso.fIniciado();
-    cuadro = fIntentar(strRuta, lngLado, {limite, bolAnulado});
+    cuadro = fIntentar(video, lngLado, {limite, bolAnulado});
     // Its failure over an older request says nothing about this file; neither does the death of a
     // child that served before: it may have died of old age.
     const bool bolPorVieja = bolDebia && (cuadro.fin == Fin::Tarde || cuadro.fin == Fin::Roto);
     if (bolPorVieja) {
-        return fIntentar(strRuta, lngLado, {clsReloj::now() + m_plazo, bolAnulado});
+        return fIntentar(video, lngLado, {clsReloj::now() + m_plazo, bolAnulado});
     }
     if (cuadro.fin == Fin::Roto && !bolRecien) {
-        return fIntentar(strRuta, lngLado, {limite, bolAnulado});
+        return fIntentar(video, lngLado, {limite, bolAnulado});
     }
     return cuadro;
 }
 
-clsCuadroVideo clsHijoVideo::fIntentar(const std::string &strRuta, std::uint32_t lngLado,
+clsCuadroVideo clsHijoVideo::fIntentar(const clsAbierto &video, std::uint32_t lngLado,
                                        clsEspera espera)
 {
     clsCuadroVideo cuadro;
@@ -84,12 +84,15 @@ clsCuadroVideo clsHijoVideo::fIntentar(const std::string &strRuta, std::uint32_t
     } else {
         m_limite = espera.limite;
     }
-    ++m_lngNumero;
-    cuadro.fin = fEnviar(fBytesPeticion(m_lngNumero, lngLado, strRuta), espera);
+    clsPeticionHijo peticion;
+    peticion.lngNumero = ++m_lngNumero;
+    peticion.lngBytes = video.huella.lngBytes;
+    peticion.lngLado = lngLado;
+    cuadro.fin = fEnviar(peticion, video.descriptor, espera);
     if (cuadro.fin == Fin::Imagen) {
         cuadro = fRespuesta(lngLado, espera);
     } else {
-        fDerribar(cuadro.fin); // it may have half of the request
+        fDerribar(cuadro.fin); // it will never answer this number
     }
     return cuadro;
 }
@@ -109,18 +112,20 @@ bool clsHijoVideo::fPreparar()
     return m_proceso.fIniciar({m_strPrograma}, extremos->suyo);
 }
 
-Fin clsHijoVideo::fEnviar(const std::string &strBytes, const clsEspera &espera) const
+Fin clsHijoVideo::fEnviar(const clsPeticionHijo &peticion, const clsDescriptor &video,
+                          const clsEspera &espera) const
 {
-    for (std::size_t lngHechos = 0; lngHechos < strBytes.size();) {
+    const std::string_view strBytes(reinterpret_cast<const char *>(&peticion), sizeof peticion);
+    for (bool bolHecho = false; !bolHecho;) {
         const Fin fin = fEsperar(fEsperarEscritura, m_canal, espera.limite, espera.bolAnulado);
         if (fin != Fin::Imagen) {
             return fin;
         }
-        const auto lngEnviados = ::fEnviar(m_canal, std::string_view(strBytes).substr(lngHechos));
+        const auto lngEnviados = ::fEnviar(m_canal, strBytes, video);
         if (!lngEnviados) {
             return Fin::Roto;
         }
-        lngHechos += *lngEnviados;
+        bolHecho = *lngEnviados > 0; // all of them, being so few
     }
     return Fin::Imagen;
 }
@@ -174,9 +179,7 @@ clsCuadroVideo clsHijoVideo::fRespuesta(std::uint32_t lngLado, clsEspera &espera
         if (bolSuya) {
             cuadro.intAncho = static_cast<int>(respuesta.lngAncho);
             cuadro.intAlto = static_cast<int>(respuesta.lngAlto);
-            cuadro.fin = respuesta.estado == EstadoHijo::Imagen      ? Fin::Imagen
-                         : respuesta.estado == EstadoHijo::SinImagen ? Fin::SinImagen
-                                                                     : Fin::NoSeLee;
+            cuadro.fin = respuesta.estado == EstadoHijo::Imagen ? Fin::Imagen : Fin::SinImagen;
             return cuadro;
         }
         // The time for the next one begins when the child can turn to it.
@@ -189,7 +192,9 @@ void clsHijoVideo::fDerribar(Fin &fin)
     // The channel closes a moment before the end can be seen.
     for (int intVez = 0; intVez < 50 && fin == Fin::Roto && m_bolRecien; ++intVez) {
         if (const auto codigo = m_proceso.fFin()) {
-            fin = *codigo == intNoArranca ? Fin::NoArranca : fin;
+            fin = *codigo == intNoArranca     ? Fin::NoArranca
+                  : *codigo == intSinEncierro ? Fin::SinEncierro
+                                              : fin;
             break;
         }
         std::this_thread::sleep_for(std::chrono::milliseconds(1));

@@ -14,12 +14,13 @@
 struct clsCuadroVideo {
     enum class Fin {
         Imagen,
-        SinImagen, ///< no frame comes out of this file
-        NoSeLee,   ///< the file could not be opened, or is none
-        Tarde,     ///< no answer within the time limit
-        Roto,      ///< the child died or answered nonsense
-        NoArranca, ///< the child program is missing or cannot run
-        Anulado    ///< no longer wanted
+        SinImagen,   ///< no frame comes out of this file
+        NoSeLee,     ///< the file could not be opened, or is none
+        Tarde,       ///< no answer within the time limit
+        Roto,        ///< the child died or answered nonsense
+        NoArranca,   ///< the child program is missing or cannot run
+        SinEncierro, ///< this system cannot lock it in, so it decodes nothing
+        Anulado      ///< no longer wanted
     };
     Fin fin = Fin::SinImagen;
     int intAncho = 0; ///< pixels; 0 without an image
@@ -37,11 +38,12 @@ public:
     /// @param plazo       time for one file, from request to answer.
     clsHijoVideo(std::string strPrograma, std::chrono::milliseconds plazo);
 
-    /// Asks for a frame no larger than a box and waits for it.
+    /// Asks for a frame no larger than a box and waits for it. The child gets the open file and
+    /// nothing else.
     /// @param intLado    side of the box in pixels, 1 to lngLadoMaximo.
     /// @param bolAnulado looked at every few milliseconds; true ends the wait. The child then still
     ///                   owes an answer, which the next request throws away by its number.
-    [[nodiscard]] clsCuadroVideo fPedir(const std::string &strRuta, int intLado,
+    [[nodiscard]] clsCuadroVideo fPedir(const clsAbierto &video, int intLado,
                                         const std::atomic<bool> &bolAnulado);
 
     /// Whether an answer that nobody wants any more is still to come.
@@ -53,10 +55,11 @@ private:
         const std::atomic<bool> &bolAnulado;
     };
     [[nodiscard]] bool fPreparar();
-    [[nodiscard]] clsCuadroVideo fIntentar(const std::string &strRuta, std::uint32_t lngLado,
+    [[nodiscard]] clsCuadroVideo fIntentar(const clsAbierto &video, std::uint32_t lngLado,
                                            clsEspera espera);
     [[nodiscard]] clsCuadroVideo fRespuesta(std::uint32_t lngLado, clsEspera &espera);
-    [[nodiscard]] clsCuadroVideo::Fin fEnviar(const std::string &strBytes,
+    [[nodiscard]] clsCuadroVideo::Fin fEnviar(const clsPeticionHijo &peticion,
+                                              const clsDescriptor &video,
                                               const clsEspera &espera) const;
     [[nodiscard]] clsCuadroVideo::Fin fRecibir(void *datos, std::size_t lngBytes,
                                                const clsEspera &espera,

@@ -1,25 +1,22 @@
 #pragma once
 
 #include <cstdint>
-#include <string>
-#include <string_view>
 
 /// What Miravel and its child program for frames of videos (miravel-fotograma) say to each other.
 /// Both run on one machine and come from one build: numbers are in its byte order.
 
-/// A request; the bytes of the path follow.
+/// A request; the video, open for reading, goes with it. The child never learns its name.
 struct clsPeticionHijo {
     static constexpr std::uint32_t lngMarcaBuena = 0x3f56494d;
     std::uint32_t lngMarca = lngMarcaBuena;
     std::uint32_t lngNumero = 0; ///< one more with every request
-    std::uint32_t lngLado = 0;   ///< side of the box in pixels, 1 to lngLadoMaximo
-    std::uint32_t lngLargo = 0;  ///< bytes of the path, at most lngLargoMaximo
+    std::int64_t lngBytes = 0;   ///< size of the video
+    std::uint64_t lngLado = 0;   ///< side of the box in pixels, 1 to lngLadoMaximo
 };
 
 enum class EstadoHijo : std::uint32_t {
-    Imagen,    ///< the pixels follow
-    SinImagen, ///< the file opens, but no frame comes out of it
-    NoSeLee    ///< the file could not be opened, or is none
+    Imagen,   ///< the pixels follow
+    SinImagen ///< no frame comes out of it
 };
 
 /// An answer. With an image, lngAncho x lngAlto pixels of 32 bits follow, row by row, 0xffRRGGBB.
@@ -33,11 +30,9 @@ struct clsRespuestaHijo {
 };
 
 inline constexpr std::uint32_t lngLadoMaximo = 4096;
-inline constexpr std::uint32_t lngLargoMaximo = 1U << 20U;
 
-/// The bytes of a request.
-[[nodiscard]] std::string fBytesPeticion(std::uint32_t lngNumero, std::uint32_t lngLado,
-                                         std::string_view strRuta);
+/// Exit code of a child that could not lock itself in, and therefore looks at no video.
+inline constexpr int intSinEncierro = 125;
 
 /// Whether an answer can be true at all, for a box of that side; its number is not looked at.
 [[nodiscard]] bool fCreible(const clsRespuestaHijo &respuesta, std::uint32_t lngLado);

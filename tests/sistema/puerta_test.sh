@@ -4,7 +4,7 @@
 # Usage: puerta_test.sh SRC
 set -uo pipefail
 cd -- "$1/sistema/.." || exit 1
-strSistema='(unistd|fcntl|dirent|poll|signal|spawn|langinfo|locale|malloc|grp|pwd|(sys|linux|net|arpa)/[a-z_/]+)\.h'
+strSistema='(unistd|fcntl|dirent|poll|signal|spawn|langinfo|locale|malloc|grp|pwd|sched|seccomp|(sys|linux|net|arpa)/[a-z_/]+)\.h'
 intFin=0
 
 # fProhibir PHRASE GREP_ARGUMENTS...: nothing may be found.

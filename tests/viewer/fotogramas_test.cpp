@@ -10,9 +10,13 @@
 #include <QColor>
 #include <QCryptographicHash>
 
+#include <algorithm>
 #include <csignal>
+#include <fcntl.h>
+#include <filesystem>
 #include <fstream>
 #include <gtest/gtest.h>
+#include <regex>
 #include <sys/stat.h>
 #include <thread>
 
@@ -219,6 +223,59 @@ TEST_F(Fotogramas, DoNotBlameAFileForTheDeathOfAnIdleChild)
     EXPECT_FALSE(fTomar("2.avi").isNull());
 }
 
+TEST_F(Fotogramas, ComeFromAChildThatIsLockedIn)
+{
+    const clsDescriptor heredable(open("/dev/null", O_RDONLY)); // not closed by starting a program
+    m_arbol.fCrear("1.avi", fAviRojo());
+    m_origen.lstHijos = {
+        fPrograma("hijo", "echo $$ >'" + m_arbol.fRuta("pid") + "'\nexec '" + m_strHijo + "'")};
+    EXPECT_FALSE(fTomar("1.avi").isNull());
+    const std::string strProc = "/proc/" + std::to_string(std::stoi(m_arbol.fLeer("pid")));
+    std::vector<std::string> lstDescriptores;
+    for (const auto &entrada : std::filesystem::directory_iterator(strProc + "/fd")) {
+        lstDescriptores.push_back(entrada.path().filename());
+    }
+    std::sort(lstDescriptores.begin(), lstDescriptores.end());
+    EXPECT_EQ(lstDescriptores, (std::vector<std::string>{"0", "1", "2"}));
+    const auto fContiene = [](const std::string &strRuta, const char *strExpresion) {
+        std::ifstream archivo(strRuta);
+        const std::string strTodo{std::istreambuf_iterator<char>(archivo), {}};
+        EXPECT_TRUE(std::regex_search(strTodo, std::regex(strExpresion)))
+            << strRuta << ": " << strExpresion << "\n"
+            << strTodo;
+    };
+    int intHilos = 0;
+    for (const auto &hilo : std::filesystem::directory_iterator(strProc + "/task")) {
+        fContiene(hilo.path() / "status", "NoNewPrivs:\\s+1\n");
+        fContiene(hilo.path() / "status", "Seccomp:\\s+2\n");
+        ++intHilos;
+    }
+    EXPECT_EQ(intHilos, 2);
+    for (const char *strLimite : {"Max cpu time +120 +120 ", "Max file size +0 +0 ",
+                                  "Max core file size +0 +0 ", "Max open files +4 +4 "
+#ifndef __SANITIZE_ADDRESS__
+                                  ,
+                                  "Max address space +2147483648 +2147483648 "
+#endif
+         }) {
+        fContiene(strProc + "/limits", strLimite);
+    }
+}
+
+TEST_F(Fotogramas, AreNotMadeWhereTheChildCannotLockItselfIn)
+{
+    m_arbol.fCrear("a.avi", fAviRojo());
+    m_arbol.fCrear("thumbnailers/x.thumbnailer",
+                   "[Thumbnailer Entry]\nMimeType=video/x-msvideo;\nExec=" +
+                       fPrograma("ajeno", ": >'" + m_arbol.fRuta("llamado") + "'") + " %o\n");
+    const std::string strPreso = fCarpetaPrograma() + "preso";
+    m_origen.lstHijos = {fPrograma("hijo", "exec '" + strPreso + "' sin '" + m_strHijo + "'")};
+    EXPECT_TRUE(fTomar("a.avi").isNull());
+    EXPECT_EQ(fFallo("a.avi"), "");
+    // Nor by a program of others, which would not be locked in either.
+    EXPECT_FALSE(fExisteArchivo(m_arbol.fRuta("llamado")));
+}
+
 TEST_F(Fotogramas, NeverTakeALateAnswerForThatOfTheNextFile)
 {
     m_arbol.fCrear("1.avi");
@@ -232,8 +289,7 @@ TEST_F(Fotogramas, NeverTakeALateAnswerForThatOfTheNextFile)
         m_arbol.fCrear("respuesta" + std::to_string(lngNumero), strBytes);
     }
     const std::string strLeer =
-        "head -c " + std::to_string(sizeof(clsPeticionHijo) + m_arbol.fRuta("1.avi").size()) +
-        " >/dev/null\n";
+        "head -c " + std::to_string(sizeof(clsPeticionHijo)) + " >/dev/null\n";
     m_origen.intHijos = 1;
     m_origen.lstHijos = {
         fPrograma("hijo", "cd " + m_arbol.fRaiz() + "\n" + strLeer + ": >pedida\n" +

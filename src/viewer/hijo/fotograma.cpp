@@ -134,7 +134,7 @@ bool fProbar(clsEntrada &entrada, const clsEmpeno &empeno, int intLado, clsFotog
 
 } // namespace
 
-clsFotograma fTomarFotograma(const std::string &strRuta, int intLado,
+clsFotograma fTomarFotograma(const clsAbierto &video, int intLado,
                              const std::function<bool()> &fAnulado)
 {
     constexpr std::int64_t lngRapido = std::int64_t{64} << 20;
@@ -145,12 +145,7 @@ clsFotograma fTomarFotograma(const std::string &strRuta, int intLado,
         {true,  false, false, lngSinLimite},
     };
     clsFotograma fotograma;
-    const auto archivo = fAbrirRegular(strRuta);
-    if (!archivo) {
-        fotograma.estado = EstadoHijo::NoSeLee;
-        return fotograma;
-    }
-    clsEntrada entrada(*archivo, fAnulado);
+    clsEntrada entrada(video, fAnulado);
     bool bolSeguir = true;
     for (const clsEmpeno &empeno : lstEmpenos) {
         if (!bolSeguir || fAnulado() || fProbar(entrada, empeno, intLado, fotograma, bolSeguir)) {

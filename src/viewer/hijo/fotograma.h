@@ -1,10 +1,10 @@
 #pragma once
 
+#include "sistema/archivo.h"
 #include "viewer/mensaje_hijo.h"
 
 #include <cstdint>
 #include <functional>
-#include <string>
 #include <vector>
 
 namespace hijo {
@@ -22,7 +22,7 @@ struct clsFotograma {
 /// asks for. Neither side is longer than the box or than the video's own.
 /// @param intLado  side of the box in pixels, greater than 0.
 /// @param fAnulado asked at every read of the file; true gives up.
-[[nodiscard]] clsFotograma fTomarFotograma(const std::string &strRuta, int intLado,
+[[nodiscard]] clsFotograma fTomarFotograma(const clsAbierto &video, int intLado,
                                            const std::function<bool()> &fAnulado);
 
 } // namespace hijo

@@ -1,8 +1,10 @@
 // miravel-fotograma: takes frames of videos for Miravel's thumbnails. Requests come on standard
 // input, answers go to standard output, see viewer/mensaje_hijo.h. It is a program of its own
-// because a decoder that hangs or dies over a broken file must not take Miravel with it.
+// because a decoder that hangs or dies over a broken file must not take Miravel with it, and one
+// that a prepared file takes over must find itself locked in.
 
 #include "sistema/canal.h"
+#include "sistema/encierro.h"
 #include "viewer/hijo/fotograma.h"
 
 #include <chrono>
@@ -18,20 +20,6 @@ namespace {
 
 const clsDescriptor entrada(0);
 const clsDescriptor salida(1);
-
-bool fLeerTodo(void *datos, std::size_t lngBytes)
-{
-    auto *chrDatos = static_cast<char *>(datos);
-    while (lngBytes > 0) {
-        const std::size_t lngLeidos = fLeer(entrada, chrDatos, lngBytes).value_or(0);
-        if (lngLeidos == 0) {
-            return false;
-        }
-        chrDatos += lngLeidos;
-        lngBytes -= lngLeidos;
-    }
-    return true;
-}
 
 /// Whether a request has come in.
 bool fHay(std::chrono::milliseconds plazo)
@@ -66,28 +54,31 @@ bool fAtender()
         fDevolverMemoria();
     }
     clsPeticionHijo peticion;
-    if (!fLeerTodo(&peticion, sizeof peticion) ||
+    clsAbierto video;
+    const auto lngLeidos = fRecibirAdjunto(entrada, &peticion, sizeof peticion, video.descriptor);
+    if (lngLeidos.value_or(0) != sizeof peticion ||
         peticion.lngMarca != clsPeticionHijo::lngMarcaBuena || peticion.lngLado == 0 ||
-        peticion.lngLado > lngLadoMaximo || peticion.lngLargo > lngLargoMaximo) {
+        peticion.lngLado > lngLadoMaximo || !video.descriptor.fAbierto()) {
         return false;
     }
-    std::string strRuta(peticion.lngLargo, '\0');
-    if (!fLeerTodo(strRuta.data(), strRuta.size())) {
-        return false;
-    }
+    video.huella.lngBytes = peticion.lngBytes;
     // The next request comes early only when nobody waits for the answer to this one any more.
     const auto fAnulado = [] { return fHay(std::chrono::milliseconds(0)); };
     return fContestar(peticion.lngNumero,
-                      hijo::fTomarFotograma(strRuta, static_cast<int>(peticion.lngLado), fAnulado));
+                      hijo::fTomarFotograma(video, static_cast<int>(peticion.lngLado), fAnulado));
 }
 
 } // namespace
 
 int main()
 {
-    fLimitarPrograma(std::uint64_t{2} << 30);
+    // Some thousands of videos; then another child takes its place.
+    fLimitarPrograma(std::uint64_t{2} << 30, std::chrono::minutes(2));
     fRetenerMemoria();
     av_log_set_level(AV_LOG_QUIET);
+    if (fEncerrar()) {
+        std::_Exit(intSinEncierro);
+    }
     std::thread(fVigilar).detach();
     while (fAtender()) {
     }
