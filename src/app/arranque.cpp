@@ -3,7 +3,9 @@
 #include "shared/numeros.h"
 #include "shared/rutas.h"
 #include "shared/texto.h"
-#include "sistema/archivo.h"
+#include "sistema/reemplazo.h"
+
+#include <cerrno>
 
 std::string fRaizDeOrdenes(const std::vector<std::string> &lstArgumentos,
                            std::string_view strCarpetaPrograma, std::string_view strCarpetaTrabajo)
@@ -22,7 +24,10 @@ std::string fRaizDeOrdenes(const std::vector<std::string> &lstArgumentos,
 
 bool fProbarEscritura(const std::string &strRaiz)
 {
-    return fProbarEscribir(strRaiz + "prueba_escritura.txt");
+    const clsError error = fProbarCrear(strRaiz + "prueba_escritura.txt");
+    // Where something of the user's has that name, a temporary file of our own tells as well.
+    return error == EEXIST ? !clsReemplazo(strRaiz + std::string(strFicheroAjustes)).fError()
+                           : !error;
 }
 
 std::optional<clsAjusteMalo> fLeerPreferencias(clsAjustes &ajustes, clsPreferencias &preferencias)

@@ -15,7 +15,8 @@
                                          std::string_view strCarpetaPrograma,
                                          std::string_view strCarpetaTrabajo);
 
-/// Whether files can be made in the root folder: tries it with one that is deleted again.
+/// Whether files can be made in the root folder: tries it with one that is deleted again,
+/// and touches nothing that is there.
 [[nodiscard]] bool fProbarEscritura(const std::string &strRaiz);
 
 /// What the settings hold at start-up.

@@ -47,6 +47,14 @@ clsResultado<std::size_t> fCuenta(ssize_t lngBytes)
     return static_cast<std::size_t>(lngBytes);
 }
 
+/// Opens a file that was not there for writing; else errno tells why not.
+clsDescriptor fCrearNuevo(const std::string &strRuta)
+{
+    constexpr int intModo = O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC;
+    return clsDescriptor{
+        fInsistir<&clsLlamadas::fAbrir>(AT_FDCWD, strRuta.c_str(), intModo, mode_t{0666})};
+}
+
 } // namespace
 
 clsError clsDescriptor::fCerrar()
@@ -169,23 +177,19 @@ clsError fEscribirTodo(const clsDescriptor &abierto, std::string_view strBytes)
 
 clsError fCrearVacio(const std::string &strRuta)
 {
-    constexpr int intModo = O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC;
-    clsDescriptor archivo{
-        fInsistir<&clsLlamadas::fAbrir>(AT_FDCWD, strRuta.c_str(), intModo, mode_t{0666})};
+    clsDescriptor archivo = fCrearNuevo(strRuta);
     return archivo.fAbierto() ? archivo.fCerrar() : errno;
 }
 
-bool fProbarEscribir(const std::string &strRuta)
+clsError fProbarCrear(const std::string &strRuta)
 {
-    constexpr int intModo = O_WRONLY | O_CREAT | O_TRUNC | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC;
-    clsDescriptor prueba{
-        fInsistir<&clsLlamadas::fAbrir>(AT_FDCWD, strRuta.c_str(), intModo, mode_t{0666})};
+    clsDescriptor prueba = fCrearNuevo(strRuta);
     if (!prueba.fAbierto()) {
-        return false;
+        return errno;
     }
-    const bool bolBien = !prueba.fCerrar();
+    const clsError error = prueba.fCerrar();
     fBorrar(strRuta);
-    return bolBien;
+    return error;
 }
 
 clsError fBorrar(const std::string &strRuta)

@@ -109,9 +109,8 @@ struct clsAbierto {
 /// Makes an empty file; EEXIST when anything has that path.
 clsError fCrearVacio(const std::string &strRuta);
 
-/// Whether a file can be made there, or written where there is one (which is emptied, unless it is
-/// a link). It is deleted again.
-[[nodiscard]] bool fProbarEscribir(const std::string &strRuta);
+/// Tries whether a file can be made there; it is deleted again. EEXIST: what has that path stays.
+[[nodiscard]] clsError fProbarCrear(const std::string &strRuta);
 
 /// Deletes a file or a link.
 clsError fBorrar(const std::string &strRuta);

@@ -1,8 +1,12 @@
 #include "app/arranque.h"
 
 #include "soporte/arbol.h"
+#include "soporte/proceso.h"
 
+#include <functional>
 #include <gtest/gtest.h>
+#include <sys/stat.h>
+#include <unistd.h>
 
 namespace {
 
@@ -35,9 +39,38 @@ TEST(Arranque, TriesWhetherTheRootCanBeWrittenAndLeavesNothing)
     EXPECT_TRUE(fProbarEscritura(arbol.fRaiz()));
     EXPECT_TRUE(arbol.fNombres().empty());
     EXPECT_FALSE(fProbarEscritura(arbol.fRuta("falta/")));
-    // Something of that name that is no file must neither hang nor pass.
-    arbol.fTuberia("prueba_escritura.txt");
-    EXPECT_FALSE(fProbarEscritura(arbol.fRaiz()));
+}
+
+/// Puts something into the place of the test file.
+using Ocupar = std::function<void(const clsArbol &, std::string_view)>;
+
+TEST(Arranque, TriesItUnderAnotherNameWhereThatOneIsTaken)
+{
+    const Ocupar lstOcupantes[] = {
+        [](const clsArbol &arbol, std::string_view strNombre) {
+            EXPECT_EQ(link(arbol.fRuta("suyo").c_str(), arbol.fRuta(strNombre).c_str()), 0);
+        },
+        [](const clsArbol &arbol, std::string_view strNombre) { arbol.fEnlace(strNombre, "suyo"); },
+        [](const clsArbol &arbol, std::string_view strNombre) { arbol.fEnlace(strNombre, "nada"); },
+        [](const clsArbol &arbol, std::string_view strNombre) { arbol.fTuberia(strNombre); },
+        [](const clsArbol &arbol, std::string_view strNombre) { arbol.fCarpeta(strNombre); },
+    };
+    for (const Ocupar &fOcupar : lstOcupantes) {
+        SCOPED_TRACE(&fOcupar - lstOcupantes);
+        const clsArbol arbol;
+        arbol.fCrear("suyo", "lo del usuario");
+        fOcupar(arbol, "prueba_escritura.txt");
+        const std::vector<std::string> lstNombres = arbol.fNombres();
+        EXPECT_TRUE(fProbarEscritura(arbol.fRaiz()));
+        EXPECT_EQ(arbol.fNombres(), lstNombres);
+        EXPECT_EQ(arbol.fLeer("suyo"), "lo del usuario");
+        ASSERT_EQ(chmod(arbol.fRaiz().c_str(), 0555), 0);
+        EXPECT_EQ(fEnHijo([&] {
+                      ASSERT_TRUE(fSoltarRaiz());
+                      EXPECT_FALSE(fProbarEscritura(arbol.fRaiz()));
+                  }),
+                  0);
+    }
 }
 
 TEST(Preferencias, OfAFirstRunAreTheDefaultsAndStayInTheFile)
