@@ -9,23 +9,26 @@
 namespace {
 
 /// Asks for an entry: itself first, then, for a link, its target.
-/// @return nothing for one that is to be passed over, without an error or with one that ends it
-/// all.
+/// @return nothing for one that is to be left out, with an error when that ends its folder.
 clsResultado<clsDatosArchivo> fMirar(const clsDescriptor &carpeta, const clsEntradaCarpeta &entrada)
 {
     auto datos = fConsultarEn(carpeta, entrada.strNombre, false);
-    if (!datos && datos.fError() == ENOENT) {
-        return clsError(); // vanished meanwhile: not an error
+    if (datos.fError() == ENOENT) {
+        return clsError(); // vanished meanwhile
     }
-    if (!datos || datos->tipo != TipoArchivo::Enlace) {
+    if (!datos) {
+        // It alone, unless the folder cannot be asked even for itself: nobody may enter it, its
+        // server is gone.
+        return fConsultarEn(carpeta, ".", false).fError();
+    }
+    if (datos->tipo != TipoArchivo::Enlace) {
         return datos;
     }
     auto destino = fConsultarEn(carpeta, entrada.strNombre, true);
-    const clsError error = destino.fError();
-    if (error == ENOENT || error == ELOOP || error == ENOTDIR) {
-        return clsError(); // leads nowhere
+    if (!destino) {
+        return clsError(); // leads nowhere, or where it cannot be followed
     }
-    if (destino && destino->tipo == TipoArchivo::Carpeta) {
+    if (destino->tipo == TipoArchivo::Carpeta) {
         destino->tipo = TipoArchivo::Otro; // such links are not entered
     }
     return destino;

@@ -99,6 +99,9 @@ clsConstruccion fConstruir(const std::string &strRaiz, clsObservador &observador
         return {Construccion::Interrumpida, {}};
     }
     escribano.fVaciar();
-    const clsError error = archivo.fConfirmar(true);
-    return {error ? Construccion::SinEscribir : Construccion::Hecha, error};
+    if (const clsError error = archivo.fConfirmar(true)) {
+        return {Construccion::SinEscribir, error};
+    }
+    return {recorrido.errorRaiz ? Construccion::RaizIlegible : Construccion::Hecha,
+            recorrido.errorRaiz};
 }

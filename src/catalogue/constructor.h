@@ -4,11 +4,12 @@
 
 #include <string>
 
-/// How building the catalogue ended. Only in the first case was it replaced.
+/// How building the catalogue ended. It was replaced in the first case; where there was none, also
+/// by what could be read of a failing root.
 enum class Construccion {
     Hecha,        ///< the new catalogue stands
     Ocupada,      ///< another Miravel builds or corrects in this archive
-    RaizIlegible, ///< the root folder could not be read (the receiver was told)
+    RaizIlegible, ///< the root folder could not be read whole (the receiver was told)
     SinEscribir,  ///< writing failed, see error
     Interrumpida  ///< the receiver ended the walk
 };

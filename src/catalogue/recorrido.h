@@ -38,8 +38,9 @@ struct clsOpcionesRecorrido {
 /// after the other.
 ///
 /// Folder links are not entered; links to regular files count as files, with their target's date
-/// and size. Links that lead nowhere, pipes, sockets and devices are passed over, and so is a file
-/// that vanished since its folder was listed. Depth of the tree and length of paths have no limit,
-/// and only a few folders are open at a time.
+/// and size. Links that cannot be followed, pipes, sockets and devices are left out, and so is an
+/// entry that vanished since its folder was listed or cannot be looked up, as long as the folder
+/// itself can. Depth of the tree and length of paths have no limit, and only a few folders are open
+/// at a time.
 [[nodiscard]] clsRecorrido fRecorrer(const std::string &strRaiz,
                                      const clsOpcionesRecorrido &opciones, clsReceptor &receptor);

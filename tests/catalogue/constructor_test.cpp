@@ -2,6 +2,7 @@
 #include "sistema/carpeta.h"
 
 #include "soporte/arbol.h"
+#include "soporte/fallos.h"
 #include "soporte/proceso.h"
 
 #include <algorithm>
@@ -147,6 +148,24 @@ TEST(Constructor, MakesNothingWhereTheRootIsGone)
     EXPECT_NE(fin.construccion, Construccion::Hecha);
     EXPECT_EQ(fin.error, ENOENT);
     EXPECT_TRUE(arbol.fNombres().empty());
+}
+
+TEST(Constructor, CallsAFailingRootNoSuccess)
+{
+    clsLlamadas disco = llamadasReales;
+    disco.fListar = [](int intFd, void *bytDatos, std::size_t lngBytes) -> ssize_t {
+        const ssize_t lngLeidos = llamadasReales.fListar(intFd, bytDatos, lngBytes);
+        return lngLeidos == 0 ? (errno = EIO, -1) : lngLeidos;
+    };
+    const clsOtrasLlamadas otras(disco);
+    const clsArbol arbol;
+    arbol.fCrear("a.jpg");
+    EXPECT_EQ(fConstruirEn(arbol), Construccion::RaizIlegible);
+    const std::string strParte = arbol.fLeer(strDat);
+    EXPECT_EQ(fRegistros(strParte), 2); // better than nothing
+    arbol.fCrear("b.jpg");
+    EXPECT_EQ(fConstruirEn(arbol), Construccion::RaizIlegible);
+    EXPECT_EQ(arbol.fLeer(strDat), strParte);
 }
 
 TEST(Constructor, KeepsTheOldCatalogueWhenTheNewOneCannotBeWritten)

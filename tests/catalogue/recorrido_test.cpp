@@ -3,6 +3,7 @@
 #include "catalogue/carpeta.h"
 #include "catalogue/registro.h"
 #include "soporte/arbol.h"
+#include "soporte/fallos.h"
 #include "soporte/proceso.h"
 
 #include <algorithm>
@@ -203,6 +204,62 @@ TEST(Recorrido, ReportsAnUnreadableFolderOnceAndListsTheRest)
                   }),
                   0);
     }
+}
+
+/// Names of the files of a tree, sorted, as the walk finds them; no error is told.
+Textos fHallados(const clsArbol &arbol)
+{
+    clsOyente oyente;
+    EXPECT_EQ(fRecorrer(arbol.fRaiz(), {}, oyente).errorRaiz, 0);
+    EXPECT_TRUE(oyente.lstErrores.empty());
+    Textos lstNombres;
+    for (const std::string &strRuta : oyente.fRutas()) {
+        lstNombres.push_back(strRuta.substr(arbol.fRaiz().size()));
+    }
+    std::sort(lstNombres.begin(), lstNombres.end());
+    return lstNombres;
+}
+
+TEST(Recorrido, LeavesOutAloneWhatCannotBeLookedUp)
+{
+    const clsArbol arbol;
+    arbol.fCrear("sola/mala.jpg");
+    arbol.fCrear("sola/c/1.jpg");
+    for (const char *const strRuta : {"mala.jpg", "a.jpg", "z.jpg", "c/1.jpg"}) {
+        arbol.fCrear(strRuta);
+    }
+    static int intError = 0;
+    clsLlamadas disco = llamadasReales;
+    disco.fConsultar = [](int intCarpeta, const char *strRuta, struct stat *datos, int intModo) {
+        return std::string_view(strRuta) == "mala.jpg"
+                   ? (errno = intError, -1)
+                   : llamadasReales.fConsultar(intCarpeta, strRuta, datos, intModo);
+    };
+    const clsOtrasLlamadas otras(disco);
+    for (const int intEste : {EACCES, EIO, ESTALE, EOVERFLOW, ENAMETOOLONG}) {
+        SCOPED_TRACE(intEste);
+        intError = intEste;
+        EXPECT_EQ(fHallados(arbol), (Textos{"a.jpg", "c/1.jpg", "sola/c/1.jpg", "z.jpg"}));
+    }
+}
+
+TEST(Recorrido, LeavesOutAloneLinksThatCannotBeFollowed)
+{
+    const clsArbol fuera;
+    fuera.fCrear("cerrada/x.jpg");
+    ASSERT_EQ(chmod(fuera.fRuta("cerrada").c_str(), 0), 0);
+    ASSERT_EQ(chmod(fuera.fRaiz().c_str(), 0755), 0);
+    const clsArbol arbol;
+    ASSERT_EQ(chmod(arbol.fRaiz().c_str(), 0755), 0);
+    arbol.fEnlace("cerrado.jpg", fuera.fRuta("cerrada/x.jpg"));
+    arbol.fEnlace("largo.jpg", std::string(300, 'n'));
+    arbol.fCrear("a.jpg");
+    arbol.fCrear("c/1.jpg");
+    EXPECT_EQ(fEnHijo([&] {
+                  ASSERT_TRUE(fSoltarRaiz());
+                  EXPECT_EQ(fHallados(arbol), (Textos{"a.jpg", "c/1.jpg"}));
+              }),
+              0);
 }
 
 TEST(Recorrido, EndsWhenTheReceiverWantsNoMore)
