@@ -56,7 +56,8 @@ private:
     bool m_bolAlgo = false;
 };
 
-/// Deletes what builds that were killed have left; nobody else writes while the lock is held.
+/// Deletes what programs that were killed have left. While the lock is held nobody else writes the
+/// catalogue, but perhaps the settings.
 void fQuitarRestos(const std::string &strRaiz)
 {
     std::vector<clsEntradaCarpeta> lstEntradas;
@@ -65,7 +66,9 @@ void fQuitarRestos(const std::string &strRaiz)
         return;
     }
     for (const clsEntradaCarpeta &entrada : lstEntradas) {
-        if (entrada.entrada == Entrada::Archivo && fEsTemporal(entrada.strNombre)) {
+        if (entrada.entrada == Entrada::Archivo &&
+            (fEsTemporal(entrada.strNombre) ||
+             clsReemplazo::fEsResto(entrada.strNombre, strFicheroAjustes))) {
             fBorrarEn(*carpeta, entrada.strNombre);
         }
     }

@@ -4,6 +4,8 @@
 #include "sistema/llamadas.h"
 
 #include <atomic>
+#include <charconv>
+#include <csignal>
 #include <fcntl.h>
 #include <unistd.h>
 
@@ -14,15 +16,12 @@ constexpr std::string_view strFinTemporal = ".tmp";
 /// Length of the folder at the start of a path, "/" included.
 std::size_t fLargoCarpeta(const std::string &strRuta) { return strRuta.rfind('/') + 1; }
 
-/// Flushes a folder; file systems that cannot flush one (EINVAL) count as done.
-clsError fVolcarCarpeta(const std::string &strCarpeta)
+/// Flushes a folder, where that can be done.
+void fVolcarCarpeta(const std::string &strCarpeta)
 {
-    const auto carpeta = fAbrirCarpeta(strCarpeta.empty() ? "." : strCarpeta);
-    if (!carpeta) {
-        return carpeta.fError();
+    if (const auto carpeta = fAbrirCarpeta(strCarpeta.empty() ? "." : strCarpeta)) {
+        fInsistir<&clsLlamadas::fVolcar>(carpeta->fFd());
     }
-    const bool bolBien = fInsistir<&clsLlamadas::fVolcar>(carpeta->fFd()) == 0 || errno == EINVAL;
-    return bolBien ? 0 : errno;
 }
 
 } // namespace
@@ -112,9 +111,9 @@ clsError clsReemplazo::fConfirmar(bool bolCarpeta)
     }
     m_strTemporal.clear();
     if (bolCarpeta) {
-        m_error = fVolcarCarpeta(m_strRuta.substr(0, fLargoCarpeta(m_strRuta)));
+        fVolcarCarpeta(m_strRuta.substr(0, fLargoCarpeta(m_strRuta)));
     }
-    return m_error;
+    return {};
 }
 
 bool clsReemplazo::fEsTemporal(std::string_view strNombre, std::string_view strDestino)
@@ -130,4 +129,15 @@ bool clsReemplazo::fEsTemporal(std::string_view strNombre, std::string_view strD
     const std::size_t lngPunto = strNumeros.find_first_not_of(strCifras);
     return lngPunto != 0 && lngPunto < strNumeros.size() - 1 && strNumeros[lngPunto] == '.' &&
            strNumeros.find_first_not_of(strCifras, lngPunto + 1) == std::string_view::npos;
+}
+
+bool clsReemplazo::fEsResto(std::string_view strNombre, std::string_view strDestino)
+{
+    if (!fEsTemporal(strNombre, strDestino)) {
+        return false;
+    }
+    pid_t proceso = 0; // stays, and means this program, where the number is none of a process
+    strNombre.remove_prefix(strDestino.size() + 2);
+    std::from_chars(strNombre.data(), strNombre.data() + strNombre.size(), proceso);
+    return kill(proceso, 0) != 0 && errno == ESRCH;
 }

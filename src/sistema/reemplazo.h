@@ -32,13 +32,15 @@ public:
     /// For those who have something to do between the two; see fConfirmar.
     [[nodiscard]] clsError fVolcar();
     /// Flushes to the disk, if that is not done yet, and renames into place.
-    /// @param bolCarpeta also flushes the folder, so that the new name survives a power cut.
-    /// @return on an error the old file is untouched, unless only the flush of the folder failed,
-    ///         after the new one had taken its place.
+    /// @param bolCarpeta also flushes the folder, so that the new name survives a power cut; when
+    ///        that fails, the new file stands all the same, and it is no error.
+    /// @return on an error the old file is untouched.
     [[nodiscard]] clsError fConfirmar(bool bolCarpeta);
 
     /// Whether a name is that of a temporary file of this class for a file of name strDestino.
     [[nodiscard]] static bool fEsTemporal(std::string_view strNombre, std::string_view strDestino);
+    /// Whether it is, and the program that made it does not run on this machine any more.
+    [[nodiscard]] static bool fEsResto(std::string_view strNombre, std::string_view strDestino);
 
 private:
     void fDescartar();

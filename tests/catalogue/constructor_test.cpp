@@ -1,5 +1,6 @@
 #include "catalogue/constructor.h"
 #include "sistema/carpeta.h"
+#include "sistema/reemplazo.h"
 
 #include "soporte/arbol.h"
 #include "soporte/fallos.h"
@@ -70,6 +71,30 @@ TEST(Constructor, RemovesWhatKilledBuildsLeftAndDoesNotRecordIt)
     EXPECT_EQ(fConstruirEn(arbol), Construccion::Hecha);
     EXPECT_EQ(arbol.fNombres(), (Textos{".Miravel.dat.tmp", strDat, "a.jpg", "c"}));
     EXPECT_EQ(fRegistros(arbol.fLeer(strDat)), 4);
+}
+
+TEST(Constructor, RemovesNewSettingsOfKilledProgramsNotOfThoseThatWriteThem)
+{
+    const clsArbol arbol;
+    arbol.fCrear("Miravel.ini");
+    arbol.fCrear(".Miravel.ini.4194304.0.tmp"); // no process has this number or a higher one
+    int lstListo[2];
+    ASSERT_EQ(pipe(lstListo), 0);
+    clsHijo hijo([&] {
+        const clsReemplazo ajustes(arbol.fRuta("Miravel.ini"));
+        EXPECT_EQ(write(lstListo[1], "x", 1), 1);
+        pause();
+    });
+    char chrListo = 0;
+    ASSERT_EQ(read(lstListo[0], &chrListo, 1), 1);
+    EXPECT_EQ(fConstruirEn(arbol), Construccion::Hecha);
+    EXPECT_EQ(arbol.fNombres().size(), 3U);
+    hijo.fMatar();
+    EXPECT_EQ(hijo.fEsperar(), -SIGKILL);
+    EXPECT_EQ(fConstruirEn(arbol), Construccion::Hecha);
+    EXPECT_EQ(arbol.fNombres(), (Textos{strDat, "Miravel.ini"}));
+    close(lstListo[0]);
+    close(lstListo[1]);
 }
 
 TEST(Constructor, ChangesNothingWhileAnotherProgramHoldsTheArchive)

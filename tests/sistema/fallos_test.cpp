@@ -261,6 +261,7 @@ void fProbarConstruccion(const clsPlan &plan, const std::string &strViejo)
     const bool bolNuevo = strQueda != strViejo;
     EXPECT_TRUE(!bolNuevo || fEntero(arbol, strQueda, lngRegistros)) << strQueda;
     EXPECT_TRUE(bolNuevo || fin.construccion != Construccion::Hecha);
+    EXPECT_TRUE(!bolNuevo || fin.construccion != Construccion::SinEscribir);
     EXPECT_TRUE(fin.construccion == Construccion::Hecha || contador.intErrores > 0 || fin.error);
     // What was left out was told.
     EXPECT_TRUE(!bolNuevo || contador.intErrores > 0 || lngRegistros >= 4) << strQueda;
