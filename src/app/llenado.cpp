@@ -50,7 +50,7 @@ void fLeer(const clsComun &comun, const std::string &strCatalogo, const clsMudan
 clsMudanza fCargarCatalogo(const clsComun &comun, bool bolForzar)
 {
     const std::string strCatalogo = comun.archivo.strRaiz + std::string(strFicheroCatalogo);
-    const auto huella = fHuella(strCatalogo);
+    const auto huella = fHuella(strCatalogo, false);
     const bool bolExiste = huella && huella->lngBytes > 0;
     const clsDecision decision = fDecidirCarga(bolForzar, bolExiste, comun.archivo.bolEscritura);
     if (decision.bolAnunciar) {

@@ -74,6 +74,19 @@ void fQuitarRestos(const std::string &strRaiz)
     }
 }
 
+/// Sees to it that some catalogue stands.
+/// @return whether there was one before; a link, or an empty file, is none.
+bool fAsentar(const std::string &strCatalogo)
+{
+    const auto antes = fConsultar(strCatalogo, false);
+    if (antes && antes->tipo == TipoArchivo::Enlace) {
+        fBorrar(strCatalogo);
+    }
+    // Exclusive: a catalogue that is there is not touched before its successor is whole.
+    fCrearVacio(strCatalogo);
+    return antes && antes->tipo == TipoArchivo::Archivo && antes->huella.lngBytes > 0;
+}
+
 } // namespace
 
 clsConstruccion fConstruir(const std::string &strRaiz, clsObservador &observador, int intHilos)
@@ -84,10 +97,7 @@ clsConstruccion fConstruir(const std::string &strRaiz, clsObservador &observador
     }
     fQuitarRestos(strRaiz);
     const std::string strCatalogo = strRaiz + std::string(strFicheroCatalogo);
-    const auto huella = fHuella(strCatalogo);
-    const bool bolHabia = huella && huella->lngBytes > 0;
-    // Exclusive: a catalogue that is there is not touched before its successor is whole.
-    fCrearVacio(strCatalogo);
+    const bool bolHabia = fAsentar(strCatalogo);
     clsReemplazo archivo(strCatalogo);
     if (archivo.fError()) {
         return {Construccion::SinEscribir, archivo.fError()};

@@ -106,7 +106,7 @@ clsResultado<clsLectura> fLeerFicheroCatalogo(const std::string &strRuta,
                                               std::string_view strExtensiones, clsFilas &filas,
                                               const clsMudanza &mudanza)
 {
-    const auto archivo = fAbrirRegular(strRuta);
+    const auto archivo = fAbrirRegular(strRuta, false);
     if (!archivo) {
         return archivo.fError();
     }

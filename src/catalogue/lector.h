@@ -31,7 +31,7 @@ struct clsLectura {
 [[nodiscard]] clsLectura fLeerCatalogo(clsRegistros &registros, std::string_view strExtensiones,
                                        clsFilas &filas, const clsMudanza &mudanza = {});
 
-/// The same from the catalogue's file.
+/// The same from the catalogue's file; ENOENT when it is a link.
 /// @param mudanza what the rows' paths are taken over by.
 /// @return an error when the file cannot be read to its end; the rows before it stay.
 [[nodiscard]] clsResultado<clsLectura> fLeerFicheroCatalogo(const std::string &strRuta,

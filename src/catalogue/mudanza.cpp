@@ -83,7 +83,7 @@ std::string clsMudanza::fRuta(std::string_view strRuta) const
 clsMudanza fBuscarMudanza(const std::string &strCatalogo, const std::string &strRaiz,
                           const Existe &fExiste)
 {
-    const auto archivo = fAbrirRegular(strCatalogo);
+    const auto archivo = fAbrirRegular(strCatalogo, false);
     if (!archivo) {
         return {};
     }
@@ -101,11 +101,11 @@ clsMudanza fBuscarMudanza(const std::string &strCatalogo, const std::string &str
 clsError fMudarCatalogo(const std::string &strCatalogo, const clsMudanza &mudanza)
 {
     const clsCerrojoArchivo cerrojo(mudanza.strA);
-    const auto viejo = fAbrirRegular(strCatalogo);
+    const auto viejo = fAbrirRegular(strCatalogo, false);
     if (!cerrojo.fTenido() || !viejo) {
         return cerrojo.fTenido() ? viejo.fError() : EBUSY;
     }
-    clsReemplazo nuevo(strCatalogo);
+    clsReemplazo nuevo(strCatalogo, fConsultar(viejo->descriptor));
     clsRegistros registros(fBytesDe(viejo->descriptor));
     std::string strPendiente;
     while (const clsRegistro *const registro = registros.fSiguiente()) {

@@ -107,13 +107,13 @@ clsFinCorreccion fCorregirCatalogo(const std::string &strRuta, const clsDestinos
                                    clsFecha fecha)
 {
     clsFinCorreccion fin{Correccion::SinCatalogo, {}, {}};
-    const auto viejo = fAbrirRegular(strRuta);
+    const auto viejo = fAbrirRegular(strRuta, false);
     if (!viejo) {
         fin.error = viejo.fError();
         return fin;
     }
     // Written and flushed before the old one is touched: a full disk is found out here.
-    clsReemplazo archivo(strRuta);
+    clsReemplazo archivo(strRuta, fConsultar(viejo->descriptor));
     clsRegistros registros(fBytesDe(viejo->descriptor));
     fin.error = fReescribir(registros, destinos, fecha, archivo);
     fin.error = fin.error ? fin.error : archivo.fVolcar();

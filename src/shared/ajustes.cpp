@@ -21,10 +21,13 @@ struct clsCambio {
 };
 
 /// What the file holds; nothing where there is none yet.
-clsResultado<std::string> fLeerTexto(const std::string &strRuta)
+clsResultado<std::string> fLeerTexto(const clsResultado<clsAbierto> &archivo)
 {
-    auto strIni = fLeerArchivo(strRuta);
-    return strIni.fError() == ENOENT ? clsResultado<std::string>(std::string()) : strIni;
+    if (!archivo) {
+        return archivo.fError() == ENOENT ? std::string()
+                                          : clsResultado<std::string>(archivo.fError());
+    }
+    return fLeerArchivo(*archivo);
 }
 
 void fAplicar(const std::string &strRuta, const std::vector<clsCambio> &lstCambios)
@@ -32,7 +35,8 @@ void fAplicar(const std::string &strRuta, const std::vector<clsCambio> &lstCambi
     if (lstCambios.empty()) {
         return;
     }
-    const auto strAntes = fLeerTexto(strRuta);
+    const auto viejo = fAbrirRegular(strRuta, false);
+    const auto strAntes = fLeerTexto(viejo);
     // A file that is there but cannot be read is left alone: it would lose its other lines.
     if (!strAntes) {
         return;
@@ -46,7 +50,7 @@ void fAplicar(const std::string &strRuta, const std::vector<clsCambio> &lstCambi
     if (strIni == *strAntes) {
         return;
     }
-    clsReemplazo archivo(strRuta);
+    clsReemplazo archivo(strRuta, viejo ? fConsultar(viejo->descriptor) : viejo.fError());
     archivo.fEscribir(strIni);
     static_cast<void>(archivo.fConfirmar(false));
 }
@@ -97,7 +101,7 @@ clsResultado<std::string> clsAjustes::fTexto()
         return std::string();
     }
     fEsperar();
-    return fLeerTexto(m_strRuta);
+    return fLeerTexto(fAbrirRegular(m_strRuta, false));
 }
 
 void clsAjustes::fGuardarIni(std::string_view strSeccion, std::string_view strClave,

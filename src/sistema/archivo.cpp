@@ -32,6 +32,7 @@ clsResultado<clsDatosArchivo> fConsultarDesde(int intCarpeta, const std::string 
         {datos.st_dev,             datos.st_ino                     },
         datos.st_mode & 07777U,
         datos.st_uid,
+        datos.st_gid,
         datos.st_blocks * lngBloque
     };
 }
@@ -79,9 +80,9 @@ clsResultado<clsDatosArchivo> fConsultarEn(const clsDescriptor &carpeta,
     return fConsultarDesde(carpeta.fFd(), strNombre, fModo(bolSeguir));
 }
 
-clsResultado<clsHuella> fHuella(const std::string &strRuta)
+clsResultado<clsHuella> fHuella(const std::string &strRuta, bool bolSeguir)
 {
-    const auto datos = fConsultar(strRuta);
+    const auto datos = fConsultar(strRuta, bolSeguir);
     if (!datos || datos->tipo != TipoArchivo::Archivo) {
         return datos ? clsError(EINVAL) : datos.fError();
     }
@@ -105,13 +106,13 @@ std::string fRutaReal(const std::string &strRuta)
     return strReal ? strReal.get() : std::string();
 }
 
-clsResultado<clsAbierto> fAbrirRegular(const std::string &strRuta)
+clsResultado<clsAbierto> fAbrirRegular(const std::string &strRuta, bool bolSeguir)
 {
-    constexpr int intModo = O_RDONLY | O_NONBLOCK | O_CLOEXEC | O_NOCTTY;
+    const int intModo = O_RDONLY | O_NONBLOCK | O_CLOEXEC | O_NOCTTY | (bolSeguir ? 0 : O_NOFOLLOW);
     clsDescriptor archivo{
         fInsistir<&clsLlamadas::fAbrir>(AT_FDCWD, strRuta.c_str(), intModo, mode_t{})};
     if (!archivo.fAbierto()) {
-        return clsError(errno);
+        return clsError(!bolSeguir && errno == ELOOP ? ENOENT : errno);
     }
     const auto datos = fConsultar(archivo);
     if (!datos) {
@@ -138,18 +139,20 @@ clsResultado<std::size_t> fLeerEn(const clsDescriptor &abierto, std::int64_t lng
 clsResultado<std::string> fLeerArchivo(const std::string &strRuta)
 {
     const auto archivo = fAbrirRegular(strRuta);
-    if (!archivo) {
-        return archivo.fError();
-    }
+    return archivo ? fLeerArchivo(*archivo) : archivo.fError();
+}
+
+clsResultado<std::string> fLeerArchivo(const clsAbierto &archivo)
+{
     // One byte more than the size, so that the last read sees the end without another call.
-    std::string strBytes(static_cast<std::size_t>(archivo->huella.lngBytes) + 1, '\0');
+    std::string strBytes(static_cast<std::size_t>(archivo.huella.lngBytes) + 1, '\0');
     std::size_t lngLeidos = 0;
     while (true) {
         if (lngLeidos == strBytes.size()) {
             strBytes.resize(strBytes.size() * 2);
         }
         const auto lngTrozo =
-            fLeer(archivo->descriptor, strBytes.data() + lngLeidos, strBytes.size() - lngLeidos);
+            fLeer(archivo.descriptor, strBytes.data() + lngLeidos, strBytes.size() - lngLeidos);
         if (!lngTrozo) {
             return lngTrozo.fError();
         }

@@ -57,6 +57,7 @@ struct clsDatosArchivo {
     clsIdentidad identidad;
     unsigned lngPermisos = 0;     ///< the twelve bits
     unsigned lngDueno = 0;        ///< number of the user it belongs to
+    unsigned lngGrupo = 0;        ///< and of the group
     std::int64_t lngOcupados = 0; ///< bytes it takes on the disk
 };
 
@@ -68,8 +69,8 @@ struct clsDatosArchivo {
 [[nodiscard]] clsResultado<clsDatosArchivo>
 fConsultarEn(const clsDescriptor &carpeta, const std::string &strNombre, bool bolSeguir);
 
-/// Size and time of a regular file (links followed). EINVAL: something else has that path.
-[[nodiscard]] clsResultado<clsHuella> fHuella(const std::string &strRuta);
+/// Size and time of a regular file. EINVAL: something else has that path.
+[[nodiscard]] clsResultado<clsHuella> fHuella(const std::string &strRuta, bool bolSeguir = true);
 
 /// Whether a regular file of that path exists (links followed).
 [[nodiscard]] bool fExisteArchivo(const std::string &strRuta);
@@ -91,7 +92,10 @@ struct clsAbierto {
 
 /// Opens a regular file for reading. Pipes, sockets and devices are refused without waiting for
 /// them (EINVAL), folders with EISDIR.
-[[nodiscard]] clsResultado<clsAbierto> fAbrirRegular(const std::string &strRuta);
+/// @param bolSeguir false: a link counts as absent (ENOENT). For the program's own files, in whose
+///        folder others may put a link to what only this user may read.
+[[nodiscard]] clsResultado<clsAbierto> fAbrirRegular(const std::string &strRuta,
+                                                     bool bolSeguir = true);
 
 /// Reads on from where the file stands; 0 bytes: its end.
 [[nodiscard]] clsResultado<std::size_t> fLeer(const clsDescriptor &abierto, void *bytDatos,
@@ -102,6 +106,7 @@ struct clsAbierto {
 
 /// Reads a regular file as a whole.
 [[nodiscard]] clsResultado<std::string> fLeerArchivo(const std::string &strRuta);
+[[nodiscard]] clsResultado<std::string> fLeerArchivo(const clsAbierto &archivo);
 
 /// Writes all bytes.
 [[nodiscard]] clsError fEscribirTodo(const clsDescriptor &abierto, std::string_view strBytes);

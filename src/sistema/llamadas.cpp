@@ -26,6 +26,7 @@ constinit const clsLlamadas llamadasReales = {
     getdents64,
     fstatat,
     fchmod,
+    [](int intFd, gid_t grupo) { return fchown(intFd, static_cast<uid_t>(-1), grupo); },
     [](const char *strRuta, const timespec *lstMomentos) {
         return utimensat(AT_FDCWD, strRuta, lstMomentos, 0);
     },

@@ -24,6 +24,7 @@ struct clsLlamadas {
     ssize_t (*fListar)(int intFd, void *bytDatos, std::size_t lngBytes); ///< getdents64
     int (*fConsultar)(int intCarpeta, const char *strRuta, struct stat *datos, int intModo);
     int (*fPermitir)(int intFd, mode_t modo);                         ///< fchmod
+    int (*fAgrupar)(int intFd, gid_t grupo);                          ///< fchown, group only
     int (*fFechar)(const char *strRuta, const timespec *lstMomentos); ///< utimensat, links followed
     int (*fFecharAbierto)(int intFd, const timespec *lstMomentos);    ///< futimens
     int (*fRenombrar)(const char *strDe, const char *strA);           ///< rename: replaces silently

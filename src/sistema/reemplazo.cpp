@@ -26,11 +26,29 @@ void fVolcarCarpeta(const std::string &strCarpeta)
 
 } // namespace
 
-clsReemplazo::clsReemplazo(std::string strRuta, std::optional<unsigned> permisos)
+clsReemplazo::clsReemplazo(const std::string &strRuta)
+    : clsReemplazo(strRuta, fConsultar(strRuta, false))
+{
+}
+
+clsReemplazo::clsReemplazo(std::string strRuta, const clsResultado<clsDatosArchivo> &viejo)
     : m_strRuta(std::move(strRuta))
 {
+    const bool bolNuevo = viejo ? viejo->tipo != TipoArchivo::Archivo : viejo.fError() == ENOENT;
+    fCrear(bolNuevo ? 0666 : 0600); // who may read more is told before there is something to read
+    if (m_descriptor.fAbierto() && viejo && !bolNuevo) {
+        fVestir(*viejo);
+    }
+}
+
+clsReemplazo::clsReemplazo(std::string strRuta, unsigned permisos) : m_strRuta(std::move(strRuta))
+{
+    fCrear(permisos);
+}
+
+void clsReemplazo::fCrear(unsigned permisos)
+{
     static std::atomic<unsigned> lngSiguiente{0};
-    const auto antes = permisos ? clsError() : fConsultar(m_strRuta, false);
     // The name is cut so that the temporary one still fits where the final one does (255 bytes).
     const std::size_t lngCarpeta = fLargoCarpeta(m_strRuta);
     const std::string strBase = m_strRuta.substr(0, lngCarpeta) + '.' +
@@ -40,7 +58,7 @@ clsReemplazo::clsReemplazo(std::string strRuta, std::optional<unsigned> permisos
     for (int intIntento = 0; intIntento < 1000 && !m_descriptor.fAbierto(); ++intIntento) {
         m_strTemporal = strBase + std::to_string(lngSiguiente++) + std::string(strFinTemporal);
         m_descriptor = clsDescriptor{fInsistir<&clsLlamadas::fAbrir>(
-            AT_FDCWD, m_strTemporal.c_str(), intModo, mode_t{permisos.value_or(0666)})};
+            AT_FDCWD, m_strTemporal.c_str(), intModo, mode_t{permisos})};
         if (!m_descriptor.fAbierto() && errno != EEXIST) {
             break;
         }
@@ -48,10 +66,18 @@ clsReemplazo::clsReemplazo(std::string strRuta, std::optional<unsigned> permisos
     if (!m_descriptor.fAbierto()) {
         m_error = errno;
         m_strTemporal.clear();
-    } else if (antes && antes->tipo == TipoArchivo::Archivo) {
-        // Best effort: a file system without permission bits is no reason to refuse.
-        fInsistir<&clsLlamadas::fPermitir>(m_descriptor.fFd(), mode_t{antes->lngPermisos});
     }
+}
+
+/// Best effort: a file system without permission bits is no reason to refuse.
+void clsReemplazo::fVestir(const clsDatosArchivo &viejo)
+{
+    const bool bolGrupo =
+        fInsistir<&clsLlamadas::fAgrupar>(m_descriptor.fFd(), gid_t{viejo.lngGrupo}) == 0;
+    // Another group gets no more than all others had.
+    const unsigned lngGrupo = bolGrupo ? 070U : (viejo.lngPermisos & 07U) << 3U;
+    fInsistir<&clsLlamadas::fPermitir>(m_descriptor.fFd(),
+                                       mode_t{viejo.lngPermisos & (0707U | lngGrupo)});
 }
 
 clsReemplazo::~clsReemplazo() { fDescartar(); }

@@ -3,7 +3,6 @@
 #include "sistema/archivo.h"
 
 #include <cstdint>
-#include <optional>
 #include <string>
 #include <string_view>
 
@@ -11,10 +10,15 @@
 /// takes the final name only in fConfirmar. Without it the destructor deletes the temporary file.
 class clsReemplazo {
 public:
-    /// Creates the temporary file; fError tells whether that worked. The permission bits are those
-    /// of the file that is replaced, else the usual ones.
-    /// @param permisos other permission bits for the new file, which the user's mask narrows.
-    explicit clsReemplazo(std::string strRuta, std::optional<unsigned> permisos = {});
+    /// Creates the temporary file; fError tells whether that worked. Group and permission bits are
+    /// those of the file that is replaced, else the usual ones.
+    explicit clsReemplazo(const std::string &strRuta);
+    /// The same for bytes that come from the file that is replaced.
+    /// @param viejo what that one was when it was opened (ENOENT: there was none): by now another
+    ///        file may have its name, and more may be allowed to read that.
+    clsReemplazo(std::string strRuta, const clsResultado<clsDatosArchivo> &viejo);
+    /// @param permisos bits for the new file, which the user's mask narrows.
+    clsReemplazo(std::string strRuta, unsigned permisos);
     ~clsReemplazo();
     clsReemplazo(const clsReemplazo &) = delete;
     clsReemplazo &operator=(const clsReemplazo &) = delete;
@@ -43,6 +47,8 @@ public:
     [[nodiscard]] static bool fEsResto(std::string_view strNombre, std::string_view strDestino);
 
 private:
+    void fCrear(unsigned permisos);
+    void fVestir(const clsDatosArchivo &viejo);
     void fDescartar();
 
     std::string m_strRuta;

@@ -1,4 +1,6 @@
 #include "catalogue/constructor.h"
+#include "catalogue/lector.h"
+#include "catalogue/mudanza.h"
 #include "sistema/carpeta.h"
 #include "sistema/reemplazo.h"
 
@@ -59,6 +61,30 @@ TEST(Constructor, RecordsItselfAsAnEmptyFileTheFirstTime)
     EXPECT_TRUE(
         arbol.fLeer(strDat).ends_with("\r\n " + std::to_string(strPrimero.size()) + " \r\n"));
     EXPECT_EQ(arbol.fNombres(), Textos{strDat});
+}
+
+TEST(Constructor, PutsTheCatalogueIntoThePlaceOfALinkWithoutFollowingIt)
+{
+    for (const char *const strDestino : {"secreto", "nada"}) {
+        SCOPED_TRACE(strDestino);
+        const clsArbol arbol;
+        const clsArbol fuera;
+        fuera.fCrear("secreto", "privado");
+        ASSERT_EQ(chmod(fuera.fRuta("secreto").c_str(), 0600), 0);
+        arbol.fEnlace(strDat, fuera.fRuta(strDestino));
+        clsFilas filas;
+        EXPECT_EQ(fLeerFicheroCatalogo(arbol.fRuta(strDat), "JPG", filas).fError(), ENOENT);
+        EXPECT_EQ(fMudarCatalogo(arbol.fRuta(strDat), {"/m/", arbol.fRaiz()}), ENOENT);
+        EXPECT_EQ(fConstruirEn(arbol), Construccion::Hecha);
+        EXPECT_EQ(fuera.fNombres(), Textos{"secreto"});
+        EXPECT_EQ(fuera.fLeer("secreto"), "privado");
+        struct stat datos {};
+        ASSERT_EQ(lstat(arbol.fRuta(strDat).c_str(), &datos), 0);
+        const mode_t modoUsual = umask(0);
+        umask(modoUsual);
+        EXPECT_EQ(datos.st_mode, S_IFREG | (0666U & ~modoUsual));
+        EXPECT_TRUE(arbol.fLeer(strDat).ends_with("\r\n 0 \r\n")); // of itself, as the first time
+    }
 }
 
 TEST(Constructor, RemovesWhatKilledBuildsLeftAndDoesNotRecordIt)

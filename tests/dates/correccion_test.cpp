@@ -323,6 +323,18 @@ TEST(Correccion, SaysSoWhenThereIsNoCatalogueToRewrite)
     EXPECT_EQ(arbol.fNombres(), Textos{"20090715_a.jpg"});
 }
 
+TEST(Correccion, TakesALinkForNoCatalogue)
+{
+    const clsArbol arbol;
+    arbol.fCrear("a.jpg", "foto");
+    arbol.fCrear("d/secreto", "privado");
+    arbol.fEnlace(strDat, "d/secreto");
+    const clsIntento intento(arbol, {"a.jpg"});
+    EXPECT_EQ(intento.fin.correccion, Correccion::SinCatalogo);
+    EXPECT_EQ(intento.fin.error, ENOENT);
+    EXPECT_EQ(arbol.fLeer("d/secreto"), "privado");
+}
+
 TEST(Correccion, GivesFilesTheNearestTimeOnFatAndTheCatalogueTheDateItself)
 {
     struct clsCaso {

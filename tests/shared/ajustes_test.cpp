@@ -8,6 +8,7 @@
 #include <future>
 #include <gtest/gtest.h>
 #include <sys/stat.h>
+#include <unistd.h>
 
 namespace {
 
@@ -100,6 +101,49 @@ TEST(Ajustes, DoNotReplaceAFileThatCannotBeRead)
               }),
               0);
     EXPECT_EQ(fInodo(arbol), lngInodo);
+}
+
+TEST(Ajustes, NeitherReadNorWriteThroughALink)
+{
+    for (const char *const strDestino : {"secreto", "nada"}) {
+        SCOPED_TRACE(strDestino);
+        const clsArbol arbol;
+        arbol.fCrear("d/secreto", "[GENERAL]\r\nANCHO=7\r\n");
+        ASSERT_EQ(chmod(arbol.fRuta("d/secreto").c_str(), 0600), 0);
+        arbol.fEnlace(strIni, std::string("d/") + strDestino);
+        clsAjustes ajustes(arbol.fRuta(strIni), true);
+        EXPECT_EQ(ajustes.fConsultar("GENERAL", "ANCHO"), "");
+        ajustes.fGuardarIni("GENERAL", "SELEC", "/f");
+        ajustes.fEsperar();
+        EXPECT_EQ(arbol.fLeer("d/secreto"), "[GENERAL]\r\nANCHO=7\r\n");
+        EXPECT_EQ(arbol.fNombres("d"), std::vector<std::string>{"secreto"});
+        struct stat datos {};
+        ASSERT_EQ(lstat(arbol.fRuta(strIni).c_str(), &datos), 0);
+        EXPECT_TRUE(S_ISREG(datos.st_mode));
+        EXPECT_EQ(arbol.fLeer(strIni), "[GENERAL]\r\nSELEC=/f\r\n");
+    }
+}
+
+TEST(Ajustes, AreNoMoreOpenThanTheFileThatWasReadWhateverHasItsNameMeanwhile)
+{
+    static const clsArbol arbol;
+    arbol.fCrear("secreto", "[GENERAL]\r\nANCHO=7\r\n");
+    ASSERT_EQ(chmod(arbol.fRuta("secreto").c_str(), 0600), 0);
+    ASSERT_EQ(link(arbol.fRuta("secreto").c_str(), arbol.fRuta(strIni).c_str()), 0);
+    arbol.fCrear("abierto", "x");
+    static clsLlamadas disco = llamadasReales;
+    disco.fLeer = [](int intFd, void *bytDatos, std::size_t lngBytes) {
+        rename(arbol.fRuta("abierto").c_str(), arbol.fRuta(strIni).c_str());
+        return llamadasReales.fLeer(intFd, bytDatos, lngBytes);
+    };
+    const clsOtrasLlamadas otras(disco);
+    clsAjustes ajustes(arbol.fRuta(strIni), true);
+    ajustes.fGuardarIni("GENERAL", "SELEC", "/f");
+    ajustes.fEsperar();
+    EXPECT_EQ(arbol.fLeer(strIni), "[GENERAL]\r\nANCHO=7\r\nSELEC=/f\r\n");
+    struct stat datos {};
+    ASSERT_EQ(lstat(arbol.fRuta(strIni).c_str(), &datos), 0);
+    EXPECT_EQ(datos.st_mode & 07777U, 0600U);
 }
 
 TEST(Ajustes, DoNotKeepTheProgramFromEndingWhenTheDiskHangs)

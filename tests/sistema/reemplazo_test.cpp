@@ -1,8 +1,10 @@
 #include "sistema/reemplazo.h"
 
 #include "soporte/arbol.h"
+#include "soporte/fallos.h"
 #include "soporte/proceso.h"
 
+#include <atomic>
 #include <cerrno>
 #include <csignal>
 #include <gtest/gtest.h>
@@ -36,6 +38,50 @@ TEST(Reemplazo, PutsTheNewFileInPlaceWithThePermissionsOfTheOld)
     EXPECT_EQ(arbol.fLeer("a.dat"), "nuevo");
     EXPECT_EQ(clsReemplazo(arbol.fRuta(std::string(255, 'n'))).fConfirmar(true), 0);
     EXPECT_TRUE(fExisteArchivo(arbol.fRuta(std::string(255, 'n')))); // the longest name there is
+}
+
+std::atomic<mode_t> modoVisto{0}; ///< all bits that a new file ever had
+
+TEST(Reemplazo, IsNeverMoreOpenThanTheOldFile)
+{
+    const clsArbol arbol;
+    arbol.fCrear("a.dat", "viejo");
+    ASSERT_EQ(chmod(arbol.fRuta("a.dat").c_str(), 0604), 0);
+    clsLlamadas disco = llamadasReales;
+    disco.fPermitir = [](int intFd, mode_t modo) {
+        struct stat datos {};
+        modoVisto |= fstat(intFd, &datos) == 0 ? datos.st_mode | modo : 07777U;
+        return llamadasReales.fPermitir(intFd, modo);
+    };
+    const clsOtrasLlamadas otras(disco);
+    EXPECT_EQ(clsReemplazo(arbol.fRuta("a.dat")).fConfirmar(false), 0);
+    EXPECT_EQ(modoVisto & 07777U, 0604U);
+}
+
+TEST(Reemplazo, GivesNothingToAGroupThatTheOldFileWasNotOf)
+{
+    constexpr gid_t lngGrupo = 12345;
+    const clsArbol arbol;
+    ASSERT_EQ(chmod(arbol.fRaiz().c_str(), 0777), 0);
+    const std::string strRuta = arbol.fRuta("a.dat");
+    arbol.fCrear("a.dat", "viejo");
+    if (chown(strRuta.c_str(), static_cast<uid_t>(-1), lngGrupo) != 0) {
+        GTEST_SKIP() << "needs the right to give files away";
+    }
+    ASSERT_EQ(chmod(strRuta.c_str(), 0664), 0);
+    struct stat datos {};
+    EXPECT_EQ(clsReemplazo(strRuta).fConfirmar(false), 0);
+    ASSERT_EQ(stat(strRuta.c_str(), &datos), 0);
+    EXPECT_EQ(datos.st_gid, lngGrupo);
+    EXPECT_EQ(datos.st_mode & 07777U, 0664U);
+    EXPECT_EQ(fEnHijo([&] {
+                  ASSERT_TRUE(fSoltarRaiz());
+                  EXPECT_EQ(clsReemplazo(strRuta).fConfirmar(false), 0);
+              }),
+              0);
+    ASSERT_EQ(stat(strRuta.c_str(), &datos), 0);
+    EXPECT_NE(datos.st_gid, lngGrupo);
+    EXPECT_EQ(datos.st_mode & 07777U, 0644U);
 }
 
 TEST(Reemplazo, ReportsWhyItCannotWork)
