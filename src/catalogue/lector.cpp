@@ -57,9 +57,8 @@ private:
 
     void fFila()
     {
-        std::string strMudada;
         if (m_mudanza.fHay()) {
-            m_lstHuecos[0] = strMudada = m_mudanza.fRuta(m_lstHuecos[0]);
+            m_lstHuecos[0] = m_strMudada = m_mudanza.fRuta(m_lstHuecos[0]);
         }
         if (fRutaOculta(m_lstHuecos[0])) {
             return;
@@ -86,6 +85,7 @@ private:
     // next text takes its place.
     std::array<std::string_view, 3> m_lstHuecos;
     std::size_t m_lngHueco = 0;
+    std::string m_strMudada;                     ///< the path taken over
     std::array<std::string, 3> m_lstConservados; ///< texts that outlive their record
 };
 

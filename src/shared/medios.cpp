@@ -3,7 +3,8 @@
 #include "shared/rutas.h"
 #include "shared/texto.h"
 
-#include <cstddef>
+#include <algorithm>
+#include <array>
 
 namespace {
 constexpr std::string_view strFotos = "/JPG/";
@@ -22,18 +23,13 @@ std::string_view fExtensionesVisibles(Medios medios)
 bool fExtensionEn(std::string_view strRuta, std::string_view strExtensiones)
 {
     // Every extension known here has three characters, between two bars.
-    constexpr std::size_t lngLargo = 3;
     const std::string_view strExtension = fExtensionDe(strRuta);
-    if (strExtension.size() != lngLargo) {
+    if (strExtension.size() != 3) {
         return false;
     }
-    for (std::size_t lng = 0; lng + lngLargo + 1 < strExtensiones.size(); ++lng) {
-        if (strExtensiones[lng] == '/' && strExtensiones[lng + lngLargo + 1] == '/' &&
-            fIgualSinCaja(strExtensiones.substr(lng + 1, lngLargo), strExtension)) {
-            return true;
-        }
-    }
-    return false;
+    std::array<char, 5> lstBuscada = {'/', 0, 0, 0, '/'};
+    std::transform(strExtension.begin(), strExtension.end(), lstBuscada.begin() + 1, fMayuscula);
+    return strExtensiones.find({lstBuscada.data(), lstBuscada.size()}) != std::string_view::npos;
 }
 
 bool fEsVideo(std::string_view strRuta) { return fExtensionEn(strRuta, strVideos); }

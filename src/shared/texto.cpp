@@ -62,11 +62,6 @@ std::size_t fSecuencia(std::string_view str)
     return lngBytes;
 }
 
-char fMayuscula(char chr)
-{
-    return chr >= 'a' && chr <= 'z' ? static_cast<char>(chr - 'a' + 'A') : chr;
-}
-
 } // namespace
 
 bool fEsUtf8(std::string_view strBytes)

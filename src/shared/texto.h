@@ -18,6 +18,10 @@
 [[nodiscard]] int fContarCaracteres(std::string_view strUtf8);
 
 /// A to Z for a to z; every other byte unchanged.
+[[nodiscard]] constexpr char fMayuscula(char chr)
+{
+    return chr >= 'a' && chr <= 'z' ? static_cast<char>(chr - 'a' + 'A') : chr;
+}
 [[nodiscard]] std::string fMayusculasAscii(std::string_view strTexto);
 
 /// Whether two texts are the same but for the case of A to Z.
