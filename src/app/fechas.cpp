@@ -15,7 +15,8 @@ void fMostrarExif(const clsComun &comun)
 {
     frmExif ventana(comun.ventana);
     ventana.setWindowIcon(comun.ventana->windowIcon());
-    ventana.fbolShow(fQ(GetExifText(comun.estado.filas.fRutaDisco(comun.estado.lngActual))));
+    const QString strTexto = fQ(GetExifText(comun.estado.filas.fRutaDisco(comun.estado.lngActual)));
+    ventana.fbolShow(strTexto);
 }
 
 void fBuscar(const clsComun &comun)

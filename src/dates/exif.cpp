@@ -7,14 +7,16 @@
 #include "sistema/archivo.h"
 
 #include <algorithm>
+#include <array>
 #include <charconv>
 
 namespace {
 
-// The values of one file together. What comes after that keeps its beginning only, so that a small
-// file whose entries all point to one long value cannot fill the memory.
-constexpr std::size_t lngMaximoTabla = std::size_t{16} << 20;
-constexpr std::size_t lngMinimoValor = 256;
+// The values of one file together, as they are read and as texts. What comes after that keeps its
+// beginning only, so that a small file whose entries all point to one long value fills neither the
+// memory nor the time: table, text and window together stay below 64 MiB.
+constexpr std::size_t lngMaximoTabla = std::size_t{3} << 20;
+constexpr std::size_t lngMinimoValor = 32;
 
 bool fContiene(std::string_view strTexto, std::string_view strParte)
 {
@@ -59,6 +61,22 @@ clsFilaExif fFila(const clsDatosTiff &tiff, const clsEntradaIfd &entrada, std::s
     return fila;
 }
 
+/// What each byte shows.
+std::array<std::string, 256> fLetras()
+{
+    std::array<std::string, 256> lstLetras;
+    for (std::size_t lng = 0; lng < lstLetras.size(); ++lng) {
+        // A single byte from 80 on is no UTF-8 and so is read as Windows-1252. Its five unassigned
+        // bytes give control characters, too.
+        const char chr = static_cast<char>(lng);
+        const std::string strLetra = fTextoPantalla({&chr, 1});
+        const bool bolControl =
+            chr == '\x7F' || strLetra < " " || (strLetra.size() > 1 && strLetra < "\u00A0");
+        lstLetras[lng] = bolControl ? " " : strLetra;
+    }
+    return lstLetras;
+}
+
 std::string fTextoConvertido(const clsFilaExif &fila)
 {
     if (const auto *const fecha = std::get_if<clsFecha>(&fila.convertido)) {
@@ -85,8 +103,11 @@ std::string ReadExifTable(clsOrigen &origen, clsTablaExif &tabla, clsMarcas &mar
     fRecorrerIfds(
         tiff, static_cast<std::uint32_t>(marcas.lngIfd0), [&](const clsEntradaIfd &entrada) {
             const std::size_t lngMaximo = std::clamp(lngQuedan, lngMinimoValor, lngMaximoValor);
+            const std::uint64_t lngAntes = lector.fCopiados();
             tabla.lstFilas.push_back(fFila(tiff, entrada, lngMaximo));
-            lngQuedan -= std::min(lngQuedan, tabla.lstFilas.back().strValor.size());
+            const std::size_t lngTexto = tabla.lstFilas.back().strValor.size();
+            lngQuedan -= std::min<std::size_t>(
+                lngQuedan, std::max<std::uint64_t>(lector.fCopiados() - lngAntes, lngTexto));
             return true;
         });
     return {};
@@ -127,17 +148,10 @@ std::optional<clsConvertido> GetExifValue(const clsTablaExif &tabla, std::string
 
 std::string fTextoExif(std::string_view strBytes)
 {
+    static const auto lstLetras = fLetras();
     std::string strTexto;
-    for (const char &chr : strBytes) {
-        if (chr >= ' ' && chr < '\x7F') {
-            strTexto += chr;
-            continue;
-        }
-        // A single byte from 80 on is no UTF-8 and so is read as Windows-1252. Its five unassigned
-        // bytes give control characters, too.
-        const std::string strLetra = fTextoPantalla({&chr, 1});
-        const bool bolControl = strLetra < "\u00A0";
-        strTexto += bolControl ? " " : strLetra;
+    for (const char chr : strBytes) {
+        strTexto += lstLetras[static_cast<unsigned char>(chr)];
     }
     const std::size_t lngDesde = std::min(strTexto.find_first_not_of(' '), strTexto.size());
     return strTexto.substr(lngDesde, strTexto.find_last_not_of(' ') - lngDesde + 1);

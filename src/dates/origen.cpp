@@ -50,12 +50,13 @@ std::string_view clsLector::fMirar(std::int64_t lngPos, std::size_t lngBytes)
 
 std::string clsLector::fCopiar(std::int64_t lngPos, std::uint64_t lngBytes)
 {
+    std::string strBytes;
     if (lngBytes <= lngVentana) {
-        return std::string(fMirar(lngPos, lngBytes));
+        strBytes = fMirar(lngPos, lngBytes);
+    } else if (const std::size_t lngHay = fQuedan(lngPos, lngBytes); lngHay != 0) {
+        strBytes.resize(lngHay);
+        strBytes.resize(m_origen.fLeer(lngPos, strBytes.data(), lngHay));
     }
-    std::string strBytes(fQuedan(lngPos, lngBytes), '\0');
-    if (!strBytes.empty()) {
-        strBytes.resize(m_origen.fLeer(lngPos, strBytes.data(), strBytes.size()));
-    }
+    m_lngCopiados += strBytes.size();
     return strBytes;
 }

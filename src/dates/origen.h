@@ -65,6 +65,9 @@ public:
     /// A copy of up to lngBytes bytes, however many.
     [[nodiscard]] std::string fCopiar(std::int64_t lngPos, std::uint64_t lngBytes);
 
+    /// How many bytes the copies took by now.
+    [[nodiscard]] std::uint64_t fCopiados() const { return m_lngCopiados; }
+
 private:
     [[nodiscard]] std::size_t fQuedan(std::int64_t lngPos, std::uint64_t lngBytes) const;
 
@@ -72,5 +75,6 @@ private:
     std::int64_t m_lngTamano;
     std::int64_t m_lngDesde = 0;
     std::size_t m_lngHay = 0;
+    std::uint64_t m_lngCopiados = 0;
     std::array<char, lngVentana> m_lstBytes; ///< the first m_lngHay of them are set
 };

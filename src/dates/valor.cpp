@@ -77,8 +77,10 @@ std::string fTextoNumeros(const clsDatosTiff &tiff, const clsEntradaIfd &entrada
     // A number takes at least one digit and its separator.
     const std::string strBytes = fCrudo(tiff, entrada, lngMaximo / 2 * tipo.intBytes);
     const std::string strFalta = tipo.clase == Clase::Racional ? "0/0" : "0";
+    const std::uint32_t lngCuenta =
+        strBytes.empty() ? std::min(entrada.lngCuenta, lngMaximoAusentes) : entrada.lngCuenta;
     std::string strTexto;
-    for (std::uint32_t lngCual = 0; lngCual < entrada.lngCuenta; ++lngCual) {
+    for (std::uint32_t lngCual = 0; lngCual < lngCuenta; ++lngCual) {
         const std::size_t lngPos = std::size_t{lngCual} * tipo.intBytes;
         const std::string strNumero =
             lngPos < strBytes.size() ? fTextoNumero(strBytes, lngPos, tipo, tiff.orden) : strFalta;
@@ -109,6 +111,7 @@ std::string fTextoBytes(const clsDatosTiff &tiff, const clsEntradaIfd &entrada,
     while (strTexto.ends_with('\0')) {
         strTexto.pop_back();
     }
+    strTexto.shrink_to_fit();
     return strTexto;
 }
 

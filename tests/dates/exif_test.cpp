@@ -202,17 +202,74 @@ TEST(Exif, KeepsNoMoreThanOneMebibyteOfAValue)
     const std::string strNumeros = fValor(3, 4294967295, "\0\x07\0\x08\0\x09"s);
     EXPECT_EQ(strNumeros.size(), 1048575U);
     EXPECT_TRUE(strNumeros.starts_with("7 8 9 0 0"));
-    // A thousand entries that share one long value do not multiply it.
-    clsTiff tiff(Orden::II);
-    for (int intCual = 0; intCual < 1000; ++intCual) {
-        tiff.fEntrada(0xC000, 2, 1000000, tiff.fNumero(8, 4));
+    // Of a value that lies beyond the file, some zeros tell it.
+    const std::string strAusente = fValor(4, 524288, "\x7F\xFF\xFF\xFF"); // an offset
+    EXPECT_TRUE(strAusente.starts_with("0 0 0"));
+    EXPECT_LT(strAusente.size(), 1000U);
+}
+
+/// Counts the reads.
+class clsContador final : public clsOrigen {
+public:
+    explicit clsContador(std::string_view strBytes) : m_memoria(strBytes) {}
+    [[nodiscard]] std::int64_t fTamano() const override { return m_memoria.fTamano(); }
+    std::size_t fLeer(std::int64_t lngPos, char *chrDestino, std::size_t lngBytes) override
+    {
+        EXPECT_LE(lngPos + static_cast<std::int64_t>(lngBytes), fTamano());
+        ++intLecturas;
+        lngLeidos += lngBytes;
+        return m_memoria.fLeer(lngPos, chrDestino, lngBytes);
     }
-    std::size_t lngBytes = 0;
-    for (const clsFilaExif &fila :
-         fLeer(tiff.fHacer() + std::string(1000000, 'x')).tabla.lstFilas) {
-        lngBytes += fila.strValor.size();
+    int intLecturas = 0;
+    std::size_t lngLeidos = 0;
+
+private:
+    clsOrigenMemoria m_memoria;
+};
+
+TEST(Exif, DoesNotMultiplyALongValueThatManyEntriesShare)
+{
+    constexpr std::size_t lngMega = std::size_t{1} << 20;
+    const struct {
+        const char *strFrase;
+        unsigned intCodigo;
+        unsigned intTipo;
+        int intEntradas;
+        char chrByte;
+    } lstCasos[] = {
+        {"zeros, which are trimmed", 0xC000, 7, 1000, '\0'},
+        {"a text", 0xC000, 2, 1000, 'x'},
+        {"letters that take three bytes on the screen", 0xC000, 7, 65535, '\x80'},
+        {"a text that is kept twice", 0x9000, 7, 65535, '\x80'},
+        {"numbers", 0xC000, 1, 65535, '\xFF'},
+    };
+    for (const auto &caso : lstCasos) {
+        SCOPED_TRACE(caso.strFrase);
+        clsTiff tiff(Orden::II);
+        for (int intCual = 0; intCual < caso.intEntradas; ++intCual) {
+            tiff.fEntrada(caso.intCodigo, caso.intTipo, lngMega, tiff.fNumero(8, 4));
+        }
+        // All point to what follows the IFD.
+        std::string strBytes = tiff.fHacer();
+        const std::string strDonde = tiff.fNumero(static_cast<std::uint32_t>(strBytes.size()), 4);
+        for (int intCual = 0; intCual < caso.intEntradas; ++intCual) {
+            strBytes.replace(10 + 12 * static_cast<std::size_t>(intCual) + 8, 4, strDonde);
+        }
+        strBytes.append(lngMega, caso.chrByte);
+        clsContador origen(strBytes);
+        clsTablaExif tabla;
+        clsMarcas marcas;
+        ASSERT_EQ(ReadExifTable(origen, tabla, marcas), "");
+        ASSERT_EQ(tabla.lstFilas.size(), static_cast<std::size_t>(caso.intEntradas));
+        EXPECT_LT(origen.lngLeidos, 512 * lngMega);
+        std::size_t lngBytes = fTextoTabla(tabla).size();
+        for (const clsFilaExif &fila : tabla.lstFilas) {
+            const auto *const strTexto = std::get_if<std::string>(&fila.convertido);
+            lngBytes += sizeof fila + fila.strValor.capacity() +
+                        (strTexto != nullptr ? strTexto->capacity() : 0);
+        }
+        EXPECT_LT(lngBytes, 48 * lngMega);
     }
-    EXPECT_LT(lngBytes, std::size_t{18} << 20);
 }
 
 TEST(Exif, ShowsWordsForTheNumbersOfSomeTags)
@@ -331,23 +388,6 @@ TEST(Exif, TakesAFileCutAtEveryByte)
     }
     EXPECT_EQ(lngAntes, 5U);
 }
-
-/// Counts the reads.
-class clsContador final : public clsOrigen {
-public:
-    explicit clsContador(std::string_view strBytes) : m_memoria(strBytes) {}
-    [[nodiscard]] std::int64_t fTamano() const override { return m_memoria.fTamano(); }
-    std::size_t fLeer(std::int64_t lngPos, char *chrDestino, std::size_t lngBytes) override
-    {
-        EXPECT_LE(lngPos + static_cast<std::int64_t>(lngBytes), fTamano());
-        ++intLecturas;
-        return m_memoria.fLeer(lngPos, chrDestino, lngBytes);
-    }
-    int intLecturas = 0;
-
-private:
-    clsOrigenMemoria m_memoria;
-};
 
 TEST(Exif, CostsOneSmallReadForThePhotoThatHasItsDatesInFront)
 {
