@@ -1,4 +1,4 @@
-// The head of a JPEG file, as the thumbnails read it: size, orientation, place of the thumbnail.
+// A JPEG file as the pictures read it: size, orientation, place of the thumbnail, what it takes.
 
 #include "viewer/cabecera_jpeg.h"
 
@@ -18,6 +18,10 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *bytDatos, std::size_t 
             std::abort();
         }
         static_cast<void>(fMiniaturaSirve(cabecera.intAncho, cabecera.intAlto, cabecera, 100));
+    }
+    if (const auto esfuerzo = fMedirJpeg(lector);
+        esfuerzo && (esfuerzo->intPasadas < 1 || esfuerzo->lngCoeficientes < 0)) {
+        std::abort();
     }
     return 0;
 }

@@ -1,5 +1,7 @@
 #include "app/aplicacion.h"
 
+#include "viewer/decodificador.h"
+
 #include <QApplication>
 #include <QIcon>
 #include <QImageReader>
@@ -48,6 +50,7 @@ void fPrepararAplicacion(QApplication &aplicacion)
     QApplication::setLayoutDirection(Qt::LeftToRight);
     // Damaged photos are the user's business, shown in the window, not the terminal's.
     QLoggingCategory::setFilterRules(QStringLiteral("qt.gui.imageio*=false"));
-    // Photos of 50 megapixels and more; how much is really decoded the viewer decides.
-    QImageReader::setAllocationLimit(0);
+    // Photos of 50 megapixels and more; how much is really decoded the viewer decides. This holds
+    // for files that hide another picture than the one they show.
+    QImageReader::setAllocationLimit(lngMaximoEnMarcha >> 20);
 }

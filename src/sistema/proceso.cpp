@@ -3,6 +3,7 @@
 #include <cerrno>
 #include <chrono>
 #include <csignal>
+#include <ctime>
 #include <fcntl.h>
 #include <mutex>
 #include <spawn.h>
@@ -134,4 +135,11 @@ void clsProceso::fMatar()
         std::this_thread::sleep_for(std::chrono::milliseconds(1));
     }
     fRecogerLuego(pid);
+}
+
+std::chrono::nanoseconds fProcesadorDelHilo()
+{
+    timespec tiempo{};
+    clock_gettime(CLOCK_THREAD_CPUTIME_ID, &tiempo);
+    return std::chrono::seconds(tiempo.tv_sec) + std::chrono::nanoseconds(tiempo.tv_nsec);
 }

@@ -2,6 +2,7 @@
 
 #include "sistema/archivo.h"
 
+#include <chrono>
 #include <optional>
 #include <string>
 #include <vector>
@@ -37,3 +38,6 @@ public:
 private:
     int m_intNumero = -1; ///< the system's for it
 };
+
+/// Processor time that the calling thread has taken.
+[[nodiscard]] std::chrono::nanoseconds fProcesadorDelHilo();

@@ -74,6 +74,7 @@ public:
                 (trabajo.bolLento ? m_lentos : m_hilos).fAnular(trabajo.orden);
             }
         }
+        fRecortar(); // a large one that is no longer wanted makes room for what comes
     }
 
     /// What was made of an order of the last fEncargar; nullptr when that is still to come.

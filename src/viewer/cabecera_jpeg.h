@@ -2,6 +2,8 @@
 
 #include "dates/origen.h"
 
+#include <optional>
+
 /// What the head of a JPEG file tells about its picture.
 struct clsCabeceraJpeg {
     int intAncho = 0; ///< size of the picture as it is stored, in pixels; 0: not found
@@ -15,6 +17,29 @@ struct clsCabeceraJpeg {
 /// that exist are asked for. Sources: ISO/IEC 10918-1 annex B; Exif 2.32, 4.5 and 4.6.
 /// @return false when it is no JPEG file.
 [[nodiscard]] bool fLeerCabeceraJpeg(clsLector &lector, clsCabeceraJpeg &cabecera);
+
+/// What a JPEG file asks of whoever decodes it.
+struct clsEsfuerzoJpeg {
+    std::int64_t lngPixeles = 0;
+    /// Bytes of the coefficients, where the decoder keeps all of them until the last scan: of a
+    /// progressive picture, and of one whose components come in scans of their own. Else 0.
+    std::int64_t lngCoeficientes = 0;
+    int intPasadas = 0; ///< scans; 1 where the coefficients are not kept
+};
+
+/// Follows the markers of a JPEG file as decoders do, passing over bytes that are none, up to the
+/// first scan or, where the coefficients are kept, up to the end of the picture. Source: ISO/IEC
+/// 10918-1, annexes A.1.1 and B.
+/// @return nothing when it is no JPEG file, has no frame or scan, or more than 4,096 segments.
+[[nodiscard]] std::optional<clsEsfuerzoJpeg> fMedirJpeg(clsLector &lector);
+
+/// Whether decoding it is worth it: a picture that takes no more than so many bytes of
+/// coefficients and about a second for them, and is no huge one in a file of a few bytes.
+/// @param lngBytes length of the file.
+[[nodiscard]] bool fDecodificable(const clsEsfuerzoJpeg &esfuerzo, std::int64_t lngBytes);
+
+/// Bytes of coefficients a picture may take: 100 megapixels without any subsampling.
+inline constexpr std::int64_t lngMaximoCoeficientes = std::int64_t{608} << 20;
 
 /// Whether a thumbnail can stand for its picture in a box: it has the picture's proportions, give
 /// or take a pixel, and as many pixels as the box shows of the picture.

@@ -1,10 +1,9 @@
 #include "viewer/extraccion.h"
 
 #include "dates/origen.h"
-#include "viewer/archivo_anulable.h"
 #include "viewer/cabecera_jpeg.h"
+#include "viewer/decodificador.h"
 
-#include <QImageReader>
 #include <QPainter>
 #include <QTransform>
 
@@ -13,11 +12,6 @@
 #include <cmath>
 
 namespace {
-
-// Beyond this, a file of a few bytes that claims a huge picture is not worth what decoding its
-// emptiness costs: a plain grey photo of that size takes far more.
-constexpr qint64 lngPixelesDudosos = qint64{16} << 20;
-constexpr qint64 lngPixelesPorByte = 400;
 
 /// Turns a stored picture upright. Source of the numbers: Exif 2.32, tag Orientation.
 QImage fEnderezar(const QImage &imagen, int intOrientacion)
@@ -86,29 +80,13 @@ QImage fMiniaturaExif(clsLector &lector, const clsCabeceraJpeg &cabecera, int in
         qint64{mini.intAncho} * mini.intAlto > lngMaximo) {
         return {};
     }
+    const auto esfuerzo = fMedirJpeg(lectorMini);
+    if (!esfuerzo || !fDecodificable(*esfuerzo, cabecera.lngBytesMini)) {
+        return {};
+    }
     const QImage imagen = QImage::fromData(reinterpret_cast<const uchar *>(strBytes.data()),
                                            static_cast<int>(strBytes.size()), "JPG");
     return fEnderezar(fEncoger(imagen, fEnCaja(imagen.size(), intLado)), cabecera.intOrientacion);
-}
-
-bool fEsDudosa(const clsCabeceraJpeg &cabecera, qint64 lngBytes)
-{
-    const qint64 lngPixeles = qint64{cabecera.intAncho} * cabecera.intAlto;
-    return lngPixeles > lngPixelesDudosos && lngPixeles / lngPixelesPorByte > lngBytes;
-}
-
-QImage fReducir(QIODevice &archivo, bool bolJpeg, int intLado)
-{
-    QImageReader lector(&archivo);
-    const QSize tam = lector.size();
-    if (tam.isEmpty() || (!bolJpeg && qint64{tam.width()} * tam.height() * 4 > lngMaximoEntera)) {
-        return {};
-    }
-    if (const QSize reducido = fEnCaja(tam, intLado); reducido != tam) {
-        lector.setScaledSize(reducido);
-    }
-    lector.setAutoTransform(true);
-    return lector.read();
 }
 
 } // namespace
@@ -143,16 +121,15 @@ clsMiniatura fExtraerFoto(const std::string &strRuta, int intLado,
     clsOrigenArchivo origen(*abierto);
     clsLector lector(origen);
     clsCabeceraJpeg cabecera;
-    const bool bolJpeg = fLeerCabeceraJpeg(lector, cabecera);
-    QImage imagen = fMiniaturaExif(lector, cabecera, intLado);
-    clsArchivoAnulable archivo(bolAnulado);
-    if (imagen.isNull() && !bolAnulado && !fEsDudosa(cabecera, abierto->huella.lngBytes) &&
-        archivo.open(abierto->descriptor.fFd(), QIODevice::ReadOnly)) {
-        imagen = fReducir(archivo, bolJpeg, intLado);
+    static_cast<void>(fLeerCabeceraJpeg(lector, cabecera));
+    if (QImage imagen = fMiniaturaExif(lector, cabecera, intLado); !imagen.isNull()) {
+        return {Extraccion::Hecha, fParaPantalla(std::move(imagen))};
     }
-    if (imagen.isNull() || bolAnulado) {
-        const bool bolDisco = archivo.error() == QFileDevice::ReadError && !bolAnulado;
-        return {bolDisco ? Extraccion::Disco : Extraccion::SinImagen, {}};
+    clsDecodificador decodificador(*abierto, bolAnulado);
+    const QSize tam = decodificador.fTam();
+    QImage imagen = tam.isEmpty() ? QImage() : decodificador.fLeer(fEnCaja(tam, intLado));
+    if (imagen.isNull()) {
+        return {decodificador.fFalloDisco() ? Extraccion::Disco : Extraccion::SinImagen, {}};
     }
     return {Extraccion::Hecha, fParaPantalla(std::move(imagen))};
 }

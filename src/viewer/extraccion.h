@@ -24,9 +24,6 @@ struct clsMiniatura {
     QImage imagen; ///< upright, no larger than the box, with one pixel per device pixel
 };
 
-/// Bytes of pixels a photo may take that can only be decoded whole.
-inline constexpr qint64 lngMaximoEntera = qint64{512} << 20;
-
 /// The thumbnail of a photo. Works on any thread. Only regular files are read.
 ///
 /// The EXIF thumbnail is taken where it has enough pixels for the box and the proportions of the

@@ -1,9 +1,8 @@
 #include "viewer/fuente.h"
 
 #include "sistema/archivo.h"
-#include "viewer/archivo_anulable.h"
+#include "viewer/decodificador.h"
 
-#include <QImageReader>
 #include <QPainter>
 #include <QPainterPath>
 
@@ -57,17 +56,17 @@ std::string fClave(const clsPedido &pedido, const clsHuella &huella)
 clsFuente fDecodificar(const clsPedido &pedido, const std::atomic<bool> &bolAnulado)
 {
     const auto abierto = fAbrirRegular(pedido.strRuta);
-    clsArchivoAnulable archivo(bolAnulado);
-    if (!abierto || !archivo.open(abierto->descriptor.fFd(), QIODevice::ReadOnly)) {
+    if (!abierto) {
         return {};
     }
-    QImageReader lector(&archivo);
-    const QSize tam = lector.size();
-    if (!tam.isValid() || tam.isEmpty()) {
+    clsDecodificador decodificador(*abierto, bolAnulado);
+    const QSize tam = decodificador.fTam();
+    if (tam.isEmpty()) {
         return {};
     }
-    const bool bolGirada = lector.transformation() & QImageIOHandler::TransformationRotate90;
+    const bool bolGirada = decodificador.fGirada();
     clsPedido pedidoGirado = pedido;
+    pedidoGirado.lngMaximo = std::min(pedido.lngMaximo, decodificador.fSitio());
     if (bolGirada) {
         pedidoGirado.recuadro.transpose();
     }
@@ -75,13 +74,9 @@ clsFuente fDecodificar(const clsPedido &pedido, const std::atomic<bool> &bolAnul
     if (intOctavos == 0) {
         return {};
     }
-    if (intOctavos < 8) {
-        lector.setScaledSize(fTamEscalado(tam, intOctavos));
-    }
-    lector.setAutoTransform(true);
     clsFuente fuente;
-    fuente.imagen = lector.read();
-    if (fuente.imagen.isNull() || bolAnulado) {
+    fuente.imagen = decodificador.fLeer(intOctavos < 8 ? fTamEscalado(tam, intOctavos) : tam);
+    if (fuente.imagen.isNull()) {
         return {};
     }
     if (fuente.imagen.format() != QImage::Format_RGB32 &&

@@ -189,6 +189,8 @@ std::shared_ptr<const clsFuente> clsVisor::fCargar(const std::string &strRuta,
     if (!fuente) {
         // Painted before the load: the user sees that something is under way.
         m_imgFoto->hide();
+        m_imgFoto->fPoner(nullptr);
+        m_imgPuente.reset(); // two large ones would be too much
         entorno.fCeder(0);
     }
     QElapsedTimer espera;

@@ -4,8 +4,13 @@
 #include "jpeg_soporte.h"
 #include "viewer/cThumbnailGenerator.h"
 #include "viewer/extraccion.h"
+#include "viewer/fuente.h"
+#include "viewer/jpeg_vacio.h"
 
+#include <QBuffer>
 #include <QImageReader>
+
+#include <fstream>
 
 namespace {
 
@@ -46,6 +51,31 @@ std::string fJactancia(int intAncho, int intAlto, bool bolProgresivo)
     return strBytes;
 }
 
+/// So many segments of nothing.
+std::string fMarcas(int intCuantas)
+{
+    std::string strBytes;
+    for (int intCual = 0; intCual < intCuantas; ++intCual) {
+        strBytes.append("\xFF\xE1\0\2", 4);
+    }
+    return strBytes;
+}
+
+std::string fCodificar(const QImage &imagen, const char *strFormato)
+{
+    QByteArray lstBytes;
+    QBuffer bufer(&lstBytes);
+    imagen.save(&bufer, strFormato);
+    return lstBytes.toStdString();
+}
+
+/// The most memory this program has had, in bytes.
+qint64 fPico()
+{
+    const std::string strEstado = fLeerArchivo("/proc/self/status").value_or("");
+    return 1024 * std::stoll(strEstado.substr(strEstado.find("VmHWM:") + 6));
+}
+
 } // namespace
 
 class clsPruebasExtraccion : public QObject {
@@ -77,6 +107,45 @@ private slots:
         QVERIFY2(fMide(fJactancia(65000, 65000, true), QSize(0, 0)), "the same at once");
         const QColor color = fExtraer(arbol, fJpegCmyk(), 100).imagen.pixelColor(12, 8);
         QVERIFY(color.red() > 200 && color.green() < 60 && color.blue() < 60);
+    }
+
+    void fPicturesThatClaimTooMuchAreNotDecoded()
+    {
+        const clsArbol arbol;
+        const std::string strRuta = arbol.fRuta("foto.jpg");
+        QImage puntos(20000, 20000, QImage::Format_Mono);
+        puntos.fill(0);
+        const std::pair<const char *, std::string> lstCasos[] = {
+            {"a few bytes", fJactancia(65500, 65500, true)},
+            {"all coefficients", clsJpegVacio{30000, 30000, true, 1, {}, 1 << 22}.fBytes()},
+            {"of components, too",
+             clsJpegVacio{30000, 30000, false, 3, {}, 1 << 20, true}.fBytes()},
+            {"scans", clsJpegVacio{20000, 20000, true, 300, {}, 4000}.fBytes()},
+            {"more scans", clsJpegVacio{4000, 4000, true, 1500}.fBytes()},
+            {"markers", clsJpegVacio{64, 64, false, 1, fMarcas(5'000'000)}.fBytes()},
+            {"points, each of which takes four bytes", fCodificar(puntos, "PNG")},
+            {"a drawing", "<svg xmlns=\"http://www.w3.org/2000/svg\" width=\"9\" height=\"9\"/>"},
+        };
+        for (const auto &[strQue, strBytes] : lstCasos) {
+            arbol.fCrear("foto.jpg", strBytes);
+            std::ofstream("/proc/self/clear_refs") << '5'; // the peak begins anew
+            const qint64 lngAntes = fPico();
+            const std::atomic<bool> bolAnulado = false;
+            QVERIFY2(fExtraerFoto(strRuta, 100, bolAnulado).extraccion == Extraccion::SinImagen,
+                     strQue);
+            const clsPedido pedido{strRuta, QSize(800, 600), 0, lngMaximoFoto};
+            QVERIFY2(fDecodificar(pedido, bolAnulado).imagen.isNull(), strQue);
+            QVERIFY2(fPico() - lngAntes < qint64{100} << 20, strQue);
+        }
+    }
+
+    void fAThumbnailOfThousandsOfScansIsNotTaken()
+    {
+        const clsArbol arbol;
+        clsJpegConMini jpeg{fLlano({100, 100}, colFoto), {}};
+        jpeg.strMini = clsJpegVacio{1000, 1000, true, 5000, {}, 1}.fBytes();
+        const QImage imagen = fExtraer(arbol, jpeg.fBytes(), 66).imagen;
+        QVERIFY(imagen.pixelColor(33, 33).red() > 150);
     }
 
     void fAThumbnailInsideIsTakenWhenItIsGoodEnough()

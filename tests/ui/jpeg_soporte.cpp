@@ -32,18 +32,18 @@ std::string fEscribir(const QImage &imagen, bool bolProgresivo)
 
 std::string clsJpegConMini::fBytes() const
 {
-    const std::string strMini = fEscribir(miniatura, false);
+    const std::string strDentro = strMini.empty() ? fEscribir(miniatura, false) : strMini;
     const auto fTiff = [&](std::size_t lngDonde) {
         return clsTiff(Orden::II)
             .fCorto(0x0112, static_cast<unsigned>(intOrientacion))
             .fIfd()
             .fCorto(0x0103, 6)
             .fLargo(0x0201, static_cast<std::uint32_t>(lngDonde) + lngMas)
-            .fLargo(0x0202, lngLargo == 0 ? static_cast<std::uint32_t>(strMini.size()) : lngLargo)
+            .fLargo(0x0202, lngLargo == 0 ? static_cast<std::uint32_t>(strDentro.size()) : lngLargo)
             .fHacer();
     };
     std::string strJpeg = fEscribir(imagen, bolProgresivo);
-    strJpeg.insert(2, fSegmentoExif(fTiff(fTiff(0).size()) + strMini));
+    strJpeg.insert(2, fSegmentoExif(fTiff(fTiff(0).size()) + strDentro));
     return strJpeg;
 }
 

@@ -13,6 +13,7 @@ struct clsJpegConMini {
     std::uint32_t lngMas = 0;   ///< added to the thumbnail's offset
     std::uint32_t lngLargo = 0; ///< claimed length of the thumbnail; 0: the true one
     bool bolProgresivo = false;
+    std::string strMini{}; ///< bytes of the thumbnail, instead of the picture
     [[nodiscard]] std::string fBytes() const;
 };
 
