@@ -36,7 +36,10 @@ void fLeer(const clsComun &comun, const std::string &strCatalogo, const clsMudan
     });
     comun.estado.lngTotalKB = lectura ? lectura->lngTotalKB : 0;
     if (!lectura && lectura.fError() != ENOENT) {
-        comun.mensajes.fAviso(Icono::Problema, strMostrado + fTextoError(lectura.fError()));
+        comun.mensajes.fAviso(
+            Icono::Problema,
+            strMostrado + fTextoError(lectura.fError()) +
+                (lectura.fError() == EBADMSG ? "\r\nActualiza la lista de archivos." : ""));
     } else if (lectura && lectura->fallo) {
         comun.mensajes.fAviso(Icono::Problema,
                               strMostrado + "Línea " + std::to_string(lectura->fallo->lngLinea) +

@@ -3,14 +3,17 @@
 #include "app/frmMain.h"
 #include "app/mensajes_qt.h"
 #include "shared/ajustes.h"
+#include "shared/errores.h"
 #include "shared/formato_fecha.h"
 #include "shared/hilos.h"
+#include "shared/texto.h"
 #include "sistema/archivo.h"
 #include "sistema/entorno.h"
 
 #include <QApplication>
 #include <QScopeGuard>
 
+#include <cerrno>
 #include <string>
 #include <vector>
 
@@ -51,7 +54,19 @@ int main(int intArgumentos, char **lstArgumentos)
     const bool bolEscritura = fProbarEscritura(strRaiz);
     // The threads are given a moment to end before what they use is taken away.
     const auto despedida = qScopeGuard(clsHilos::fDespedir);
-    clsAjustes ajustes(strRaiz + std::string(strFicheroAjustes), bolEscritura);
+    clsHilos::fAvisarSinHilo([&](clsError error) {
+        const auto fDecir = [&mensajes, error] {
+            mensajes.fAviso(Icono::Problema,
+                            "No se puede iniciar un hilo.\r\n" + fTextoError(error));
+        };
+        QMetaObject::invokeMethod(&aplicacion, fDecir, Qt::QueuedConnection);
+    });
+    const auto callado = qScopeGuard([] { clsHilos::fAvisarSinHilo(nullptr); });
+    const std::string strAjustes = strRaiz + std::string(strFicheroAjustes);
+    clsAjustes ajustes(strAjustes, bolEscritura);
+    if (const clsError error = ajustes.fError(); error == EFBIG) {
+        mensajes.fAviso(Icono::Problema, fTextoPantalla(strAjustes) + "\r\n" + fTextoError(error));
+    }
     clsPreferencias preferencias;
     if (const auto malo = fLeerPreferencias(ajustes, preferencias)) {
         mensajes.fAviso(Icono::Critico, "El ajuste " + malo->strClave +

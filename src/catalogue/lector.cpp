@@ -6,6 +6,7 @@
 #include "shared/texto.h"
 #include "sistema/archivo.h"
 
+#include <algorithm>
 #include <array>
 
 namespace {
@@ -113,7 +114,9 @@ clsResultado<clsLectura> fLeerFicheroCatalogo(const std::string &strRuta,
     // Room for the rows. Records are seldom shorter; where they are, the lists grow as usual.
     constexpr std::int64_t lngRegistroCorto = 56;
     constexpr std::size_t lngNombreCorto = 12;
-    const auto lngFilas = static_cast<std::size_t>(archivo->huella.lngBytes / lngRegistroCorto);
+    constexpr std::int64_t lngMaximas = 1 << 20; // the length may be that of a hole
+    const auto lngFilas =
+        static_cast<std::size_t>(std::min(archivo->huella.lngBytes / lngRegistroCorto, lngMaximas));
     filas.fReservar(lngFilas, lngFilas * lngNombreCorto);
     clsRegistros registros(fBytesDe(archivo->descriptor));
     const clsLectura lectura = fLeerCatalogo(registros, strExtensiones, filas, mudanza);

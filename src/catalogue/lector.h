@@ -33,7 +33,8 @@ struct clsLectura {
 
 /// The same from the catalogue's file; ENOENT when it is a link.
 /// @param mudanza what the rows' paths are taken over by.
-/// @return an error when the file cannot be read to its end; the rows before it stay.
+/// @return an error when the file cannot be read to its end or is damaged (EBADMSG, see
+///         clsRegistros); the rows before it stay.
 [[nodiscard]] clsResultado<clsLectura> fLeerFicheroCatalogo(const std::string &strRuta,
                                                             std::string_view strExtensiones,
                                                             clsFilas &filas,

@@ -1,6 +1,7 @@
 #include "catalogue/registro.h"
 
 #include <algorithm>
+#include <cerrno>
 #include <charconv>
 #include <cstring>
 #include <iterator>
@@ -14,6 +15,16 @@ clsLinea fLinea(std::string_view strLinea)
     const bool bolFin = strLinea.ends_with('\n') || strLinea.ends_with('\r');
     const std::size_t lngTexto = strLinea.size() - (bolDoble ? 2 : bolFin ? 1 : 0);
     return {strLinea.substr(0, lngTexto), strLinea.substr(lngTexto)};
+}
+
+/// Whether it cannot be what a catalogue holds, records being short.
+bool fDanado(std::string_view strBytes)
+{
+    constexpr std::size_t lngMaximo = std::size_t{16} << 20;
+    constexpr std::size_t lngHueco = std::size_t{1} << 20;
+    return strBytes.size() > lngMaximo ||
+           (strBytes.size() >= lngHueco &&
+            std::search_n(strBytes.begin(), strBytes.end(), lngHueco, '\0') != strBytes.end());
 }
 
 } // namespace
@@ -90,4 +101,8 @@ void clsRegistros::fRellenar()
     m_bolFin = lngLeidos.value_or(0) == 0;
     m_error = lngLeidos.fError();
     m_lngHasta += lngLeidos.value_or(0);
+    if (fDanado({m_lstBloque.data(), m_lngHasta})) {
+        m_error = clsError(EBADMSG);
+        m_bolFin = true;
+    }
 }

@@ -48,7 +48,8 @@ using clsSurtidor =
 /// The bytes of an open file, which has to stay open.
 [[nodiscard]] clsSurtidor fBytesDe(const clsDescriptor &archivo);
 
-/// The records of a catalogue one after the other. It is never in memory as a whole.
+/// The records of a catalogue one after the other. It is never in memory as a whole: a mebibyte of
+/// zero bytes, as holes of a file have them, or a record of more than 16 MiB ends it with EBADMSG.
 class clsRegistros {
 public:
     /// @param lngBloque bytes read at a time, at least; as many as stay in the processor's cache.

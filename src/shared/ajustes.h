@@ -34,6 +34,10 @@ public:
     /// The value of a key as it stands in the file, empty when there is none. Writes nothing.
     [[nodiscard]] std::string fConsultar(std::string_view strSeccion, std::string_view strClave);
 
+    /// Why the file cannot be read, if it cannot: every key then has its default and none is
+    /// written.
+    [[nodiscard]] clsError fError() { return fTexto().fError(); }
+
     /// Writes a key. Errors are not reported; an unchanged value is not written again.
     void fGuardarIni(std::string_view strSeccion, std::string_view strClave,
                      std::string_view strValor);

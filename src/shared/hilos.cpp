@@ -6,7 +6,9 @@
 #include <iterator>
 #include <list>
 #include <mutex>
+#include <system_error>
 #include <thread>
+#include <utility>
 
 namespace {
 
@@ -16,6 +18,26 @@ constexpr std::chrono::milliseconds plazoDespedida{300}; ///< for pieces under w
 
 /// Threads of the whole program whose owner is gone.
 std::atomic<int> intDespedidos{0};
+
+/// Who is told of a thread that could not be started.
+struct clsSinHilo {
+    std::mutex cerrojo;
+    std::function<void(clsError)> fAviso;
+
+    void fDecir(clsError error)
+    {
+        const std::lock_guard guarda(cerrojo);
+        if (const auto fAntes = std::exchange(fAviso, nullptr)) {
+            fAntes(error);
+        }
+    }
+};
+
+clsSinHilo &fSinHilo()
+{
+    static clsSinHilo &sinHilo = *new clsSinHilo; // threads that hang outlive everything
+    return sinHilo;
+}
 
 } // namespace
 
@@ -81,13 +103,16 @@ private:
 
 void clsHilos::clsPiscina::fEncolar(const clsOrden &tarea)
 {
-    const std::lock_guard guarda(m_cerrojo);
+    clsGuarda guarda(m_cerrojo);
     m_cola.push_back(tarea);
     ++m_lngPendientes;
     if (m_opciones.bolEnOrden) {
         m_bandeja.push_back(tarea);
     }
     fArrancar();
+    while (m_intVivos == 0 && !m_cola.empty()) {
+        fHacerUna(guarda); // slowly, in the asker's thread
+    }
     if (!fLleno() || !m_bolVigia) {
         m_hayPieza.notify_one();
     }
@@ -97,8 +122,13 @@ void clsHilos::clsPiscina::fEncolar(const clsOrden &tarea)
 void clsHilos::clsPiscina::fArrancar()
 {
     for (; m_intVivos < fTope() && m_intLibres < static_cast<int>(m_cola.size()); ++m_intVivos) {
+        try {
+            std::thread([yo = shared_from_this()] { yo->fTrabajar(); }).detach();
+        } catch (const std::system_error &fallo) {
+            fSinHilo().fDecir(clsError(fallo.code().value()));
+            return;
+        }
         ++m_intLibres;
-        std::thread([yo = shared_from_this()] { yo->fTrabajar(); }).detach();
     }
 }
 
@@ -336,4 +366,10 @@ void clsHilos::fDespedir()
     while (intDespedidos > 0 && Reloj::now() < limite) {
         std::this_thread::sleep_for(std::chrono::milliseconds(1));
     }
+}
+
+void clsHilos::fAvisarSinHilo(std::function<void(clsError)> fAviso)
+{
+    const std::lock_guard guarda(fSinHilo().cerrojo);
+    fSinHilo().fAviso = std::move(fAviso);
 }

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "sistema/resultado.h"
+
 #include <atomic>
 #include <chrono>
 #include <cstddef>
@@ -82,6 +84,11 @@ public:
     /// Waits a moment for all threads of the program whose orders were given up: the end of the
     /// program takes things away that a thread may be using. To be called there, once.
     static void fDespedir();
+
+    /// What to do, once, when the system does not give a thread. What is ordered is then done by
+    /// the threads there are, or before the order returns.
+    /// @param fAviso may run on any thread, and must not order anything.
+    static void fAvisarSinHilo(std::function<void(clsError)> fAviso);
 
 private:
     using clsPieza = std::function<std::function<void()>(const clsAnulado &)>;

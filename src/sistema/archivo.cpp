@@ -144,12 +144,16 @@ clsResultado<std::string> fLeerArchivo(const std::string &strRuta)
 
 clsResultado<std::string> fLeerArchivo(const clsAbierto &archivo)
 {
+    // None that is read as a whole is longer; a damaged one may claim any length.
+    constexpr std::size_t lngMaximo = std::size_t{1} << 20;
     // One byte more than the size, so that the last read sees the end without another call.
-    std::string strBytes(static_cast<std::size_t>(archivo.huella.lngBytes) + 1, '\0');
+    std::string strBytes(
+        std::min<std::size_t>(static_cast<std::size_t>(archivo.huella.lngBytes), lngMaximo) + 1,
+        '\0');
     std::size_t lngLeidos = 0;
-    while (true) {
+    while (lngLeidos <= lngMaximo) {
         if (lngLeidos == strBytes.size()) {
-            strBytes.resize(strBytes.size() * 2);
+            strBytes.resize(lngMaximo + 1);
         }
         const auto lngTrozo =
             fLeer(archivo.descriptor, strBytes.data() + lngLeidos, strBytes.size() - lngLeidos);
@@ -157,12 +161,12 @@ clsResultado<std::string> fLeerArchivo(const clsAbierto &archivo)
             return lngTrozo.fError();
         }
         if (*lngTrozo == 0) {
-            break;
+            strBytes.resize(lngLeidos);
+            return strBytes;
         }
         lngLeidos += *lngTrozo;
     }
-    strBytes.resize(lngLeidos);
-    return strBytes;
+    return clsError(EFBIG);
 }
 
 clsError fEscribirTodo(const clsDescriptor &abierto, std::string_view strBytes)

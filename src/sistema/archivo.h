@@ -104,7 +104,7 @@ struct clsAbierto {
 [[nodiscard]] clsResultado<std::size_t> fLeerEn(const clsDescriptor &abierto, std::int64_t lngPos,
                                                 void *bytDatos, std::size_t lngBytes);
 
-/// Reads a regular file as a whole.
+/// Reads a regular file as a whole. EFBIG: it is longer than a mebibyte.
 [[nodiscard]] clsResultado<std::string> fLeerArchivo(const std::string &strRuta);
 [[nodiscard]] clsResultado<std::string> fLeerArchivo(const clsAbierto &archivo);
 

@@ -2,7 +2,9 @@
 
 #include "shared/medios.h"
 
+#include "soporte/arbol.h"
 #include <cerrno>
+
 #include <gtest/gtest.h>
 #include <vector>
 
@@ -114,6 +116,32 @@ TEST(Lector, EndsAtAnErrorOfTheDiskWithTheWholeRecordsBefore)
         EXPECT_EQ(leido.lstFilas, std::vector<std::string>{"/f/a.jpg|" + strFecha + "|1"});
         EXPECT_EQ(leido.error, EIO);
     }
+}
+
+TEST(Lector, EndsAtAMegabyteOfZeroBytesWithTheRecordsBefore)
+{
+    const clsArbol arbol;
+    const std::string strRuta = arbol.fRuta("Miravel.dat");
+    const std::string strRegistro = fLineas({"/f/a.jpg", strFecha, "5"});
+    const std::string strHueco(std::size_t{1} << 20, '\0');
+    const auto fError = [&](int intFilas) {
+        clsFilas filas;
+        const auto lectura = fLeerFicheroCatalogo(strRuta, "/JPG/", filas);
+        EXPECT_EQ(filas.fCantidad(), intFilas);
+        return lectura.fError();
+    };
+    arbol.fCrear("Miravel.dat", strRegistro + strRegistro);
+    EXPECT_FALSE(fError(2));
+    // A terabyte without anything in it.
+    std::filesystem::resize_file(strRuta, std::uintmax_t{1} << 40);
+    EXPECT_EQ(fError(2), EBADMSG);
+    arbol.fCrear("Miravel.dat", strRegistro + strHueco + "\r\n" + strRegistro);
+    EXPECT_EQ(fError(1), EBADMSG);
+    arbol.fCrear("Miravel.dat",
+                 strRegistro + strHueco.substr(1) + "/x.jpg\r\n\r\n\r\n" + strRegistro);
+    EXPECT_FALSE(fError(2));
+    arbol.fCrear("Miravel.dat", strRegistro + std::string(std::size_t{17} << 20, 'x'));
+    EXPECT_EQ(fError(1), EBADMSG);
 }
 
 TEST(Lector, KeepsTheBytesOfPathsAndDates)

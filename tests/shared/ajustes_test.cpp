@@ -146,6 +146,21 @@ TEST(Ajustes, AreNoMoreOpenThanTheFileThatWasReadWhateverHasItsNameMeanwhile)
     EXPECT_EQ(datos.st_mode & 07777U, 0600U);
 }
 
+TEST(Ajustes, OfAFileThatIsTooLongAreTheDefaultsAndItStays)
+{
+    const clsArbol arbol;
+    arbol.fCrear(strIni, "[GENERAL]\r\nANCHO=9\r\n");
+    constexpr std::uintmax_t lngBytes = std::uintmax_t{40} << 30; // nearly all of it a hole
+    std::filesystem::resize_file(arbol.fRuta(strIni), lngBytes);
+    {
+        clsAjustes ajustes(arbol.fRuta(strIni), true);
+        EXPECT_EQ(ajustes.fError(), EFBIG);
+        EXPECT_EQ(ajustes.fLeerIni("GENERAL", "ANCHO", "3000"), "3000");
+        ajustes.fGuardarIni("GENERAL", "SELEC", "/f/1");
+    }
+    EXPECT_EQ(std::filesystem::file_size(arbol.fRuta(strIni)), lngBytes);
+}
+
 TEST(Ajustes, DoNotKeepTheProgramFromEndingWhenTheDiskHangs)
 {
     const clsArbol arbol;

@@ -4,10 +4,28 @@
 
 #include <gtest/gtest.h>
 
+#include <atomic>
+#include <cerrno>
 #include <memory>
 #include <numeric>
 #include <thread>
 #include <vector>
+
+#include <dlfcn.h>
+#include <pthread.h>
+
+namespace {
+std::atomic<bool> bolSinHilos = false;
+}
+
+/// Stands for the system's, which gives no thread while bolSinHilos.
+extern "C" int pthread_create(pthread_t *hilo, const pthread_attr_t *rasgos,
+                              void *(*fHacer)(void *), void *dato)
+{
+    static const auto fReal =
+        reinterpret_cast<decltype(&pthread_create)>(dlsym(RTLD_NEXT, "pthread_create"));
+    return bolSinHilos ? EAGAIN : fReal(hilo, rasgos, fHacer, dato);
+}
 
 namespace {
 
@@ -195,6 +213,37 @@ TEST_F(Hilos, AreWaitedForByNobodyAtTheEnd)
     EXPECT_TRUE(eventos.fAtender()); // of the second, which was ready; it comes too late
     EXPECT_TRUE(eventos.fVacia());
     EXPECT_EQ(lstTomadas, Numeros{1});
+}
+
+TEST_F(Hilos, WithoutAThreadTheAskerWorksAndIsToldOnce)
+{
+    std::vector<clsError> lstErrores;
+    clsHilos::fAvisarSinHilo([&](clsError error) { lstErrores.push_back(error); });
+    bolSinHilos = true;
+    {
+        clsHilos hilos({});
+        fPedir(hilos, 1);
+        fPedir(hilos, 2);
+        fTomarTodo(hilos);
+        EXPECT_EQ(lstTomadas, (Numeros{1, 2}));
+        // Once there are threads again, they work.
+        bolSinHilos = false;
+        const auto yo = std::this_thread::get_id();
+        hilos.fPedir([] { return std::this_thread::get_id(); },
+                     [yo](std::thread::id otro) { EXPECT_NE(otro, yo); });
+        fTomarTodo(hilos);
+        // Where there is one, it does all.
+        fPedir(hilos, 3, atasco);
+        ASSERT_TRUE(atasco->fParados(1));
+        bolSinHilos = true;
+        fPedir(hilos, 4);
+        atasco->fAbrir();
+        fTomarTodo(hilos);
+        EXPECT_EQ(lstTomadas, (Numeros{1, 2, 3, 4}));
+    }
+    bolSinHilos = false;
+    clsHilos::fAvisarSinHilo(nullptr);
+    EXPECT_EQ(lstErrores, std::vector{clsError(EAGAIN)});
 }
 
 } // namespace

@@ -48,6 +48,10 @@ TEST(LeerArchivo, ReadsTheWholeFileWhateverItsSizeSays)
     // Files of /proc have content and a size of 0.
     EXPECT_NE(fLeerArchivo("/proc/self/status").value_or("").find("Threads:"), std::string::npos);
     EXPECT_EQ(fLeerArchivo(arbol.fRuta("falta")).fError(), ENOENT);
+    arbol.fCrear("mega", std::string(std::size_t{1} << 20, 'x'));
+    EXPECT_EQ(fLeerArchivo(arbol.fRuta("mega")).value_or("").size(), std::size_t{1} << 20);
+    std::filesystem::resize_file(arbol.fRuta("vacio"), std::uintmax_t{40} << 30); // a hole
+    EXPECT_EQ(fLeerArchivo(arbol.fRuta("vacio")).fError(), EFBIG);
 }
 
 } // namespace
