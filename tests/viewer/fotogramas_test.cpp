@@ -190,7 +190,7 @@ TEST_F(Fotogramas, AreNullForWhatIsNoVideo)
 TEST_F(Fotogramas, SurviveAChildThatMisbehavesOnce)
 {
     for (const char *strMal :
-         {"exec sleep 60", "kill -9 $$", "yes basura", "head -c 30 >/dev/null"}) {
+         {"exec sleep 60", "kill -9 $$", "yes basura", "head -c 10 >/dev/null"}) {
         SCOPED_TRACE(strMal);
         const std::string strVez = m_arbol.fRuta("vez");
         unlink(strVez.c_str());

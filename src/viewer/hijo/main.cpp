@@ -64,8 +64,11 @@ bool fAtender()
     video.huella.lngBytes = peticion.lngBytes;
     // The next request comes early only when nobody waits for the answer to this one any more.
     const auto fAnulado = [] { return fHay(std::chrono::milliseconds(0)); };
-    return fContestar(peticion.lngNumero,
-                      hijo::fTomarFotograma(video, static_cast<int>(peticion.lngLado), fAnulado));
+    const auto fotograma =
+        hijo::fTomarFotograma(video, static_cast<int>(peticion.lngLado), fAnulado);
+    // Whoever has the answer can count on it that nothing is open here.
+    video.descriptor.fCerrar();
+    return fContestar(peticion.lngNumero, fotograma);
 }
 
 } // namespace
