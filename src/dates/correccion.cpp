@@ -2,6 +2,7 @@
 
 #include "catalogue/registro.h"
 #include "shared/rutas.h"
+#include "sistema/archivo.h"
 #include "sistema/cambios.h"
 #include "sistema/carpeta.h"
 #include "sistema/entorno.h"
@@ -88,13 +89,17 @@ clsError fReescribir(clsRegistros &registros, const clsDestinos &destinos, clsFe
 /// @param strCopia set to that name; empty on an error.
 clsError fApartar(const std::string &strCatalogo, std::string &strCopia)
 {
-    constexpr int intIntentos = 86'400; // a day of corrections, one a second
+    constexpr int intNombres = 86'400; // a day of corrections, one a second
+    int intIntentos = 3;               // others may take a free name, but not all of them
     clsFecha fecha = fFechaLocal(fAhora());
     clsError error = EEXIST;
-    for (int intVez = 0; intVez < intIntentos && error == EEXIST; ++intVez) {
+    for (int intNombre = 0; intNombre < intNombres && intIntentos > 0; ++intNombre) {
         strCopia = strCatalogo + '.' + fEscribirFecha(fecha, "yyyyMMddHHmmss");
-        error = fRenombrar(strCatalogo, strCopia);
         ++fecha.lngSegundos;
+        if (!fConsultar(strCopia, false)) {
+            error = fRenombrar(strCatalogo, strCopia);
+            intIntentos = error == EEXIST ? intIntentos - 1 : 0;
+        }
     }
     if (error) {
         strCopia.clear();

@@ -33,7 +33,8 @@ clsResultado<clsDatosArchivo> fConsultarDesde(int intCarpeta, const std::string 
         datos.st_mode & 07777U,
         datos.st_uid,
         datos.st_gid,
-        datos.st_blocks * lngBloque
+        datos.st_blocks * lngBloque,
+        datos.st_nlink
     };
 }
 

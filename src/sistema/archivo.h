@@ -59,6 +59,7 @@ struct clsDatosArchivo {
     unsigned lngDueno = 0;        ///< number of the user it belongs to
     unsigned lngGrupo = 0;        ///< and of the group
     std::int64_t lngOcupados = 0; ///< bytes it takes on the disk
+    std::uint64_t lngNombres = 0; ///< names it has there
 };
 
 /// @param bolSeguir of a link: tells of what it leads to.

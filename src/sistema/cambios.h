@@ -12,7 +12,12 @@
 [[nodiscard]] clsError fFechar(const std::string &strRuta, std::int64_t lngMomento);
 
 /// Renames a file or a link (the link itself) within its file system; a folder is refused (EISDIR).
-/// It never replaces: a name that is taken gives EEXIST. On an error the file has its old name.
-/// Only where the file system can neither refuse a taken name by itself nor make links is there a
-/// moment between looking and renaming.
+/// It never replaces: a name that is taken gives EEXIST. On an error the file has its old name; the
+/// new one, too, where taking the old one away failed and may be done yet. What was done although
+/// the system reported an error is done. Only where the file system can neither refuse a taken name
+/// by itself nor make links is there a moment between looking and renaming.
 [[nodiscard]] clsError fRenombrar(const std::string &strDe, const std::string &strA);
+
+/// Renames a file and replaces what has the new name. What was done although the system reported an
+/// error is done.
+[[nodiscard]] clsError fSustituir(const std::string &strDe, const std::string &strA);

@@ -1,5 +1,6 @@
 #include "sistema/reemplazo.h"
 
+#include "sistema/cambios.h"
 #include "sistema/carpeta.h"
 #include "sistema/llamadas.h"
 
@@ -128,8 +129,8 @@ clsError clsReemplazo::fConfirmar(bool bolCarpeta)
     if (!m_error && m_descriptor.fAbierto()) {
         static_cast<void>(fVolcar());
     }
-    if (!m_error && fLlamadas().fRenombrar(m_strTemporal.c_str(), m_strRuta.c_str()) != 0) {
-        m_error = errno;
+    if (!m_error) {
+        m_error = fSustituir(m_strTemporal, m_strRuta);
     }
     if (m_error) {
         fDescartar();

@@ -313,6 +313,45 @@ TEST(Correccion, LeavesABackupEachTimeHoweverFastTheyFollow)
     EXPECT_EQ(strTercero, fTexto(arbol, "@20090715_20090715_a.jpg|2009/07/15 12:00:00| 1 |"));
 }
 
+TEST(Correccion, MakesFewBackupsOnADiskThatTakesNamesAndSaysTheyWereTaken)
+{
+    static int intRenombrados;
+    for (const bool bolHace : {false, true}) {
+        SCOPED_TRACE(bolHace);
+        const clsArbol arbol;
+        arbol.fCrear("a.jpg", "foto");
+        const std::string strViejo = fTexto(arbol, "@a.jpg|f| 1 |");
+        arbol.fCrear(strDat, strViejo);
+        clsLlamadas disco = discoQuieto;
+        disco.fRenombrarLibre = [](const char *, const char *) { return errno = EINVAL, -1; };
+        // Counts no names: a link that was made cannot be told from one that was there.
+        disco.fConsultar = [](int intCarpeta, const char *strRuta, struct stat *datos,
+                              int intModo) {
+            const int intFin = llamadasReales.fConsultar(intCarpeta, strRuta, datos, intModo);
+            datos->st_nlink = 1;
+            return intFin;
+        };
+        disco.fEnlazar = [](const char *, const char *) {
+            return ++intRenombrados, errno = EEXIST, -1;
+        };
+        if (bolHace) {
+            disco.fEnlazar = [](const char *strDe, const char *strA) {
+                ++intRenombrados;
+                llamadasReales.fEnlazar(strDe, strA);
+                return errno = EEXIST, -1;
+            };
+        }
+        intRenombrados = 0;
+        const clsIntento intento(arbol, {"a.jpg"}, fechaNueva, disco);
+        EXPECT_EQ(intento.fin.correccion, Correccion::SinCatalogo);
+        EXPECT_EQ(intento.fin.error, EEXIST);
+        EXPECT_EQ(arbol.fLeer(strDat), strViejo);
+        EXPECT_EQ(arbol.fLeer("a.jpg"), "foto");
+        EXPECT_LE(intRenombrados, 4); // the photo, and three of the catalogue
+        EXPECT_LE(arbol.fNombres().size(), 6U);
+    }
+}
+
 TEST(Correccion, SaysSoWhenThereIsNoCatalogueToRewrite)
 {
     const clsArbol arbol;

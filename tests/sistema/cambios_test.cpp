@@ -144,6 +144,116 @@ TEST(Renombrar, PassesOtherErrorsOnAndUndoesHalfARenaming)
     EXPECT_EQ(arbol.fLeer("a.jpg"), "foto");
 }
 
+/// Does what was asked and says that it failed, as a server that was asked twice.
+template <int intError, auto fMiembro, class... Argumentos> int fMiente(Argumentos... argumentos)
+{
+    (llamadasReales.*fMiembro)(argumentos...);
+    errno = intError;
+    return -1;
+}
+
+/// Fails once, with nothing done, then works.
+template <int intError> int fFallaUnaVez(int intCarpeta, const char *strRuta, int intModo)
+{
+    static int intVeces = 0;
+    return intVeces++ == 0 ? fFallaBorrar<intError>(intCarpeta, strRuta, intModo)
+                           : llamadasReales.fBorrar(intCarpeta, strRuta, intModo);
+}
+
+TEST(Renombrar, KeepsTheFileWhenTheDiskDoesWhatItSaysItDidNot)
+{
+    using Preparar = void (*)(clsLlamadas &);
+    struct clsCaso {
+        const char *strFrase;
+        std::size_t lngSistema;
+        Preparar fPreparar;
+        int intError;
+        Textos lstNombres;
+    };
+    constexpr auto fEnlazar = &clsLlamadas::fEnlazar;
+    constexpr auto fBorrar = &clsLlamadas::fBorrar;
+    constexpr std::size_t lngCompleto = 0;
+    constexpr std::size_t lngEnlaces = 1;
+    constexpr std::size_t lngNada = 3;
+    const Textos lstNuevo = {"b.jpg", "d.jpg"};
+    const clsCaso lstCasos[] = {
+        {"the renaming was done", lngCompleto,
+         [](clsLlamadas &disco) {
+             disco.fRenombrarLibre = fMiente<EEXIST, &clsLlamadas::fRenombrarLibre>;
+         },
+         0, lstNuevo},
+        {"the plain renaming was done", lngNada,
+         [](clsLlamadas &disco) { disco.fRenombrar = fMiente<EIO, &clsLlamadas::fRenombrar>; }, 0,
+         lstNuevo},
+        {"the link was made, then its name was taken", lngEnlaces,
+         [](clsLlamadas &disco) { disco.fEnlazar = fMiente<EEXIST, fEnlazar>; }, 0, lstNuevo},
+        {"the link was made, then there were no links", lngEnlaces,
+         [](clsLlamadas &disco) { disco.fEnlazar = fMiente<EPERM, fEnlazar>; }, 0, lstNuevo},
+        {"the old name was taken away", lngEnlaces,
+         [](clsLlamadas &disco) { disco.fBorrar = fMiente<EIO, fBorrar>; }, 0, lstNuevo},
+        {"the old name was taken away, then forbidden", lngEnlaces,
+         [](clsLlamadas &disco) { disco.fBorrar = fMiente<EACCES, fBorrar>; }, 0, lstNuevo},
+        {"nothing was right", lngEnlaces,
+         [](clsLlamadas &disco) {
+             disco.fEnlazar = fMiente<EEXIST, fEnlazar>;
+             disco.fBorrar = fMiente<ENOENT, fBorrar>;
+         },
+         0, lstNuevo},
+        {"the old name went the second time", lngEnlaces,
+         [](clsLlamadas &disco) { disco.fBorrar = fFallaUnaVez<ETIMEDOUT>; }, 0, lstNuevo},
+        {"the old name may go yet", lngEnlaces,
+         [](clsLlamadas &disco) { disco.fBorrar = fFallaBorrar<EIO>; }, EIO,
+         Textos{"a.jpg", "b.jpg", "d.jpg"}},
+    };
+    for (const clsCaso &caso : lstCasos) {
+        SCOPED_TRACE(caso.strFrase);
+        const clsArbol arbol;
+        arbol.fCrear("a.jpg", "foto");
+        ASSERT_EQ(link(arbol.fRuta("a.jpg").c_str(), arbol.fRuta("d.jpg").c_str()), 0); // user's
+        clsLlamadas disco = fDisco(lstSistemas[caso.lngSistema]);
+        caso.fPreparar(disco);
+        const clsOtrasLlamadas otras(disco);
+        EXPECT_EQ(fRenombrar(arbol.fRuta("a.jpg"), arbol.fRuta("b.jpg")), caso.intError);
+        EXPECT_EQ(arbol.fNombres(), caso.lstNombres);
+        EXPECT_EQ(arbol.fLeer("b.jpg"), "foto");
+    }
+}
+
+TEST(Renombrar, LeavesAloneANameTheFileHadBeforeItWasSeen)
+{
+    const clsArbol arbol;
+    arbol.fCrear("a.jpg", "foto");
+    ASSERT_EQ(link(arbol.fRuta("a.jpg").c_str(), arbol.fRuta("dura.jpg").c_str()), 0);
+    clsLlamadas disco = fDisco(lstSistemas[1]);
+    static int intMiradas;
+    intMiradas = 0;
+    disco.fConsultar = [](int intCarpeta, const char *strRuta, struct stat *datos, int intModo) {
+        // What the client remembers: nothing had that name.
+        const bool bolOlvido =
+            std::string_view(strRuta).ends_with("/dura.jpg") && intMiradas++ == 0;
+        return bolOlvido ? (errno = ENOENT, -1)
+                         : llamadasReales.fConsultar(intCarpeta, strRuta, datos, intModo);
+    };
+    const clsOtrasLlamadas otras(disco);
+    EXPECT_EQ(fRenombrar(arbol.fRuta("a.jpg"), arbol.fRuta("dura.jpg")), EEXIST);
+    EXPECT_EQ(arbol.fNombres(), (Textos{"a.jpg", "dura.jpg"}));
+}
+
+TEST(Sustituir, CountsAsDoneWhatWasDone)
+{
+    const clsArbol arbol;
+    arbol.fCrear("a", "nuevo");
+    arbol.fCrear("b", "viejo");
+    clsLlamadas disco = llamadasReales;
+    const clsOtrasLlamadas otras(disco);
+    disco.fRenombrar = fFalla<EIO>;
+    EXPECT_EQ(fSustituir(arbol.fRuta("a"), arbol.fRuta("b")), EIO);
+    EXPECT_EQ(arbol.fLeer("b"), "viejo");
+    disco.fRenombrar = fMiente<EIO, &clsLlamadas::fRenombrar>;
+    EXPECT_EQ(fSustituir(arbol.fRuta("a"), arbol.fRuta("b")), 0);
+    EXPECT_EQ(arbol.fLeer("b"), "nuevo");
+}
+
 std::optional<struct stat> fDatos(const std::string &strRuta)
 {
     struct stat datos {};
