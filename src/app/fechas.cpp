@@ -65,9 +65,8 @@ void fBuscar(const clsComun &comun)
 {
     const clsOcupado ocupado(comun.ocupacion);
     clsRitmo ritmo;
-    const auto fFallo = [&comun](const std::string &strRuta, clsError error) {
-        comun.mensajes.fAviso(Icono::Problema,
-                              fTextoPantalla(strRuta) + "\r\n" + fTextoError(error));
+    const auto fFallo = [&comun](const std::string &strAviso) {
+        comun.mensajes.fAviso(Icono::Problema, strAviso);
     };
     // What has been begun is done to its end, also when the window is to close.
     const auto fPaso = [&] { static_cast<void>(ritmo.fSeguir(comun.fSeguir)); };
@@ -77,6 +76,9 @@ void fBuscar(const clsComun &comun)
         fAvisarOcupada(comun.mensajes);
     } else if (fin.correccion == Correccion::SinCatalogo) {
         fAvisarSinCatalogo(comun.mensajes, fTextoError(fin.error));
+    }
+    if (const std::string strAviso = fAvisoSinFecha(lstFicheros); !strAviso.empty()) {
+        comun.mensajes.fAviso(Icono::Problema, strAviso);
     }
     return fin.correccion == Correccion::Hecha || fin.correccion == Correccion::SinCatalogo;
 }

@@ -1,7 +1,9 @@
 #include "dates/correccion.h"
 
 #include "catalogue/registro.h"
+#include "shared/errores.h"
 #include "shared/rutas.h"
+#include "shared/texto.h"
 #include "sistema/archivo.h"
 #include "sistema/cambios.h"
 #include "sistema/carpeta.h"
@@ -28,23 +30,59 @@ clsDestinos fDestinos(const std::vector<clsCorregido> &lstFicheros)
     return destinos;
 }
 
+/// The text of a box that lists files, as many as a screen has room for.
+class clsRelacion {
+public:
+    explicit clsRelacion(std::string strTitulo) : m_strTexto(std::move(strTitulo)) {}
+    /// @param strMotivo what is said of the file, if anything.
+    void fAnadir(std::string_view strRuta, const std::string &strMotivo = {})
+    {
+        constexpr int intMaximo = 20;
+        if (++m_intCuantos <= intMaximo) {
+            m_strTexto += "\r\n" + fTextoPantalla(strRuta);
+            m_strTexto += strMotivo.empty() ? "" : " (" + strMotivo + ")";
+        }
+        m_intDeMas = std::max(m_intCuantos - intMaximo, 0);
+    }
+    /// Empty when no file was added.
+    [[nodiscard]] std::string fTexto() const
+    {
+        return m_intCuantos == 0 ? std::string()
+               : m_intDeMas == 0 ? m_strTexto
+                                 : m_strTexto + "\r\n... y " + std::to_string(m_intDeMas) + " más.";
+    }
+
+private:
+    std::string m_strTexto;
+    int m_intCuantos = 0;
+    int m_intDeMas = 0;
+};
+
 /// EOVERFLOW when the system has no moment for that date.
-clsError fFechaArchivo(const std::string &strRuta, clsFecha fecha)
+clsError fFechaArchivo(const std::string &strRuta, clsFecha fecha, const clsDescriptor &raiz)
 {
     const auto lngMomento = fMomento(fecha);
-    return lngMomento ? fFechar(strRuta, *lngMomento) : EOVERFLOW;
+    return lngMomento ? fFechar(strRuta, *lngMomento, raiz) : EOVERFLOW;
 }
 
-void fCorregirFichero(clsCorregido &fichero, clsFecha fecha, const clsFalloNombre &fFallo)
+std::string fAvisoSinNombre(const clsCorregido &fichero)
+{
+    return fTextoPantalla(fichero.strFilePath) + "\r\nno puede llamarse\r\n" +
+           fTextoPantalla(fichero.strFilePathNew) + "\r\n" + fTextoError(fichero.errorNombre);
+}
+
+void fCorregirFichero(clsCorregido &fichero, clsFecha fecha, const clsDescriptor &raiz,
+                      const clsFalloNombre &fFallo)
 {
     // Deliberate: a file whose time cannot be set gets its new name all the same.
-    fichero.errorFecha = fFechaArchivo(fichero.strFilePath, fecha);
+    fichero.errorFecha = fFechaArchivo(fichero.strFilePath, fecha, raiz);
     fichero.strFilePathNew = fRutaCorregida(fichero.strFilePath, fecha);
     fichero.errorNombre = fRenombrar(fichero.strFilePath, fichero.strFilePathNew);
     if (fichero.errorNombre) {
+        const std::string strAviso = fAvisoSinNombre(fichero);
         fichero.strFilePathNew = fichero.strFilePath;
         if (fFallo) {
-            fFallo(fichero.strFilePath, fichero.errorNombre);
+            fFallo(strAviso);
         }
     }
 }
@@ -135,12 +173,30 @@ clsFinCorreccion fCorregirCatalogo(const std::string &strRuta, const clsDestinos
     return fin;
 }
 
+std::string fMotivoSinFecha(clsError error)
+{
+    return error == EXDEV                          ? "El enlace lleva fuera de la carpeta"
+           : error == ERANGE || error == EOVERFLOW ? "El disco no admite esta fecha"
+                                                   : fTextoError(error);
+}
+
 } // namespace
 
 std::string fRutaCorregida(std::string_view strRuta, clsFecha fecha)
 {
     return std::string(fCarpetaDe(strRuta)) + fEscribirFecha(fecha, "yyyyMMdd_") +
            std::string(fNombreDe(strRuta));
+}
+
+std::string fAvisoSinFecha(const std::vector<clsCorregido> &lstFicheros)
+{
+    clsRelacion relacion("No se ha podido poner la fecha a:");
+    for (const clsCorregido &fichero : lstFicheros) {
+        if (fichero.errorFecha) {
+            relacion.fAnadir(fichero.strFilePathNew, fMotivoSinFecha(fichero.errorFecha));
+        }
+    }
+    return relacion.fTexto();
 }
 
 clsFinCorreccion fCorregir(const std::string &strRaiz, bool bolEscritura,
@@ -155,7 +211,7 @@ clsFinCorreccion fCorregir(const std::string &strRaiz, bool bolEscritura,
         return {Correccion::Ocupada, {}, {}};
     }
     for (clsCorregido &fichero : lstFicheros) {
-        fCorregirFichero(fichero, fecha, fFallo);
+        fCorregirFichero(fichero, fecha, cerrojo.fCarpeta(), fFallo);
         if (fPaso) {
             fPaso();
         }

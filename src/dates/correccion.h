@@ -12,7 +12,7 @@
 struct clsCorregido {
     std::string strFilePath;    ///< as the catalogue has it, byte by byte
     std::string strFilePathNew; ///< where it is now; its old path when it keeps its name
-    clsError errorFecha;        ///< why its time could not be set; it is renamed all the same
+    clsError errorFecha;        ///< why it has another time; it is renamed all the same
     clsError errorNombre;       ///< why it could not be renamed
 };
 
@@ -30,12 +30,17 @@ struct clsFinCorreccion {
     std::string strCopia; ///< full path of the backup, empty when there is none
 };
 
-/// Called once for every file that could not be renamed, with its path, while the others still
-/// wait. The list of files must not be changed meanwhile.
-using clsFalloNombre = std::function<void(const std::string &strRuta, clsError error)>;
+/// Called once for every file that could not be renamed, with the text of its box (UTF-8, line
+/// breaks CR LF), while the others still wait. The list of files must not be changed meanwhile.
+using clsFalloNombre = std::function<void(const std::string &strAviso)>;
 
 /// The path a file gets by a correction: "yyyyMMdd_" before its name, whatever that begins with.
 [[nodiscard]] std::string fRutaCorregida(std::string_view strRuta, clsFecha fecha);
+
+/// Text of the box (UTF-8, line breaks CR LF) that names the files which have not got their date:
+/// because it could not be set, because the file system has no such time, because the file is a
+/// link that leads out of the archive. Empty when all have it.
+[[nodiscard]] std::string fAvisoSinFecha(const std::vector<clsCorregido> &lstFicheros);
 
 /// Gives the files their new date and name, one after the other, then rewrites the catalogue.
 /// A file that cannot be renamed keeps its path in the catalogue, too, and gets the new date there.

@@ -1,9 +1,9 @@
 #include "sistema/cambios.h"
 
-#include "sistema/archivo.h"
 #include "sistema/llamadas.h"
 
 #include <array>
+#include <climits>
 #include <fcntl.h>
 
 namespace {
@@ -75,18 +75,68 @@ clsError fMirarYRenombrar(const clsDatosArchivo &archivo, const std::string &str
     return fErrorDe(fLlamadas().fRenombrar(strDe.c_str(), strA.c_str()));
 }
 
-} // namespace
-
-clsError fFechar(const std::string &strRuta, std::int64_t lngMomento)
+/// A path to what is open, which needs no right to read it.
+std::string fRutaAbierto(const clsDescriptor &abierto)
 {
-    const auto huella = fConsultar(strRuta);
-    if (!huella || huella->tipo != TipoArchivo::Archivo) {
-        return !huella ? huella.fError() : huella->tipo == TipoArchivo::Carpeta ? EISDIR : EINVAL;
+    return "/proc/self/fd/" + std::to_string(abierto.fFd());
+}
+
+/// Where what is open lies now.
+clsResultado<std::string> fLugar(const clsDescriptor &abierto)
+{
+    std::string strLugar(PATH_MAX, '\0'); // the system tells no longer ones
+    const ssize_t lngLargo = fInsistir<&clsLlamadas::fLeerEnlace>(fRutaAbierto(abierto).c_str(),
+                                                                  strLugar.data(), strLugar.size());
+    if (lngLargo < 0) {
+        return clsError(errno);
     }
+    strLugar.resize(static_cast<std::size_t>(lngLargo));
+    return strLugar;
+}
+
+/// EXDEV when what is open does not lie below an open folder.
+clsError fEstaEn(const clsDescriptor &abierto, const clsDescriptor &carpeta)
+{
+    const auto strLugar = fLugar(abierto);
+    const auto strCarpeta = fLugar(carpeta);
+    if (!strLugar || !strCarpeta) {
+        return strLugar ? strCarpeta.fError() : strLugar.fError();
+    }
+    const bool bolBarra = strCarpeta->ends_with('/'); // of the file system's own root
+    return strLugar->starts_with(*strCarpeta + (bolBarra ? "" : "/")) ? 0 : EXDEV;
+}
+
+clsError fPonerFecha(const clsDescriptor &abierto, std::int64_t lngMomento)
+{
+    constexpr std::int64_t lngHolgura = 2; // FAT has even seconds only
     const std::array<timespec, 2> lstMomentos = {
         {{0, UTIME_OMIT}, {lngMomento, 0}}
     };
-    return fErrorDe(fInsistir<&clsLlamadas::fFechar>(strRuta.c_str(), lstMomentos.data()));
+    const clsError error = fErrorDe(
+        fInsistir<&clsLlamadas::fFechar>(fRutaAbierto(abierto).c_str(), lstMomentos.data()));
+    const auto datos = error ? clsError() : fConsultar(abierto);
+    const std::int64_t lngPuesto = datos ? datos->huella.lngSegundos : lngMomento;
+    const bool bolCerca =
+        lngPuesto >= lngMomento - lngHolgura && lngPuesto <= lngMomento + lngHolgura;
+    return bolCerca ? error : ERANGE;
+}
+
+} // namespace
+
+clsError fFechar(const std::string &strRuta, std::int64_t lngMomento, const clsDescriptor &raiz)
+{
+    // What is looked at is what is changed, whatever becomes of its names meanwhile.
+    const clsDescriptor archivo{
+        fInsistir<&clsLlamadas::fAbrir>(AT_FDCWD, strRuta.c_str(), O_PATH | O_CLOEXEC, mode_t{})};
+    if (!archivo.fAbierto()) {
+        return errno;
+    }
+    const auto huella = fConsultar(archivo);
+    if (!huella || huella->tipo != TipoArchivo::Archivo) {
+        return !huella ? huella.fError() : huella->tipo == TipoArchivo::Carpeta ? EISDIR : EINVAL;
+    }
+    const clsError error = fEstaEn(archivo, raiz);
+    return error ? error : fPonerFecha(archivo, lngMomento);
 }
 
 clsError fRenombrar(const std::string &strDe, const std::string &strA)

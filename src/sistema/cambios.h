@@ -1,15 +1,19 @@
 #pragma once
 
-#include "sistema/resultado.h"
+#include "sistema/archivo.h"
 
 #include <cstdint>
 #include <string>
 
-/// Sets the modification time of a regular file; nothing else of it changes, and it is never
-/// opened. A link's target gets the time, since it is the target's that the list shows. File
-/// systems with fewer years or coarser times take the nearest they have, without an error.
+/// Sets the modification time of a regular file below a folder; nothing else of it changes, and it
+/// is opened neither for reading nor for writing. A link's target gets the time, since it is the
+/// target's that the list shows.
 /// @param lngMomento whole seconds since 1970, universal time.
-[[nodiscard]] clsError fFechar(const std::string &strRuta, std::int64_t lngMomento);
+/// @param raiz       the open folder. EXDEV: the file lies elsewhere, wherever its path leads to in
+///                   this very moment; it keeps its time.
+/// @return ERANGE when the file system took a time more than 2 seconds off: it has fewer years.
+[[nodiscard]] clsError fFechar(const std::string &strRuta, std::int64_t lngMomento,
+                               const clsDescriptor &raiz);
 
 /// Renames a file or a link (the link itself) within its file system; a folder is refused (EISDIR).
 /// It never replaces: a name that is taken gives EEXIST. On an error the file has its old name; the

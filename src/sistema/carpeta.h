@@ -63,6 +63,8 @@ public:
     /// fTenido tells whether it was free. A file system without locks counts as free.
     explicit clsCerrojoArchivo(const std::string &strRaiz);
     [[nodiscard]] bool fTenido() const { return m_bolTenido; }
+    /// The root folder, open; not open when it could not be opened.
+    [[nodiscard]] const clsDescriptor &fCarpeta() const { return m_carpeta; }
 
 private:
     clsDescriptor m_carpeta;

@@ -24,6 +24,7 @@ constinit const clsLlamadas llamadasReales = {
         return copy_file_range(intDe, nullptr, intA, nullptr, lngBytes, 0);
     },
     getdents64,
+    readlink,
     fstatat,
     fchmod,
     [](int intFd, gid_t grupo) { return fchown(intFd, static_cast<uid_t>(-1), grupo); },

@@ -22,6 +22,7 @@ struct clsLlamadas {
     int (*fClonar)(int intDe, int intA);                              ///< FICLONE: the whole file
     ssize_t (*fTrasladar)(int intDe, int intA, std::size_t lngBytes); ///< copy_file_range
     ssize_t (*fListar)(int intFd, void *bytDatos, std::size_t lngBytes); ///< getdents64
+    ssize_t (*fLeerEnlace)(const char *strRuta, char *strDestino, std::size_t lngBytes);
     int (*fConsultar)(int intCarpeta, const char *strRuta, struct stat *datos, int intModo);
     int (*fPermitir)(int intFd, mode_t modo);                         ///< fchmod
     int (*fAgrupar)(int intFd, gid_t grupo);                          ///< fchown, group only

@@ -1,6 +1,7 @@
 #include "dates/correccion.h"
 
 #include "catalogue/registro.h"
+#include "shared/errores.h"
 #include "sistema/carpeta.h"
 #include "soporte/arbol.h"
 #include "soporte/fallos.h"
@@ -39,17 +40,14 @@ struct clsIntento {
         }
         fin = fCorregir(
             arbol.fRaiz(), true, lstFicheros, fecha,
-            [&](const std::string &strRuta, clsError error) {
-                strAvisos += strRuta.substr(arbol.fRaiz().size()) + ' ' +
-                             std::to_string(error.fNumero()) + '\n';
-            },
+            [&](const std::string &strAviso) { strAvisos += strAviso + '\n'; },
             [&] { ++lngPasos; });
     }
 
     int lngPasos = 0;
     std::vector<clsCorregido> lstFicheros;
     clsFinCorreccion fin;
-    std::string strAvisos; ///< "name error" a line
+    std::string strAvisos; ///< the boxes, a line feed behind each
 };
 
 /// A catalogue text with "@" for the root, "|" for CR LF, "~" for the new prefix and "#" for the
@@ -232,7 +230,9 @@ TEST(Correccion, ReportsAFileThatKeepsItsNameAndGoesOn)
         fAnadirRegistro(strCatalogo, {}, strRuta, clsFecha{}, 7);
         fAnadirRegistro(strEsperado, {}, strNueva, fechaNueva, 7);
         if (caso.intErrorNombre != 0) {
-            strAvisos += caso.strNombre + (' ' + std::to_string(caso.intErrorNombre)) + '\n';
+            strAvisos += strRuta + "\r\nno puede llamarse\r\n" +
+                         fRutaCorregida(strRuta, fechaNueva) + "\r\n" +
+                         fTextoError(caso.intErrorNombre) + '\n';
         }
         lstNombres.emplace_back(caso.strNombre);
     }
@@ -385,8 +385,8 @@ TEST(Correccion, GivesFilesTheNearestTimeOnFatAndTheCatalogueTheDateItself)
     for (const clsCaso &caso :
          {clsCaso{"an even second", {2009, 7, 15, 12, 0, 0}, {2009, 7, 15, 12, 0, 0}},
           {"an odd second", {2009, 7, 15, 12, 0, 1}, {2009, 7, 15, 12, 0, 0}},
-          {"before the first year", {1979, 12, 31, 23, 59, 59}, {1980, 1, 1, 0, 0, 0}},
-          {"behind the last year", {2108, 1, 1, 0, 0, 0}, {2107, 12, 31, 23, 59, 58}}}) {
+          {"before the first year", {1979, 12, 31, 23, 59, 57}, {1980, 1, 1, 0, 0, 0}},
+          {"behind the last year", {2108, 1, 1, 0, 0, 1}, {2107, 12, 31, 23, 59, 58}}}) {
         SCOPED_TRACE(caso.strFrase);
         const clsArbol arbol;
         arbol.fCrear("a.jpg", "foto");
@@ -398,7 +398,14 @@ TEST(Correccion, GivesFilesTheNearestTimeOnFatAndTheCatalogueTheDateItself)
         arbol.fCrear(strDat, fTexto(arbol, "@a.jpg|f| 4 |@b.jpg|f| 4 |"));
         const clsIntento intento(arbol, {"a.jpg", "b.jpg"}, fecha, fDiscoFat());
         EXPECT_EQ(intento.fin.correccion, Correccion::Hecha);
-        EXPECT_EQ(intento.strAvisos, "b.jpg " + std::to_string(EEXIST) + '\n');
+        EXPECT_TRUE(
+            intento.strAvisos.ends_with("/" + strTomada + "\r\n17: El fichero ya existe\n"));
+        const int intAno = caso.partes.intAno;
+        EXPECT_EQ(fAvisoSinFecha(intento.lstFicheros),
+                  intAno == 2009 ? ""
+                                 : fTexto(arbol, "No se ha podido poner la fecha a:|@" + strNueva +
+                                                     " (El disco no admite esta fecha)|@b.jpg (El "
+                                                     "disco no admite esta fecha)"));
         EXPECT_EQ(arbol.fLeer(strNueva) + arbol.fLeer("b.jpg"), "fotootra");
         EXPECT_EQ(arbol.fLeer(strTomada), "su nombre");
         EXPECT_EQ(clsIntacto(arbol, strNueva).lngFecha, fMomento(fFechaDe(caso.enDisco).value()));
@@ -406,6 +413,42 @@ TEST(Correccion, GivesFilesTheNearestTimeOnFatAndTheCatalogueTheDateItself)
         EXPECT_EQ(arbol.fLeer(strDat), fTexto(arbol, "@" + strNueva + '|' + strFecha +
                                                          "| 4 |@b.jpg|" + strFecha + "| 4 |"));
     }
+}
+
+TEST(Correccion, LeavesTheTimeOfWhatALinkLeadsToOutsideTheArchive)
+{
+    const clsArbol otra;
+    const clsArbol arbol;
+    otra.fCrear("ajena.jpg", "foto");
+    arbol.fEnlace("e.jpg", otra.fRuta("ajena.jpg"));
+    arbol.fCrear("b.jpg", "otra");
+    arbol.fCrear(strDat, fTexto(arbol, "@e.jpg|f| 4 |@b.jpg|f| 4 |"));
+    const clsIntento intento(arbol, {"e.jpg", "b.jpg"});
+    EXPECT_EQ(intento.fin.correccion, Correccion::Hecha);
+    EXPECT_EQ(intento.strAvisos, "");
+    EXPECT_EQ(arbol.fLeer(strDat), fTexto(arbol, "@~e.jpg|#| 4 |@~b.jpg|#| 4 |"));
+    EXPECT_EQ(arbol.fLeer("20090715_e.jpg"), "foto");
+    EXPECT_EQ(clsIntacto(otra, "ajena.jpg").lngFecha, clsArbol::lngMomento);
+    EXPECT_EQ(fAvisoSinFecha(intento.lstFicheros),
+              fTexto(arbol,
+                     "No se ha podido poner la fecha a:|@~e.jpg (El enlace lleva fuera de la "
+                     "carpeta)"));
+}
+
+TEST(Correccion, ListsAsManyFilesAsABoxHasRoomFor)
+{
+    const auto fLineas = [](std::size_t lngFicheros) {
+        const std::vector<clsCorregido> lstFicheros(lngFicheros, {"/f/a", "/f/~a", EPERM, {}});
+        const std::string strAviso = fAvisoSinFecha(lstFicheros);
+        EXPECT_TRUE(lngFicheros == 0 ||
+                    strAviso.find("\r\n/f/~a (1: Operación no permitida)") != std::string::npos);
+        EXPECT_EQ(strAviso.ends_with("\r\n... y 980 más."), lngFicheros == 1000);
+        return std::count(strAviso.begin(), strAviso.end(), '\n');
+    };
+    EXPECT_EQ(fLineas(0), 0);
+    EXPECT_EQ(fLineas(1), 1);
+    EXPECT_EQ(fLineas(20), 20);
+    EXPECT_EQ(fLineas(1000), 21);
 }
 
 } // namespace

@@ -115,14 +115,15 @@ bool fTodosCorregidos(const std::vector<clsCorregido> &lstCorregidos)
 int fCorregirFicheros(const std::string &strRaiz, std::vector<clsCorregido> &lstCorregidos,
                       clsFecha fecha)
 {
-    const clsFinCorreccion fin = fCorregir(
-        strRaiz, true, lstCorregidos, fecha, [](const std::string &strRuta, clsError error) {
-            fAvisar(fTextoPantalla(strRuta) + "\r\n" + fTextoError(error));
-        });
+    const clsFinCorreccion fin = fCorregir(strRaiz, true, lstCorregidos, fecha,
+                                           [](const std::string &strAviso) { fAvisar(strAviso); });
     if (fin.correccion == Correccion::Ocupada) {
         fAvisarOcupada();
     } else if (fin.correccion == Correccion::SinCatalogo) {
         fAvisarSinLista(fTextoError(fin.error));
+    }
+    if (const std::string strAviso = fAvisoSinFecha(lstCorregidos); !strAviso.empty()) {
+        fAvisar(strAviso);
     }
     const bool bolHecha = fin.correccion == Correccion::Hecha;
     return bolHecha && fTodosCorregidos(lstCorregidos) ? intSalidaBien : intSalidaMal;

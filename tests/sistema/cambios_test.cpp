@@ -1,5 +1,7 @@
 #include "sistema/cambios.h"
 
+#include "sistema/carpeta.h"
+
 #include "soporte/arbol.h"
 #include "soporte/fallos.h"
 
@@ -260,9 +262,12 @@ std::optional<struct stat> fDatos(const std::string &strRuta)
     return stat(strRuta.c_str(), &datos) == 0 ? std::optional(datos) : std::nullopt;
 }
 
+clsDescriptor fRaiz(const clsArbol &arbol) { return std::move(*fAbrirCarpeta(arbol.fRaiz())); }
+
 TEST(FechaArchivo, SetsTheModificationTimeAndNothingElse)
 {
     const clsArbol arbol;
+    const clsDescriptor raiz = fRaiz(arbol);
     arbol.fCrear("a.jpg", "foto");
     arbol.fEnlace("e.jpg", "a.jpg");
     const timespec lstMomentos[2] = {{1000, 123'456'789}, {2000, 987'654'321}};
@@ -272,7 +277,7 @@ TEST(FechaArchivo, SetsTheModificationTimeAndNothingElse)
         SCOPED_TRACE(strNombre);
         for (const std::time_t lngMomento : {1247587402, 1231952602, -1, 0}) {
             SCOPED_TRACE(lngMomento);
-            EXPECT_EQ(fFechar(arbol.fRuta(strNombre), lngMomento), 0);
+            EXPECT_EQ(fFechar(arbol.fRuta(strNombre), lngMomento, raiz), 0);
             const auto datos = fDatos(arbol.fRuta("a.jpg"));
             ASSERT_TRUE(datos);
             EXPECT_EQ(datos->st_mtim.tv_sec, lngMomento);
@@ -288,6 +293,7 @@ TEST(FechaArchivo, SetsTheModificationTimeAndNothingElse)
 TEST(FechaArchivo, ReportsWhatIsNoFileOrHasNoSuchTime)
 {
     const clsArbol arbol;
+    const clsDescriptor raiz = fRaiz(arbol);
     arbol.fCrear("a.jpg");
     arbol.fCarpeta("c.jpg");
     arbol.fTuberia("t.jpg");
@@ -302,13 +308,111 @@ TEST(FechaArchivo, ReportsWhatIsNoFileOrHasNoSuchTime)
                                 {"t.jpg", EINVAL},
                                 {"a.jpg/x", ENOTDIR}}) {
         SCOPED_TRACE(caso.strNombre);
-        EXPECT_EQ(fFechar(arbol.fRuta(caso.strNombre), 1), caso.intError);
+        EXPECT_EQ(fFechar(arbol.fRuta(caso.strNombre), 1, raiz), caso.intError);
     }
     EXPECT_EQ(arbol.fNombres(), (Textos{"a.jpg", "c.jpg", "rota.jpg", "t.jpg"}));
     // The oldest and the last date have a moment, whatever the file system makes of it.
     for (const std::int64_t lngMomento : {-59'000'000'000, 253'402'300'799}) { // years 100, 9999
-        const clsError error = fFechar(arbol.fRuta("a.jpg"), lngMomento);
-        EXPECT_TRUE(!error || error == EINVAL || error == EOVERFLOW) << error.fNumero();
+        const clsError error = fFechar(arbol.fRuta("a.jpg"), lngMomento, raiz);
+        EXPECT_TRUE(!error || error == EINVAL || error == EOVERFLOW || error == ERANGE)
+            << error.fNumero();
+    }
+}
+
+TEST(FechaArchivo, NeverChangesAFileOutsideTheFolder)
+{
+    const clsArbol otra;
+    const clsArbol arbol;
+    otra.fCrear("ajena.jpg");
+    arbol.fCrear("raiz/c/a.jpg");
+    arbol.fCrear("raiz-no/b.jpg"); // its path begins like that of the folder
+    arbol.fEnlace("raiz/fuera.jpg", otra.fRuta("ajena.jpg"));
+    arbol.fEnlace("raiz/cerca.jpg", "../raiz-no/b.jpg");
+    arbol.fEnlace("raiz/rodeo.jpg", "fuera.jpg");
+    arbol.fEnlace("raiz/c/carpeta", otra.fRaiz());
+    arbol.fEnlace("raiz/dentro.jpg", arbol.fRuta("raiz/c/a.jpg"));
+    arbol.fEnlace("otro", "raiz"); // another name of the folder
+    for (const char *const strRaiz : {"raiz", "otro"}) {
+        const auto raiz = fAbrirCarpeta(arbol.fRuta(strRaiz));
+        ASSERT_TRUE(raiz);
+        const std::string strCarpeta = arbol.fRuta(strRaiz) + '/';
+        for (const char *const strNombre :
+             {"fuera.jpg", "cerca.jpg", "rodeo.jpg", "c/carpeta/ajena.jpg", "../raiz-no/b.jpg"}) {
+            SCOPED_TRACE(strNombre);
+            EXPECT_EQ(fFechar(strCarpeta + strNombre, 1, *raiz), EXDEV);
+        }
+        EXPECT_EQ(fFechar(strCarpeta + "dentro.jpg", 7, *raiz), 0);
+        EXPECT_EQ(fFechar(arbol.fRuta("raiz/c/a.jpg"), 8, *raiz), 0);
+    }
+    EXPECT_EQ(fDatos(otra.fRuta("ajena.jpg"))->st_mtime, clsArbol::lngMomento);
+    EXPECT_EQ(fDatos(arbol.fRuta("raiz-no/b.jpg"))->st_mtime, clsArbol::lngMomento);
+    EXPECT_EQ(fDatos(arbol.fRuta("raiz/c/a.jpg"))->st_mtime, 8);
+    EXPECT_TRUE(fFechar(arbol.fRuta("raiz/c/a.jpg"), 9, clsDescriptor()));
+}
+
+/// A link that changes its target before one of the calls; see below.
+struct clsTrueque {
+    int intAntesDe = 0; ///< which call
+    int intHechas = 0;
+    std::string strEnlace;
+    std::string strDestino;
+} trueque;
+
+template <auto fMiembro, class... Argumentos> auto fTrasTrueque(Argumentos... argumentos)
+{
+    if (++trueque.intHechas == trueque.intAntesDe) {
+        unlink(trueque.strEnlace.c_str());
+        EXPECT_EQ(symlink(trueque.strDestino.c_str(), trueque.strEnlace.c_str()), 0);
+    }
+    return (llamadasReales.*fMiembro)(argumentos...);
+}
+
+TEST(FechaArchivo, GainsNothingForWhoSwapsTheLinkMeanwhile)
+{
+    clsLlamadas disco = llamadasReales;
+    disco.fAbrir = fTrasTrueque<&clsLlamadas::fAbrir>;
+    disco.fConsultar = fTrasTrueque<&clsLlamadas::fConsultar>;
+    disco.fLeerEnlace = fTrasTrueque<&clsLlamadas::fLeerEnlace>;
+    disco.fFechar = fTrasTrueque<&clsLlamadas::fFechar>;
+    disco.fCerrar = fTrasTrueque<&clsLlamadas::fCerrar>;
+    for (const bool bolHaciaFuera : {true, false}) {
+        int intLlamada = 0;
+        do {
+            const clsArbol otra;
+            const clsArbol arbol;
+            const clsDescriptor raiz = fRaiz(arbol);
+            otra.fCrear("ajena.jpg");
+            arbol.fCrear("a.jpg");
+            const std::string strFuera = otra.fRuta("ajena.jpg");
+            arbol.fEnlace("e.jpg", bolHaciaFuera ? "a.jpg" : strFuera);
+            trueque = {++intLlamada, 0, arbol.fRuta("e.jpg"), bolHaciaFuera ? strFuera : "a.jpg"};
+            SCOPED_TRACE(testing::Message() << "call " << intLlamada << ' ' << bolHaciaFuera);
+            clsError error;
+            {
+                const clsOtrasLlamadas otras(disco);
+                error = fFechar(arbol.fRuta("e.jpg"), 1000, raiz);
+            }
+            EXPECT_EQ(fDatos(strFuera)->st_mtime, clsArbol::lngMomento);
+            EXPECT_EQ(fDatos(arbol.fRuta("a.jpg"))->st_mtime, error ? clsArbol::lngMomento : 1000);
+            EXPECT_EQ(error, bolHaciaFuera == (intLlamada > 1) ? 0 : EXDEV);
+        } while (trueque.intHechas >= intLlamada && !HasFailure());
+        EXPECT_GE(intLlamada, 6);
+    }
+}
+
+TEST(FechaArchivo, TellsWhenTheDiskTookAnotherTime)
+{
+    const clsArbol arbol;
+    const clsDescriptor raiz = fRaiz(arbol);
+    arbol.fCrear("a.jpg");
+    const clsOtrasLlamadas otras(fDiscoFat());
+    for (const auto &[lngMomento, intError] : {std::pair{1247587402, 0},
+                                               {1247587403, 0}, // even seconds only
+                                               {315532798, 0},  // 1980 less 2 seconds
+                                               {315532797, ERANGE},
+                                               {0, ERANGE}}) {
+        SCOPED_TRACE(lngMomento);
+        EXPECT_EQ(fFechar(arbol.fRuta("a.jpg"), lngMomento, raiz), intError);
     }
 }
 

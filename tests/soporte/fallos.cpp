@@ -37,18 +37,18 @@ int fCerrarFragil(int intFd)
 }
 
 constexpr clsLlamadas llamadasFragiles = {
-    fFragil<&clsLlamadas::fAbrir>,        fCerrarFragil,
-    fFragil<&clsLlamadas::fLeer>,         fFragil<&clsLlamadas::fLeerEn>,
-    fFragil<&clsLlamadas::fEscribir>,     fFragil<&clsLlamadas::fIr>,
-    fFragil<&clsLlamadas::fVolcar>,       fFragil<&clsLlamadas::fAlargar>,
-    fFragil<&clsLlamadas::fClonar>,       fFragil<&clsLlamadas::fTrasladar>,
-    fFragil<&clsLlamadas::fListar>,       fFragil<&clsLlamadas::fConsultar>,
-    fFragil<&clsLlamadas::fPermitir>,     fFragil<&clsLlamadas::fAgrupar>,
-    fFragil<&clsLlamadas::fFechar>,       fFragil<&clsLlamadas::fFecharAbierto>,
-    fFragil<&clsLlamadas::fRenombrar>,    fFragil<&clsLlamadas::fRenombrarLibre>,
-    fFragil<&clsLlamadas::fEnlazar>,      fFragil<&clsLlamadas::fBorrar>,
-    fFragil<&clsLlamadas::fCrearCarpeta>, fFragil<&clsLlamadas::fBloquear>,
-    fFragil<&clsLlamadas::fAhora>,
+    fFragil<&clsLlamadas::fAbrir>,          fCerrarFragil,
+    fFragil<&clsLlamadas::fLeer>,           fFragil<&clsLlamadas::fLeerEn>,
+    fFragil<&clsLlamadas::fEscribir>,       fFragil<&clsLlamadas::fIr>,
+    fFragil<&clsLlamadas::fVolcar>,         fFragil<&clsLlamadas::fAlargar>,
+    fFragil<&clsLlamadas::fClonar>,         fFragil<&clsLlamadas::fTrasladar>,
+    fFragil<&clsLlamadas::fListar>,         fFragil<&clsLlamadas::fLeerEnlace>,
+    fFragil<&clsLlamadas::fConsultar>,      fFragil<&clsLlamadas::fPermitir>,
+    fFragil<&clsLlamadas::fAgrupar>,        fFragil<&clsLlamadas::fFechar>,
+    fFragil<&clsLlamadas::fFecharAbierto>,  fFragil<&clsLlamadas::fRenombrar>,
+    fFragil<&clsLlamadas::fRenombrarLibre>, fFragil<&clsLlamadas::fEnlazar>,
+    fFragil<&clsLlamadas::fBorrar>,         fFragil<&clsLlamadas::fCrearCarpeta>,
+    fFragil<&clsLlamadas::fBloquear>,       fFragil<&clsLlamadas::fAhora>,
 };
 
 /// The nearest time that FAT can hold (Microsoft's fatgen103: an even second of 1980 to 2107).

@@ -205,13 +205,35 @@ private slots:
             fPulsarBoton(dialogo, "cmdAceptar1");
         }));
         QCOMPARE(m_sesion->mensajes.fDichos(),
-                 QStringList(QString::fromStdString(m_arbol->fRuta(strBien)) +
-                             "\r\n17: El fichero ya existe"));
+                 QStringList(
+                     QString::fromStdString(m_arbol->fRuta(strBien) + "\r\nno puede llamarse\r\n" +
+                                            m_arbol->fRuta("2009/20111224_20090714_playa.jpg") +
+                                            "\r\n17: El fichero ya existe")));
         QCOMPARE(m_arbol->fLeer("2009/20111224_20090714_playa.jpg"), "in the way");
         QCOMPARE(m_sesion->fCelda(m_sesion->fPosicion(), 0), QString("20111224_20090715_boda.jpg"));
         const int lngQueda = static_cast<int>(m_sesion->fNombres().indexOf("20090714_playa.jpg"));
         QVERIFY(lngQueda >= 0);
         QCOMPARE(m_sesion->fCelda(lngQueda, 1), QString("2011/12/24 12:00:00"));
+    }
+
+    void fALinkOutOfTheArchiveIsNamedAndItsTargetKeepsItsTime()
+    {
+        const clsArbol otra;
+        otra.fCrear("ajena.jpg", m_arbol->fLeer(strMal), fMomento("2012-03-04 18:20:00"));
+        QVERIFY(QFile::remove(QString::fromStdString(m_arbol->fRuta(strMal))));
+        m_arbol->fEnlace(strMal, otra.fRuta("ajena.jpg"));
+        m_sesion->fClicFila(2);
+        QVERIFY(fCorregir(*m_sesion, {}, [](QDialog &dialogo) {
+            fTeclear(dialogo, "15/07/2009");
+            fPulsarBoton(dialogo, "cmdAceptar1");
+        }));
+        constexpr const char *strNueva = "2009/20090715_20090715_boda.jpg";
+        QCOMPARE(m_sesion->mensajes.fDichos(),
+                 QStringList("No se ha podido poner la fecha a:\r\n" +
+                             QString::fromStdString(m_arbol->fRuta(strNueva)) +
+                             " (El enlace lleva fuera de la carpeta)"));
+        QCOMPARE(fModificado(otra, "ajena.jpg"), fMomento("2012-03-04 18:20:00"));
+        QTRY_COMPARE(m_sesion->fCelda(m_sesion->fPosicion(), 1), QString("2009/07/15 12:00:00"));
     }
 
     void fWhatCannotBeCorrectedIsSaidBeforeAnythingIsAsked()
