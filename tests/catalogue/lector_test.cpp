@@ -137,9 +137,8 @@ TEST(Lector, EndsAtAMegabyteOfZeroBytesWithTheRecordsBefore)
     EXPECT_EQ(fError(2), EBADMSG);
     arbol.fCrear("Miravel.dat", strRegistro + strHueco + "\r\n" + strRegistro);
     EXPECT_EQ(fError(1), EBADMSG);
-    arbol.fCrear("Miravel.dat",
-                 strRegistro + strHueco.substr(1) + "/x.jpg\r\n\r\n\r\n" + strRegistro);
-    EXPECT_FALSE(fError(2));
+    arbol.fCrear("Miravel.dat", strRegistro + strHueco.substr(1) + strRegistro + strRegistro);
+    EXPECT_FALSE(fError(3));
     arbol.fCrear("Miravel.dat", strRegistro + std::string(std::size_t{17} << 20, 'x'));
     EXPECT_EQ(fError(1), EBADMSG);
 }
