@@ -3,11 +3,15 @@
 #include "shared/texto.h"
 
 #include <algorithm>
+#include <iterator>
 
 namespace {
 
 constexpr std::string_view strPrimerDia = "01/01/1901";
 constexpr std::string_view strUltimoDia = "31/12/2100";
+constexpr std::string_view strNoEsFecha = "Fecha no válida.";
+
+bool fEsCifra(char chr) { return chr >= '0' && chr <= '9'; }
 
 /// "dd/mm/yyyy" from six characters, which need not be digits.
 std::string fConSiglo(const std::string &strSeis)
@@ -31,8 +35,15 @@ std::string fTextoLimpio(std::string_view strTexto)
 bool fAdmiteTecla(std::string_view strTexto)
 {
     return std::all_of(strTexto.begin(), strTexto.end(), [](char chr) {
-        return (chr >= '0' && chr <= '9') || chr == '\b' || chr == '\r' || chr == '\x1B';
+        return fEsCifra(chr) || chr == '\b' || chr == '\r' || chr == '\x1B';
     });
+}
+
+std::string fSoloCifras(std::string_view strTexto)
+{
+    std::string strCifras;
+    std::copy_if(strTexto.begin(), strTexto.end(), std::back_inserter(strCifras), fEsCifra);
+    return strCifras;
 }
 
 clsCajaFecha fDejarCaja(std::string_view strTexto, std::string_view strValida)
@@ -45,7 +56,7 @@ clsCajaFecha fDejarCaja(std::string_view strTexto, std::string_view strValida)
     }
     const std::string strDia = fConSiglo(std::string(strTexto));
     if (!fLeerFecha(strDia, strFormaDia)) {
-        return {"Fecha no válida.", std::string(strTexto)};
+        return {strNoEsFecha, std::string(strTexto)};
     }
     return {{}, strDia};
 }
@@ -71,14 +82,17 @@ clsPeticionFiltro fPedirFiltro(clsValoresFiltro &valores)
         return peticion;
     }
     const auto fDia = [](const std::string &strCaja, std::string_view strVacia) {
-        return fLeerFecha(strCaja.empty() ? strVacia : strCaja, strFormaDia).value_or(clsFecha{});
+        return fLeerFecha(strCaja.empty() ? strVacia : strCaja, strFormaDia);
     };
-    filtro.datDesde = fDia(valores.strFiltroDesde, strPrimerDia);
-    filtro.datHasta = fDia(valores.strFiltroHasta, strUltimoDia);
-    if (filtro.datHasta < filtro.datDesde) {
-        peticion.strFallo = "La fecha final es menor a la inicial.";
+    const auto datDesde = fDia(valores.strFiltroDesde, strPrimerDia);
+    const auto datHasta = fDia(valores.strFiltroHasta, strUltimoDia);
+    if (!datDesde || !datHasta || *datHasta < *datDesde) {
+        peticion.strFallo =
+            datDesde && datHasta ? "La fecha final es menor a la inicial." : strNoEsFecha;
         return peticion;
     }
+    filtro.datDesde = *datDesde;
+    filtro.datHasta = *datHasta;
     valores.strFiltroTexto = fTextoLimpio(valores.strFiltroTexto);
     filtro.lstPalabras = fPartir(valores.strFiltroTexto, ',');
     filtro.bolCarpeta = valores.strFiltroCarpeta == "S";

@@ -22,6 +22,9 @@ inline constexpr int intLargoMostrada = 10;
 /// write nothing, such as the arrows, pass.
 [[nodiscard]] bool fAdmiteTecla(std::string_view strTexto);
 
+/// What a date box takes of a text that is pasted.
+[[nodiscard]] std::string fSoloCifras(std::string_view strTexto);
+
 /// What a date box holds when it is left.
 struct clsCajaFecha {
     std::string_view strFallo{}; ///< why it may not be left (UTF-8); empty: it may

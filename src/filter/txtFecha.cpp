@@ -2,15 +2,22 @@
 
 #include "shared/qtexto.h"
 
+#include <QApplication>
+#include <QClipboard>
+#include <QContextMenuEvent>
 #include <QKeyEvent>
+#include <QMenu>
+
+#include <memory>
 
 txtFecha::txtFecha(QWidget *padre) : QLineEdit(padre)
 {
     setMaxLength(intLargoTecleada);
     setToolTip(QStringLiteral("Formato DDMMYY."));
     setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
-    // What an input method composes would come past the keys.
+    // What an input method composes, or what is dropped here, would come past the keys.
     setAttribute(Qt::WA_InputMethodEnabled, false);
+    setAcceptDrops(false);
 }
 
 void txtFecha::fPoner(const std::string &strFecha)
@@ -34,7 +41,7 @@ void txtFecha::fEditar()
 std::string_view txtFecha::fDejar()
 {
     const clsCajaFecha caja = fDejarCaja(fUtf8(text()), m_strValida);
-    if (caja.strFallo.empty() && caja.strTexto != m_strValida) {
+    if (caja.strFallo.empty() && caja.strTexto != fUtf8(text())) {
         fPoner(caja.strTexto);
     }
     return caja.strFallo;
@@ -46,10 +53,26 @@ void txtFecha::focusInEvent(QFocusEvent *evento)
     QLineEdit::focusInEvent(evento);
 }
 
+void txtFecha::fPegar() { insert(fQ(fSoloCifras(fUtf8(QApplication::clipboard()->text())))); }
+
+void txtFecha::contextMenuEvent(QContextMenuEvent *evento)
+{
+    const std::unique_ptr<QMenu> mnuCaja(createStandardContextMenu());
+    if (auto *const pegar = mnuCaja->findChild<QAction *>(QStringLiteral("edit-paste"))) {
+        pegar->disconnect();
+        connect(pegar, &QAction::triggered, this, &txtFecha::fPegar);
+    }
+    mnuCaja->exec(evento->globalPos());
+}
+
 void txtFecha::keyPressEvent(QKeyEvent *evento)
 {
-    // Delete edits, although it has a character of its own.
-    if (evento->key() == Qt::Key_Delete || fAdmiteTecla(fUtf8(evento->text()))) {
+    const auto fEs = [evento](QKeySequence::StandardKey tecla) { return evento->matches(tecla); };
+    if (fEs(QKeySequence::Paste)) {
+        fPegar();
+    } else if (evento->key() == Qt::Key_Delete || fEs(QKeySequence::SelectAll) ||
+               fEs(QKeySequence::Copy) || fEs(QKeySequence::Cut) ||
+               fAdmiteTecla(fUtf8(evento->text()))) { // keys that edit have characters, too
         QLineEdit::keyPressEvent(evento);
     } else {
         evento->accept();

@@ -21,7 +21,10 @@ public:
 protected:
     void focusInEvent(QFocusEvent *evento) override;
     void keyPressEvent(QKeyEvent *evento) override;
+    void contextMenuEvent(QContextMenuEvent *evento) override;
 
 private:
+    void fPegar();
+
     std::string m_strValida; ///< the date last accepted
 };

@@ -55,6 +55,12 @@ TEST(FormularioFiltro, TakesDigitsAndWhatEndsOrCorrects)
     }
 }
 
+TEST(FormularioFiltro, TakesTheDigitsOfWhatIsPasted)
+{
+    EXPECT_EQ(fSoloCifras("05/07/99\n"), "050799");
+    EXPECT_EQ(fSoloCifras("٣ mañana"), "");
+}
+
 TEST(FormularioFiltro, SaysWhyARequestIsNone)
 {
     struct clsCaso {
@@ -69,6 +75,8 @@ TEST(FormularioFiltro, SaysWhyARequestIsNone)
         {{"", "", "a,,", "N", 0}, "", "a,"},
         {{"02/01/2009", "01/01/2009", "a,", "N", 0}, "La fecha final es menor a la inicial.", "a,"},
         {{"02/01/2009", "02/01/2009", "a,", "N", 0}, "", "a"},
+        {{"020109", "", "a,", "N", 0}, "Fecha no válida.", "a,"}, // never no date
+        {{"", "31/02/2009", "a,", "N", 0}, "Fecha no válida.", "a,"},
     };
     for (clsCaso caso : lstCasos) {
         SCOPED_TRACE(caso.valores.strFiltroTexto);

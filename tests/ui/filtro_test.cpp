@@ -4,6 +4,7 @@
 #include "sesion.h"
 
 #include <QCheckBox>
+#include <QClipboard>
 #include <QLabel>
 #include <QLineEdit>
 #include <QProgressBar>
@@ -86,6 +87,10 @@ private slots:
                 QCOMPARE(fCaja("txtFecha0")->hasFocus(), !strMensaje.isEmpty());
                 fCaja("txtFecha0")->setFocus(); // offers the six digits again
                 QCOMPARE(fCaja("txtFecha0")->text(), strTecleado);
+                fTecla(Qt::Key_Tab); // left unchanged
+                QCoreApplication::processEvents();
+                QCOMPARE(m_mensajes.fDichos().join('|'), strMensaje);
+                QCOMPARE(fCaja("txtFecha0")->text(), strMuestra);
             }
         }
     }
@@ -134,6 +139,38 @@ private slots:
             QCOMPARE(m_mensajes.fDichos(), QStringList{"La fecha final es menor a la inicial."});
             QCOMPARE(fCaja("txtFecha1")->text(), QString("050799"));
         }
+    }
+
+    void fEnterInABoxThatWasNotChangedFiltersByItsDate()
+    {
+        m_valores.strFiltroDesde = "05/07/1999";
+        m_valores.strFiltroHasta = "05/07/2007";
+        fAbrir();
+        QCOMPARE(fCaja("txtFecha0")->text(), QString("050799"));
+        fTecla(Qt::Key_Return);
+        QCOMPARE(m_mensajes.fDichos(), QStringList{"No se ha encontrado ninguna imagen."});
+        QCOMPARE(m_valores.strFiltroDesde, std::string("05/07/1999"));
+        QCOMPARE(m_valores.strFiltroHasta, std::string("05/07/2007"));
+    }
+
+    void fADateBoxCutsCopiesAndPastesDigits()
+    {
+        QClipboard *const portapapeles = QApplication::clipboard();
+        portapapeles->setText("12/03/04\n");
+        const auto fCtrl = [&](Qt::Key tecla) {
+            QTest::keyClick(fCaja("txtFecha0"), tecla, Qt::ControlModifier);
+        };
+        fTeclear("99");
+        fCtrl(Qt::Key_A);
+        fCtrl(Qt::Key_V);
+        QCOMPARE(fCaja("txtFecha0")->text(), QString("120304"));
+        fTecla(Qt::Key_Home);
+        fTecla(Qt::Key_Delete);
+        fCtrl(Qt::Key_A);
+        fCtrl(Qt::Key_C);
+        QCOMPARE(portapapeles->text(), QString("20304"));
+        fCtrl(Qt::Key_X);
+        QCOMPARE(fCaja("txtFecha0")->text(), QString());
     }
 
     void fFilteringKeepsTheValuesAndGivesTheRows()
