@@ -139,7 +139,7 @@ int fFechas(const char *strCarpeta, const std::string &strCual)
 int fOrden(const char *strCatalogo, int intVueltas)
 {
     clsFilas filas = fLeerFilas(strCatalogo);
-    fOrdenar(filas, Columna::Fecha, false, {});
+    fOrdenar(filas, Columna::Fecha, false, fRangosEspanol);
     const auto fPor = [&](Columna columna) {
         fOrdenar(filas, columna, false, fRangosEspanol);
         std::printf("%d rows\n", filas.fCantidad());

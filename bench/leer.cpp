@@ -30,7 +30,9 @@ void fCargar(const std::string &strRuta, Medios medios)
         std::fprintf(stderr, "not read: error %d\n", lectura.fError().fNumero());
         std::_Exit(1);
     }
-    fOrdenar(filas, Columna::Fecha, false, {});
+    // Names of one second rank alike here: the alphabet is the window's.
+    fOrdenar(filas, Columna::Fecha, false,
+             [](const auto &lstNombres) { return std::vector<std::uint32_t>(lstNombres.size()); });
     const long lngDespues = fMemoria("VmRSS");
     std::printf("loaded: %d rows, %ld KB of files; VmRSS +%ld kB, %.0f bytes a row; VmHWM %ld kB\n",
                 filas.fCantidad(), static_cast<long>(lectura->lngTotalKB), lngDespues - lngAntes,

@@ -15,7 +15,7 @@ enum class Columna { Nombre = 1, Fecha = 2, Tamano = 3, Carpeta = 4 };
 /// rank; texts that compare equal have the same rank.
 using clsRangos = std::function<std::vector<std::uint32_t>(const std::vector<std::string_view> &)>;
 
-/// Orders the rows by a column, in place. The order is stable, descending too: rows that compare
-/// equal keep their order. Dates and sizes compare by the code points of their texts, names and
-/// folders by rank.
+/// Orders the rows by a column, in place: dates and sizes by the code points of their texts, names
+/// and folders by rank. Rows that compare equal stand by name, then by path. Descending is the
+/// reverse of it all.
 void fOrdenar(clsFilas &filas, Columna columna, bool bolDescendente, const clsRangos &fRangos);

@@ -5,6 +5,7 @@
 #include <map>
 #include <random>
 #include <string>
+#include <tuple>
 
 namespace {
 
@@ -44,12 +45,20 @@ std::string fTexto(const clsFilas &filas, std::uint32_t lngFila, Columna columna
 
 std::vector<std::uint32_t> fEsperado(const clsFilas &filas, Columna columna, bool bolDescendente)
 {
-    std::vector<std::uint32_t> lstOrden = filas.fOrden();
-    std::stable_sort(lstOrden.begin(), lstOrden.end(), [&](std::uint32_t uno, std::uint32_t otro) {
-        const std::string strUno = fTexto(filas, uno, columna);
-        const std::string strOtro = fTexto(filas, otro, columna);
-        return bolDescendente ? strOtro < strUno : strUno < strOtro;
-    });
+    std::vector<std::tuple<std::string, std::string, std::string, std::uint32_t>> lstClaves;
+    for (const std::uint32_t lngFila : filas.fOrden()) {
+        lstClaves.emplace_back(fTexto(filas, lngFila, columna),
+                               fTexto(filas, lngFila, Columna::Nombre),
+                               fTexto(filas, lngFila, Columna::Carpeta), lngFila);
+    }
+    std::sort(lstClaves.begin(), lstClaves.end());
+    std::vector<std::uint32_t> lstOrden;
+    for (const auto &clave : lstClaves) {
+        lstOrden.push_back(std::get<3>(clave));
+    }
+    if (bolDescendente) {
+        std::reverse(lstOrden.begin(), lstOrden.end());
+    }
     return lstOrden;
 }
 
@@ -78,7 +87,7 @@ clsFilas fMuchas(int intFilas, bool bolRaras)
     return filas;
 }
 
-TEST(Orden, IsThatOfAStableSortOfTheTextsBothWays)
+TEST(Orden, IsThatOfTheTextsThenOfNamesThenOfPathsBothWays)
 {
     struct clsCaso {
         const char *strFrase;

@@ -83,8 +83,8 @@ private slots:
              "the date was ordered already: turned"},
             {0, {"nube.jpg", "ñu.jpg", "ola.jpg", "Oso.jpg"}, "Spanish order without case"},
             {0, {"Oso.jpg", "ola.jpg", "ñu.jpg", "nube.jpg"}, "the same once more: turned"},
-            {3, {"ola.jpg", "nube.jpg", "Oso.jpg", "ñu.jpg"}, "same folder: stable"},
-            {2, {"ola.jpg", "nube.jpg", "ñu.jpg", "Oso.jpg"}, "same size: stable"},
+            {3, {"nube.jpg", "ola.jpg", "Oso.jpg", "ñu.jpg"}, "same folder: by name"},
+            {2, {"nube.jpg", "ola.jpg", "ñu.jpg", "Oso.jpg"}, "same size: by name"},
             {1, lstPorFecha, "another column begins ascending"},
         };
         QHeaderView *const cabecera = sesion.fLista()->horizontalHeader();
