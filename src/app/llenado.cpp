@@ -66,7 +66,7 @@ clsMudanza fCargarCatalogo(const clsComun &comun, bool bolForzar)
     if (decision.bolSinPermiso) {
         fAvisarSinCatalogo(comun.mensajes, "No tienes permiso de escritura.");
     }
-    const clsMudanza mudanza = fBuscarMudanza(strCatalogo, comun.archivo.strRaiz, fExisteArchivo);
+    clsMudanza mudanza = fBuscarMudanza(strCatalogo, comun.archivo.strRaiz, fExisteArchivo);
     const bool bolEscrita =
         mudanza.fHay() && comun.archivo.bolEscritura && !fMudarCatalogo(strCatalogo, mudanza);
     fLeer(comun, strCatalogo, bolEscrita ? clsMudanza() : mudanza);

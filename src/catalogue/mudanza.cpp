@@ -90,7 +90,7 @@ clsMudanza fBuscarMudanza(const std::string &strCatalogo, const std::string &str
     clsRegistros registros(fBytesDe(archivo->descriptor));
     const std::vector<std::string> lstMuestras = fMuestras(registros, strRaiz);
     for (const std::string &strRuta : lstMuestras) {
-        const clsMudanza mudanza{fRaizPor(strRuta, strRaiz, fExiste), strRaiz};
+        clsMudanza mudanza{fRaizPor(strRuta, strRaiz, fExiste), strRaiz};
         if (mudanza.fHay() && fConfirmada(lstMuestras, mudanza, fExiste)) {
             return mudanza;
         }

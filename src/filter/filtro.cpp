@@ -141,7 +141,7 @@ public:
         clsHilos hilos({.intHilos = intHilos, .bolEnOrden = true});
         while (fQuedanFilas() || hilos.fPendientes() > 0) {
             while (fQuedanFilas() && hilos.fPendientes() < lngBloques) {
-                const auto bloque = std::make_shared<clsBloque>();
+                auto bloque = std::make_shared<clsBloque>();
                 if (!fLlenar(*bloque)) {
                     return std::nullopt;
                 }

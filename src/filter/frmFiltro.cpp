@@ -220,7 +220,8 @@ void frmFiltro::fValidarSalida()
 bool frmFiltro::fValidarCajas(const QWidget *salvo)
 {
     for (txtFecha *const caja : m_lstFechas) {
-        const std::string_view strFallo = caja == salvo ? "" : caja->fDejar();
+        const bool bolSalvo = salvo != nullptr && caja == salvo;
+        const std::string_view strFallo = bolSalvo ? "" : caja->fDejar();
         if (!strFallo.empty()) {
             m_mensajes.fAviso(Icono::Problema, std::string(strFallo));
             caja->setFocus();
