@@ -22,6 +22,10 @@ constexpr int intMaximoSegmentos = 4096;
 constexpr std::int64_t lngPixelesDudosos = std::int64_t{16} << 20;
 constexpr std::int64_t lngPixelesPorByte = 400;
 
+// What is left of a picture that nobody wants any more is filled with grey, which takes time, too.
+// The largest cameras have 400 megapixels.
+constexpr std::int64_t lngMaximoPixeles = std::int64_t{1} << 31;
+
 // Every scan visits the blocks of its components, about 5 ns each. Cameras and converters make a
 // dozen scans: 60 million visits for 100 megapixels.
 constexpr std::int64_t lngMaximoVisitas = 200'000'000;
@@ -282,7 +286,8 @@ std::optional<clsEsfuerzoJpeg> fMedirJpeg(clsLector &lector)
 
 bool fDecodificable(const clsEsfuerzoJpeg &esfuerzo, std::int64_t lngBytes)
 {
-    return esfuerzo.lngCoeficientes <= lngMaximoCoeficientes &&
+    return esfuerzo.lngPixeles <= lngMaximoPixeles &&
+           esfuerzo.lngCoeficientes <= lngMaximoCoeficientes &&
            esfuerzo.lngCoeficientes / lngBytesBloque * esfuerzo.intPasadas <= lngMaximoVisitas &&
            (esfuerzo.lngPixeles <= lngPixelesDudosos ||
             esfuerzo.lngPixeles / lngPixelesPorByte <= lngBytes);

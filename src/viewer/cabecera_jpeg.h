@@ -33,8 +33,9 @@ struct clsEsfuerzoJpeg {
 /// @return nothing when it is no JPEG file, has no frame or scan, or more than 4,096 segments.
 [[nodiscard]] std::optional<clsEsfuerzoJpeg> fMedirJpeg(clsLector &lector);
 
-/// Whether decoding it is worth it: a picture that takes no more than so many bytes of
-/// coefficients and about a second for them, and is no huge one in a file of a few bytes.
+/// Whether decoding it is worth it: a picture of up to two gigapixels that takes no more than so
+/// many bytes of coefficients and about a second for them, and no huge one in a file of a few
+/// bytes.
 /// @param lngBytes length of the file.
 [[nodiscard]] bool fDecodificable(const clsEsfuerzoJpeg &esfuerzo, std::int64_t lngBytes);
 

@@ -69,8 +69,10 @@ TEST(CabeceraJpeg, SaysWhichPicturesAreWorthDecoding)
     EXPECT_TRUE(fDecodificable(fProgresivo(100 * lngMega, 6, 20), 60 * lngMega));
     EXPECT_TRUE(fDecodificable({100 * lngMega, 0, 1}, lngMega));
     EXPECT_TRUE(fDecodificable(fProgresivo(4096, 6, 100), 541));
-    // A few bytes, too many coefficients, too many scans.
+    EXPECT_TRUE(fDecodificable({400 * lngMega, 0, 1}, 100 * lngMega));
+    // A few bytes, too many pixels, too many coefficients, too many scans.
     EXPECT_FALSE(fDecodificable({100 * lngMega, 0, 1}, 541));
+    EXPECT_FALSE(fDecodificable({std::int64_t{65500} * 65500, 0, 1}, 13 * lngMega));
     EXPECT_FALSE(fDecodificable(fProgresivo(std::int64_t{65500} * 65500, 3, 1), 20 * lngMega));
     EXPECT_FALSE(fDecodificable(fProgresivo(120 * lngMega, 6, 10), 30 * lngMega));
     EXPECT_FALSE(fDecodificable(fProgresivo(16 * lngMega, 6, 1500), 10 * lngMega));
