@@ -77,11 +77,12 @@ std::string fTextoNumeros(const clsDatosTiff &tiff, const clsEntradaIfd &entrada
     // A number takes at least one digit and its separator.
     const std::string strBytes = fCrudo(tiff, entrada, lngMaximo / 2 * tipo.intBytes);
     const std::string strFalta = tipo.clase == Clase::Racional ? "0/0" : "0";
-    const std::uint32_t lngCuenta =
-        strBytes.empty() ? std::min(entrada.lngCuenta, lngMaximoAusentes) : entrada.lngCuenta;
+    const std::uint64_t lngHay = (strBytes.size() + tipo.intBytes - 1) / tipo.intBytes;
+    const std::uint64_t lngCuenta =
+        std::min<std::uint64_t>(entrada.lngCuenta, lngHay + lngMaximoAusentes);
     std::string strTexto;
-    for (std::uint32_t lngCual = 0; lngCual < lngCuenta; ++lngCual) {
-        const std::size_t lngPos = std::size_t{lngCual} * tipo.intBytes;
+    for (std::uint64_t lngCual = 0; lngCual < lngCuenta; ++lngCual) {
+        const std::size_t lngPos = lngCual * tipo.intBytes;
         const std::string strNumero =
             lngPos < strBytes.size() ? fTextoNumero(strBytes, lngPos, tipo, tiff.orden) : strFalta;
         if (strTexto.size() + 1 + strNumero.size() > lngMaximo) {

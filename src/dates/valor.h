@@ -5,14 +5,15 @@
 /// The most that is kept of one value.
 inline constexpr std::size_t lngMaximoValor = std::size_t{1} << 20;
 
-/// How many numbers are kept of a value that has no byte in the file.
+/// How many of a value's numbers are kept that have no byte in the file.
 inline constexpr std::uint32_t lngMaximoAusentes = 64;
 
 /// A value as text: numbers in decimal, separated by blanks, rationals as 72/1; texts and undefined
 /// bytes byte by byte, without the zero bytes at their end. Types that are not known give nothing;
 /// neither do the floating types 11 and 12.
 ///
-/// Numbers whose bytes the file does not have are 0; texts are as long as the bytes there are.
+/// Numbers whose bytes the file does not have are 0, some of them; texts are as long as the bytes
+/// there are.
 /// @param lngMaximo the most bytes of text; what would be longer is cut.
 [[nodiscard]] std::string fTextoValor(const clsDatosTiff &tiff, const clsEntradaIfd &entrada,
                                       std::size_t lngMaximo = lngMaximoValor);

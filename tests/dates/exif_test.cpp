@@ -199,10 +199,11 @@ TEST(Exif, TurnsEveryTypeIntoText)
 TEST(Exif, KeepsNoMoreThanOneMebibyteOfAValue)
 {
     EXPECT_EQ(fValor(2, 3000000, std::string(3000000, 'a')).size(), 1048576U);
+    EXPECT_EQ(fValor(1, 3000000, std::string(3000000, '\7')).size(), 1048575U);
+    // Of numbers that lie beyond the file, some zeros tell it.
     const std::string strNumeros = fValor(3, 4294967295, "\0\x07\0\x08\0\x09"s);
-    EXPECT_EQ(strNumeros.size(), 1048575U);
     EXPECT_TRUE(strNumeros.starts_with("7 8 9 0 0"));
-    // Of a value that lies beyond the file, some zeros tell it.
+    EXPECT_LT(strNumeros.size(), 1000U);
     const std::string strAusente = fValor(4, 524288, "\x7F\xFF\xFF\xFF"); // an offset
     EXPECT_TRUE(strAusente.starts_with("0 0 0"));
     EXPECT_LT(strAusente.size(), 1000U);
