@@ -7,12 +7,12 @@
 
 namespace {
 
-const std::string strFecha = "2009/07/14 18:03:22";
+const std::string strTomada = "2009/07/14 18:03:22";
 
 clsFilas fTres()
 {
     clsFilas filas;
-    filas.fAgregarFila("/f/a.jpg", strFecha, 600);
+    filas.fAgregarFila("/f/a.jpg", strTomada, 600);
     filas.fAgregarFila("/f/g/a.jpg", " otra forma ", 3LL << 40);
     filas.fAgregarFila("/f/a.jpg", "", 0);
     return filas;
@@ -26,7 +26,7 @@ TEST(Filas, KeepDateTextsThatOnlyLookAlmostRight)
         SCOPED_TRACE(strTexto);
         clsFilas filas;
         filas.fAgregarFila("/f/a.jpg", strTexto, 1);
-        filas.fAgregarFila("/f/b.jpg", strFecha, 1);
+        filas.fAgregarFila("/f/b.jpg", strTomada, 1);
         EXPECT_EQ(filas.fFecha(0), strTexto);
         EXPECT_EQ(filas.fNombre(1), "b.jpg");
     }
@@ -92,7 +92,7 @@ TEST(Filas, CarryTheirTicksIntoANewOrder)
     EXPECT_FALSE(filas.fMarcada(0));
     EXPECT_EQ(filas.fContarMarcados(), 1);
     EXPECT_EQ(filas.fBuscarRuta("/f/a.jpg"), 2);
-    EXPECT_EQ(filas.fFecha(2), strFecha);
+    EXPECT_EQ(filas.fFecha(2), strTomada);
 }
 
 TEST(Filas, StartAgainWithAHigherRevision)
@@ -103,7 +103,7 @@ TEST(Filas, StartAgainWithAHigherRevision)
     EXPECT_GT(filas.fRevision(), lngRevision);
     EXPECT_TRUE(filas.fVacia());
     EXPECT_EQ(filas.fBuscarRuta("/f/a.jpg"), -1);
-    filas.fAgregarFila("/f/b.jpg", strFecha, 1);
+    filas.fAgregarFila("/f/b.jpg", strTomada, 1);
     EXPECT_EQ(filas.fRuta(0), "/f/b.jpg");
 }
 

@@ -4,6 +4,7 @@
 
 #include "soporte/arbol.h"
 #include <cerrno>
+#include <filesystem>
 
 #include <gtest/gtest.h>
 #include <vector>
@@ -69,14 +70,14 @@ clsLeido fLeer(std::string_view strBytes, Medios medios = Medios::Todos)
     return leido;
 }
 
-struct clsCaso {
+struct clsLectura {
     const char *strFrase;
     std::string strBytes;
     std::vector<std::string> lstFilas;
     std::int64_t lngFallo; ///< line of the fault, 0: none
 };
 
-void fComprobar(const clsCaso &caso)
+void fComprobar(const clsLectura &caso)
 {
     SCOPED_TRACE(caso.strFrase);
     const clsLeido leido = fLeer(caso.strBytes);

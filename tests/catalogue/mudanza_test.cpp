@@ -13,7 +13,7 @@
 namespace {
 
 using Textos = std::vector<std::string>;
-constexpr const char *strDat = "Miravel.dat";
+constexpr const char *strFichero = "Miravel.dat";
 
 /// A record of each path.
 std::string fCatalogo(const Textos &lstRutas)
@@ -25,7 +25,7 @@ std::string fCatalogo(const Textos &lstRutas)
     return strBytes;
 }
 
-struct clsCaso {
+struct clsMudado {
     const char *strQue;
     Textos lstCatalogo;   ///< "<" stands for the new root
     Textos lstHay;        ///< below the new root
@@ -36,7 +36,7 @@ struct clsCaso {
 TEST(Mudanza, FindsTheOldRootByTailsThatExistBelowTheNewOne)
 {
     const Textos lstTres = {"/m/fotos/a.jpg", "/m/fotos/2008/b.jpg", "/m/fotos/2009/c.jpg"};
-    const clsCaso lstCasos[] = {
+    const clsMudado lstCasos[] = {
         {"at home", {"<a.jpg", "/m/fotos/2008/b.jpg"}, {"a.jpg", "2008/b.jpg"}, "", false},
         {"copied whole", lstTres, {"a.jpg", "2008/b.jpg", "2009/c.jpg"}, "/m/fotos/"},
         {"the first is gone", lstTres, {"2008/b.jpg", "2009/c.jpg"}, "/m/fotos/"},
@@ -61,7 +61,7 @@ TEST(Mudanza, FindsTheOldRootByTailsThatExistBelowTheNewOne)
          "",
          false},
     };
-    for (const clsCaso &caso : lstCasos) {
+    for (const clsMudado &caso : lstCasos) {
         SCOPED_TRACE(caso.strQue);
         const clsArbol arbol;
         for (const std::string &strRelativa : caso.lstHay) {
@@ -71,10 +71,10 @@ TEST(Mudanza, FindsTheOldRootByTailsThatExistBelowTheNewOne)
         for (std::string &strRuta : lstRutas) {
             strRuta = strRuta.starts_with('<') ? arbol.fRuta(strRuta.substr(1)) : strRuta;
         }
-        arbol.fCrear(strDat, fCatalogo(lstRutas));
+        arbol.fCrear(strFichero, fCatalogo(lstRutas));
         std::size_t lngMiradas = 0;
         const clsMudanza mudanza =
-            fBuscarMudanza(arbol.fRuta(strDat), arbol.fRaiz(), [&](const std::string &strRuta) {
+            fBuscarMudanza(arbol.fRuta(strFichero), arbol.fRaiz(), [&](const std::string &strRuta) {
                 ++lngMiradas;
                 EXPECT_TRUE(strRuta.starts_with(arbol.fRaiz())) << strRuta;
                 return fExisteArchivo(strRuta);
@@ -90,14 +90,14 @@ TEST(Mudanza, TakesAllPathsOverAndNothingElse)
     const clsArbol arbol;
     const std::string strViejo = fCatalogo({"/m/f/a.jpg", "/m/g/b.jpg", "/m/f/X_c/d.jpg"}) +
                                  "2009/07/14 16:03:22\n/m/f/e.jpg"; // shifted, and cut
-    arbol.fCrear(strDat, strViejo);
+    arbol.fCrear(strFichero, strViejo);
     const clsMudanza mudanza{"/m/f/", arbol.fRaiz()};
     clsFilas filas;
     filas.fFijarRaiz(arbol.fRaiz());
     const auto fLeerFilas = [&](const clsMudanza &con) {
         filas.fVaciar();
-        EXPECT_TRUE(fLeerFicheroCatalogo(arbol.fRuta(strDat), fExtensionesVisibles(Medios::Todos),
-                                         filas, con));
+        EXPECT_TRUE(fLeerFicheroCatalogo(arbol.fRuta(strFichero),
+                                         fExtensionesVisibles(Medios::Todos), filas, con));
         Textos lstRutas;
         for (int lngPos = 0; lngPos < filas.fCantidad(); ++lngPos) {
             lstRutas.push_back(filas.fRuta(lngPos) + " " + filas.fRutaDisco(lngPos));
@@ -109,12 +109,12 @@ TEST(Mudanza, TakesAllPathsOverAndNothingElse)
     EXPECT_EQ(fLeerFilas(mudanza), lstEsperadas);
     {
         const clsCerrojoArchivo otro(arbol.fRaiz());
-        EXPECT_EQ(fMudarCatalogo(arbol.fRuta(strDat), mudanza), EBUSY);
-        EXPECT_EQ(arbol.fLeer(strDat), strViejo);
+        EXPECT_EQ(fMudarCatalogo(arbol.fRuta(strFichero), mudanza), EBUSY);
+        EXPECT_EQ(arbol.fLeer(strFichero), strViejo);
     }
-    EXPECT_FALSE(fMudarCatalogo(arbol.fRuta(strDat), mudanza));
-    EXPECT_EQ(arbol.fLeer(strDat), fCatalogo({strA, "/m/g/b.jpg", arbol.fRuta("X_c/d.jpg")}) +
-                                       "2009/07/14 16:03:22\n" + arbol.fRuta("e.jpg"));
+    EXPECT_FALSE(fMudarCatalogo(arbol.fRuta(strFichero), mudanza));
+    EXPECT_EQ(arbol.fLeer(strFichero), fCatalogo({strA, "/m/g/b.jpg", arbol.fRuta("X_c/d.jpg")}) +
+                                           "2009/07/14 16:03:22\n" + arbol.fRuta("e.jpg"));
     EXPECT_EQ(fLeerFilas({}), lstEsperadas);
     EXPECT_EQ(mudanza.fRuta("/m/f/a.jpg"), strA);
     EXPECT_EQ(mudanza.fRuta("/m/a.jpg"), "/m/a.jpg");

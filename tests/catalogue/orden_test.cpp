@@ -71,18 +71,18 @@ clsFilas fMuchas(int intFilas, bool bolRaras)
     const char *const lstRaras[] = {"", "ayer", "2009/07/14", "2009/07/14 18:03:22 ", "\xFF", "3"};
     clsFilas filas;
     for (int intFila = 0; intFila < intFilas; ++intFila) {
-        std::string strFecha = "2009/07/14 18:03:00";
-        strFecha[3] = static_cast<char>('0' + fHasta(10));
-        strFecha[12] = static_cast<char>('0' + fHasta(10));
-        strFecha[18] = static_cast<char>('0' + fHasta(10));
+        std::string strTiempo = "2009/07/14 18:03:00";
+        strTiempo[3] = static_cast<char>('0' + fHasta(10));
+        strTiempo[12] = static_cast<char>('0' + fHasta(10));
+        strTiempo[18] = static_cast<char>('0' + fHasta(10));
         std::int64_t lngBytes = std::int64_t{fHasta(40)} * fHasta(50'000'000);
         if (bolRaras && fHasta(10) == 0) {
-            strFecha = lstRaras[fHasta(6)];
+            strTiempo = lstRaras[fHasta(6)];
             lngBytes = std::int64_t{fHasta(2000)} << 32;
         }
         filas.fAgregarFila("/f/" + std::to_string(fHasta(30)) + "/IMG_" +
                                std::to_string(fHasta(2000)) + ".jpg",
-                           strFecha, lngBytes);
+                           strTiempo, lngBytes);
     }
     return filas;
 }

@@ -5,6 +5,7 @@
 #include "soporte/fallos.h"
 #include "soporte/proceso.h"
 
+#include <filesystem>
 #include <future>
 #include <gtest/gtest.h>
 #include <sys/stat.h>

@@ -3,6 +3,7 @@
 #include "soporte/arbol.h"
 
 #include <cerrno>
+#include <filesystem>
 #include <gtest/gtest.h>
 
 namespace {

@@ -13,7 +13,7 @@ namespace {
 
 using Textos = std::vector<std::string>;
 
-struct stat fDatos(const std::string &strRuta)
+struct stat fSegunDisco(const std::string &strRuta)
 {
     struct stat datos {};
     EXPECT_EQ(stat(strRuta.c_str(), &datos), 0) << strRuta;
@@ -23,8 +23,8 @@ struct stat fDatos(const std::string &strRuta)
 /// A copy tells the same as its source.
 void fExigirCopia(const std::string &strOrigen, const std::string &strCopia)
 {
-    const struct stat origen = fDatos(strOrigen);
-    const struct stat copia = fDatos(strCopia);
+    const struct stat origen = fSegunDisco(strOrigen);
+    const struct stat copia = fSegunDisco(strCopia);
     EXPECT_EQ(copia.st_size, origen.st_size);
     EXPECT_EQ(copia.st_mode, origen.st_mode);
     EXPECT_EQ(copia.st_mtim.tv_sec, origen.st_mtim.tv_sec);
@@ -132,7 +132,7 @@ TEST(Copia, KeepsTheHolesOfFilesLargerThanMemory)
     EXPECT_EQ(fTrozo(arbol.fRuta("b.mov"), 0), "principio");
     EXPECT_EQ(fTrozo(arbol.fRuta("b.mov"), lngIsla), "islaislas");
     EXPECT_EQ(fTrozo(arbol.fRuta("b.mov"), lngFin - 9), std::string(9, '\0'));
-    EXPECT_LT(fDatos(arbol.fRuta("b.mov")).st_blocks, 20'000);
+    EXPECT_LT(fSegunDisco(arbol.fRuta("b.mov")).st_blocks, 20'000);
 }
 
 } // namespace

@@ -47,6 +47,6 @@ private slots:
     }
 };
 
-static const clsTema tema{"acerca", fCorrer<clsPruebasAcerca>};
+static const clsTema temaAcerca{"acerca", fCorrer<clsPruebasAcerca>};
 
 #include "acerca_test.moc"

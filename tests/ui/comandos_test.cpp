@@ -393,6 +393,6 @@ private:
     }
 };
 
-static const clsTema tema{"comandos", fCorrer<clsPruebasComandos>};
+static const clsTema temaComandos{"comandos", fCorrer<clsPruebasComandos>};
 
 #include "comandos_test.moc"

@@ -119,6 +119,6 @@ private slots:
     }
 };
 
-static const clsTema tema{"contraste", fCorrer<clsPruebasContraste>};
+static const clsTema temaContraste{"contraste", fCorrer<clsPruebasContraste>};
 
 #include "contraste_test.moc"

@@ -271,6 +271,6 @@ private slots:
     }
 };
 
-static const clsTema tema{"extraccion", fCorrer<clsPruebasExtraccion>};
+static const clsTema temaExtraccion{"extraccion", fCorrer<clsPruebasExtraccion>};
 
 #include "extraccion_test.moc"

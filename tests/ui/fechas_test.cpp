@@ -273,6 +273,6 @@ private:
     }
 };
 
-static const clsTema tema{"fechas", fCorrer<clsPruebasFechas>};
+static const clsTema temaFechas{"fechas", fCorrer<clsPruebasFechas>};
 
 #include "fechas_test.moc"

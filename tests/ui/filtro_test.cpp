@@ -320,6 +320,6 @@ private:
     std::unique_ptr<frmFiltro> m_dialogo;
 };
 
-static const clsTema tema{"filtro", fCorrer<clsPruebasFiltro>};
+static const clsTema temaFiltro{"filtro", fCorrer<clsPruebasFiltro>};
 
 #include "filtro_test.moc"

@@ -365,6 +365,6 @@ private:
     std::string m_strGrande;
 };
 
-static const clsTema tema{"foto", fCorrer<clsPruebasFoto>};
+static const clsTema temaFoto{"foto", fCorrer<clsPruebasFoto>};
 
 #include "foto_test.moc"

@@ -197,6 +197,6 @@ private slots:
     }
 };
 
-static const clsTema tema{"inicio", fCorrer<clsPruebasInicio>};
+static const clsTema temaInicio{"inicio", fCorrer<clsPruebasInicio>};
 
 #include "inicio_test.moc"

@@ -276,6 +276,6 @@ private slots:
     }
 };
 
-static const clsTema tema{"lista", fCorrer<clsPruebasLista>};
+static const clsTema temaLista{"lista", fCorrer<clsPruebasLista>};
 
 #include "lista_test.moc"

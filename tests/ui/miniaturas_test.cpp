@@ -94,9 +94,9 @@ public:
         }
         const int lngInicio = lngActual / intCeldas * intCeldas;
         for (int intCelda = 0; intCelda < intCeldas; ++intCelda) {
-            const QString strMal = fMalCelda(*fMini(intCelda), lngInicio + intCelda, lngActual);
-            if (!strMal.isEmpty()) {
-                return QStringLiteral("cell %1 of %2: ").arg(intCelda).arg(intCeldas) + strMal;
+            const QString strFalla = fMalCelda(*fMini(intCelda), lngInicio + intCelda, lngActual);
+            if (!strFalla.isEmpty()) {
+                return QStringLiteral("cell %1 of %2: ").arg(intCelda).arg(intCeldas) + strFalla;
             }
         }
         return {};
@@ -478,6 +478,6 @@ private slots:
     }
 };
 
-static const clsTema tema{"miniaturas", fCorrer<clsPruebasMiniaturas>};
+static const clsTema temaMiniaturas{"miniaturas", fCorrer<clsPruebasMiniaturas>};
 
 #include "miniaturas_test.moc"

@@ -319,6 +319,6 @@ private slots:
     }
 };
 
-static const clsTema tema{"peligros", fCorrer<clsPruebasPeligros>};
+static const clsTema temaPeligros{"peligros", fCorrer<clsPruebasPeligros>};
 
 #include "peligros_test.moc"

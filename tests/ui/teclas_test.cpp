@@ -222,6 +222,6 @@ private slots:
     }
 };
 
-static const clsTema tema{"teclas", fCorrer<clsPruebasTeclas>};
+static const clsTema temaTeclas{"teclas", fCorrer<clsPruebasTeclas>};
 
 #include "teclas_test.moc"

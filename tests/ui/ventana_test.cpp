@@ -370,6 +370,6 @@ private slots:
     }
 };
 
-static const clsTema tema{"ventana", fCorrer<clsPruebasVentana>};
+static const clsTema temaVentana{"ventana", fCorrer<clsPruebasVentana>};
 
 #include "ventana_test.moc"
