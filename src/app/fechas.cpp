@@ -74,8 +74,9 @@ void fBuscar(const clsComun &comun)
                                            lstFicheros, fecha, fFallo, fPaso);
     if (fin.correccion == Correccion::Ocupada) {
         fAvisarOcupada(comun.mensajes);
-    } else if (fin.correccion == Correccion::SinCatalogo) {
-        fAvisarSinCatalogo(comun.mensajes, fTextoError(fin.error));
+    } else if (const std::string strMotivo = fMotivoSinCatalogo(fin, lstFicheros);
+               !strMotivo.empty()) {
+        fAvisarSinCatalogo(comun.mensajes, strMotivo);
     }
     if (const std::string strAviso = fAvisoSinFecha(lstFicheros); !strAviso.empty()) {
         comun.mensajes.fAviso(Icono::Problema, strAviso);

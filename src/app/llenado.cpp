@@ -5,6 +5,7 @@
 #include "catalogue/lector.h"
 #include "catalogue/modelo_fotos.h"
 #include "catalogue/registro.h"
+#include "dates/correccion.h"
 #include "shared/errores.h"
 #include "shared/texto.h"
 #include "sistema/archivo.h"
@@ -53,9 +54,14 @@ void fLeer(const clsComun &comun, const std::string &strCatalogo, const clsMudan
 clsMudanza fCargarCatalogo(const clsComun &comun, bool bolForzar)
 {
     const std::string strCatalogo = comun.archivo.strRaiz + std::string(strFicheroCatalogo);
-    const auto huella = fHuella(strCatalogo, false);
-    const bool bolExiste = huella && huella->lngBytes > 0;
-    const clsDecision decision = fDecidirCarga(bolForzar, bolExiste, comun.archivo.bolEscritura);
+    const auto fExiste = [&strCatalogo] {
+        return fHuella(strCatalogo, false).value_or(clsHuella{}).lngBytes > 0;
+    };
+    // A correction that was killed can have left it with the name of its backup only.
+    if (comun.archivo.bolEscritura && !fExiste()) {
+        fTerminarCorreccion(comun.archivo.strRaiz);
+    }
+    const clsDecision decision = fDecidirCarga(bolForzar, fExiste(), comun.archivo.bolEscritura);
     if (decision.bolAnunciar) {
         comun.mensajes.fAviso(Icono::Aviso,
                               "Se va a crear el fichero de información de las imágenes.");
@@ -69,6 +75,10 @@ clsMudanza fCargarCatalogo(const clsComun &comun, bool bolForzar)
     clsMudanza mudanza = fBuscarMudanza(strCatalogo, comun.archivo.strRaiz, fExisteArchivo);
     const bool bolEscrita =
         mudanza.fHay() && comun.archivo.bolEscritura && !fMudarCatalogo(strCatalogo, mudanza);
+    // By paths below today's root.
+    if (comun.archivo.bolEscritura && (bolEscrita || !mudanza.fHay())) {
+        fTerminarCorreccion(comun.archivo.strRaiz);
+    }
     fLeer(comun, strCatalogo, bolEscrita ? clsMudanza() : mudanza);
     return mudanza;
 }

@@ -1,5 +1,6 @@
 #include "catalogue/constructor.h"
 
+#include "catalogue/diario.h"
 #include "catalogue/recorrido.h"
 #include "catalogue/registro.h"
 #include "shared/ajustes.h"
@@ -12,13 +13,16 @@ namespace {
 
 bool fEsTemporal(std::string_view strNombre)
 {
-    return clsReemplazo::fEsTemporal(strNombre, strFicheroCatalogo);
+    return clsReemplazo::fEsTemporal(strNombre, strFicheroCatalogo) ||
+           clsReemplazo::fEsTemporal(strNombre, strFicheroDiario);
 }
 
-/// Names in the root that exist for a moment only: those above, and those of the settings.
+/// Names in the root that exist for a moment only: those above, the journal of a correction, and
+/// those of the settings.
 bool fEsPasajero(std::string_view strNombre)
 {
-    return fEsTemporal(strNombre) || clsReemplazo::fEsTemporal(strNombre, strFicheroAjustes);
+    return fEsTemporal(strNombre) || strNombre == strFicheroDiario ||
+           clsReemplazo::fEsTemporal(strNombre, strFicheroAjustes);
 }
 
 /// Hands the walk's lines to the new catalogue and the rest to the observer.

@@ -1,31 +1,28 @@
 #include "dates/correccion.h"
 
+#include "catalogue/diario.h"
 #include "catalogue/registro.h"
+#include "dates/catalogo_corregido.h"
 #include "shared/errores.h"
 #include "shared/rutas.h"
 #include "shared/texto.h"
 #include "sistema/archivo.h"
 #include "sistema/cambios.h"
 #include "sistema/carpeta.h"
-#include "sistema/entorno.h"
-#include "sistema/reemplazo.h"
 
 #include <algorithm>
 #include <cerrno>
-#include <unordered_map>
+#include <deque>
 
 namespace {
 
-/// Where the corrected files are now, by the path the catalogue has for them.
-using clsDestinos = std::unordered_map<std::string_view, std::string_view>;
-
-clsDestinos fDestinos(const std::vector<clsCorregido> &lstFicheros)
+clsDestinos fDestinos(const std::vector<clsCorregido> &lstFicheros, clsFecha fecha)
 {
     clsDestinos destinos;
     destinos.reserve(lstFicheros.size());
     for (const clsCorregido &fichero : lstFicheros) {
         // The first of two equal paths counts: it was the one that could be renamed.
-        destinos.emplace(fichero.strFilePath, fichero.strFilePathNew);
+        destinos.emplace(fichero.strFilePath, clsDestino{fichero.strFilePathNew, fecha});
     }
     return destinos;
 }
@@ -87,90 +84,121 @@ void fCorregirFichero(clsCorregido &fichero, clsFecha fecha, const clsDescriptor
     }
 }
 
-/// Appends a record: that of a corrected file with its present path and the date, any other byte by
-/// byte, an incomplete one at the end too.
-void fAnadirCorregido(std::string &strSalida, const clsRegistro &registro,
-                      const clsDestinos &destinos, std::string_view strFecha)
+/// What a correction has in mind with its files, as far as the catalogue can have them.
+std::vector<clsAnotacion> fPlan(const std::string &strRaiz,
+                                const std::vector<clsCorregido> &lstFicheros, clsFecha fecha)
 {
-    const auto &[ruta, fecha, tamano] = registro.lstLineas;
-    const bool bolEntero = registro.lngLineas == registro.lstLineas.size();
-    const auto destino = bolEntero ? destinos.find(ruta.strTexto) : destinos.end();
-    if (destino == destinos.end()) {
-        strSalida.append(registro.strBytes);
-        return;
+    std::vector<clsAnotacion> lstAnotaciones;
+    for (const clsCorregido &fichero : lstFicheros) {
+        const std::string &strRuta = fichero.strFilePath;
+        const auto nombre = fConsultar(strRuta, false);
+        if (!nombre || !fBajoRaiz(strRuta, strRaiz) ||
+            strRuta.find_first_of("\r\n") != std::string::npos) {
+            continue;
+        }
+        const auto archivo = nombre->tipo == TipoArchivo::Enlace ? fConsultar(strRuta) : nombre;
+        clsHuella antes = archivo ? archivo->huella : nombre->huella;
+        antes.lngBytes = nombre->huella.lngBytes;
+        lstAnotaciones.push_back({strRuta.substr(strRaiz.size()),
+                                  fichero.strFilePathNew.substr(strRaiz.size()), fecha, antes,
+                                  nombre->identidad});
     }
-    strSalida.append(destino->second).append(ruta.strFin);
-    strSalida.append(strFecha).append(fecha.strFin);
-    strSalida.append(tamano.strTexto).append(tamano.strFin);
+    return lstAnotaciones;
 }
 
-/// Writes a catalogue anew.
-/// @return the error that ended the records; archivo knows those of its own.
-clsError fReescribir(clsRegistros &registros, const clsDestinos &destinos, clsFecha fecha,
-                     clsReemplazo &archivo)
+/// Makes room for what a correction will write, and writes down what it is about to do, before the
+/// first file is touched. No catalogue: there is nothing to be written.
+clsError fPreparar(const std::string &strRaiz, std::vector<clsCorregido> lstFicheros,
+                   clsFecha fecha, clsCatalogoCorregido &catalogo, const std::string &strCopia)
 {
-    constexpr std::size_t lngTramo = 1 << 18;
-    const std::string strFecha = fEscribirFecha(fecha);
-    std::string strPendiente;
-    while (const clsRegistro *const registro = registros.fSiguiente()) {
-        fAnadirCorregido(strPendiente, *registro, destinos, strFecha);
-        if (strPendiente.size() >= lngTramo) {
-            archivo.fEscribir(strPendiente);
-            strPendiente.clear();
-        }
+    for (clsCorregido &fichero : lstFicheros) {
+        fichero.strFilePathNew = fRutaCorregida(fichero.strFilePath, fecha);
     }
-    archivo.fEscribir(strPendiente);
-    return registros.fError();
+    if (catalogo.fErrorViejo()) {
+        return catalogo.fErrorViejo() == ENOENT ? 0 : catalogo.fErrorViejo();
+    }
+    // As it will be when all goes well.
+    clsError error = catalogo.fEscribir(fDestinos(lstFicheros, fecha));
+    const std::string strNombre(fNombreDe(strCopia));
+    return error ? error
+                 : fEscribirDiario(strRaiz, {strNombre, fPlan(strRaiz, lstFicheros, fecha)});
 }
 
-/// Gives the catalogue the name of a backup: the present second, or the next one that is free.
-/// @param strCopia set to that name; empty on an error.
-clsError fApartar(const std::string &strCatalogo, std::string &strCopia)
+/// Puts the catalogue of the corrected files in the place of the old one.
+clsFinCorreccion fTerminar(const std::vector<clsCorregido> &lstFicheros, clsFecha fecha,
+                           clsCatalogoCorregido &catalogo, std::string strCopia)
 {
-    constexpr int intNombres = 86'400; // a day of corrections, one a second
-    int intIntentos = 3;               // others may take a free name, but not all of them
-    clsFecha fecha = fFechaLocal(fAhora());
-    clsError error = EEXIST;
-    for (int intNombre = 0; intNombre < intNombres && intIntentos > 0; ++intNombre) {
-        strCopia = strCatalogo + '.' + fEscribirFecha(fecha, "yyyyMMddHHmmss");
-        ++fecha.lngSegundos;
-        if (!fConsultar(strCopia, false)) {
-            error = fRenombrar(strCatalogo, strCopia);
-            intIntentos = error == EEXIST ? intIntentos - 1 : 0;
+    clsFinCorreccion fin{Correccion::SinCatalogo, catalogo.fErrorViejo(), {}};
+    const bool bolTodos =
+        std::none_of(lstFicheros.begin(), lstFicheros.end(),
+                     [](const clsCorregido &fichero) { return bool(fichero.errorNombre); });
+    if (!fin.error && !bolTodos) {
+        fin.error = catalogo.fEscribir(fDestinos(lstFicheros, fecha));
+    }
+    if (!fin.error) {
+        fin.strCopia = std::move(strCopia);
+        fin.error = catalogo.fPublicar(fin.strCopia);
+    }
+    fin.correccion = fin.error ? Correccion::SinCatalogo : Correccion::Hecha;
+    return fin;
+}
+
+/// What the records of the files of a killed correction should get, by what became of the files.
+clsDestinos fHallados(const std::string &strRaiz, const clsDiario &diario,
+                      std::deque<std::string> &lstRutas)
+{
+    clsDestinos destinos;
+    const auto fRuta = [&](const std::string &strRelativa) -> std::string_view {
+        return lstRutas.emplace_back(strRaiz + strRelativa);
+    };
+    for (const clsAnotacion &anotacion : diario.lstAnotaciones) {
+        const std::string_view strDe = fRuta(anotacion.strDe);
+        if (fRenombrado(strRaiz, anotacion)) {
+            destinos.emplace(strDe, clsDestino{fRuta(anotacion.strA), anotacion.fecha});
+        } else if (const auto huella = fHuella(std::string(strDe));
+                   huella && huella->lngSegundos == fMomento(anotacion.fecha)) {
+            destinos.emplace(strDe, clsDestino{strDe, anotacion.fecha}); // killed between the two
         }
     }
-    if (error) {
-        strCopia.clear();
+    return destinos;
+}
+
+/// Sees to it that the journal knows a free name for the backup: killed, that is where to look.
+clsError fAsegurarCopia(const std::string &strRaiz, clsDiario &diario)
+{
+    if (!fConsultar(strRaiz + diario.strCopia, false)) {
+        return {};
+    }
+    diario.strCopia = fNombreDe(fCopiaLibre(strRaiz + std::string(strFicheroCatalogo)));
+    return fEscribirDiario(strRaiz, diario);
+}
+
+/// Finishes the catalogue of a correction that was killed, while the root's lock is held.
+clsError fReanudar(const std::string &strRaiz)
+{
+    auto diario = fLeerDiario(strRaiz);
+    if (!diario) {
+        return {};
+    }
+    const std::string strCatalogo = strRaiz + std::string(strFicheroCatalogo);
+    // Killed between two renames, the catalogue has the name of its backup only.
+    const bool bolFalta = fConsultar(strCatalogo, false).fError() == ENOENT;
+    std::string strCopia = strRaiz + diario->strCopia;
+    clsCatalogoCorregido catalogo(strCatalogo, bolFalta ? strCopia : strCatalogo);
+    std::deque<std::string> lstRutas;
+    clsError error = catalogo.fErrorViejo();
+    error = error ? error : catalogo.fEscribir(fHallados(strRaiz, *diario, lstRutas));
+    if (!error && (bolFalta || catalogo.fCambia())) {
+        error = bolFalta ? clsError() : fAsegurarCopia(strRaiz, *diario);
+        strCopia = bolFalta ? std::string() : strRaiz + diario->strCopia;
+        error = error ? error : catalogo.fPublicar(strCopia);
+    }
+    // Without any catalogue, the next one is built anew.
+    if (!error || error == ENOENT) {
+        fBorrarDiario(strRaiz);
+        return {};
     }
     return error;
-}
-
-/// Replaces the catalogue; the old one stays as a backup. On an error the old one keeps its name.
-clsFinCorreccion fCorregirCatalogo(const std::string &strRuta, const clsDestinos &destinos,
-                                   clsFecha fecha)
-{
-    clsFinCorreccion fin{Correccion::SinCatalogo, {}, {}};
-    const auto viejo = fAbrirRegular(strRuta, false);
-    if (!viejo) {
-        fin.error = viejo.fError();
-        return fin;
-    }
-    // Written and flushed before the old one is touched: a full disk is found out here.
-    clsReemplazo archivo(strRuta, fConsultar(viejo->descriptor));
-    clsRegistros registros(fBytesDe(viejo->descriptor));
-    fin.error = fReescribir(registros, destinos, fecha, archivo);
-    fin.error = fin.error ? fin.error : archivo.fVolcar();
-    fin.error = fin.error ? fin.error : fApartar(strRuta, fin.strCopia);
-    if (fin.error) {
-        return fin;
-    }
-    fin.error = archivo.fConfirmar(true);
-    if (!fin.error) {
-        fin.correccion = Correccion::Hecha;
-    } else if (!fRenombrar(fin.strCopia, strRuta)) {
-        fin.strCopia.clear();
-    }
-    return fin;
 }
 
 std::string fMotivoSinFecha(clsError error)
@@ -210,12 +238,54 @@ clsFinCorreccion fCorregir(const std::string &strRaiz, bool bolEscritura,
     if (!cerrojo.fTenido()) {
         return {Correccion::Ocupada, {}, {}};
     }
+    const std::string strCatalogo = strRaiz + std::string(strFicheroCatalogo);
+    if (const clsError error = fReanudar(strRaiz)) { // its journal would be lost
+        return {Correccion::Imposible, error, {}};
+    }
+    const std::string strCopia = fCopiaLibre(strCatalogo);
+    clsCatalogoCorregido catalogo(strCatalogo, strCatalogo);
+    if (const clsError error = fPreparar(strRaiz, lstFicheros, fecha, catalogo, strCopia)) {
+        fBorrarDiario(strRaiz);
+        return {Correccion::Imposible, error, {}};
+    }
     for (clsCorregido &fichero : lstFicheros) {
         fCorregirFichero(fichero, fecha, cerrojo.fCarpeta(), fFallo);
         if (fPaso) {
             fPaso();
         }
     }
-    return fCorregirCatalogo(strRaiz + std::string(strFicheroCatalogo), fDestinos(lstFicheros),
-                             fecha);
+    const clsFinCorreccion fin = fTerminar(lstFicheros, fecha, catalogo, strCopia);
+    if (!fin.error) {
+        fBorrarDiario(strRaiz);
+    }
+    return fin;
+}
+
+void fTerminarCorreccion(const std::string &strRaiz)
+{
+    if (!fHuella(strRaiz + std::string(strFicheroDiario), false)) {
+        return;
+    }
+    const clsCerrojoArchivo cerrojo(strRaiz);
+    if (cerrojo.fTenido()) {
+        static_cast<void>(fReanudar(strRaiz)); // on an error the next start tries again
+    }
+}
+
+std::string fMotivoSinCatalogo(const clsFinCorreccion &fin,
+                               const std::vector<clsCorregido> &lstFicheros)
+{
+    if (fin.correccion == Correccion::Imposible) {
+        return fTextoError(fin.error) + "\r\nNo se ha cambiado ningún fichero.";
+    }
+    if (fin.correccion != Correccion::SinCatalogo) {
+        return {};
+    }
+    clsRelacion relacion("\r\nYa tienen su nombre nuevo:");
+    for (const clsCorregido &fichero : lstFicheros) {
+        if (!fichero.errorNombre) {
+            relacion.fAnadir(fichero.strFilePathNew);
+        }
+    }
+    return fTextoError(fin.error) + relacion.fTexto();
 }

@@ -21,6 +21,7 @@ enum class Correccion {
     Hecha,      ///< files and catalogue are corrected, a backup stands beside the catalogue
     SinPermiso, ///< the root was not writable at start-up; nothing was touched
     Ocupada,    ///< another Miravel builds or corrects in this archive; nothing was touched
+    Imposible,  ///< the new catalogue could not be written, see error; nothing was touched
     SinCatalogo ///< the files are corrected, the catalogue is not, see error
 };
 
@@ -45,9 +46,10 @@ using clsFalloNombre = std::function<void(const std::string &strAviso)>;
 /// Gives the files their new date and name, one after the other, then rewrites the catalogue.
 /// A file that cannot be renamed keeps its path in the catalogue, too, and gets the new date there.
 ///
-/// Killed in the middle: files that were already renamed still have their old path in the
-/// catalogue, until it is built anew. The catalogue itself is whole at every moment, under its name
-/// or, between two renames, under that of its newest backup.
+/// The new catalogue has its room on the disk, and a journal what is to be done, before the first
+/// file is touched. Killed in the middle: files that were already renamed have their old path in
+/// the catalogue until fTerminarCorreccion. The catalogue itself is whole at every moment, under
+/// its name or, between two renames, under that of its newest backup.
 /// @param strRaiz      root folder with a trailing "/".
 /// @param bolEscritura whether the root was writable at start-up.
 /// @param fPaso        runs after every file, to let events run; may be empty.
@@ -55,3 +57,13 @@ using clsFalloNombre = std::function<void(const std::string &strAviso)>;
                                          std::vector<clsCorregido> &lstFicheros, clsFecha fecha,
                                          const clsFalloNombre &fFallo,
                                          const std::function<void()> &fPaso = {});
+
+/// Finishes the catalogue of a correction that was killed, by its journal: files that have got
+/// their new name are listed by it. Files are looked at, never changed. Nothing when another
+/// Miravel corrects right now, and when there is no journal, which is nearly always.
+void fTerminarCorreccion(const std::string &strRaiz);
+
+/// What the box says (UTF-8, line breaks CR LF) when the catalogue could not be written: why, and
+/// which files have their new names all the same. Empty when it could.
+[[nodiscard]] std::string fMotivoSinCatalogo(const clsFinCorreccion &fin,
+                                             const std::vector<clsCorregido> &lstFicheros);

@@ -18,11 +18,6 @@ namespace {
 constexpr std::size_t lngMaximoTabla = std::size_t{3} << 20;
 constexpr std::size_t lngMinimoValor = 32;
 
-// The window takes half a kilobyte for a row, and 50 bytes for a letter of those it shows: where
-// there are more rows than any photo has, a value shows less.
-constexpr std::size_t lngMuchasFilas = 10000;
-constexpr std::size_t lngValorDeMuchas = std::size_t{64} << 10;
-
 bool fContiene(std::string_view strTexto, std::string_view strParte)
 {
     return strTexto.find(strParte) != std::string_view::npos;
@@ -82,16 +77,13 @@ std::array<std::string, 256> fLetras()
     return lstLetras;
 }
 
-/// @param lngMaximo bytes that it shows of a text of the file.
-std::string fTextoConvertido(const clsFilaExif &fila, std::size_t lngMaximo)
+std::string fTextoConvertido(const clsFilaExif &fila)
 {
     if (const auto *const fecha = std::get_if<clsFecha>(&fila.convertido)) {
         return fEscribirFecha(*fecha, strFormaUsuario);
     }
     const auto *const strTexto = std::get_if<std::string>(&fila.convertido);
-    const std::string_view strBytes =
-        strTexto != nullptr && !strTexto->empty() ? *strTexto : fila.strValor;
-    return fTextoExif(strBytes.substr(0, lngMaximo));
+    return fTextoExif(strTexto != nullptr && !strTexto->empty() ? *strTexto : fila.strValor);
 }
 
 } // namespace
@@ -170,11 +162,9 @@ std::string fTextoTabla(const clsTablaExif &tabla)
     if (tabla.lstFilas.empty()) {
         return "(No se ha encontrado información)";
     }
-    const std::size_t lngMaximo =
-        tabla.lstFilas.size() > lngMuchasFilas ? lngValorDeMuchas : lngMaximoValor;
     std::string strTexto;
     for (const clsFilaExif &fila : tabla.lstFilas) {
-        strTexto += fila.strNombre + ": " + fTextoConvertido(fila, lngMaximo) + "\r\n";
+        strTexto += fila.strNombre + ": " + fTextoConvertido(fila) + "\r\n";
     }
     return strTexto;
 }

@@ -4,6 +4,7 @@
 #include "sistema/carpeta.h"
 #include "sistema/llamadas.h"
 
+#include <algorithm>
 #include <atomic>
 #include <charconv>
 #include <csignal>
@@ -97,6 +98,7 @@ void clsReemplazo::fEscribir(std::string_view strBytes)
     if (m_error) {
         return;
     }
+    m_bolVolcado = false;
     m_error = fEscribirTodo(m_descriptor, strBytes);
     m_lngEscritos += static_cast<std::int64_t>(strBytes.size());
     // Starts the disk early, so that the final flush has little left to wait for.
@@ -108,12 +110,29 @@ void clsReemplazo::fEscribir(std::string_view strBytes)
     }
 }
 
+void clsReemplazo::fEmpezar()
+{
+    if (!m_error && m_lngEscritos > 0 &&
+        fInsistir<&clsLlamadas::fIr>(m_descriptor.fFd(), off_t{0}, SEEK_SET) != 0) {
+        m_error = errno;
+    }
+    m_lngLargo = std::max(m_lngLargo, m_lngEscritos);
+    m_lngEscritos = 0;
+    m_lngEnviados = 0;
+}
+
 clsError clsReemplazo::fVolcar()
 {
+    const bool bolSobra = m_lngEscritos < m_lngLargo;
+    if (!m_error && bolSobra &&
+        fInsistir<&clsLlamadas::fAlargar>(m_descriptor.fFd(), off_t{m_lngEscritos}) != 0) {
+        m_error = errno;
+    }
     if (!m_error && fInsistir<&clsLlamadas::fVolcar>(m_descriptor.fFd()) != 0) {
         m_error = errno;
     }
-    return fCerrar();
+    m_bolVolcado = !m_error;
+    return m_error;
 }
 
 clsError clsReemplazo::fCerrar()
@@ -127,7 +146,8 @@ clsError clsReemplazo::fCerrar()
 clsError clsReemplazo::fConfirmar(bool bolCarpeta)
 {
     if (!m_error && m_descriptor.fAbierto()) {
-        static_cast<void>(fVolcar());
+        m_error = m_bolVolcado ? m_error : fVolcar();
+        m_error = fCerrar();
     }
     if (!m_error) {
         m_error = fSustituir(m_strTemporal, m_strRuta);

@@ -32,9 +32,11 @@ public:
     /// Closes it without waiting for the disk, so that fConfirmar only renames. Only for content
     /// that also lies elsewhere, or may be lost.
     [[nodiscard]] clsError fCerrar();
-    /// Flushes to the disk, so that only the renaming is left. Nothing more can be written then.
-    /// For those who have something to do between the two; see fConfirmar.
+    /// Flushes to the disk, so that only closing and renaming are left. For those who have
+    /// something to do before that; see fConfirmar.
     [[nodiscard]] clsError fVolcar();
+    /// What is written next replaces what was written so far, in its room on the disk.
+    void fEmpezar();
     /// Flushes to the disk, if that is not done yet, and renames into place.
     /// @param bolCarpeta also flushes the folder, so that the new name survives a power cut; when
     ///        that fails, the new file stands all the same, and it is no error.
@@ -57,4 +59,6 @@ private:
     clsError m_error;
     std::int64_t m_lngEscritos = 0;
     std::int64_t m_lngEnviados = 0;
+    std::int64_t m_lngLargo = 0; ///< bytes that were written before fEmpezar
+    bool m_bolVolcado = false;   ///< nothing was written since it was flushed
 };

@@ -1,5 +1,6 @@
 #include "dates/correccion.h"
 
+#include "catalogue/diario.h"
 #include "catalogue/registro.h"
 #include "shared/errores.h"
 #include "sistema/carpeta.h"
@@ -347,8 +348,8 @@ TEST(Correccion, MakesFewBackupsOnADiskThatTakesNamesAndSaysTheyWereTaken)
         EXPECT_EQ(intento.fin.error, EEXIST);
         EXPECT_EQ(arbol.fLeer(strDat), strViejo);
         EXPECT_EQ(arbol.fLeer("a.jpg"), "foto");
-        EXPECT_LE(intRenombrados, 4); // the photo, and three of the catalogue
-        EXPECT_LE(arbol.fNombres().size(), 6U);
+        EXPECT_LE(intRenombrados, 4);           // the photo, and three of the catalogue
+        EXPECT_LE(arbol.fNombres().size(), 7U); // and the journal
     }
 }
 
@@ -449,6 +450,157 @@ TEST(Correccion, ListsAsManyFilesAsABoxHasRoomFor)
     EXPECT_EQ(fLineas(1), 1);
     EXPECT_EQ(fLineas(20), 20);
     EXPECT_EQ(fLineas(1000), 21);
+}
+
+TEST(Correccion, TouchesNothingWhereTheNewCatalogueHasNoRoom)
+{
+    struct clsCaso {
+        const char *strFrase;
+        void (*fPreparar)(clsLlamadas &);
+        int intError;
+    };
+    const clsCaso lstCasos[] = {
+        {"a full disk",
+         [](clsLlamadas &disco) {
+             disco.fEscribir = [](int, const void *, std::size_t) -> ssize_t {
+                 return errno = ENOSPC, -1;
+             };
+         },
+         ENOSPC},
+        {"a disk that is full when it is flushed",
+         [](clsLlamadas &disco) { disco.fVolcar = [](int) { return errno = ENOSPC, -1; }; },
+         ENOSPC},
+        {"a root that has become read-only",
+         [](clsLlamadas &disco) {
+             disco.fAbrir = [](int intCarpeta, const char *strRuta, int intModo, mode_t modo) {
+                 return (intModo & O_CREAT) == 0
+                            ? llamadasReales.fAbrir(intCarpeta, strRuta, intModo, modo)
+                            : (errno = EROFS, -1);
+             };
+         },
+         EROFS},
+    };
+    for (const clsCaso &caso : lstCasos) {
+        SCOPED_TRACE(caso.strFrase);
+        const clsArbol arbol;
+        arbol.fCrear("a.jpg", "foto");
+        arbol.fCrear(strDat, fTexto(arbol, "@a.jpg|f| 4 |"));
+        clsLlamadas disco = discoQuieto;
+        caso.fPreparar(disco);
+        const clsIntento intento(arbol, {"a.jpg"}, fechaNueva, disco);
+        EXPECT_EQ(intento.fin.correccion, Correccion::Imposible);
+        EXPECT_EQ(intento.fin.error, caso.intError);
+        EXPECT_EQ(fMotivoSinCatalogo(intento.fin, intento.lstFicheros),
+                  fTextoError(caso.intError) + "\r\nNo se ha cambiado ningún fichero.");
+        EXPECT_EQ(arbol.fNombres(), (Textos{strDat, "a.jpg"}));
+        EXPECT_EQ(arbol.fLeer(strDat), fTexto(arbol, "@a.jpg|f| 4 |"));
+        EXPECT_EQ(clsIntacto(arbol, "a.jpg").lngFecha, clsArbol::lngMomento);
+        EXPECT_EQ(clsIntento(arbol, {"a.jpg"}).fin.correccion, Correccion::Hecha);
+        EXPECT_EQ(fMotivoSinCatalogo({}, intento.lstFicheros), "");
+    }
+}
+
+TEST(Correccion, SaysWhichFilesHaveNewNamesWhenTheCatalogueFailsLater)
+{
+    const clsArbol arbol;
+    arbol.fCrear("a.jpg", "foto");
+    arbol.fCrear("b.jpg", "otra");
+    arbol.fCrear("20090715_b.jpg", "su nombre");
+    arbol.fCrear(strDat, fTexto(arbol, "@a.jpg|f| 4 |@b.jpg|f| 4 |"));
+    clsLlamadas disco = discoQuieto;
+    disco.fRenombrarLibre = [](const char *strDe, const char *strA) {
+        return std::string_view(strDe).ends_with("/Miravel.dat")
+                   ? (errno = EROFS, -1)
+                   : llamadasReales.fRenombrarLibre(strDe, strA);
+    };
+    const clsIntento intento(arbol, {"a.jpg", "b.jpg"}, fechaNueva, disco);
+    EXPECT_EQ(intento.fin.correccion, Correccion::SinCatalogo);
+    EXPECT_EQ(fMotivoSinCatalogo(intento.fin, intento.lstFicheros),
+              fTexto(arbol, "30: Sistema de ficheros de solo lectura|Ya tienen su nombre "
+                            "nuevo:|@~a.jpg"));
+    EXPECT_EQ(arbol.fLeer(strDat), fTexto(arbol, "@a.jpg|f| 4 |@b.jpg|f| 4 |"));
+    // As soon as it can be written, the catalogue follows. b.jpg has its time already.
+    const clsOtrasLlamadas otras(discoQuieto);
+    fTerminarCorreccion(arbol.fRaiz());
+    EXPECT_EQ(arbol.fLeer(strDat), fTexto(arbol, "@~a.jpg|#| 4 |@b.jpg|#| 4 |"));
+    EXPECT_EQ(arbol.fNombres(),
+              (Textos{"20090715_a.jpg", "20090715_b.jpg", strDat, strCopia, "b.jpg"}));
+}
+
+TEST(Correccion, IsFinishedByItsJournal)
+{
+    struct clsCaso {
+        const char *strFrase;
+        const char *strNombres; ///< "v" the old one is there, "n" the new one, "N" another new one
+        const char *strEsperado;
+    };
+    const std::string strDiario(strFicheroDiario);
+    for (const clsCaso &caso : {clsCaso{"renamed", "n", "@~a.jpg|#| 4 |@z|f| 1 |"},
+                                {"not renamed", "v", "@a.jpg|f| 4 |@z|f| 1 |"},
+                                {"linked only", "vn", "@a.jpg|f| 4 |@z|f| 1 |"},
+                                {"the new name is another's", "vN", "@a.jpg|f| 4 |@z|f| 1 |"},
+                                {"only another has the new name", "N", "@a.jpg|f| 4 |@z|f| 1 |"},
+                                {"gone", "", "@a.jpg|f| 4 |@z|f| 1 |"}}) {
+        for (const bool bolApartado : {false, true}) {
+            SCOPED_TRACE(testing::Message() << caso.strFrase << ' ' << bolApartado);
+            const clsOtrasLlamadas otras(discoQuieto);
+            const clsArbol arbol;
+            arbol.fCrear("a.jpg", "foto");
+            const std::string strViejo = fTexto(arbol, "@a.jpg|f| 4 |@z|f| 1 |");
+            arbol.fCrear(bolApartado ? strCopia : strDat, strViejo);
+            const auto datos = fConsultar(arbol.fRuta("a.jpg"));
+            ASSERT_EQ(fEscribirDiario(arbol.fRaiz(), {strCopia,
+                                                      {{"a.jpg", "20090715_a.jpg", fechaNueva,
+                                                        datos->huella, datos->identidad}}}),
+                      0);
+            const std::string_view strNombres = caso.strNombres;
+            const std::string strNueva = arbol.fRuta("20090715_a.jpg");
+            if (strNombres.find('n') != std::string_view::npos) {
+                ASSERT_EQ(link(arbol.fRuta("a.jpg").c_str(), strNueva.c_str()), 0);
+            } else if (strNombres.find('N') != std::string_view::npos) {
+                arbol.fCrear("20090715_a.jpg", "otra foto");
+            }
+            if (!strNombres.starts_with('v')) {
+                ASSERT_EQ(unlink(arbol.fRuta("a.jpg").c_str()), 0);
+            }
+            Textos lstNombres = arbol.fNombres();
+            fTerminarCorreccion(arbol.fRaiz());
+            EXPECT_EQ(arbol.fLeer(strDat), fTexto(arbol, caso.strEsperado));
+            std::erase(lstNombres, strDiario);
+            lstNombres.emplace_back(bolApartado ? strDat : strCopia);
+            std::sort(lstNombres.begin(), lstNombres.end());
+            if (!bolApartado && arbol.fLeer(strDat) == strViejo) {
+                std::erase(lstNombres, strCopia); // nothing to change, no backup
+            }
+            EXPECT_EQ(arbol.fNombres(), lstNombres);
+        }
+    }
+}
+
+TEST(Correccion, LeavesAJournalAloneThatIsNoneOrAnotherMiravels)
+{
+    const clsArbol arbol;
+    const std::string strDiario(strFicheroDiario);
+    arbol.fCrear("a.jpg", "foto");
+    arbol.fCrear(strDat, fTexto(arbol, "@a.jpg|f| 4 |"));
+    arbol.fCrear(strDiario, "../a.jpg\r\n/b.jpg\r\n");
+    const Textos lstNombres = arbol.fNombres();
+    fTerminarCorreccion(arbol.fRaiz());
+    EXPECT_EQ(arbol.fNombres(), lstNombres);
+    EXPECT_EQ(clsIntento(arbol, {"a.jpg"}).fin.correccion, Correccion::Hecha);
+    EXPECT_EQ(arbol.fNombres(), (Textos{"20090715_a.jpg", strDat, strCopia})); // its own is gone
+    ASSERT_EQ(fEscribirDiario(arbol.fRaiz(),
+                              {strCopia, {{"20090715_a.jpg", "b.jpg", fechaNueva, {4, 0, 0}, {}}}}),
+              0);
+    ASSERT_EQ(rename(arbol.fRuta("20090715_a.jpg").c_str(), arbol.fRuta("b.jpg").c_str()), 0);
+    {
+        const clsCerrojoArchivo cerrojo(arbol.fRaiz());
+        fTerminarCorreccion(arbol.fRaiz());
+        EXPECT_EQ(arbol.fLeer(strDat), fTexto(arbol, "@~a.jpg|#| 4 |"));
+    }
+    // The next correction finishes it first: its own journal takes the place of that one.
+    EXPECT_EQ(clsIntento(arbol, {}).fin.correccion, Correccion::Hecha);
+    EXPECT_EQ(arbol.fLeer(strDat), fTexto(arbol, "@b.jpg|#| 4 |"));
 }
 
 } // namespace

@@ -7,6 +7,7 @@
 // The kill comes from inside, so that a point that fails once fails every time.
 
 #include "catalogue/constructor.h"
+#include "catalogue/diario.h"
 #include "catalogue/registro.h"
 #include "dates/correccion.h"
 #include "sistema/reemplazo.h"
@@ -32,6 +33,7 @@ const clsFecha fechaNueva = fFechaDe({2009, 7, 15, 12, 0, 0}).value_or(clsFecha{
 int intPaso = 0;   // points passed in this process
 int intMuerte = 0; // the one to die at; 0: none
 int intFallos = 0;
+int intPunto = 0; // the one the correction was killed at
 
 void fPunto()
 {
@@ -75,6 +77,7 @@ clsLlamadas fLlamadasMortales()
     disco.fAbrir = fMortal<&clsLlamadas::fAbrir>;
     disco.fEscribir = fEscribirAMedias;
     disco.fVolcar = fMortal<&clsLlamadas::fVolcar>;
+    disco.fAlargar = fMortal<&clsLlamadas::fAlargar>;
     disco.fFechar = fMortal<&clsLlamadas::fFechar>;
     disco.fRenombrar = fMortal<&clsLlamadas::fRenombrar>;
     disco.fRenombrarLibre = fMortal<&clsLlamadas::fRenombrarLibre>;
@@ -83,11 +86,13 @@ clsLlamadas fLlamadasMortales()
     return disco;
 }
 
+const clsLlamadas llamadasMortales = fLlamadasMortales();
+
 void fExigir(bool bolCierto, const std::string &strQue)
 {
     if (!bolCierto) {
         ++intFallos;
-        std::printf("  point %d: %s\n", intMuerte, strQue.c_str());
+        std::printf("  point %d: %s\n", intPunto, strQue.c_str());
     }
 }
 
@@ -137,6 +142,7 @@ public:
         fExigir(!bolEntera || intCorregidos == intFicheros, "a file kept its name");
         fComprobarCatalogo(intCorregidos, bolEntera);
         fComprobarNombres();
+        fTerminar(bolEntera);
         fReconstruir();
     }
 
@@ -206,6 +212,8 @@ private:
         for (const std::string &strNombre : m_arbol.fNombres()) {
             fExigir(strNombre == "Miravel.ini" || strNombre.starts_with("Miravel.dat") ||
                         clsReemplazo::fEsTemporal(strNombre, "Miravel.dat") ||
+                        clsReemplazo::fEsTemporal(strNombre, strFicheroDiario) ||
+                        strNombre == strFicheroDiario ||
                         (strNombre.size() == 2 && strNombre[0] == 'c'),
                     strNombre + " was left in the root");
         }
@@ -216,6 +224,35 @@ private:
                         strNombre + " was left beside the files");
             }
         }
+    }
+
+    /// The next start finishes the catalogue, also when it is killed at that.
+    void fTerminar(bool bolEntera) const
+    {
+        const clsOtrasLlamadas otras(llamadasMortales);
+        if (!bolEntera) {
+            intMuerte = 1 + intMuerte % 12;
+            intPaso = 0;
+            clsHijo hijo([this] { fTerminarCorreccion(m_arbol.fRaiz()); });
+            static_cast<void>(hijo.fEsperar());
+        }
+        intMuerte = 0;
+        fTerminarCorreccion(m_arbol.fRaiz());
+        fExigir(access(m_arbol.fRuta(strFicheroDiario).c_str(), F_OK) != 0, "a journal is left");
+        const std::string strCatalogo = m_arbol.fLeer("Miravel.dat");
+        std::string strEsperado;
+        fAnotar(strEsperado, m_arbol.fRuta("Miravel.ini"), clsFecha{}, 1);
+        for (int intFichero = 0; intFichero < intFicheros; ++intFichero) {
+            const std::string &strVieja =
+                m_lstFicheros[static_cast<std::size_t>(intFichero)].strFilePath;
+            struct stat datos {};
+            const bool bolVieja = lstat(strVieja.c_str(), &datos) == 0;
+            const bool bolFecha = !bolVieja || datos.st_mtim.tv_sec == fMomento(fechaNueva);
+            fAnotar(strEsperado, bolVieja ? strVieja : fRutaCorregida(strVieja, fechaNueva),
+                    bolFecha ? fechaNueva : clsFecha{}, intFichero);
+        }
+        fExigir(strCatalogo == strEsperado + "un registro a medias\r\n2009",
+                "the finished catalogue does not tell where the files are");
     }
 
     /// The next start finds the archive free and can build its catalogue anew.
@@ -251,21 +288,22 @@ std::set<int> fPuntos(int intTodos, int intCuantos)
     if (intCuantos == 0 || intCuantos >= intTodos) {
         intCuantos = intTodos;
     }
-    for (int intPunto = intTodos; intPunto > 0 && intPunto > intTodos - intFinales; --intPunto) {
-        lstPuntos.insert(intPunto);
+    for (int intEste = intTodos; intEste > 0 && intEste > intTodos - intFinales; --intEste) {
+        lstPuntos.insert(intEste);
     }
     const int intResto = std::max(intCuantos - intFinales, 0);
-    for (int intPunto = 0; intPunto < intResto; ++intPunto) {
-        lstPuntos.insert(1 + intPunto * (intTodos - intFinales) / intResto);
+    for (int intVez = 0; intVez < intResto; ++intVez) {
+        lstPuntos.insert(1 + intVez * (intTodos - intFinales) / intResto);
     }
     return lstPuntos;
 }
 
-void fMatarEn(int intPunto, const clsLlamadas &disco)
+void fMatarEn(int intEste, const clsLlamadas &disco)
 {
     clsCampo campo;
     intPaso = 0;
-    intMuerte = intPunto;
+    intPunto = intEste;
+    intMuerte = intEste;
     clsHijo hijo([&] { campo.fCorregirTodo(disco); });
     fExigir(hijo.fEsperar() == -SIGKILL, "it was not killed");
     campo.fComprobar(false);
@@ -281,8 +319,8 @@ void fProbar(const char *strFrase, int intCuantos, const clsLlamadas &disco)
     campo.fComprobar(true);
     const std::set<int> lstPuntos = fPuntos(intTodos, intCuantos);
     const int intAntes = intFallos;
-    for (const int intPunto : lstPuntos) {
-        fMatarEn(intPunto, disco);
+    for (const int intEste : lstPuntos) {
+        fMatarEn(intEste, disco);
     }
     std::printf("%s: killed at %zu of %d points, %d faults\n", strFrase, lstPuntos.size(), intTodos,
                 intFallos - intAntes);

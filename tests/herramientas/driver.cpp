@@ -119,8 +119,9 @@ int fCorregirFicheros(const std::string &strRaiz, std::vector<clsCorregido> &lst
                                            [](const std::string &strAviso) { fAvisar(strAviso); });
     if (fin.correccion == Correccion::Ocupada) {
         fAvisarOcupada();
-    } else if (fin.correccion == Correccion::SinCatalogo) {
-        fAvisarSinLista(fTextoError(fin.error));
+    } else if (const std::string strMotivo = fMotivoSinCatalogo(fin, lstCorregidos);
+               !strMotivo.empty()) {
+        fAvisarSinLista(strMotivo);
     }
     if (const std::string strAviso = fAvisoSinFecha(lstCorregidos); !strAviso.empty()) {
         fAvisar(strAviso);

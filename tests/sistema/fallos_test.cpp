@@ -3,6 +3,7 @@
 
 #include "browse/copia.h"
 #include "catalogue/constructor.h"
+#include "catalogue/diario.h"
 #include "catalogue/mudanza.h"
 #include "dates/correccion.h"
 #include "shared/ajustes.h"
@@ -133,6 +134,16 @@ void fExigirCatalogo(const clsArbol &arbol, const clsFinCorreccion &fin, const T
     EXPECT_TRUE(fin.strCopia.empty() || (bolCopia && fin.strCopia == arbol.fRuta(*copia)));
 }
 
+/// Without the journal, which stays as long as the catalogue is not finished.
+Textos fSinDiario(Textos lstNombres, const clsPlan &plan)
+{
+    std::erase_if(lstNombres, [&](const std::string &strNombre) {
+        return strNombre == strFicheroDiario ||
+               (plan.bolSiguen && clsReemplazo::fEsTemporal(strNombre, strFicheroDiario));
+    });
+    return lstNombres;
+}
+
 void fProbarCorreccion(const clsPlan &plan)
 {
     const clsArbol arbol;
@@ -150,10 +161,14 @@ void fProbarCorreccion(const clsPlan &plan)
         const clsFallos fallos(plan);
         fin = fCorregir(arbol.fRaiz(), true, lstFicheros, fechaNueva, {});
     }
-    const Textos lstNombres = fNombres(arbol, plan, strDat);
+    const Textos lstNombres = fSinDiario(fNombres(arbol, plan, strDat), plan);
     std::size_t lngFotos = 0;
     Textos lstNuevas;
-    for (const clsCorregido &fichero : lstFicheros) {
+    for (clsCorregido &fichero : lstFicheros) {
+        if (fin.correccion == Correccion::Imposible) {
+            fichero.strFilePathNew = fichero.strFilePath;
+            fichero.errorFecha = fichero.errorNombre = fin.error; // nothing was touched
+        }
         lstNuevas.push_back(fichero.strFilePathNew);
         const std::string strNombre = fichero.strFilePathNew.substr(arbol.fRaiz().size());
         const std::string strBase = fichero.strFilePath.substr(arbol.fRaiz().size());
@@ -170,6 +185,11 @@ void fProbarCorreccion(const clsPlan &plan)
     const bool bolCatalogo = std::count(lstNombres.begin(), lstNombres.end(), strDat) == 1;
     const bool bolCopia = lstNombres.size() > lngFotos + (bolCatalogo ? 1 : 0);
     EXPECT_EQ(lstNombres.size(), lngFotos + (bolCatalogo ? 1 : 0) + (bolCopia ? 1 : 0));
+    // The next start can write again.
+    fTerminarCorreccion(arbol.fRaiz());
+    for (const std::string &strRuta : lstNuevas) {
+        EXPECT_TRUE(arbol.fLeer(strDat).find(strRuta + "\r\n") != std::string::npos) << strRuta;
+    }
 }
 
 TEST(Fallos, OfACorrectionLoseNoFileNoNameAndNoCatalogue)
@@ -177,6 +197,54 @@ TEST(Fallos, OfACorrectionLoseNoFileNoNameAndNoCatalogue)
     fConCadaFallo(fSinEspera(llamadasReales), 20, fProbarCorreccion);
     fConCadaFallo(fConEnlaces(), 20, fProbarCorreccion);
     fConCadaFallo(fSinEspera(fDiscoFat()), 20, fProbarCorreccion);
+}
+
+std::int64_t lngQuedan = 0; ///< bytes that the disk has room for
+
+/// Only what makes a file longer takes room.
+ssize_t fEscribirSiCabe(int intFd, const void *bytDatos, std::size_t lngBytes)
+{
+    struct stat datos {};
+    EXPECT_EQ(fstat(intFd, &datos), 0);
+    const std::int64_t lngViejos = datos.st_size - lseek(intFd, 0, SEEK_CUR);
+    const auto lngCaben = std::min(static_cast<std::int64_t>(lngBytes), lngViejos + lngQuedan);
+    lngQuedan -= std::max<std::int64_t>(lngCaben - lngViejos, 0);
+    return lngCaben > 0
+               ? llamadasReales.fEscribir(intFd, bytDatos, static_cast<std::size_t>(lngCaben))
+               : (errno = ENOSPC, -1);
+}
+
+TEST(Fallos, OfAFullDiskLeaveACorrectionUndoneOrDone)
+{
+    clsLlamadas disco = fSinEspera(llamadasReales);
+    disco.fEscribir = fEscribirSiCabe;
+    int intNiveles = 0;
+    for (Correccion correccion = Correccion::Imposible; correccion != Correccion::Hecha;) {
+        SCOPED_TRACE(intNiveles);
+        const clsArbol arbol;
+        arbol.fCrear("a.jpg", "foto");
+        arbol.fCrear("b.jpg", "otra");
+        arbol.fCrear("20090715_b.jpg", "su nombre"); // so that the catalogue is written twice
+        const Textos lstRutas = {arbol.fRuta("a.jpg"), arbol.fRuta("b.jpg")};
+        arbol.fCrear(strDat, fCatalogo(lstRutas, "f"));
+        std::vector<clsCorregido> lstFicheros = {{lstRutas[0], {}, {}, {}},
+                                                 {lstRutas[1], {}, {}, {}}};
+        const Textos lstNombres = arbol.fNombres();
+        lngQuedan = intNiveles++;
+        {
+            const clsOtrasLlamadas otras(disco);
+            correccion = fCorregir(arbol.fRaiz(), true, lstFicheros, fechaNueva, {}).correccion;
+        }
+        ASSERT_NE(correccion, Correccion::SinCatalogo); // once begun, it has its room
+        if (correccion == Correccion::Imposible) {
+            ASSERT_EQ(arbol.fNombres(), lstNombres);
+            ASSERT_EQ(fFecha(arbol, "a.jpg"), clsArbol::lngMomento);
+            ASSERT_EQ(arbol.fLeer(strDat), fCatalogo(lstRutas, "f"));
+        }
+        ASSERT_LT(intNiveles, 10'000);
+    }
+    RecordProperty("levels", intNiveles);
+    EXPECT_GT(intNiveles, 200);
 }
 
 // --- Copies ---

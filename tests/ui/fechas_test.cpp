@@ -1,5 +1,7 @@
 // What the window does about dates: the verdict, the search, the correction, the EXIF text.
+#include "catalogue/diario.h"
 #include "sesion.h"
+#include "soporte/fallos.h"
 
 #include <QApplication>
 #include <QDialog>
@@ -234,6 +236,49 @@ private slots:
                              " (El enlace lleva fuera de la carpeta)"));
         QCOMPARE(fModificado(otra, "ajena.jpg"), fMomento("2012-03-04 18:20:00"));
         QTRY_COMPARE(m_sesion->fCelda(m_sesion->fPosicion(), 1), QString("2009/07/15 12:00:00"));
+    }
+
+    void fACorrectionThatWasKilledIsFinishedByTheNextStart()
+    {
+        for (const char *const strLista : {"Miravel.dat", "Miravel.dat.20200101000000"}) {
+            const clsArbol arbol;
+            arbol.fCrear("a.jpg", m_arbol->fLeer(strMal));
+            arbol.fCrear("sin listar.jpg", m_arbol->fLeer(strMal)); // nobody walks the disk
+            const auto datos = fConsultar(arbol.fRuta("a.jpg"));
+            const auto fecha = fLeerFecha("2009/07/15 12:00:00");
+            QVERIFY(!fEscribirDiario(arbol.fRaiz(), {"Miravel.dat.20200101000000",
+                                                     {{"a.jpg", "20090715_a.jpg", *fecha,
+                                                       datos->huella, datos->identidad}}}));
+            QVERIFY(QFile::rename(QString::fromStdString(arbol.fRuta("a.jpg")),
+                                  QString::fromStdString(arbol.fRuta("20090715_a.jpg"))));
+            arbol.fCrear(strLista, fRegistro(arbol.fRuta("a.jpg"), "2012/03/04 18:20:00"));
+            clsSesion sesion(arbol);
+            QVERIFY(sesion.fAbrir());
+            QCOMPARE(sesion.fNombres(), QStringList("20090715_a.jpg"));
+            QCOMPARE(sesion.fCelda(0, 1), QString("2009/07/15 12:00:00"));
+            QCOMPARE(sesion.mensajes.fDichos(), QStringList());
+        }
+    }
+
+    void fWhereTheCatalogueHasNoRoomNothingIsTouched()
+    {
+        static clsLlamadas disco = llamadasReales;
+        disco.fVolcar = [](int) { return errno = ENOSPC, -1; };
+        const std::string strCatalogo = m_arbol->fLeer("Miravel.dat");
+        m_sesion->fClicFila(2);
+        QVERIFY(fCorregir(*m_sesion, {}, [this](QDialog &dialogo) {
+            m_sesion->ajustes.fEsperar();
+            const clsOtrasLlamadas otras(disco);
+            fTeclear(dialogo, "15/07/2009");
+            fPulsarBoton(dialogo, "cmdAceptar1");
+            QVERIFY(dialogo.isVisible());
+            QTest::keyClick(&dialogo, Qt::Key_Escape);
+        }));
+        QCOMPARE(m_sesion->mensajes.fDichos(),
+                 QStringList("No se puede generar la lista de ficheros.\r\n28: No queda espacio en "
+                             "el dispositivo\r\nNo se ha cambiado ningún fichero."));
+        QCOMPARE(fModificado(*m_arbol, strMal), fMomento("2012-03-04 18:20:00"));
+        QCOMPARE(m_arbol->fLeer("Miravel.dat"), strCatalogo);
     }
 
     void fWhatCannotBeCorrectedIsSaidBeforeAnythingIsAsked()

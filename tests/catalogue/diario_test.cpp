@@ -1,0 +1,103 @@
+#include "catalogue/diario.h"
+
+#include "soporte/arbol.h"
+
+#include <gtest/gtest.h>
+#include <unistd.h>
+
+namespace {
+
+const clsFecha fechaDiario = fFechaDe({2009, 7, 15, 12, 0, 0}).value_or(clsFecha{});
+const std::string strDiario(strFicheroDiario);
+constexpr const char *strCopiaDiario = "Miravel.dat.20201231235959";
+
+clsDiario fDeDos()
+{
+    return {strCopiaDiario,
+            {{"a.jpg", "20090715_a.jpg", fechaDiario, {4, -5, 123'456'789}, {66305, 1ULL << 63}},
+             {"c/Mu\xF1oz .jpg", "c/20090715_Mu\xF1oz .jpg", fechaDiario, {0, 7, 0}, {1, 2}}}};
+}
+
+TEST(Diario, ReadsWhatWasWritten)
+{
+    const clsArbol arbol;
+    EXPECT_FALSE(fLeerDiario(arbol.fRaiz()));
+    ASSERT_EQ(fEscribirDiario(arbol.fRaiz(), fDeDos()), 0);
+    EXPECT_EQ(arbol.fNombres(), std::vector<std::string>{strDiario});
+    const auto diario = fLeerDiario(arbol.fRaiz());
+    ASSERT_TRUE(diario);
+    EXPECT_EQ(diario->strCopia, strCopiaDiario);
+    ASSERT_EQ(diario->lstAnotaciones.size(), 2U);
+    for (std::size_t lng = 0; lng < 2; ++lng) {
+        const clsAnotacion &una = diario->lstAnotaciones[lng];
+        const clsAnotacion otra = fDeDos().lstAnotaciones[lng];
+        EXPECT_EQ(una.strDe, otra.strDe);
+        EXPECT_EQ(una.strA, otra.strA);
+        EXPECT_EQ(una.fecha, otra.fecha);
+        EXPECT_TRUE(una.antes == otra.antes && una.identidad == otra.identidad);
+    }
+    fBorrarDiario(arbol.fRaiz());
+    EXPECT_EQ(arbol.fNombres().size(), 0U);
+}
+
+TEST(Diario, CountsWholeOrNotAtAll)
+{
+    const clsArbol arbol;
+    ASSERT_EQ(fEscribirDiario(arbol.fRaiz(), fDeDos()), 0);
+    const std::string strEntero = arbol.fLeer(strDiario);
+    for (std::size_t lng = 0; lng < strEntero.size(); ++lng) {
+        arbol.fCrear(strDiario, strEntero.substr(0, lng));
+        EXPECT_FALSE(fLeerDiario(arbol.fRaiz())) << lng;
+        std::string strOtro = strEntero; // one byte that no text can have there
+        strOtro[lng] = '\0';
+        arbol.fCrear(strDiario, strOtro);
+        const auto diario = fLeerDiario(arbol.fRaiz());
+        EXPECT_TRUE(!diario || strEntero[lng] != ' ') << lng;
+    }
+    for (const char *const strMas : {"\r\n", "x", "a\r\n", "a\r\nb\r\nfin 2\r\n"}) {
+        arbol.fCrear(strDiario, strEntero + strMas);
+        EXPECT_FALSE(fLeerDiario(arbol.fRaiz())) << strMas;
+    }
+    arbol.fCrear(strDiario, strEntero);
+    EXPECT_TRUE(fLeerDiario(arbol.fRaiz()));
+}
+
+TEST(Diario, TakesNoPathThatLeadsOutOfTheRootAndNoLink)
+{
+    const clsArbol arbol;
+    const std::string strDatos = "\r\n2009/07/15 12:00:00 1 0 4 5 6\r\n";
+    const std::string strFin = std::string(strCopiaDiario) + "\r\nfin 1\r\n";
+    const auto fVale = [&](const std::string &strTexto) {
+        arbol.fCrear(strDiario, strTexto);
+        return fLeerDiario(arbol.fRaiz()).has_value();
+    };
+    EXPECT_TRUE(fVale("a\r\nb" + strDatos + strFin));
+    for (const char *const strMala :
+         {"", "/etc/passwd", "../a", "c/../a", "c/..", "./a", ".", "..", "c/", "//a"}) {
+        SCOPED_TRACE(strMala);
+        EXPECT_FALSE(fVale(strMala + ("\r\nb" + strDatos + strFin)));
+        EXPECT_FALSE(fVale(std::string("a\r\n") + strMala + strDatos + strFin));
+    }
+    for (const char *const strMala :
+         {"\r\n2009/02/30 12:00:00 1 0 4 5 6\r\n", "\r\n2009/07/15 12:00:00 1 0 4 5\r\n",
+          "\r\n2009/07/15 12:00:00 1 0 4 5 6 7\r\n", "\r\n2009/07/15 12:00:00 1 0 4 -5 6\r\n",
+          "\r\n2009/07/15 12:00:00 1 0 99999999999999999999 5 6\r\n", "\r\n\r\n"}) {
+        SCOPED_TRACE(strMala);
+        EXPECT_FALSE(fVale(std::string("a\r\nb") + strMala + strFin));
+    }
+    for (const char *const strMala :
+         {"../Miravel.dat.20201231235959\r\nfin 1\r\n", "Miravel.dat\r\nfin 1\r\n",
+          "Miravel.dat.20201331235959\r\nfin 1\r\n", "Miravel.dat.20201231235959x\r\nfin 1\r\n"}) {
+        SCOPED_TRACE(strMala);
+        EXPECT_FALSE(fVale("a\r\nb" + strDatos + strMala));
+    }
+    arbol.fCrear("otro", "a\r\nb" + strDatos + strFin);
+    ASSERT_EQ(unlink(arbol.fRuta(strDiario).c_str()), 0);
+    arbol.fEnlace(strDiario, "otro");
+    EXPECT_FALSE(fLeerDiario(arbol.fRaiz()));
+    ASSERT_EQ(fEscribirDiario(arbol.fRaiz(), fDeDos()), 0); // the link is replaced, not followed
+    EXPECT_TRUE(fLeerDiario(arbol.fRaiz()));
+    EXPECT_EQ(arbol.fLeer("otro"), "a\r\nb" + strDatos + strFin);
+}
+
+} // namespace
