@@ -23,6 +23,7 @@
 #include <QEventLoop>
 #include <QHeaderView>
 #include <QMenu>
+#include <QMessageBox>
 #include <QScopedValueRollback>
 #include <QScreen>
 #include <QToolBar>
@@ -63,8 +64,9 @@ frmMain::frmMain(clsArchivo archivo, clsAjustes &ajustes, clsMensajes &mensajes)
       m_lngAncho(m_archivo.preferencias.lngAncho), m_cliente(new QWidget(this)),
       m_modelo(new clsModeloFotos(m_estado.filas, fSignosLocales(), this)),
       m_lista(new lstFotos(m_cliente)), m_visor(new clsVisor(m_cliente)),
-      m_miniaturas(
-          new clsMiniaturas(m_cliente, m_estado.filas, fSignosLocales(), m_mensajes, fDeVideos())),
+      m_miniaturas(new clsMiniaturas(
+          m_cliente, m_estado.filas, fSignosLocales(),
+          [this](const std::string &strTexto) { return fQueja(strTexto); }, fDeVideos())),
       m_divisor(new cmdAncho(m_cliente)),
       m_toolBar(fCrearBarra(m_cliente, [this](const auto &comando) { fElegido(comando); })),
       m_informacion(
@@ -219,6 +221,9 @@ void frmMain::closeEvent(QCloseEvent *evento)
     // Whatever runs sees this at its next yield and unwinds; then the window closes.
     m_estado.parada = Parada::Cierre;
     evento->setAccepted(!m_estado.bolOcupado);
+    for (QMessageBox *const caja : findChildren<QMessageBox *>()) {
+        caja->reject(); // those that are not modal, since beside others no window can be closed
+    }
 }
 
 // --- Layout ---
@@ -453,6 +458,15 @@ void frmMain::fTerminarMostrar()
     if (m_bolGuardarSelec) {
         m_bolGuardarSelec = false;
         m_ajustes.fGuardarIni(strSeccionGeneral, "SELEC", m_estado.filas.fRuta(m_estado.lngActual));
+/// Tells of one of perhaps many files. Esc beside the box, or closing the window, ends the series.
+/// @return whether to go on with it.
+bool frmMain::fQueja(const std::string &strTexto)
+{
+    const clsOcupado ocupado(m_ocupacion);
+    m_mensajes.fAvisoEnSerie(strTexto);
+    return m_estado.parada == Parada::Ninguna;
+}
+
     }
     if (m_estado.bolMiniaturas) {
         return;

@@ -67,6 +67,7 @@ private:
     void fMostrarArchivo(int lngPos);
     void fMostrarOcupada(int lngPos);
     [[nodiscard]] bool fDibujar();
+    [[nodiscard]] bool fQueja(const std::string &strTexto);
     void fTerminarMostrar();
     void fRedibujar();
 

@@ -5,6 +5,7 @@
 
 #include <QApplication>
 #include <QCursor>
+#include <QEventLoop>
 #include <QFile>
 #include <QFileDialog>
 #include <QInputDialog>
@@ -34,24 +35,34 @@ QWidget *fPadre()
 }
 
 /// Shows a box until it is closed, meanwhile without the wait pointer.
-int fCorrer(QDialog &caja)
+/// @param bolModal false: in Qt's sense it is not modal, which would also refuse to close the main
+///                 window; the gate keeps everything else away from that.
+int fCorrer(QDialog &caja, bool bolModal = true)
 {
     std::optional<QCursor> espera;
     if (const QCursor *const cursor = QApplication::overrideCursor()) {
         espera = *cursor;
         QApplication::restoreOverrideCursor();
     }
-    const int intFin = caja.exec();
+    if (bolModal) {
+        caja.exec();
+    } else {
+        QEventLoop bucle;
+        QObject::connect(&caja, &QDialog::finished, &bucle, &QEventLoop::quit);
+        caja.setModal(false); // boxes are as a rule
+        caja.show();
+        bucle.exec();
+    }
     if (espera) {
         QApplication::setOverrideCursor(*espera);
     }
-    return intFin;
+    return caja.result();
 }
 
 /// Shows a text and waits for a button; the last one is the default and the answer of Esc.
 /// @return whether it was the first one.
 bool fMostrarCaja(QMessageBox::Icon icono, const std::string &strTitulo,
-                  const std::string &strTexto, const QStringList &lstBotones)
+                  const std::string &strTexto, const QStringList &lstBotones, bool bolModal = true)
 {
     QMessageBox caja(fPadre());
     caja.setObjectName(QStringLiteral("msgMiravel"));
@@ -66,7 +77,7 @@ bool fMostrarCaja(QMessageBox::Icon icono, const std::string &strTitulo,
     }
     caja.setDefaultButton(ultimo);
     caja.setEscapeButton(ultimo);
-    fCorrer(caja);
+    fCorrer(caja, bolModal);
     return caja.clickedButton() == primero;
 }
 
@@ -78,6 +89,13 @@ void clsMensajesQt::fAviso(Icono icono, const std::string &strTexto, const std::
                       : icono == Icono::Aviso  ? QMessageBox::Information
                                                : QMessageBox::Critical;
     fMostrarCaja(cual, strTitulo, strTexto, {QStringLiteral("Aceptar")});
+}
+
+void clsMensajesQt::fAvisoEnSerie(const std::string &strTexto)
+{
+    // A dialog that is open would keep the user from a box that is not modal.
+    fMostrarCaja(QMessageBox::Warning, strPrograma, strTexto, {QStringLiteral("Aceptar")},
+                 QApplication::activeModalWidget() != nullptr);
 }
 
 bool clsMensajesQt::fSiNo(const std::string &strTexto)

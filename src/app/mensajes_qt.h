@@ -10,6 +10,7 @@ class clsMensajesQt : public clsMensajes {
 public:
     void fAviso(Icono icono, const std::string &strTexto,
                 const std::string &strTitulo = "Miravel") override;
+    void fAvisoEnSerie(const std::string &strTexto) override;
     bool fSiNo(const std::string &strTexto) override;
     bool fAceptarCancelar(const std::string &strTexto) override;
     std::optional<std::string> fPedir(const std::string &strPregunta) override;

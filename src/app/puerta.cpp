@@ -6,6 +6,7 @@
 #include <QDialog>
 #include <QKeyEvent>
 #include <QMenuBar>
+#include <QMessageBox>
 #include <QMouseEvent>
 #include <QTimer>
 #include <QWidget>
@@ -39,7 +40,8 @@ bool fEsAccion(QEvent::Type tipo)
 bool fEsDialogo(const QObject *objeto)
 {
     const auto *const dialogo = qobject_cast<const QDialog *>(objeto);
-    return dialogo != nullptr && dialogo->isModal();
+    return dialogo != nullptr &&
+           (dialogo->isModal() || qobject_cast<const QMessageBox *>(dialogo) != nullptr);
 }
 
 } // namespace

@@ -79,7 +79,7 @@ void frmBusqueda::fCarpeta(const std::string &strCarpeta) { m_strCarpeta = strCa
 void frmBusqueda::fError(clsError error)
 {
     m_lblMsg->setText(fQPantalla(m_strCarpeta));
-    m_mensajes.fAviso(Icono::Problema, fTextoError(error));
+    m_mensajes.fAvisoEnSerie(fTextoError(error));
 }
 
 bool frmBusqueda::fSeguir()

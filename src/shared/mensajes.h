@@ -13,6 +13,9 @@ public:
     /// Shows a text (UTF-8) and waits until it is accepted.
     virtual void fAviso(Icono icono, const std::string &strTexto,
                         const std::string &strTitulo = "Miravel") = 0;
+    /// Shows a text that perhaps many others follow. For work behind the gate of the main window,
+    /// which can be closed beside the box: that ends the box, too.
+    virtual void fAvisoEnSerie(const std::string &strTexto) { fAviso(Icono::Problema, strTexto); }
     /// Asks a yes/no question; No is the default and the answer of Esc.
     [[nodiscard]] virtual bool fSiNo(const std::string &strTexto) = 0;
     /// Asks for leave to do something; Cancel is the default and the answer of Esc.

@@ -5,8 +5,8 @@
 #include <algorithm>
 #include <utility>
 
-cThumbnailGenerator::cThumbnailGenerator(clsMensajes &mensajes, clsFuenteMini fFuente)
-    : m_mensajes(mensajes), m_fFuente(std::move(fFuente))
+cThumbnailGenerator::cThumbnailGenerator(clsQueja fQueja, clsFuenteMini fFuente)
+    : m_fQueja(std::move(fQueja)), m_fFuente(std::move(fFuente))
 {
 }
 
@@ -16,8 +16,7 @@ void cThumbnailGenerator::fGetThumbnail(bool &ok, std::unique_ptr<pcMemDC> &pict
     picture.reset();
     const clsMiniatura miniatura = m_fFuente(Filename, std::min(DesiredWidth, DesiredHeight));
     if (miniatura.extraccion == Extraccion::Disco || miniatura.extraccion == Extraccion::Falta) {
-        m_mensajes.fAviso(Icono::Problema,
-                          "Error al generar el Thumbnail: " + fTextoPantalla(Filename));
+        m_fQueja("Error al generar el Thumbnail: " + fTextoPantalla(Filename));
     }
     if (miniatura.extraccion != Extraccion::Hecha) {
         return;

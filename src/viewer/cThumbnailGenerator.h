@@ -1,6 +1,5 @@
 #pragma once
 
-#include "shared/mensajes.h"
 #include "viewer/extraccion.h"
 #include "viewer/pcMemDC.h"
 
@@ -20,8 +19,10 @@ public:
     /// Where a thumbnail comes from: path and side of the box in pixels.
     using clsFuenteMini = std::function<clsMiniatura(const std::string &strRuta, int intLado)>;
 
-    /// @param mensajes shows what the file system refuses; must outlive this.
-    cThumbnailGenerator(clsMensajes &mensajes, clsFuenteMini fFuente);
+    using clsQueja = std::function<void(const std::string &strTexto)>;
+
+    /// @param fQueja shows what the file system refuses.
+    cThumbnailGenerator(clsQueja fQueja, clsFuenteMini fFuente);
 
     /// Gives a surface with the thumbnail of Filename, no larger than the desired size, upright and
     /// with its proportions.
@@ -36,6 +37,6 @@ public:
     std::string Filename; ///< full path
 
 private:
-    clsMensajes &m_mensajes;
+    clsQueja m_fQueja;
     clsFuenteMini m_fFuente;
 };

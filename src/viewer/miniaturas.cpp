@@ -7,6 +7,7 @@
 #include "viewer/cmdMini.h"
 #include "viewer/marcadores.h"
 
+#include <QScopedValueRollback>
 #include <QWidget>
 
 #include <algorithm>
@@ -39,17 +40,23 @@ QString fTextoConsejo(const clsFilas &filas, int lngPos, const clsSignos &signos
 } // namespace
 
 clsMiniaturas::clsMiniaturas(QWidget *cliente, const clsFilas &filas, clsSignos signos,
-                             clsMensajes &mensajes, clsFotograma fFotograma)
+                             clsAvisar fAvisar, clsFotograma fFotograma)
     : QObject(cliente), m_cliente(cliente), m_filas(filas), m_signos(std::move(signos)),
-      m_fFotograma(std::move(fFotograma)),
+      m_fAvisar(std::move(fAvisar)), m_fFotograma(std::move(fFotograma)),
       m_almacen({.lngBytes = lngMaximoGuardado,
                  .lngEntradas = lngMaximoEntradas,
                  .intHilos = fNucleos(),
                  .fAvisar = fAvisarA(this),
-                 .fLlegada = [this](const std::string &strClave) { fLlegar(strClave); }}),
-      m_generador(mensajes, [this](const std::string &strRuta, int /*intLado*/) {
-          return fHecha(strRuta).value_or(clsMiniatura{Extraccion::Pendiente, {}});
-      })
+                 .fLlegada =
+                     [this](const std::string &strClave) {
+                         m_desdeNovedad.start();
+                         m_lstLlegadas.push_back(strClave);
+                         fTomarLlegadas();
+                     }}),
+      m_generador([this](const std::string &strTexto) { fQueja(strTexto); },
+                  [this](const std::string &strRuta, int /*intLado*/) {
+                      return fHecha(strRuta).value_or(clsMiniatura{Extraccion::Pendiente, {}});
+                  })
 {
     m_generador.Options = cThumbnailGenerator::IEIFLAG_SCREEN | cThumbnailGenerator::IEIFLAG_ASPECT;
     fCargarCeldas(); // the first cell exists always
@@ -195,6 +202,7 @@ bool clsMiniaturas::fMostrar(int lngActual, const clsEntorno &entorno)
     fRepartir(lngInicio, lngActual);
     fEncargar(lngInicio);
     m_fFalta = entorno.fFalta;
+    m_bolCallar = false;
     m_desdeNovedad.start();
     m_desdeCeder.invalidate();
     for (int lngPos = lngInicio; lngPos < lngFin; ++lngPos) {
@@ -203,7 +211,8 @@ bool clsMiniaturas::fMostrar(int lngActual, const clsEntorno &entorno)
             return false;
         }
     }
-    return true;
+    fTomarLlegadas();
+    return entorno.fVigente();
 }
 
 bool clsMiniaturas::fDibujar(std::size_t lngCelda, int lngPos, const clsEntorno &entorno)
@@ -280,10 +289,28 @@ bool clsMiniaturas::fPintar(std::size_t lngCelda, int lngPos, const std::functio
     return true;
 }
 
+/// Shows a message, unless nobody wants more of them.
+void clsMiniaturas::fQueja(const std::string &strTexto)
+{
+    if (!m_bolCallar) {
+        const QScopedValueRollback<bool> avisando(m_bolAvisando, true);
+        m_bolCallar = !m_fAvisar(strTexto);
+    }
+}
+
+/// Looks at what has come, one message at a time.
+void clsMiniaturas::fTomarLlegadas()
+{
+    while (!m_bolAvisando && !m_lstLlegadas.empty()) {
+        const std::string strClave = std::move(m_lstLlegadas.front());
+        m_lstLlegadas.pop_front();
+        fLlegar(strClave);
+    }
+}
+
 /// Takes over what has come, where a drawn cell waits for it.
 void clsMiniaturas::fLlegar(const std::string &strClave)
 {
-    m_desdeNovedad.start();
     // A message can let events run, and these can take cells away.
     for (std::size_t lngCelda = 0; lngCelda < m_lstCeldas.size(); ++lngCelda) {
         if (m_lstCeldas[lngCelda].strClave == strClave) {

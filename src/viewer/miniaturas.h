@@ -10,6 +10,8 @@
 #include <QElapsedTimer>
 #include <QObject>
 
+#include <deque>
+#include <string>
 #include <vector>
 
 class cmdMini;
@@ -22,8 +24,11 @@ class QWidget;
 class clsMiniaturas : public QObject {
     Q_OBJECT
 public:
-    /// @param filas, mensajes must outlive it.
-    clsMiniaturas(QWidget *cliente, const clsFilas &filas, clsSignos signos, clsMensajes &mensajes,
+    /// Shows a message; false: those that would follow are not wanted.
+    using clsAvisar = std::function<bool(const std::string &strTexto)>;
+
+    /// @param filas must outlive it.
+    clsMiniaturas(QWidget *cliente, const clsFilas &filas, clsSignos signos, clsAvisar fAvisar,
                   clsFotograma fFotograma);
 
     /// Lays the cells out on the viewing panel, all hidden and empty.
@@ -66,6 +71,8 @@ private:
     [[nodiscard]] bool fPintar(std::size_t lngCelda, int lngPos,
                                const std::function<bool()> &fVigente);
     void fMarcar(const clsCelda &celda, int lngActual);
+    void fQueja(const std::string &strTexto);
+    void fTomarLlegadas();
     void fLlegar(const std::string &strClave);
     void fRenovar(std::size_t lngCelda);
     [[nodiscard]] int fLado() const;
@@ -74,11 +81,15 @@ private:
     QWidget *m_cliente;
     const clsFilas &m_filas;
     const clsSignos m_signos;
+    const clsAvisar m_fAvisar;
     const clsFotograma m_fFotograma;
     clsAlmacenMini m_almacen;
     cThumbnailGenerator m_generador;
     clsRejilla m_rejilla;
     std::vector<clsCelda> m_lstCeldas;
+    std::deque<std::string> m_lstLlegadas; ///< thumbnails that have come and were not looked at
+    bool m_bolAvisando = false;            ///< a message is open
+    bool m_bolCallar = false;              ///< of this page no more messages are wanted
     int m_lngActual = 0;
     QElapsedTimer m_desdeCeder;
     QElapsedTimer m_desdeNovedad;   ///< since a thumbnail was last made

@@ -129,6 +129,22 @@ fPruebaReadOnlyRoot() {
     chmod 755 "$raiz"
 }
 
+# One box for each cell, which all can be left by closing the window beside the first.
+fPruebaClosingBesideABox() {
+    local raiz=$carpeta/dañado
+    fArchivoPequeno "$raiz"
+    [ "$(id -u)" -ne 0 ] || chown -R 65534:65534 "$raiz"
+    fArrancar fComoNadie "$carpeta/bin/miravel" "___$raiz"
+    fAceptar
+    fEsperarA "the first file shown" fHaySelec "$raiz"
+    find "$raiz/uno" "$raiz/dos" -name '*.jpg' -exec sh -c 'for f; do rm "$f"; ln -s "$f" "$f"; done' - {} +
+    fEsperarA "the first box" fMiniaturas
+    fAceptar
+    fEsperarA "the second box" fVisible "$strCaja"
+    fCerrar
+}
+fMiniaturas() { fTecla "$strPrincipal" m && fEsperarUnPoco fVisible "$strCaja"; }
+
 fAbre() { fTecla "$strPrincipal" Return && fEsperarUnPoco test -s "$1"; }
 
 fPruebaUnreadableFolder() {
@@ -188,7 +204,7 @@ fSinRestos() { ! fRestos "$1"; }
 fPreparar
 for strPrueba in fPruebaFirstStart fPruebaSecondStart fPruebaProgramInTheArchive \
     fPruebaMissingRoot fPruebaDateFormat fPruebaBadSetting \
-    fPruebaReadOnlyRoot fPruebaUnreadableFolder fPruebaKilledDuringABuild; do
+    fPruebaReadOnlyRoot fPruebaClosingBesideABox fPruebaUnreadableFolder fPruebaKilledDuringABuild; do
     fProbar "$strPrueba"
     fMatar
 done

@@ -257,7 +257,8 @@ private slots:
     void fTheGeneratorHasItsStartingValues()
     {
         clsMensajesGuion mensajes;
-        cThumbnailGenerator generador(mensajes, [](const std::string &, int intLado) {
+        const auto fQueja = [&](const std::string &strTexto) { mensajes.fAvisoEnSerie(strTexto); };
+        cThumbnailGenerator generador(fQueja, [](const std::string &, int intLado) {
             return clsMiniatura{Extraccion::Hecha, fLlano({intLado, intLado}, colMini)};
         });
         QCOMPARE(generador.Options, 288U);

@@ -1,5 +1,6 @@
 // What must not go wrong: closing in the middle of something, odd files, odd names.
 #include "sesion.h"
+#include "soporte/fallos.h"
 
 #include <QAbstractButton>
 #include <QDialog>
@@ -7,10 +8,32 @@
 #include <QPlainTextEdit>
 #include <QTableView>
 
+#include <atomic>
+#include <cerrno>
+#include <optional>
+
 #include <fcntl.h>
 #include <filesystem>
 #include <sys/stat.h>
 #include <unistd.h>
+
+namespace {
+
+/// Counts how often a window is painted.
+class clsPinturas : public QObject {
+public:
+    explicit clsPinturas(QWidget &ventana) { ventana.installEventFilter(this); }
+    int intVeces = 0;
+
+protected:
+    bool eventFilter(QObject *, QEvent *evento) override
+    {
+        intVeces += evento->type() == QEvent::Paint ? 1 : 0;
+        return false;
+    }
+};
+
+} // namespace
 
 class clsPruebasPeligros : public QObject {
     Q_OBJECT
@@ -115,6 +138,34 @@ private slots:
         QTRY_VERIFY(!sesion.ventana->isVisible());
         QCOMPARE(sesion.fAjuste("SELEC"), sesion.arbol->fRuta("a.jpg"));
         sesion.ventana.reset(); // its threads end with it
+    }
+
+    void fClosingBesideTheMessageOfOneCellEndsThemAll()
+    {
+        static std::atomic<bool> bolParado;
+        static clsLlamadas disco = llamadasReales;
+        disco.fAbrir = [](int intCarpeta, const char *strRuta, int intModo, mode_t modo) {
+            if (!std::string_view(strRuta).ends_with(".jpg")) {
+                return llamadasReales.fAbrir(intCarpeta, strRuta, intModo, modo);
+            }
+            bolParado.wait(true);
+            return errno = EIO, -1;
+        };
+        for (const bool bolTarde : {false, true}) { // the second time the disk tells it late
+            clsSesion sesion({{"a.jpg", "1"}, {"b.jpg", "2"}, {"c.jpg", "3"}, {"d.jpg", "4"}});
+            QVERIFY(sesion.fAbrir());
+            static_cast<void>(sesion.mensajes.fDichos());
+            const clsOtrasLlamadas otras(disco);
+            bolParado = bolTarde;
+            sesion.mensajes.fMientras = [&] { sesion.ventana->close(); };
+            sesion.fTecla(Qt::Key_M);
+            QCOMPARE(sesion.mensajes.lstTextos.size(), bolTarde ? 0 : 1);
+            bolParado = false;
+            bolParado.notify_all();
+            QTRY_VERIFY(!sesion.ventana->isVisible());
+            QTest::qWait(0); // what else has come
+            QCOMPARE(sesion.mensajes.lstTextos.size(), 1);
+        }
     }
 
     void fFilesThatCannotBeShownShowTheNoImagePicture()
