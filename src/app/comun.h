@@ -44,6 +44,12 @@ struct clsComun {
     clsSeguir fSeguir;
 };
 
+    /// Lets events run; false when Esc was pressed, too.
+    [[nodiscard]] bool fSeguirSinEsc() const
+    {
+        return fSeguir() && estado.parada == Parada::Ninguna;
+    }
+
 // The parts say which commands they attend to.
 
 /// The list as a whole: what it holds, what is ticked, its totals.

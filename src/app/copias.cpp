@@ -1,14 +1,15 @@
-#include "app/comun.h"
-#include "app/informacion.h"
+#include "app/al_lado.h"
 #include "browse/baul.h"
 #include "catalogue/modelo_fotos.h"
 #include "shared/errores.h"
 #include "shared/texto.h"
+#include "sistema/copia_archivo.h"
 #include "sistema/entorno.h"
 
 #include <QString>
 
 #include <algorithm>
+#include <optional>
 #include <vector>
 
 namespace {
@@ -24,12 +25,13 @@ void fAvisarFallo(clsMensajes &mensajes, const std::string &strOrigen, const cls
 /// and none can be made.
 template <typename Hacer> void fConBaul(const clsComun &comun, const Hacer &fHacer)
 {
-    const clsLugarBaul lugar = fAsegurarBaul();
-    if (lugar.error) {
-        comun.mensajes.fAviso(Icono::Problema,
-                              fTextoPantalla(lugar.strCarpeta) + "\r\n" + fTextoError(lugar.error));
-    } else {
-        fHacer(lugar.strCarpeta);
+    const clsOcupado ocupado(comun.ocupacion); // one Esc leaves all of it
+    const auto lugar = fAlLado(comun, [] { return fAsegurarBaul(); });
+    if (lugar && lugar->error) {
+        comun.mensajes.fAviso(Icono::Problema, fTextoPantalla(lugar->strCarpeta) + "\r\n" +
+                                                   fTextoError(lugar->error));
+    } else if (lugar) {
+        fHacer(lugar->strCarpeta);
     }
     fContarElBaul(comun);
 }
@@ -43,9 +45,27 @@ void fMarcar(clsModeloFotos &modelo, std::span<const int> lstPosiciones, bool bo
     });
 }
 
-/// Copies the ticked files, or the current one. What was copied loses its tick; what comes after a
-/// failure keeps it.
-void fEnviar(const clsComun &comun, const clsDestino &fDestino)
+/// Has the disk take what the system still holds of the copies of the first so many files, unless
+/// nobody waits for that.
+/// @return a failure of the last of them; nothing when all is there.
+[[nodiscard]] std::optional<clsFalloCopia> fTerminar(const clsComun &comun, int lngHechas,
+                                                     const std::string &strCarpeta)
+{
+    if (lngHechas == 0 || comun.estado.parada != Parada::Ninguna) {
+        return {};
+    }
+    const auto error = fAlLado(
+        comun, [strCarpeta] { return fVolcarDisco(strCarpeta); },
+        QStringLiteral("Terminando de escribir en el disco..."));
+    if (!error || !*error) {
+        return {};
+    }
+    return clsFalloCopia{{}, strCarpeta, *error};
+}
+
+/// Copies the ticked files, or the current one, into a folder. What was copied loses its tick; what
+/// comes after a failure keeps it.
+void fEnviar(const clsComun &comun, const std::string &strCarpeta, const clsDestino &fDestino)
 {
     const clsOcupado ocupado(comun.ocupacion);
     const std::vector<int> lstPosiciones = fMarcadasOActual(comun.estado);
@@ -69,15 +89,21 @@ void fEnviar(const clsComun &comun, const clsDestino &fDestino)
             QStringLiteral("%1 de %2 ...")
                 .arg(std::min(lngHechas + 1, lngCuantos)) // the last one may be done by now
                 .arg(lngCuantos));
-        return comun.fSeguir() && comun.estado.parada == Parada::Ninguna;
+        return comun.fSeguirSinEsc();
     });
     fQuitarMarcas(fin.lngHechas);
+    const auto falloDisco = fTerminar(comun, fin.lngHechas, strCarpeta);
     if (comun.estado.fCerrando()) {
         return;
     }
+    const auto fAvisar = [&](int lngLugar, const clsFalloCopia &fallo) {
+        const int lngPos = lstPosiciones[static_cast<std::size_t>(lngLugar)];
+        fAvisarFallo(comun.mensajes, comun.estado.filas.fRuta(lngPos), fallo);
+    };
     if (fin.fallo) {
-        const int lngPos = lstPosiciones[static_cast<std::size_t>(fin.lngHechas)];
-        fAvisarFallo(comun.mensajes, comun.estado.filas.fRuta(lngPos), *fin.fallo);
+        fAvisar(fin.lngHechas, *fin.fallo);
+    } else if (falloDisco) {
+        fAvisar(fin.lngHechas - 1, *falloDisco);
     }
     comun.fMostrar(comun.estado.lngActual);
 }
@@ -86,13 +112,14 @@ void fCopiarA(const clsComun &comun)
 {
     const std::string strCarpeta = comun.mensajes.fElegirCarpeta("Selecciona carpeta de destino:");
     if (!strCarpeta.empty() && !comun.estado.fCerrando()) {
-        fEnviar(comun, fDestinoEn(strCarpeta));
+        fEnviar(comun, strCarpeta, fDestinoEn(strCarpeta));
     }
 }
 
 void fAgregar(const clsComun &comun)
 {
-    fConBaul(comun, [&](const std::string &strBaul) { fEnviar(comun, fDestinoEnBaul(strBaul)); });
+    fConBaul(comun,
+             [&](const std::string &strBaul) { fEnviar(comun, strBaul, fDestinoEnBaul(strBaul)); });
 }
 
 void fVaciarElBaul(const clsComun &comun)
@@ -101,8 +128,12 @@ void fVaciarElBaul(const clsComun &comun)
         fContarElBaul(comun);
         return;
     }
-    fConBaul(comun,
-             [&](const std::string &strBaul) { fVaciarBaul(strBaul, comun.archivo.strRaiz); });
+    fConBaul(comun, [&](const std::string &strBaul) {
+        fAlLado(comun, [strBaul, strRaiz = comun.archivo.strRaiz] {
+            fVaciarBaul(strBaul, strRaiz);
+            return true;
+        });
+    });
 }
 
 } // namespace
@@ -117,7 +148,10 @@ void fAtenderCopias(const clsComun &comun, clsMandos &mandos)
 
 void fContarElBaul(const clsComun &comun)
 {
-    const clsLugarBaul lugar = fAsegurarBaul();
-    comun.estado.lngEnBaul = lugar.error ? 0 : fContarBaul(lugar.strCarpeta);
+    const auto lngHay = fAlLado(comun, [] {
+        const clsLugarBaul lugar = fAsegurarBaul();
+        return lugar.error ? 0 : fContarBaul(lugar.strCarpeta);
+    });
+    comun.estado.lngEnBaul = lngHay.value_or(comun.estado.lngEnBaul);
     comun.fEstadoCambiado();
 }

@@ -1,22 +1,30 @@
-#include "app/comun.h"
-#include "app/informacion.h"
+#include "app/al_lado.h"
 #include "dates/busqueda.h"
 #include "dates/correccion.h"
 #include "dates/exif.h"
 #include "dates/formulario_fecha.h"
 #include "dates/frmExif.h"
 #include "dates/frmFecha.h"
+#include "shared/en_orden.h"
 #include "shared/errores.h"
 #include "shared/qtexto.h"
+
+#include <optional>
 
 namespace {
 
 void fMostrarExif(const clsComun &comun)
 {
+    const auto strTexto =
+        fAlLado(comun, [strRuta = comun.estado.filas.fRutaDisco(comun.estado.lngActual)] {
+            return GetExifText(strRuta);
+        });
+    if (!strTexto) {
+        return;
+    }
     frmExif ventana(comun.ventana);
     ventana.setWindowIcon(comun.ventana->windowIcon());
-    const QString strTexto = fQ(GetExifText(comun.estado.filas.fRutaDisco(comun.estado.lngActual)));
-    ventana.fbolShow(strTexto);
+    ventana.fbolShow(fQ(*strTexto));
 }
 
 void fBuscar(const clsComun &comun)
@@ -24,7 +32,7 @@ void fBuscar(const clsComun &comun)
     const clsOcupado ocupado(comun.ocupacion);
     ++comun.estado.lngGeneracion;
     comun.fVaciarPanel();
-    bool bolSeguir = comun.fSeguir() && comun.estado.parada == Parada::Ninguna;
+    bool bolSeguir = comun.fSeguirSinEsc();
     clsRitmo ritmo;
     clsPreguntas preguntas;
     preguntas.fRuta = [&comun](int lngPos) { return comun.estado.filas.fRutaDisco(lngPos); };
@@ -32,7 +40,7 @@ void fBuscar(const clsComun &comun)
     preguntas.fPaso = [&](int lngPos) {
         bolSeguir = bolSeguir && ritmo.fSeguir([&] {
             comun.informacion.fLugar(lngPos, comun.estado.filas.fCantidad());
-            return comun.fSeguir() && comun.estado.parada == Parada::Ninguna;
+            return comun.fSeguirSinEsc();
         });
         return bolSeguir;
     };
@@ -42,22 +50,47 @@ void fBuscar(const clsComun &comun)
     }
 }
 
+/// Loads the records of the files a command acts on, up to the first that is not there.
+/// @return whether all are there, and nobody has left.
 [[nodiscard]] bool fCargar(const clsComun &comun, std::vector<clsFile> &lstFicheros)
 {
     const clsOcupado ocupado(comun.ocupacion);
+    const clsFilas &filas = comun.estado.filas;
+    const std::vector<int> lstPosiciones = fMarcadasOActual(comun.estado);
+    const auto fPos = [&](int lngLugar) {
+        return lstPosiciones[static_cast<std::size_t>(lngLugar)];
+    };
+    const auto lngCuantas = static_cast<int>(lstPosiciones.size());
+    std::optional<clsProcesando> procesando;
     clsRitmo ritmo;
-    for (const int lngPos : fMarcadasOActual(comun.estado)) {
-        lstFicheros.emplace_back().fCargar(comun.estado.filas.fRutaDisco(lngPos));
-        if (!lstFicheros.back().bolDatos()) {
-            comun.mensajes.fAviso(Icono::Problema,
-                                  fAvisoFichero(fTextoPantalla(comun.estado.filas.fRuta(lngPos))));
-            return false;
-        }
-        if (!ritmo.fSeguir(comun.fSeguir)) {
-            return false;
-        }
-    }
-    return true;
+    const bool bolTodas = fEnOrden(
+        lngCuantas, intHilosUsuales,
+        [&](int lngLugar) {
+            return [strRuta = filas.fRutaDisco(fPos(lngLugar))] {
+                clsFile fichero;
+                fichero.fCargar(strRuta);
+                return fichero;
+            };
+        },
+        [&](int lngLugar, clsFile fichero) {
+            lstFicheros.push_back(std::move(fichero));
+            if (!lstFicheros.back().bolDatos()) {
+                comun.mensajes.fAviso(Icono::Problema,
+                                      fAvisoFichero(fTextoPantalla(filas.fRuta(fPos(lngLugar)))));
+            }
+            return lstFicheros.back().bolDatos();
+        },
+        [&](int lngLugar) {
+            return ritmo.fSeguir([&] {
+                if (!procesando) {
+                    procesando.emplace(comun.informacion);
+                }
+                comun.informacion.fLugar(lngLugar, lngCuantas);
+                return comun.fSeguirSinEsc();
+            });
+        });
+    comun.informacion.fLugar(comun.estado.lngActual, filas.fCantidad());
+    return bolTodas && !comun.estado.fCerrando();
 }
 
 [[nodiscard]] bool fAplicar(const clsComun &comun, std::vector<clsCorregido> &lstFicheros,

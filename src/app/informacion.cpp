@@ -143,6 +143,8 @@ void clsInformacion::fDecir(const QString &strTexto)
     m_txtInfo2->setCursorPosition(0);
 }
 
+QString clsInformacion::fDicho() const { return m_txtInfo2->text(); }
+
 void clsInformacion::fVaciar()
 {
     m_jueces.fAnular();

@@ -23,6 +23,8 @@ public:
     void fLugar(int lngPos, int lngCantidad);
     /// Says what is being done, in place of the file.
     void fDecir(const QString &strTexto);
+    /// What it says there.
+    [[nodiscard]] QString fDicho() const;
     void fVaciar();
 
     /// Where the boxes end, and the width of the warning, in pixels.

@@ -1,4 +1,4 @@
-#include "app/comun.h"
+#include "app/al_lado.h"
 #include "app/frmAcerca.h"
 #include "browse/ayuda.h"
 #include "shared/errores.h"
@@ -37,11 +37,17 @@ void fPedirFecha(const clsComun &comun)
 
 void fMostrarAyuda(const clsComun &comun)
 {
-    const clsError error = comun.archivo.bolEscritura ? fEscribirAyuda(comun.archivo.strRaiz) : 0;
-    const std::string strRuta = fRutaAyuda(comun.archivo.strRaiz);
-    if (error) {
+    const std::string &strRaiz = comun.archivo.strRaiz;
+    const auto error = fAlLado(comun, [strRaiz, bolEscritura = comun.archivo.bolEscritura] {
+        return bolEscritura ? fEscribirAyuda(strRaiz) : clsError();
+    });
+    if (!error) {
+        return;
+    }
+    const std::string strRuta = fRutaAyuda(strRaiz);
+    if (*error) {
         comun.mensajes.fAviso(Icono::Problema,
-                              fTextoPantalla(strRuta) + "\r\n" + fTextoError(error));
+                              fTextoPantalla(strRuta) + "\r\n" + fTextoError(*error));
     }
     fAbrirConSistema(strRuta);
 }

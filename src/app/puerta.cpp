@@ -90,16 +90,22 @@ bool clsPuerta::eventFilter(QObject *objeto, QEvent *evento)
     } else if (objeto == &m_ventana && evento->type() == QEvent::WindowActivate) {
         fMirarCtrl();
     }
-    if (!objeto->isWidgetType() || !fEsAccion(evento->type()) ||
-        static_cast<QWidget *>(objeto)->window() != &m_ventana) {
+    if (!objeto->isWidgetType() || !fEsAccion(evento->type())) {
         return false;
     }
+    const QWidget *const ventana = static_cast<QWidget *>(objeto)->window();
     const bool bolPulsada = evento->type() == QEvent::KeyPress;
+    if (m_estado.bolOcupado && bolPulsada &&
+        qobject_cast<const QMessageBox *>(ventana) == nullptr &&
+        static_cast<const QKeyEvent *>(evento)->key() == Qt::Key_Escape) {
+        m_estado.parada = std::max(m_estado.parada, Parada::Esc);
+    }
+    if (ventana != &m_ventana) {
+        return false;
+    }
     fSeguirCtrl(*evento);
     if (m_estado.bolOcupado) {
-        if (bolPulsada && static_cast<const QKeyEvent *>(evento)->key() == Qt::Key_Escape) {
-            m_estado.parada = std::max(m_estado.parada, Parada::Esc);
-        } else if (evento->type() == QEvent::MouseButtonDblClick) {
+        if (evento->type() == QEvent::MouseButtonDblClick) {
             emit fDobleClicOcupada(static_cast<QWidget *>(objeto),
                                    static_cast<QMouseEvent *>(evento)->position().toPoint());
         }

@@ -1,28 +1,22 @@
 #include "dates/busqueda.h"
 
-#include "shared/hilos.h"
-#include "shared/ritmo.h"
+#include "shared/en_orden.h"
 
 std::optional<int> fBuscarIncorrecta(int lngDesde, const clsPreguntas &preguntas, int intHilos)
 {
-    constexpr std::size_t lngAdelanto = 64;
-    bool bolCorrecta = true;
-    clsHilos hilos({.intHilos = intHilos > 0 ? intHilos : intHilosUsuales, .bolEnOrden = true});
-    int lngSiguiente = lngDesde;
-    for (int lngPos = lngDesde; lngPos >= 0; --lngPos) {
-        for (; lngSiguiente >= 0 && hilos.fPendientes() < lngAdelanto; --lngSiguiente) {
-            hilos.fPedir([fCorrecta = preguntas.fCorrecta,
-                          strRuta = preguntas.fRuta(lngSiguiente)] { return fCorrecta(strRuta); },
-                         [&bolCorrecta](bool bolSuya) { bolCorrecta = bolSuya; });
-        }
-        do {
-            if (!preguntas.fPaso(lngPos)) {
-                return {};
+    std::optional<int> lngHallada;
+    static_cast<void>(fEnOrden(
+        lngDesde + 1, intHilos > 0 ? intHilos : intHilosUsuales,
+        [&](int lngLugar) {
+            return [fCorrecta = preguntas.fCorrecta,
+                    strRuta = preguntas.fRuta(lngDesde - lngLugar)] { return fCorrecta(strRuta); };
+        },
+        [&](int lngLugar, bool bolCorrecta) {
+            if (!bolCorrecta) {
+                lngHallada = lngDesde - lngLugar;
             }
-        } while (!hilos.fAtender(pausaRitmo));
-        if (!bolCorrecta) {
-            return lngPos;
-        }
-    }
-    return {};
+            return bolCorrecta;
+        },
+        [&](int lngLugar) { return preguntas.fPaso(lngDesde - lngLugar); }));
+    return lngHallada;
 }

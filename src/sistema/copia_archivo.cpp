@@ -1,5 +1,6 @@
 #include "sistema/copia_archivo.h"
 
+#include "sistema/carpeta.h"
 #include "sistema/llamadas.h"
 #include "sistema/reemplazo.h"
 
@@ -180,8 +181,8 @@ clsError fCopiar(const std::string &strOrigen, const std::string &strDestino,
         return copia.fError();
     }
     // Deliberate: no flush. Waiting for the disk makes a thousand photos take more than twice the
-    // time of cp, and what a power cut takes from a copy still lies in its source. What closing
-    // reports counts: network file systems send the bytes then at the latest.
+    // time of cp; fVolcarDisco does it for all of them. What closing reports counts: network file
+    // systems send the bytes then at the latest.
     clsError error = clsTrasvase(origen->descriptor, copia.fDescriptor(), fin).fVerter(*datos);
     error = error ? error : fRevestir(copia.fDescriptor(), *datos);
     error = error ? error : copia.fCerrar();
@@ -189,4 +190,13 @@ clsError fCopiar(const std::string &strOrigen, const std::string &strDestino,
         error = ECANCELED;
     }
     return error ? error : copia.fConfirmar(false);
+}
+
+clsError fVolcarDisco(const std::string &strCarpeta)
+{
+    const auto carpeta = fAbrirCarpeta(strCarpeta);
+    if (!carpeta) {
+        return carpeta.fError();
+    }
+    return fInsistir<&clsLlamadas::fVolcarSistema>(carpeta->fFd()) == 0 ? 0 : errno;
 }

@@ -15,3 +15,7 @@
 ///         source is neither a file nor a link to one, EBUSY when it was written to meanwhile.
 [[nodiscard]] clsError fCopiar(const std::string &strOrigen, const std::string &strDestino,
                                const std::atomic<bool> *fin = nullptr);
+
+/// Waits until all that was written to the file system of a folder is on its disk: for the end of
+/// many copies, which are not flushed one by one.
+[[nodiscard]] clsError fVolcarDisco(const std::string &strCarpeta);

@@ -40,5 +40,6 @@ constinit const clsLlamadas llamadasReales = {
     unlinkat,
     mkdir,
     flock,
+    syncfs,
     [] { return std::time(nullptr); },
 };

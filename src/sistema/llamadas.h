@@ -34,6 +34,7 @@ struct clsLlamadas {
     int (*fBorrar)(int intCarpeta, const char *strRuta, int intModo); ///< unlinkat
     int (*fCrearCarpeta)(const char *strRuta, mode_t modo);
     int (*fBloquear)(int intFd, int intModo); ///< flock
+    int (*fVolcarSistema)(int intFd);         ///< syncfs
     std::time_t (*fAhora)();
 };
 

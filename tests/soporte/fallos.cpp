@@ -48,7 +48,8 @@ constexpr clsLlamadas llamadasFragiles = {
     fFragil<&clsLlamadas::fFecharAbierto>,  fFragil<&clsLlamadas::fRenombrar>,
     fFragil<&clsLlamadas::fRenombrarLibre>, fFragil<&clsLlamadas::fEnlazar>,
     fFragil<&clsLlamadas::fBorrar>,         fFragil<&clsLlamadas::fCrearCarpeta>,
-    fFragil<&clsLlamadas::fBloquear>,       fFragil<&clsLlamadas::fAhora>,
+    fFragil<&clsLlamadas::fBloquear>,       fFragil<&clsLlamadas::fVolcarSistema>,
+    fFragil<&clsLlamadas::fAhora>,
 };
 
 /// The nearest time that FAT can hold (Microsoft's fatgen103: an even second of 1980 to 2107).
@@ -83,6 +84,33 @@ clsLlamadas fHacerDiscoFat()
     return disco;
 }
 
+std::atomic<bool> bolParado;
+
+/// A call that is made when the disk answers again.
+template <auto fLlamada, class... Argumentos> auto fParada(Argumentos... argumentos)
+{
+    bolParado.wait(true);
+    return (llamadasReales.*fLlamada)(argumentos...);
+}
+
+const clsLlamadas &fParar()
+{
+    static const clsLlamadas disco = [] {
+        clsLlamadas parado = llamadasReales;
+        parado.fAbrir = fParada<&clsLlamadas::fAbrir>;
+        parado.fConsultar = fParada<&clsLlamadas::fConsultar>;
+        parado.fEscribir = fParada<&clsLlamadas::fEscribir>;
+        parado.fVolcar = fParada<&clsLlamadas::fVolcar>;
+        parado.fVolcarSistema = fParada<&clsLlamadas::fVolcarSistema>;
+        parado.fRenombrar = fParada<&clsLlamadas::fRenombrar>;
+        parado.fRenombrarLibre = fParada<&clsLlamadas::fRenombrarLibre>;
+        parado.fCrearCarpeta = fParada<&clsLlamadas::fCrearCarpeta>;
+        return parado;
+    }();
+    bolParado = true;
+    return disco;
+}
+
 const clsLlamadas &fPreparar(const clsFallos::clsPlan &plan)
 {
     planActual = &plan;
@@ -95,6 +123,14 @@ const clsLlamadas &fPreparar(const clsFallos::clsPlan &plan)
 clsFallos::clsFallos(const clsPlan &plan) : m_plan(plan), m_otras(fPreparar(m_plan)) {}
 
 int clsFallos::fHechas() { return intHechas; }
+
+clsDiscoParado::clsDiscoParado() : m_otras(fParar()) {}
+
+clsDiscoParado::~clsDiscoParado()
+{
+    bolParado = false;
+    bolParado.notify_all();
+}
 
 const clsLlamadas &fDiscoFat()
 {

@@ -38,6 +38,19 @@ private:
     const clsOtrasLlamadas m_otras;
 };
 
+/// A disk that does not answer while it lives: whoever asks it by a name, writes to it or flushes
+/// it waits until it goes. One at a time.
+class clsDiscoParado {
+public:
+    clsDiscoParado();
+    ~clsDiscoParado();
+    clsDiscoParado(const clsDiscoParado &) = delete;
+    clsDiscoParado &operator=(const clsDiscoParado &) = delete;
+
+private:
+    const clsOtrasLlamadas m_otras;
+};
+
 /// A disk as FAT keeps one: times of two seconds, years 1980 to 2107, no links, no changes of
 /// permissions, and no renaming that refuses a taken name.
 [[nodiscard]] const clsLlamadas &fDiscoFat();

@@ -140,6 +140,66 @@ private slots:
         sesion.ventana.reset(); // its threads end with it
     }
 
+    void fEveryCommandAnswersWhileTheDiskDoesNot()
+    {
+        const clsArbol arbol;
+        fLlenarArbol(arbol);
+        clsSesion sesion(arbol);
+        QVERIFY(sesion.fAbrir());
+        static_cast<void>(sesion.mensajes.fDichos());
+        const QString strInfo2 = sesion.fTexto("txtInfo2");
+        const clsAbridor abridor;
+        struct clsCaso {
+            const char *strFrase;
+            Qt::Key tecla;
+            Qt::KeyboardModifiers mayus;
+        };
+        const clsCaso lstCasos[] = {
+            {"the EXIF window", Qt::Key_I, {}},
+            {"the correction", Qt::Key_W, {}},
+            {"that of right dates", Qt::Key_W, Qt::ShiftModifier},
+            {"the help page", Qt::Key_F1, {}},
+            {"the Baúl", Qt::Key_B, {}},
+            {"copies into it", Qt::Key_A, {}},
+        };
+        for (const clsCaso &caso : lstCasos) {
+            const clsDiscoParado disco;
+            clsPinturas pinturas(*sesion.ventana);
+            const clsCuando esperando([&] { return sesion.fProcesando(); },
+                                      [&] {
+                                          sesion.ventana->update();
+                                          sesion.fTecla(Qt::Key_F12); // is dropped
+                                      });
+            const clsCuando pintada([&] { return esperando.fHecho() && pinturas.intVeces > 0; },
+                                    [&] { sesion.fTecla(Qt::Key_Escape); });
+            sesion.fTecla(caso.tecla, caso.mayus);
+            QVERIFY2(pintada.fHecho(), caso.strFrase);
+            QVERIFY2(QApplication::overrideCursor() == nullptr, caso.strFrase);
+            QCOMPARE(sesion.fTexto("txtInfo2"), strInfo2);
+            QCOMPARE(sesion.fPosicion(), 0);
+        }
+        QCOMPARE(sesion.mensajes.fDichos(), QStringList());
+        QCOMPARE(abridor.fAbierto(), std::string());
+        const clsDiscoParado disco; // what asks nothing of the disk is done all the same
+        sesion.fTecla(Qt::Key_Return);
+        QTRY_COMPARE(abridor.fAbierto(), '<' + arbol.fRuta("2008/playa.jpg") + '>');
+    }
+
+    void fTheWindowClosesWhileTheDiskDoesNotAnswer()
+    {
+        for (const Qt::Key tecla : {Qt::Key_I, Qt::Key_W, Qt::Key_F1, Qt::Key_A}) {
+            clsSesion sesion({{"a.jpg", fJpeg(fCuartos({40, 40}))}});
+            QVERIFY(sesion.fAbrir());
+            const clsDiscoParado disco;
+            const clsCuando esperando([&] { return sesion.fProcesando(); },
+                                      [&] { QVERIFY(!sesion.ventana->close()); });
+            sesion.fTecla(tecla);
+            QVERIFY(esperando.fHecho());
+            QTRY_VERIFY(!sesion.ventana->isVisible());
+            QVERIFY(QApplication::overrideCursor() == nullptr);
+        }
+    }
+
     void fClosingBesideTheMessageOfOneCellEndsThemAll()
     {
         static std::atomic<bool> bolParado;
@@ -165,6 +225,49 @@ private slots:
             QTRY_VERIFY(!sesion.ventana->isVisible());
             QTest::qWait(0); // what else has come
             QCOMPARE(sesion.mensajes.lstTextos.size(), 1);
+        }
+    }
+
+    void fCopiesEndOnTheDiskOfTheTarget()
+    {
+        struct clsCaso {
+            const char *strFrase;
+            int (*fVolcar)(int intFd);
+            bool bolEsc;
+            qsizetype lngCajas;
+        };
+        static std::atomic<int> intVeces;
+        static std::atomic<bool> bolParado;
+        constexpr auto fBien = [](int) { return ++intVeces, 0; };
+        constexpr auto fMal = [](int) { return ++intVeces, errno = EIO, -1; };
+        constexpr auto fParada = [](int) { return ++intVeces, bolParado.wait(true), 0; };
+        for (const clsCaso &caso : {clsCaso{"once for all files", fBien, false, 0},
+                                    clsCaso{"an error is told", fMal, false, 1},
+                                    clsCaso{"Esc leaves a disk that hangs", fParada, true, 0}}) {
+            clsSesion sesion({{"a.jpg", "1"}, {"b.jpg", "2"}});
+            QVERIFY(sesion.fAbrir());
+            const clsArbol destino;
+            sesion.mensajes.strCarpeta = destino.fRaiz();
+            sesion.fElegirEntrada("mnuSeleccion0");
+            static_cast<void>(sesion.mensajes.fDichos());
+            intVeces = 0;
+            bolParado = true;
+            static clsLlamadas disco;
+            disco = llamadasReales;
+            disco.fVolcarSistema = caso.fVolcar;
+            const clsOtrasLlamadas otras(disco);
+            const clsCuando esperando(
+                [&] { return sesion.fTexto("txtInfo2").startsWith("Terminando de escribir en"); },
+                [&] { sesion.fTecla(Qt::Key_Escape); });
+            sesion.fElegirEntrada("mnuOpcionesCopiar");
+            bolParado = false;
+            bolParado.notify_all();
+            QVERIFY2(esperando.fHecho() == caso.bolEsc, caso.strFrase);
+            QCOMPARE(intVeces, 1);
+            QCOMPARE(destino.fNombres().size(), std::size_t{2});
+            QVERIFY2(!sesion.fMarcada(0) && !sesion.fMarcada(1), caso.strFrase);
+            // The first box asks for the folder.
+            QCOMPARE(sesion.mensajes.fDichos().size(), 1 + caso.lngCajas);
         }
     }
 
