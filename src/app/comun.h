@@ -8,6 +8,7 @@
 #include "shared/ritmo.h"
 
 #include <functional>
+#include <optional>
 #include <string>
 
 class clsInformacion;
@@ -42,13 +43,13 @@ struct clsComun {
     std::function<void()> fEstadoCambiado;
     /// Lets events run; false when the window is to close.
     clsSeguir fSeguir;
-};
 
     /// Lets events run; false when Esc was pressed, too.
     [[nodiscard]] bool fSeguirSinEsc() const
     {
         return fSeguir() && estado.parada == Parada::Ninguna;
     }
+};
 
 // The parts say which commands they attend to.
 
@@ -66,8 +67,10 @@ void fAtenderProgramas(const clsComun &comun, clsMandos &mandos);
 /// Reads the catalogue into the list, which is empty, and before that builds it where that is
 /// wanted or needed. Says what went wrong; the list may still be empty then. The catalogue of an
 /// archive that has moved is taken over, on the disk, too, where that can be written.
-/// @return by what its paths were taken over.
-clsMudanza fCargarCatalogo(const clsComun &comun, bool bolForzar);
+/// @return by what its paths were taken over; nothing when Esc has left a disk that does not
+/// answer,
+///         or the window is to close.
+[[nodiscard]] std::optional<clsMudanza> fCargarCatalogo(const clsComun &comun, bool bolForzar);
 /// Say why the catalogue is not written: another Miravel works on it; or the reason given.
 void fAvisarOcupada(clsMensajes &mensajes);
 void fAvisarSinCatalogo(clsMensajes &mensajes, const std::string &strMotivo);

@@ -337,9 +337,14 @@ void frmMain::fLlenarLista(bool bolForzar, const std::string &strRuta, int lngSi
     m_informacion->fDecir(QStringLiteral("Analizando..."));
     m_visor->fVaciar();
     m_miniaturas->fVaciar();
-    m_modelo->fRellenar([this](clsFilas & /*filas*/) { fEmpezarLista(m_estado); });
+    clsLista antes;
+    m_modelo->fRellenar([&](clsFilas & /*filas*/) { antes = fEmpezarLista(m_estado); });
     m_lista->fAnchosIniciales();
-    const clsMudanza mudanza = fCargarCatalogo(m_comun, bolForzar);
+    const auto mudanza = fCargarCatalogo(m_comun, bolForzar);
+    if (!mudanza && !m_estado.fCerrando()) { // nobody waits any longer: what was listed stays so
+        m_modelo->fRellenar(
+            [&](clsFilas & /*filas*/) { fEmpezarLista(m_estado, std::move(antes)); });
+    }
     fMostrarEstado();
     if (m_estado.fCerrando()) {
         return;
@@ -349,8 +354,13 @@ void frmMain::fLlenarLista(bool bolForzar, const std::string &strRuta, int lngSi
         m_mensajes.fAviso(Icono::Problema, "No se ha encontrado ningún archivo.");
         return;
     }
+    if (!mudanza) {
+        m_lista->fSenalarOrden(static_cast<int>(m_estado.columna) - 1, m_estado.bolDescendente);
+        fMostrarArchivo(m_estado.lngActual);
+        return;
+    }
     fOrdenarLista();
-    fMostrarArchivo(fActualTrasLlenar(m_estado, mudanza.fRuta(strRuta), lngSiFalta));
+    fMostrarArchivo(fActualTrasLlenar(m_estado, mudanza->fRuta(strRuta), lngSiFalta));
 }
 
 void frmMain::fOrdenarLista()
@@ -448,6 +458,15 @@ bool frmMain::fDibujar()
     return m_visor->fMostrar(m_estado.filas.fRutaDisco(m_estado.lngActual), entorno);
 }
 
+/// Tells of one of perhaps many files. Esc beside the box, or closing the window, ends the series.
+/// @return whether to go on with it.
+bool frmMain::fQueja(const std::string &strTexto)
+{
+    const clsOcupado ocupado(m_ocupacion);
+    m_mensajes.fAvisoEnSerie(strTexto);
+    return m_estado.parada == Parada::Ninguna;
+}
+
 void frmMain::fTerminarMostrar()
 {
     m_lista->fElegir(m_estado.lngActual);
@@ -458,15 +477,6 @@ void frmMain::fTerminarMostrar()
     if (m_bolGuardarSelec) {
         m_bolGuardarSelec = false;
         m_ajustes.fGuardarIni(strSeccionGeneral, "SELEC", m_estado.filas.fRuta(m_estado.lngActual));
-/// Tells of one of perhaps many files. Esc beside the box, or closing the window, ends the series.
-/// @return whether to go on with it.
-bool frmMain::fQueja(const std::string &strTexto)
-{
-    const clsOcupado ocupado(m_ocupacion);
-    m_mensajes.fAvisoEnSerie(strTexto);
-    return m_estado.parada == Parada::Ninguna;
-}
-
     }
     if (m_estado.bolMiniaturas) {
         return;

@@ -1,4 +1,4 @@
-#include "app/comun.h"
+#include "app/al_lado.h"
 
 #include "catalogue/constructor.h"
 #include "catalogue/frmBusqueda.h"
@@ -15,26 +15,59 @@
 
 namespace {
 
-void fConstruir(const clsComun &comun)
+/// What the catalogue gave.
+struct clsLeida {
+    clsMudanza mudanza;
+    clsFilas filas;
+    clsResultado<clsLectura> lectura;
+};
+
+/// Reads the catalogue, and takes it over before that where the archive has moved.
+clsLeida fLeer(const std::string &strCatalogo, const std::string &strRaiz, bool bolEscritura,
+               Medios medios)
+{
+    clsLeida leida{fBuscarMudanza(strCatalogo, strRaiz, fExisteArchivo), {}, clsError()};
+    const bool bolEscrita =
+        leida.mudanza.fHay() && bolEscritura && !fMudarCatalogo(strCatalogo, leida.mudanza);
+    // By paths below today's root.
+    if (bolEscritura && (bolEscrita || !leida.mudanza.fHay())) {
+        fTerminarCorreccion(strRaiz);
+    }
+    leida.lectura = fLeerFicheroCatalogo(strCatalogo, fExtensionesVisibles(medios), leida.filas,
+                                         bolEscrita ? clsMudanza() : leida.mudanza);
+    return leida;
+}
+
+/// Builds the catalogue; false when the window is to close, or Esc has left a disk that does not
+/// answer.
+[[nodiscard]] bool fConstruir(const clsComun &comun)
 {
     comun.estado.bolIncidencias = false;
-    frmBusqueda busqueda(comun.ventana, comun.mensajes, comun.fSeguir);
+    frmBusqueda busqueda(comun.ventana, comun.mensajes, [&comun](bool bolCallado) {
+        const bool bolSeguir = comun.fSeguirSinEsc();
+        if (bolCallado || comun.estado.fCerrando()) {
+            return bolSeguir;
+        }
+        comun.estado.parada = Parada::Ninguna; // a build that gets on cannot be cancelled
+        return true;
+    });
     const clsConstruccion construccion = busqueda.fBuscar(comun.archivo.strRaiz);
     if (construccion.construccion == Construccion::Ocupada) {
         fAvisarOcupada(comun.mensajes);
     } else if (construccion.construccion == Construccion::SinEscribir) {
         fAvisarSinCatalogo(comun.mensajes, fTextoError(construccion.error));
     }
+    return construccion.construccion != Construccion::Interrumpida;
 }
 
-void fLeer(const clsComun &comun, const std::string &strCatalogo, const clsMudanza &mudanza)
+void fTomar(const clsComun &comun, clsLeida &leida, const std::string &strCatalogo)
 {
-    const std::string strMostrado = fTextoPantalla(strCatalogo) + "\r\n";
-    clsResultado<clsLectura> lectura = clsError();
     comun.modelo.fRellenar([&](clsFilas &filas) {
-        lectura = fLeerFicheroCatalogo(strCatalogo, fExtensionesVisibles(comun.estado.medios),
-                                       filas, mudanza);
+        leida.filas.fSuceder(filas);
+        filas = std::move(leida.filas);
     });
+    const std::string strMostrado = fTextoPantalla(strCatalogo) + "\r\n";
+    const clsResultado<clsLectura> &lectura = leida.lectura;
     comun.estado.lngTotalKB = lectura ? lectura->lngTotalKB : 0;
     if (!lectura && lectura.fError() != ENOENT) {
         comun.mensajes.fAviso(
@@ -49,38 +82,51 @@ void fLeer(const clsComun &comun, const std::string &strCatalogo, const clsMudan
     }
 }
 
+/// fAlLado for what the user calls one piece of work.
+template <typename Hacer> auto fAnalizando(const clsComun &comun, Hacer fHacer)
+{
+    return fAlLado(comun, std::move(fHacer), QStringLiteral("Analizando..."));
+}
+
 } // namespace
 
-clsMudanza fCargarCatalogo(const clsComun &comun, bool bolForzar)
+std::optional<clsMudanza> fCargarCatalogo(const clsComun &comun, bool bolForzar)
 {
-    const std::string strCatalogo = comun.archivo.strRaiz + std::string(strFicheroCatalogo);
-    const auto fExiste = [&strCatalogo] {
-        return fHuella(strCatalogo, false).value_or(clsHuella{}).lngBytes > 0;
-    };
-    // A correction that was killed can have left it with the name of its backup only.
-    if (comun.archivo.bolEscritura && !fExiste()) {
-        fTerminarCorreccion(comun.archivo.strRaiz);
+    const std::string &strRaiz = comun.archivo.strRaiz;
+    const bool bolEscritura = comun.archivo.bolEscritura;
+    const std::string strCatalogo = strRaiz + std::string(strFicheroCatalogo);
+    const auto bolExiste = fAnalizando(comun, [=] {
+        const auto fExiste = [&strCatalogo] {
+            return fHuella(strCatalogo, false).value_or(clsHuella{}).lngBytes > 0;
+        };
+        // A correction that was killed can have left it with the name of its backup only.
+        if (bolEscritura && !fExiste()) {
+            fTerminarCorreccion(strRaiz);
+        }
+        return fExiste();
+    });
+    if (!bolExiste) {
+        return {};
     }
-    const clsDecision decision = fDecidirCarga(bolForzar, fExiste(), comun.archivo.bolEscritura);
+    const clsDecision decision = fDecidirCarga(bolForzar, *bolExiste, bolEscritura);
     if (decision.bolAnunciar) {
         comun.mensajes.fAviso(Icono::Aviso,
                               "Se va a crear el fichero de información de las imágenes.");
     }
-    if (decision.bolConstruir) {
-        fConstruir(comun);
+    if (decision.bolConstruir && !fConstruir(comun)) {
+        return {};
     }
     if (decision.bolSinPermiso) {
         fAvisarSinCatalogo(comun.mensajes, "No tienes permiso de escritura.");
     }
-    clsMudanza mudanza = fBuscarMudanza(strCatalogo, comun.archivo.strRaiz, fExisteArchivo);
-    const bool bolEscrita =
-        mudanza.fHay() && comun.archivo.bolEscritura && !fMudarCatalogo(strCatalogo, mudanza);
-    // By paths below today's root.
-    if (comun.archivo.bolEscritura && (bolEscrita || !mudanza.fHay())) {
-        fTerminarCorreccion(comun.archivo.strRaiz);
+    auto leida = fAnalizando(comun, [=, medios = comun.estado.medios] {
+        return fLeer(strCatalogo, strRaiz, bolEscritura, medios);
+    });
+    if (!leida) {
+        return {};
     }
-    fLeer(comun, strCatalogo, bolEscrita ? clsMudanza() : mudanza);
-    return mudanza;
+    fTomar(comun, *leida, strCatalogo);
+    return leida->mudanza;
 }
 
 void fAvisarOcupada(clsMensajes &mensajes)

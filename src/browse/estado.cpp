@@ -4,6 +4,7 @@
 #include "shared/texto.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace {
 
@@ -14,15 +15,11 @@ int fCeldas(const clsEstado &estado) { return estado.bolMiniaturas ? estado.intC
 
 } // namespace
 
-void fEmpezarLista(clsEstado &estado)
+clsLista fEmpezarLista(clsEstado &estado, clsLista nueva)
 {
     ++estado.lngGeneracion;
-    estado.filas.fVaciar();
-    estado.lngActual = 0;
-    estado.columna = Columna::Fecha;
-    estado.bolDescendente = false;
-    estado.bolFiltrada = false;
-    estado.lngTotalKB = 0;
+    nueva.filas.fSuceder(estado.filas);
+    return std::exchange<clsLista>(estado, std::move(nueva));
 }
 
 int fActualTrasLlenar(const clsEstado &estado, std::string_view strRuta, int lngSiFalta)

@@ -17,15 +17,19 @@
 /// because the window closes.
 enum class Parada { Ninguna, Esc, Cierre };
 
-/// Where we are: the rows of the list, which of them is current and how it is shown.
-struct clsEstado {
+/// What is listed.
+struct clsLista {
     clsFilas filas;
     int lngActual = 0; ///< position of the current file, from 0
     Columna columna = Columna::Fecha;
     bool bolDescendente = false;
-    std::int64_t lngTotalKB = 0;   ///< size of all rows, whole kilobytes
+    std::int64_t lngTotalKB = 0; ///< size of all rows, whole kilobytes
+    bool bolFiltrada = false;    ///< only what passed a filter
+};
+
+/// Where we are: the rows of the list, which of them is current and how it is shown.
+struct clsEstado : clsLista {
     Medios medios = Medios::Todos; ///< which files the list shows
-    bool bolFiltrada = false;      ///< and of these only what passed a filter
     Avance avance = Avance::Normal;
     bool bolMiniaturas = false;      ///< the panel shows a page of thumbnails
     int intTamMini = 2;              ///< index of their size
@@ -44,8 +48,10 @@ struct clsEstado {
 
 // What an operation does to the state. Each that changes the list raises the generation.
 
-/// The list is going to be filled anew: no rows, no filter, by date ascending.
-void fEmpezarLista(clsEstado &estado);
+/// Lists something else: as long as the list is being filled anew no rows, no filter, by date
+/// ascending.
+/// @return what was listed before.
+clsLista fEmpezarLista(clsEstado &estado, clsLista nueva = {});
 
 /// What becomes current when the list has been filled and ordered.
 /// @param strRuta    full path of the file that was current; empty: none was.

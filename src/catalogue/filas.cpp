@@ -71,9 +71,14 @@ int clsFilas::fBuscarRuta(std::string_view strRuta) const
 void clsFilas::fVaciar()
 {
     clsFilas vacia;
-    vacia.m_strRaiz = std::move(m_strRaiz);
-    vacia.m_lngRevision = m_lngRevision + 1;
+    vacia.fSuceder(*this);
     *this = std::move(vacia);
+}
+
+void clsFilas::fSuceder(const clsFilas &antes)
+{
+    m_strRaiz = antes.m_strRaiz;
+    m_lngRevision = std::max(m_lngRevision, antes.m_lngRevision) + 1;
 }
 
 void clsFilas::fReservar(std::size_t lngFilas, std::size_t lngBytesTexto)

@@ -55,6 +55,8 @@ public:
     void fFijarRaiz(std::string strRaiz) { m_strRaiz = std::move(strRaiz); }
 
     void fVaciar();
+    /// Comes in the place of another list: with its root, and a revision that neither had.
+    void fSuceder(const clsFilas &antes);
     /// Adds a row at the end. strRuta: full path; strFecha: date text as it stands; lngBytes: size.
     void fAgregarFila(std::string_view strRuta, std::string_view strFecha, std::int64_t lngBytes);
     /// Room for that many more rows and bytes of names, so that adding them moves nothing. Memory

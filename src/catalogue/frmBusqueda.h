@@ -2,22 +2,28 @@
 
 #include "catalogue/constructor.h"
 #include "shared/mensajes.h"
-#include "shared/ritmo.h"
 
 #include <QDialog>
 
+#include <functional>
+#include <string>
+
 class QLabel;
 
-/// The small window of the catalogue build: shows the folder being read. It cannot be cancelled.
-/// It is not modal in Qt's sense, which would also refuse to close the main window; the busy gate
-/// keeps everything else away from that.
-class frmBusqueda : public QDialog, private clsObservador {
+/// The small window of the catalogue build: shows the folder being read. It cannot be cancelled,
+/// but left when the disk does not answer. It is not modal in Qt's sense, which would also refuse
+/// to close the main window; the busy gate keeps everything else away from that.
+class frmBusqueda : public QDialog {
     Q_OBJECT
 public:
-    /// @param fSeguir false: the program is closing.
-    frmBusqueda(QWidget *padre, clsMensajes &mensajes, clsSeguir fSeguir);
+    /// Lets events run; false ends the build.
+    /// @param bolCallado nothing has been heard of the disk for a while.
+    using clsSeguirBusqueda = std::function<bool(bool bolCallado)>;
 
-    /// Shows the window, builds the catalogue of the root folder and closes it again.
+    frmBusqueda(QWidget *padre, clsMensajes &mensajes, clsSeguirBusqueda fSeguir);
+
+    /// Shows the window, has the catalogue of the root folder built on a thread and closes it
+    /// again.
     clsConstruccion fBuscar(const std::string &strRaiz);
 
     void reject() override {} // Esc
@@ -27,13 +33,12 @@ protected:
     void paintEvent(QPaintEvent *evento) override;
 
 private:
-    void fCarpeta(const std::string &strCarpeta) override;
-    void fError(clsError error) override;
-    bool fSeguir() override;
+    class clsEnlace;
+    [[nodiscard]] bool fEsperarPintado();
+    [[nodiscard]] clsConstruccion fConstruirAlLado(const std::string &strRaiz);
 
     clsMensajes &m_mensajes;
-    clsSeguir m_fSeguir;
+    clsSeguirBusqueda m_fSeguir;
     QLabel *m_lblMsg;
-    std::string m_strCarpeta;
     bool m_bolPintado = false;
 };

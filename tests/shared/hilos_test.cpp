@@ -1,5 +1,6 @@
 #include "shared/hilos.h"
 
+#include "shared/recados.h"
 #include "soporte/eventos.h"
 
 #include <gtest/gtest.h>
@@ -244,6 +245,30 @@ TEST_F(Hilos, WithoutAThreadTheAskerWorksAndIsToldOnce)
     bolSinHilos = false;
     clsHilos::fAvisarSinHilo(nullptr);
     EXPECT_EQ(lstErrores, std::vector{clsError(EAGAIN)});
+}
+
+TEST(Recados, AreDoneInTheAskersThreadUntilNobodyAttends)
+{
+    const auto recados = std::make_shared<clsRecados>();
+    std::vector<std::thread::id> lstDonde;
+    bool bolFin = false;
+    clsHilos hilos({.intHilos = 1, .intMaximo = 1});
+    const auto orden = hilos.fPedir(
+        [recados, &lstDonde] {
+            while (!recados->fCerrados()) {
+                recados->fPedir([&lstDonde] { lstDonde.push_back(std::this_thread::get_id()); });
+            }
+            return true;
+        },
+        [&bolFin](bool bolSuyo) { bolFin = bolSuyo; });
+    while (lstDonde.size() < 3) {
+        recados->fAtender();
+    }
+    EXPECT_EQ(lstDonde, std::vector(3, std::this_thread::get_id()));
+    recados->fCerrar(); // the one that waits is not left waiting
+    EXPECT_TRUE(hilos.fEsperar(orden, lngDeSobra));
+    EXPECT_TRUE(bolFin);
+    EXPECT_EQ(lstDonde.size(), 3U);
 }
 
 } // namespace

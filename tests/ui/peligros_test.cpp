@@ -185,6 +185,53 @@ private slots:
         QTRY_COMPARE(abridor.fAbierto(), '<' + arbol.fRuta("2008/playa.jpg") + '>');
     }
 
+    void fARebuildOnADiskThatDoesNotAnswerCanBeLeft()
+    {
+        const clsArbol arbol;
+        fLlenarArbol(arbol);
+        clsSesion sesion(arbol);
+        QVERIFY(sesion.fAbrir());
+        sesion.fClicCasilla(2);
+        sesion.fClicFila(1);
+        const QStringList lstNombres = sesion.fNombres();
+        const std::string strCatalogo = arbol.fLeer("Miravel.dat");
+        arbol.fCrear("2011/nueva.jpg", fJpeg(fCuartos({10, 10})));
+        for (const bool bolAntes : {true, false}) { // it falls silent before, or during the build
+            static_cast<void>(sesion.mensajes.fDichos());
+            sesion.mensajes.lstRespuestas = {true};
+            std::optional<clsDiscoParado> disco;
+            if (bolAntes) {
+                disco.emplace();
+            }
+            const clsCuando construyendo([&] { return sesion.fConstruyendo(); },
+                                         [&] { disco.emplace(); });
+            QTimer impaciencia;
+            connect(&impaciencia, &QTimer::timeout, &impaciencia, [&] {
+                if (disco && QApplication::overrideCursor() != nullptr) {
+                    QWidget *const busqueda = sesion.fControl("frmBusqueda");
+                    QTest::keyClick(busqueda ? busqueda : sesion.ventana.get(), Qt::Key_Escape);
+                }
+            });
+            impaciencia.start(20);
+            sesion.fTecla(Qt::Key_F5);
+            QVERIFY(construyendo.fHecho() != bolAntes);
+            QVERIFY(QApplication::overrideCursor() == nullptr);
+            QCOMPARE(sesion.mensajes.fDichos(), QStringList("¿Actualizar lista de archivos?"));
+            QCOMPARE(sesion.fNombres(), lstNombres);
+            QCOMPARE(sesion.fPosicion(), 1);
+            QVERIFY(sesion.fMarcada(2));
+        }
+        QVERIFY(arbol.fLeer("Miravel.dat") == strCatalogo);
+        const auto fNueva = [&] { // the thread that was left holds the archive for a moment
+            sesion.mensajes.lstRespuestas = {true};
+            if (sesion.fEsperarLista()) {
+                sesion.fTecla(Qt::Key_F5);
+            }
+            return sesion.fNombres().size() == 5;
+        };
+        QTRY_VERIFY(fNueva());
+    }
+
     void fTheWindowClosesWhileTheDiskDoesNotAnswer()
     {
         for (const Qt::Key tecla : {Qt::Key_I, Qt::Key_W, Qt::Key_F1, Qt::Key_A}) {
