@@ -8,7 +8,11 @@
 #include "shared/en_orden.h"
 #include "shared/errores.h"
 #include "shared/qtexto.h"
+#include "shared/recados.h"
 
+#include <atomic>
+#include <chrono>
+#include <memory>
 #include <optional>
 
 namespace {
@@ -93,18 +97,66 @@ void fBuscar(const clsComun &comun)
     return bolTodas && !comun.estado.fCerrando();
 }
 
+/// A correction under way. Its thread may outlive whoever waits for it.
+struct clsObra {
+    std::vector<clsCorregido> lstFicheros;
+    std::atomic<int> lngHechos{0}; ///< files that are done
+    clsRecados recados;
+};
+
+/// Waits for a correction. What has been begun is done to its end, also when the window is to
+/// close; only when the disk does not answer nobody waits for that.
+void fEsperarObra(const clsComun &comun, clsHilos &hilos, const clsHilos::clsOrden &orden,
+                  clsObra &obra)
+{
+    using Reloj = std::chrono::steady_clock;
+    constexpr std::chrono::milliseconds paciencia(700);
+    std::optional<clsProcesando> procesando;
+    Reloj::time_point noticia = Reloj::now();
+    int lngHechos = 0;
+    while (!hilos.fEsperar(orden, pausaRitmo)) {
+        if (!procesando) {
+            procesando.emplace(comun.informacion);
+        }
+        const bool bolSeguir = comun.fSeguirSinEsc();
+        if (obra.recados.fAtender() || std::exchange(lngHechos, obra.lngHechos) != lngHechos) {
+            noticia = Reloj::now();
+        }
+        if (Reloj::now() - noticia < paciencia) {
+            comun.estado.parada = comun.estado.fCerrando() ? Parada::Cierre : Parada::Ninguna;
+        } else if (!bolSeguir) {
+            return;
+        }
+    }
+}
+
+/// Corrects the files.
+/// @param lstFicheros what became of them; none when the disk does not answer and was left.
+/// @return false: nothing was done.
 [[nodiscard]] bool fAplicar(const clsComun &comun, std::vector<clsCorregido> &lstFicheros,
                             clsFecha fecha)
 {
     const clsOcupado ocupado(comun.ocupacion);
-    clsRitmo ritmo;
-    const auto fFallo = [&comun](const std::string &strAviso) {
-        comun.mensajes.fAviso(Icono::Problema, strAviso);
-    };
-    // What has been begun is done to its end, also when the window is to close.
-    const auto fPaso = [&] { static_cast<void>(ritmo.fSeguir(comun.fSeguir)); };
-    const clsFinCorreccion fin = fCorregir(comun.archivo.strRaiz, comun.archivo.bolEscritura,
-                                           lstFicheros, fecha, fFallo, fPaso);
+    const auto obra = std::make_shared<clsObra>();
+    obra->lstFicheros = lstFicheros;
+    clsFinCorreccion fin;
+    clsHilos hilos({.intHilos = 1, .intMaximo = 1});
+    const auto orden = hilos.fPedir(
+        [obra, fecha, strRaiz = comun.archivo.strRaiz, bolEscritura = comun.archivo.bolEscritura,
+         &mensajes = comun.mensajes] {
+            const auto fFallo = [&](const std::string &strAviso) {
+                obra->recados.fPedir([&] { mensajes.fAviso(Icono::Problema, strAviso); });
+            };
+            return fCorregir(strRaiz, bolEscritura, obra->lstFicheros, fecha, fFallo,
+                             [&obra] { ++obra->lngHechos; });
+        },
+        [&](const clsFinCorreccion &suyo) {
+            fin = suyo;
+            lstFicheros = obra->lstFicheros;
+        });
+    lstFicheros.clear();
+    fEsperarObra(comun, hilos, orden, *obra);
+    obra->recados.fCerrar();
     if (fin.correccion == Correccion::Ocupada) {
         fAvisarOcupada(comun.mensajes);
     } else if (const std::string strMotivo = fMotivoSinCatalogo(fin, lstFicheros);
@@ -135,7 +187,7 @@ void fModificar(const clsComun &comun, bool bolSiempre)
     frmFecha dialogo(comun.ventana, fFormularioFecha(lstFicheros), comun.mensajes,
                      [&](clsFecha fecha) { return fAplicar(comun, lstCorregidos, fecha); });
     const frmFecha::Cierre cierre = dialogo.fMostrar();
-    if (cierre == frmFecha::Cierre::Cancelada) {
+    if (cierre == frmFecha::Cierre::Cancelada || lstCorregidos.empty()) {
         return;
     }
     // Moving on: when the current file has a new name, the row that takes its place is current.

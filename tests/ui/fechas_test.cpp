@@ -11,6 +11,8 @@
 #include <QPlainTextEdit>
 #include <QPushButton>
 
+#include <optional>
+
 namespace {
 
 constexpr const char *strBien = "2009/20090714_playa.jpg"; // its name agrees
@@ -279,6 +281,48 @@ private slots:
                              "el dispositivo\r\nNo se ha cambiado ningún fichero."));
         QCOMPARE(fModificado(*m_arbol, strMal), fMomento("2012-03-04 18:20:00"));
         QCOMPARE(m_arbol->fLeer("Miravel.dat"), strCatalogo);
+    }
+
+    void fACorrectionIsDoneToItsEndWhenTheDiskAnswersAgain()
+    {
+        m_sesion->fClicFila(2);
+        std::optional<clsDiscoParado> disco;
+        QTimer impaciencia;
+        connect(&impaciencia, &QTimer::timeout, &impaciencia, [&] {
+            if (QWidget *const dialogo = QApplication::activeModalWidget(); dialogo && disco) {
+                QTest::keyClick(dialogo, Qt::Key_Escape);
+            }
+        });
+        QVERIFY(fCorregir(*m_sesion, {}, [&](QDialog &dialogo) {
+            fTeclear(dialogo, "15/07/2009");
+            disco.emplace();
+            impaciencia.start(20);
+            fPulsarBoton(dialogo, "cmdAceptar0");
+        }));
+        QVERIFY(QApplication::activeModalWidget() == nullptr);
+        QVERIFY(QApplication::overrideCursor() == nullptr);
+        QCOMPARE(m_sesion->fPosicion(), 2);
+        QCOMPARE(m_sesion->fCelda(2, 0), QString("20090715_boda.jpg"));
+        QCOMPARE(m_sesion->mensajes.fDichos(), QStringList());
+        disco.reset();
+        QTRY_VERIFY(QString::fromStdString(m_arbol->fLeer("Miravel.dat"))
+                        .contains("/20090715_20090715_boda.jpg\r\n2009/07/15 12:00:00\r\n"));
+        QCOMPARE(fModificado(*m_arbol, "2009/20090715_20090715_boda.jpg"),
+                 fMomento("2009-07-15 12:00:00"));
+    }
+
+    void fTheWindowClosesWhenTheDiskDoesNotAnswerTheCorrection()
+    {
+        m_sesion->fClicFila(2);
+        std::optional<clsDiscoParado> disco;
+        QVERIFY(fCorregir(*m_sesion, {}, [&](QDialog &dialogo) {
+            fTeclear(dialogo, "15/07/2009");
+            disco.emplace();
+            QTimer::singleShot(0, [&] { QVERIFY(!m_sesion->ventana->close()); });
+            fPulsarBoton(dialogo, "cmdAceptar0");
+        }));
+        QTRY_VERIFY(!m_sesion->ventana->isVisible());
+        QVERIFY(QApplication::overrideCursor() == nullptr);
     }
 
     void fWhatCannotBeCorrectedIsSaidBeforeAnythingIsAsked()
