@@ -254,7 +254,7 @@ clsFinCorreccion fCorregir(const std::string &strRaiz, bool bolEscritura,
             fPaso();
         }
     }
-    const clsFinCorreccion fin = fTerminar(lstFicheros, fecha, catalogo, strCopia);
+    clsFinCorreccion fin = fTerminar(lstFicheros, fecha, catalogo, strCopia);
     if (!fin.error) {
         fBorrarDiario(strRaiz);
     }
