@@ -5,8 +5,8 @@
 #include "shared/ritmo.h"
 
 #include <algorithm>
-#include <deque>
 #include <iterator>
+#include <list>
 #include <memory>
 #include <vector>
 
@@ -24,12 +24,11 @@ struct clsNodo {
     bool bolPedido = false;
     clsError errorLista;
     std::int64_t lngPeso = 0; ///< bytes it holds until it is handed over, about
-    std::vector<std::unique_ptr<clsNodo>> lstHijos;
 
     [[nodiscard]] bool fHecho() const { return lngPendientes == 0; }
 };
 
-using clsPila = std::vector<std::unique_ptr<clsNodo>>;
+using clsNodos = std::list<clsNodo>;
 
 /// What the pieces of work share.
 struct clsRaiz {
@@ -94,132 +93,122 @@ std::vector<clsListado> fListar(const std::shared_ptr<const clsRaiz> &raiz,
     return lstListados;
 }
 
-/// One walk. Folders are read ahead on threads, about in the order in which they are handed over.
+/// One walk. Folders are read ahead on threads, in the order in which they are handed over.
 class clsPaseo {
 public:
     clsPaseo(std::shared_ptr<const clsRaiz> raiz, int intHilos, clsReceptor &receptor)
         : m_raiz(std::move(raiz)), m_receptor(receptor),
-          m_lngPiezas(2 * static_cast<std::size_t>(intHilos)), m_hilos({.intHilos = intHilos})
+          m_lngPiezas(2 * static_cast<std::size_t>(intHilos)), m_nodos(1),
+          m_hilos({.intHilos = intHilos})
     {
-        m_pila.push_back(std::make_unique<clsNodo>());
-        m_lstPorLeer.push_back(m_pila.back().get());
     }
-    ~clsPaseo();
-    clsPaseo(const clsPaseo &) = delete;
-    clsPaseo &operator=(const clsPaseo &) = delete;
 
     clsRecorrido fHacer();
 
 private:
+    using clsLugar = clsNodos::iterator;
+
     void fPedir();
-    void fPedirLista(std::size_t lngCarpetas);
-    void fTomarLista(clsNodo &nodo, clsListado listado);
-    void fTomarTanda(clsNodo &nodo, std::size_t lngTanda, clsExamen examen);
-    void fTerminar(clsNodo &nodo);
+    clsLugar fPedirLista(clsLugar nodo, std::size_t lngCarpetas);
+    void fTomarLista(clsLugar nodo, clsListado listado);
+    void fTomarTanda(clsLugar nodo, std::size_t lngTanda, clsExamen examen);
+    void fTerminar(clsLugar nodo);
     [[nodiscard]] bool fEntregar(const clsNodo &nodo, clsError &error);
 
     const std::shared_ptr<const clsRaiz> m_raiz;
     clsReceptor &m_receptor;
     const std::size_t m_lngPiezas; ///< that are ordered ahead
     clsRitmo m_ritmo;
-    clsPila m_pila;                     ///< still to be handed over, the next one last
-    std::deque<clsNodo *> m_lstPorLeer; ///< the next one first
-    std::int64_t m_lngAdelantados = 0;  ///< bytes read and not handed over
+    clsNodos m_nodos; ///< still to be handed over, the next one first, each before its subfolders
+    std::size_t m_lngPorLeer = 1;      ///< of these, not ordered
+    std::int64_t m_lngAdelantados = 0; ///< bytes read and not handed over
     clsHilos m_hilos;
 };
-
-/// Frees folders without recursion, however deep the tree is.
-clsPaseo::~clsPaseo()
-{
-    while (!m_pila.empty()) {
-        const std::unique_ptr<clsNodo> nodo = std::move(m_pila.back());
-        m_pila.pop_back();
-        std::move(nodo->lstHijos.begin(), nodo->lstHijos.end(), std::back_inserter(m_pila));
-    }
-}
 
 /// Has folders read ahead, but no more than fits; the one that is handed over next always. Several
 /// in one piece of work where many wait: threads that take turns cost as much as a small folder.
 void clsPaseo::fPedir()
 {
     constexpr std::size_t lngMaximo = 32;
-    clsNodo *const siguiente = m_pila.back().get();
-    if (!siguiente->bolPedido) {
-        m_lstPorLeer.erase(std::find(m_lstPorLeer.begin(), m_lstPorLeer.end(), siguiente));
-        m_lstPorLeer.push_front(siguiente);
-        fPedirLista(1);
+    clsLugar nodo = m_nodos.begin();
+    if (!nodo->bolPedido) {
+        nodo = fPedirLista(nodo, 1);
     }
-    while (!m_lstPorLeer.empty() && m_lngAdelantados <= lngAdelanto &&
+    while (m_lngPorLeer > 0 && m_lngAdelantados <= lngAdelanto &&
            m_hilos.fPendientes() < m_lngPiezas) {
-        fPedirLista(std::clamp<std::size_t>(2 * m_lstPorLeer.size() / m_lngPiezas, 1, lngMaximo));
+        nodo = fPedirLista(nodo,
+                           std::clamp<std::size_t>(2 * m_lngPorLeer / m_lngPiezas, 1, lngMaximo));
     }
 }
 
-/// Orders the next folders, in one piece of work.
-void clsPaseo::fPedirLista(std::size_t lngCarpetas)
+/// Orders the next folders from this one on, in one piece of work.
+/// @return the one behind them.
+clsPaseo::clsLugar clsPaseo::fPedirLista(clsLugar nodo, std::size_t lngCarpetas)
 {
-    const auto fin = m_lstPorLeer.begin() + static_cast<std::ptrdiff_t>(lngCarpetas);
-    std::vector<clsNodo *> lstNodos(m_lstPorLeer.begin(), fin);
-    m_lstPorLeer.erase(m_lstPorLeer.begin(), fin);
+    std::vector<clsLugar> lstNodos;
     std::vector<std::string> lstRelativas;
-    for (clsNodo *const nodo : lstNodos) {
-        nodo->bolPedido = true;
-        lstRelativas.push_back(nodo->strRelativa);
+    for (; lstNodos.size() < lngCarpetas; ++nodo) {
+        if (!nodo->bolPedido) {
+            nodo->bolPedido = true;
+            lstNodos.push_back(nodo);
+            lstRelativas.push_back(nodo->strRelativa);
+        }
     }
+    m_lngPorLeer -= lngCarpetas;
     m_hilos.fPedir([raiz = m_raiz, lstRelativas] { return fListar(raiz, lstRelativas); },
                    [this, lstNodos](std::vector<clsListado> lstListados) {
                        for (std::size_t lng = 0; lng < lstNodos.size(); ++lng) {
-                           fTomarLista(*lstNodos[lng], std::move(lstListados[lng]));
+                           fTomarLista(lstNodos[lng], std::move(lstListados[lng]));
                        }
                    });
+    return nodo;
 }
 
-void clsPaseo::fTomarLista(clsNodo &nodo, clsListado listado)
+void clsPaseo::fTomarLista(clsLugar nodo, clsListado listado)
 {
-    nodo.errorLista = listado.error;
+    nodo->errorLista = listado.error;
     const std::size_t lngTandas = listado.abierta ? listado.abierta->fTandas() : 1;
-    nodo.lstTandas.resize(lngTandas);
-    nodo.lngPendientes = lngTandas;
+    nodo->lstTandas.resize(lngTandas);
+    nodo->lngPendientes = lngTandas;
     for (std::size_t lngTanda = 1; lngTanda < lngTandas; ++lngTanda) {
         m_hilos.fPedir(
             [abierta = listado.abierta, lngTanda] { return abierta->fExaminarTanda(lngTanda); },
-            [this, &nodo, lngTanda](clsExamen examen) {
+            [this, nodo, lngTanda](clsExamen examen) {
                 fTomarTanda(nodo, lngTanda, std::move(examen));
             });
     }
     fTomarTanda(nodo, 0, std::move(listado.primera));
 }
 
-void clsPaseo::fTomarTanda(clsNodo &nodo, std::size_t lngTanda, clsExamen examen)
+void clsPaseo::fTomarTanda(clsLugar nodo, std::size_t lngTanda, clsExamen examen)
 {
-    nodo.lstTandas[lngTanda] = std::move(examen);
-    if (--nodo.lngPendientes == 0) {
+    nodo->lstTandas[lngTanda] = std::move(examen);
+    if (--nodo->lngPendientes == 0) {
         fTerminar(nodo);
     }
 }
 
-/// Weighs a folder that has been read and gathers its subfolders.
-void clsPaseo::fTerminar(clsNodo &nodo)
+/// Weighs a folder that has been read and puts its subfolders behind it.
+void clsPaseo::fTerminar(clsLugar nodo)
 {
-    bool bolError{nodo.errorLista};
+    bool bolError{nodo->errorLista};
     // Its own path counts too: a tree of thousands of levels has long ones.
-    nodo.lngPeso = static_cast<std::int64_t>(sizeof nodo + nodo.strRelativa.size());
-    for (const clsExamen &examen : nodo.lstTandas) {
-        nodo.lngPeso += static_cast<std::int64_t>(examen.strLineas.size());
+    nodo->lngPeso = static_cast<std::int64_t>(sizeof *nodo + nodo->strRelativa.size());
+    for (const clsExamen &examen : nodo->lstTandas) {
+        nodo->lngPeso += static_cast<std::int64_t>(examen.strLineas.size());
         bolError = bolError || examen.error;
     }
-    m_lngAdelantados += nodo.lngPeso;
+    m_lngAdelantados += nodo->lngPeso;
     if (bolError) {
         return;
     }
-    for (const clsExamen &examen : nodo.lstTandas) {
+    const clsLugar siguiente = std::next(nodo);
+    for (const clsExamen &examen : nodo->lstTandas) {
         for (const std::string &strNombre : examen.lstCarpetas) {
-            nodo.lstHijos.push_back(std::make_unique<clsNodo>());
-            nodo.lstHijos.back()->strRelativa = nodo.strRelativa + strNombre + '/';
+            m_nodos.emplace(siguiente)->strRelativa = nodo->strRelativa + strNombre + '/';
+            ++m_lngPorLeer;
         }
     }
-    std::transform(nodo.lstHijos.rbegin(), nodo.lstHijos.rend(), std::front_inserter(m_lstPorLeer),
-                   [](const std::unique_ptr<clsNodo> &hijo) { return hijo.get(); });
 }
 
 /// Hands over the files of a folder that has been read.
@@ -248,22 +237,21 @@ bool clsPaseo::fEntregar(const clsNodo &nodo, clsError &error)
 clsRecorrido clsPaseo::fHacer()
 {
     clsRecorrido recorrido;
-    while (!m_pila.empty() && !recorrido.bolInterrumpido) {
+    while (!m_nodos.empty() && !recorrido.bolInterrumpido) {
         fPedir();
-        if (!m_pila.back()->fHecho()) {
+        const clsLugar nodo = m_nodos.begin();
+        if (!nodo->fHecho()) {
             m_hilos.fAtender(pausaRitmo);
         }
         recorrido.bolInterrumpido = !m_ritmo.fSeguir([this] { return m_receptor.fSeguir(); });
-        if (recorrido.bolInterrumpido || !m_pila.back()->fHecho()) {
+        if (recorrido.bolInterrumpido || !nodo->fHecho()) {
             continue;
         }
-        const std::unique_ptr<clsNodo> nodo = std::move(m_pila.back());
-        m_pila.pop_back();
         clsError error;
         recorrido.bolInterrumpido = !fEntregar(*nodo, error);
         recorrido.errorRaiz = nodo->strRelativa.empty() ? error : recorrido.errorRaiz;
         m_lngAdelantados -= nodo->lngPeso;
-        std::move(nodo->lstHijos.rbegin(), nodo->lstHijos.rend(), std::back_inserter(m_pila));
+        m_nodos.erase(nodo);
     }
     return recorrido;
 }

@@ -37,11 +37,35 @@ constexpr int *fParte(clsPartesFecha &partes, char chr)
     return chr >= '0' && chr <= '9';
 }
 
+/// Writes one character of a date text, the last one first: digits go off the end of their part.
+[[gnu::always_inline]] inline void fEscribirCaracter(char &chr, char chrForma,
+                                                     clsPartesFecha &partes)
+{
+    int *const intParte = fParte(partes, chrForma);
+    chr = chrForma;
+    if (intParte != nullptr) {
+        chr = static_cast<char>('0' + *intParte % 10);
+        *intParte /= 10;
+    }
+}
+
+constexpr std::make_index_sequence<strFormaCatalogo.size()> lugares;
+
 /// Reads the form that a million rows are read from. Unrolled, it costs half the time of the loop.
 template <std::size_t... lng>
-bool fLeerDeCatalogo(std::string_view strTexto, clsPartesFecha &partes, std::index_sequence<lng...>)
+bool fLeerDeCatalogo(std::string_view strTexto, clsPartesFecha &partes,
+                     std::index_sequence<lng...> /*lugares*/)
 {
     return (fLeerCaracter(strTexto[lng], strFormaCatalogo[lng], partes) && ...);
+}
+
+/// Writes that form, as many times.
+template <std::size_t... lng>
+void fEscribirDeCatalogo(char *chrDestino, clsPartesFecha &partes,
+                         std::index_sequence<lng...> /*lugares*/)
+{
+    constexpr std::size_t lngFin = sizeof...(lng) - 1;
+    (fEscribirCaracter(chrDestino[lngFin - lng], strFormaCatalogo[lngFin - lng], partes), ...);
 }
 
 } // namespace
@@ -116,13 +140,12 @@ std::optional<std::time_t> fMomento(clsFecha fecha)
 void fEscribirFecha(clsFecha fecha, std::string_view strForma, char *chrDestino)
 {
     clsPartesFecha partes = fPartes(fecha);
+    if (strForma == strFormaCatalogo) {
+        fEscribirDeCatalogo(chrDestino, partes, lugares);
+        return;
+    }
     for (std::size_t lng = strForma.size(); lng-- > 0;) {
-        int *const intParte = fParte(partes, strForma[lng]);
-        chrDestino[lng] = strForma[lng];
-        if (intParte != nullptr) {
-            chrDestino[lng] = static_cast<char>('0' + *intParte % 10);
-            *intParte /= 10;
-        }
+        fEscribirCaracter(chrDestino[lng], strForma[lng], partes);
     }
 }
 
@@ -139,11 +162,11 @@ std::optional<clsFecha> fLeerFecha(std::string_view strTexto, std::string_view s
     if (strTexto.size() != strForma.size()) {
         return {};
     }
-    const bool bolForma =
-        strForma == strFormaCatalogo
-            ? fLeerDeCatalogo(strTexto, partes, std::make_index_sequence<strFormaCatalogo.size()>())
-            : std::equal(
-                  strTexto.begin(), strTexto.end(), strForma.begin(),
-                  [&](char chr, char chrForma) { return fLeerCaracter(chr, chrForma, partes); });
+    const bool bolForma = strForma == strFormaCatalogo
+                              ? fLeerDeCatalogo(strTexto, partes, lugares)
+                              : std::equal(strTexto.begin(), strTexto.end(), strForma.begin(),
+                                           [&](char chr, char chrForma) {
+                                               return fLeerCaracter(chr, chrForma, partes);
+                                           });
     return bolForma ? fFechaDe(partes) : std::nullopt;
 }
