@@ -38,7 +38,7 @@ struct clsComun {
     std::function<void()> fVaciarPanel;
     /// Fills the list anew.
     /// @param bolForzar the catalogue is built before; for the rest see fActualTrasLlenar.
-    std::function<void(bool bolForzar, const std::string &strRuta, int lngSiFalta)> fLlenar;
+    std::function<void(bool bolForzar, const std::string &strRuta)> fLlenar;
     /// Shows in menus and toolbar what the state has become.
     std::function<void()> fEstadoCambiado;
     /// Lets events run; false when the window is to close.

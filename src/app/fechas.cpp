@@ -190,11 +190,9 @@ void fModificar(const clsComun &comun, bool bolSiempre)
     if (cierre == frmFecha::Cierre::Cancelada || lstCorregidos.empty()) {
         return;
     }
-    // Moving on: when the current file has a new name, the row that takes its place is current.
-    const int lngAntes = comun.estado.lngActual;
-    const std::string strActual = comun.estado.filas.fRuta(comun.estado.lngActual);
-    const bool bolQuedarse = cierre == frmFecha::Cierre::Quedarse;
-    comun.fLlenar(false, bolQuedarse ? lstCorregidos.back().strFilePathNew : strActual, lngAntes);
+    comun.fLlenar(false, cierre == frmFecha::Cierre::Quedarse
+                             ? lstCorregidos.back().strFilePathNew
+                             : fRutaAlSeguir(comun.estado, lstCorregidos));
 }
 
 } // namespace

@@ -97,24 +97,23 @@ frmMain::~frmMain() = default;
 /// What the parts of the window need of it.
 clsComun frmMain::fComun()
 {
-    return {this,
-            m_archivo,
-            m_estado,
-            *m_modelo,
-            m_mensajes,
-            m_ajustes,
-            m_ocupacion,
-            *m_informacion,
-            [this](int lngPos) { fMostrarArchivo(lngPos); },
-            [this] { m_visor->fVaciar(); },
-            [this](bool bolForzar, const std::string &strRuta, int lngSiFalta) {
-                fLlenarLista(bolForzar, strRuta, lngSiFalta);
-            },
-            [this] { fMostrarEstado(); },
-            [this] {
-                fCederEventos();
-                return !m_estado.fCerrando();
-            }};
+    return {
+        this,
+        m_archivo,
+        m_estado,
+        *m_modelo,
+        m_mensajes,
+        m_ajustes,
+        m_ocupacion,
+        *m_informacion,
+        [this](int lngPos) { fMostrarArchivo(lngPos); },
+        [this] { m_visor->fVaciar(); },
+        [this](bool bolForzar, const std::string &strRuta) { fLlenarLista(bolForzar, strRuta); },
+        [this] { fMostrarEstado(); },
+        [this] {
+            fCederEventos();
+            return !m_estado.fCerrando();
+        }};
 }
 
 void frmMain::fCrearControles()
@@ -331,7 +330,7 @@ void frmMain::fAumentar(int intPasos)
 
 // --- The list ---
 
-void frmMain::fLlenarLista(bool bolForzar, const std::string &strRuta, int lngSiFalta)
+void frmMain::fLlenarLista(bool bolForzar, const std::string &strRuta)
 {
     const clsOcupado ocupado(m_ocupacion);
     m_informacion->fDecir(QStringLiteral("Analizando..."));
@@ -360,7 +359,7 @@ void frmMain::fLlenarLista(bool bolForzar, const std::string &strRuta, int lngSi
         return;
     }
     fOrdenarLista();
-    fMostrarArchivo(fActualTrasLlenar(m_estado, mudanza->fRuta(strRuta), lngSiFalta));
+    fMostrarArchivo(fActualTrasLlenar(m_estado, mudanza->fRuta(strRuta)));
 }
 
 void frmMain::fOrdenarLista()

@@ -57,7 +57,7 @@ private:
     void fAumentar(int intPasos);
 
     // The list
-    void fLlenarLista(bool bolForzar, const std::string &strRuta, int lngSiFalta = 0);
+    void fLlenarLista(bool bolForzar, const std::string &strRuta);
     void fOrdenarLista();
     void fCabeceraPulsada(Columna columna);
     void fCeldaPulsada(int lngPos, Qt::MouseButton boton, Qt::KeyboardModifiers mayus);

@@ -13,9 +13,9 @@ namespace {
 /// Fills the list anew; the file that is current stays so, if it is still listed.
 void fRecargar(const clsComun &comun, bool bolForzar)
 {
-    comun.fLlenar(
-        bolForzar,
-        comun.estado.filas.fVacia() ? "" : comun.estado.filas.fRuta(comun.estado.lngActual), 0);
+    comun.fLlenar(bolForzar, comun.estado.filas.fVacia()
+                                 ? ""
+                                 : comun.estado.filas.fRuta(comun.estado.lngActual));
 }
 
 void fElegirMedios(const clsComun &comun, Medios medios)

@@ -1,9 +1,11 @@
 #include "browse/estado.h"
 
 #include "browse/seleccion.h"
+#include "dates/correccion.h"
 #include "shared/texto.h"
 
 #include <algorithm>
+#include <unordered_map>
 #include <utility>
 
 namespace {
@@ -22,10 +24,30 @@ clsLista fEmpezarLista(clsEstado &estado, clsLista nueva)
     return std::exchange<clsLista>(estado, std::move(nueva));
 }
 
-int fActualTrasLlenar(const clsEstado &estado, std::string_view strRuta, int lngSiFalta)
+int fActualTrasLlenar(const clsEstado &estado, std::string_view strRuta)
 {
-    const int lngPos = strRuta.empty() ? 0 : estado.filas.fBuscarRuta(strRuta);
-    return lngPos < 0 ? lngSiFalta : lngPos;
+    return std::max(0, strRuta.empty() ? 0 : estado.filas.fBuscarRuta(strRuta));
+}
+
+std::string fRutaAlSeguir(const clsEstado &estado, const std::vector<clsCorregido> &lstCorregidos)
+{
+    std::unordered_map<std::string_view, std::string_view> mapNuevas;
+    for (const clsCorregido &corregido : lstCorregidos) {
+        mapNuevas.emplace(corregido.strFilePath, corregido.strFilePathNew);
+    }
+    const auto fConserva = [&](const std::string &strRuta) {
+        const auto it = mapNuevas.find(strRuta);
+        return it == mapNuevas.end() || it->second == strRuta;
+    };
+    for (const int intPaso : {1, -1}) {
+        for (int lngPos = estado.lngActual; lngPos >= 0 && lngPos <= fUltima(estado);
+             lngPos += intPaso) {
+            if (std::string strRuta = estado.filas.fRuta(lngPos); fConserva(strRuta)) {
+                return strRuta;
+            }
+        }
+    }
+    return std::string(mapNuevas.at(estado.filas.fRuta(estado.lngActual)));
 }
 
 void fHacerActual(clsEstado &estado, int lngPos)

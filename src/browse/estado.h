@@ -13,6 +13,8 @@
 #include <string_view>
 #include <vector>
 
+struct clsCorregido;
+
 /// Whether what is under way is to end: no; search and copies, because Esc was pressed; all of it,
 /// because the window closes.
 enum class Parada { Ninguna, Esc, Cierre };
@@ -54,10 +56,14 @@ struct clsEstado : clsLista {
 clsLista fEmpezarLista(clsEstado &estado, clsLista nueva = {});
 
 /// What becomes current when the list has been filled and ordered.
-/// @param strRuta    full path of the file that was current; empty: none was.
-/// @param lngSiFalta position to take when it is not in the list, which may lie beyond its end.
-[[nodiscard]] int fActualTrasLlenar(const clsEstado &estado, std::string_view strRuta,
-                                    int lngSiFalta = 0);
+/// @param strRuta full path of the file that was current; empty, or not in the list: the first is.
+[[nodiscard]] int fActualTrasLlenar(const clsEstado &estado, std::string_view strRuta);
+
+/// The path of the file to go on with after a correction: the current one, if it has kept its name,
+/// else the next of the list that has, else the nearest one before. When none is left, the
+/// current file under its new name. The list must not be empty.
+[[nodiscard]] std::string fRutaAlSeguir(const clsEstado &estado,
+                                        const std::vector<clsCorregido> &lstCorregidos);
 
 /// Makes a position current; one outside the list, which must not be empty, gives its nearer end.
 void fHacerActual(clsEstado &estado, int lngPos);

@@ -1,5 +1,7 @@
 #include "browse/estado.h"
 
+#include "dates/correccion.h"
+
 #include <algorithm>
 #include <gtest/gtest.h>
 #include <string>
@@ -73,12 +75,12 @@ void fPorFechaYTamano(clsEstado &estado)
     fElegirColumna(estado, Columna::Tamano);
     fOrdenarFilas(estado, fPorBytes);
 }
-template <const char *strRuta, int lngSiFalta> void fLlenar(clsEstado &estado)
+template <const char *strRuta> void fLlenar(clsEstado &estado)
 {
     fEmpezarLista(estado);
     fAgregar(estado.filas);
     fOrdenarFilas(estado, fPorBytes);
-    fHacerActual(estado, fActualTrasLlenar(estado, strRuta, lngSiFalta));
+    fHacerActual(estado, fActualTrasLlenar(estado, strRuta));
 }
 void fFiltrar(clsEstado &estado, const clsPosiciones &lstPosiciones)
 {
@@ -96,7 +98,7 @@ constexpr char strD[] = "/r/b/d.jpg";
 void fQuitarFiltro(clsEstado &estado)
 {
     fFiltrarDos(estado);
-    fLlenar<strD, 0>(estado);
+    fLlenar<strD>(estado);
 }
 
 TEST(Estado, ChangesAsEveryOperationAsks)
@@ -107,18 +109,11 @@ TEST(Estado, ChangesAsEveryOperationAsks)
         const char *strVisto;
         bool bolFiltrada;
     };
-    constexpr auto fLlenarConD = fLlenar<strD, 0>;
-    constexpr auto fLlenarSinRuta = fLlenar<strNinguna, 3>;
-    constexpr auto fLlenarSinOtra = fLlenar<strOtra, 0>;
-    constexpr auto fLlenarEnLugar = fLlenar<strOtra, 2>;
-    constexpr auto fLlenarTrasFin = fLlenar<strOtra, 4>;
     const clsCaso lstCasos[] = {
         {"as it was", fNada, "cA[b]d", false},
-        {"a fill keeps the file asked for", fLlenarConD, "cab[d]", false},
-        {"a fill without one takes the first", fLlenarSinRuta, "[c]abd", false},
-        {"so does one whose file is gone", fLlenarSinOtra, "[c]abd", false},
-        {"or it takes the position asked for", fLlenarEnLugar, "ca[b]d", false},
-        {"but none beyond the end", fLlenarTrasFin, "cab[d]", false},
+        {"a fill keeps the file asked for", fLlenar<strD>, "cab[d]", false},
+        {"a fill without one takes the first", fLlenar<strNinguna>, "[c]abd", false},
+        {"so does one whose file is gone", fLlenar<strOtra>, "[c]abd", false},
         {"by name", fPorNombre, "A[b]cd", false},
         {"by date again turns round", fPorFecha, "d[b]Ac", false},
         {"another column ascends", fPorFechaYTamano, "[b]Acd", false},
@@ -192,6 +187,36 @@ TEST(Estado, KnowsWhatThePanelShowsAndWhatComesNext)
     EXPECT_EQ(fVecinas(estado), clsPosiciones({2}));
     fHacerActual(estado, -1);
     EXPECT_EQ(fVecinas(estado), clsPosiciones({1}));
+}
+
+TEST(Estado, GoesOnAfterACorrectionWithTheNextFileThatKeptItsName)
+{
+    struct clsCaso {
+        const char *strFrase;
+        const char *strRenombradas; ///< letters of the files that have a new name
+        std::string strSigue;
+    };
+    const clsCaso lstCasos[] = {
+        {"the current one, if it kept its name", "ad", "/r/b/b.jpg"},
+        {"the one that follows", "b", "/r/a/c.jpg"},
+        {"past those that were corrected with it", "bc", "/r/b/d.jpg"},
+        {"at the end the one before", "bcd", "/r/a/a.jpg"},
+        {"where none is left, itself", "abcd", "nueva b"},
+    };
+    for (const clsCaso &caso : lstCasos) {
+        SCOPED_TRACE(caso.strFrase);
+        clsEstado estado = fLleno();
+        fPorNombre(estado); // a, b, c, d: the order counts, not that of the dates
+        std::vector<clsCorregido> lstCorregidos;
+        for (int lngPos = 0; lngPos < estado.filas.fCantidad(); ++lngPos) {
+            const std::string strRuta = estado.filas.fRuta(lngPos);
+            const std::string strLetra(estado.filas.fNombre(lngPos).substr(0, 1));
+            const bool bolNueva =
+                std::string(caso.strRenombradas).find(strLetra) != std::string::npos;
+            lstCorregidos.push_back({strRuta, bolNueva ? "nueva " + strLetra : strRuta, {}, {}});
+        }
+        EXPECT_EQ(fRutaAlSeguir(estado, lstCorregidos), caso.strSigue);
+    }
 }
 
 TEST(Estado, ActsOnTheTickedRowsOrTheCurrentOne)

@@ -6,6 +6,7 @@
 #include <QApplication>
 #include <QDialog>
 #include <QFileInfo>
+#include <QHeaderView>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPlainTextEdit>
@@ -149,17 +150,21 @@ private slots:
             1);
     }
 
-    void fMovingOnShowsTheFileThatTakesItsPlace()
+    void fMovingOnShowsTheNextFileOfTheListThatWas()
     {
-        m_sesion->fClicFila(2);
-        QVERIFY(fCorregir(*m_sesion, {}, [](QDialog &dialogo) {
-            fTeclear(dialogo, "15/07/2009 18:03");
+        // By name descending: fin, nieve, boda, playa.
+        for (int intVez = 0; intVez < 2; ++intVez) {
+            m_sesion->fClic(m_sesion->fLista()->horizontalHeader()->viewport(), {20, 5});
+        }
+        m_sesion->fClicFila(1);
+        QVERIFY(fCorregir(*m_sesion, Qt::ShiftModifier, [](QDialog &dialogo) {
+            fTeclear(dialogo, "13/07/2009 18:03");
             fPulsarBoton(dialogo, "cmdAceptar0");
         }));
-        QTRY_COMPARE(m_sesion->fPosicion(), 2);
-        QCOMPARE(m_sesion->fCelda(2, 0), QString("20100101_nieve.jpg"));
-        QCOMPARE(fModificado(*m_arbol, "2009/20090715_20090715_boda.jpg"),
-                 fMomento("2009-07-15 18:03:00"));
+        QTRY_COMPARE(m_sesion->fPosicion(), 2); // by date: nieve, playa, boda, fin
+        QCOMPARE(m_sesion->fCelda(2, 0), QString("20090715_boda.jpg"));
+        QCOMPARE(fModificado(*m_arbol, "2010/20090713_20100101_nieve.jpg"),
+                 fMomento("2009-07-13 18:03:00"));
     }
 
     void fTickedFilesAreCorrectedTogether()
