@@ -107,22 +107,15 @@ clsError fMudarCatalogo(const std::string &strCatalogo, const clsMudanza &mudanz
     }
     clsReemplazo nuevo(strCatalogo, fConsultar(viejo->descriptor));
     clsRegistros registros(fBytesDe(viejo->descriptor));
-    std::string strPendiente;
     while (const clsRegistro *const registro = registros.fSiguiente()) {
         // Any of the lines: where one is missing, paths stand elsewhere in the records behind.
         for (std::size_t lng = 0; lng < registro->lngLineas; ++lng) {
             const clsLinea &linea = registro->lstLineas[lng];
             const bool bolSuya = linea.strTexto.starts_with(mudanza.strDe);
-            strPendiente.append(bolSuya ? mudanza.strA : "");
-            strPendiente.append(linea.strTexto.substr(bolSuya ? mudanza.strDe.size() : 0));
-            strPendiente.append(linea.strFin);
-        }
-        constexpr std::size_t lngTramo = 1 << 18;
-        if (strPendiente.size() >= lngTramo) {
-            nuevo.fEscribir(strPendiente);
-            strPendiente.clear();
+            nuevo.fEscribir(bolSuya ? std::string_view(mudanza.strA) : "");
+            nuevo.fEscribir(linea.strTexto.substr(bolSuya ? mudanza.strDe.size() : 0));
+            nuevo.fEscribir(linea.strFin);
         }
     }
-    nuevo.fEscribir(strPendiente);
     return registros.fError() ? registros.fError() : nuevo.fConfirmar(true);
 }

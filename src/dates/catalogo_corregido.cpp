@@ -8,22 +8,24 @@
 
 namespace {
 
-/// Appends a record.
+/// Writes a record.
 /// @return whether it has become another one.
-bool fAnadirCorregido(std::string &strSalida, const clsRegistro &registro,
-                      const clsDestinos &destinos)
+bool fEscribirCorregido(clsReemplazo &nuevo, const clsRegistro &registro,
+                        const clsDestinos &destinos)
 {
     const auto &[ruta, fecha, tamano] = registro.lstLineas;
     const bool bolEntero = registro.lngLineas == registro.lstLineas.size();
     const auto destino = bolEntero ? destinos.find(ruta.strTexto) : destinos.end();
     if (destino == destinos.end()) {
-        strSalida.append(registro.strBytes);
+        nuevo.fEscribir(registro.strBytes);
         return false;
     }
     const std::string strFecha = fEscribirFecha(destino->second.fecha);
-    strSalida.append(destino->second.strRuta).append(ruta.strFin);
-    strSalida.append(strFecha).append(fecha.strFin);
-    strSalida.append(tamano.strTexto).append(tamano.strFin);
+    for (const std::string_view str :
+         {destino->second.strRuta, ruta.strFin, std::string_view(strFecha), fecha.strFin,
+          tamano.strTexto, tamano.strFin}) {
+        nuevo.fEscribir(str);
+    }
     return destino->second.strRuta != ruta.strTexto || strFecha != fecha.strTexto;
 }
 
@@ -52,7 +54,6 @@ clsCatalogoCorregido::clsCatalogoCorregido(std::string strRuta, const std::strin
 
 clsError clsCatalogoCorregido::fEscribir(const clsDestinos &destinos)
 {
-    constexpr std::size_t lngTramo = 1 << 18;
     m_nuevo.fEmpezar();
     clsRegistros registros(
         [this, lngPos = std::int64_t{0}](char *chrDestino, std::size_t lngBytes) mutable {
@@ -61,15 +62,9 @@ clsError clsCatalogoCorregido::fEscribir(const clsDestinos &destinos)
             return lngLeidos;
         });
     m_bolCambia = false;
-    std::string strPendiente;
     while (const clsRegistro *const registro = registros.fSiguiente()) {
-        m_bolCambia |= fAnadirCorregido(strPendiente, *registro, destinos);
-        if (strPendiente.size() >= lngTramo) {
-            m_nuevo.fEscribir(strPendiente);
-            strPendiente.clear();
-        }
+        m_bolCambia |= fEscribirCorregido(m_nuevo, *registro, destinos);
     }
-    m_nuevo.fEscribir(strPendiente);
     return registros.fError() ? registros.fError() : m_nuevo.fVolcar();
 }
 

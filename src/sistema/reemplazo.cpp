@@ -95,12 +95,26 @@ void clsReemplazo::fDescartar()
 
 void clsReemplazo::fEscribir(std::string_view strBytes)
 {
+    constexpr std::size_t lngTramo = 1 << 18;
     if (m_error) {
         return;
     }
     m_bolVolcado = false;
-    m_error = fEscribirTodo(m_descriptor, strBytes);
-    m_lngEscritos += static_cast<std::int64_t>(strBytes.size());
+    m_strPendiente.append(strBytes);
+    if (m_strPendiente.size() >= lngTramo) {
+        fVaciar();
+    }
+}
+
+/// Hands over what was written so far.
+void clsReemplazo::fVaciar()
+{
+    if (m_error || m_strPendiente.empty()) {
+        return;
+    }
+    m_error = fEscribirTodo(m_descriptor, m_strPendiente);
+    m_lngEscritos += static_cast<std::int64_t>(m_strPendiente.size());
+    m_strPendiente.clear();
     // Starts the disk early, so that the final flush has little left to wait for.
     constexpr std::int64_t lngTramo = 1 << 20;
     if (m_lngEscritos - m_lngEnviados >= lngTramo) {
@@ -112,6 +126,7 @@ void clsReemplazo::fEscribir(std::string_view strBytes)
 
 void clsReemplazo::fEmpezar()
 {
+    fVaciar();
     if (!m_error && m_lngEscritos > 0 &&
         fInsistir<&clsLlamadas::fIr>(m_descriptor.fFd(), off_t{0}, SEEK_SET) != 0) {
         m_error = errno;
@@ -123,6 +138,7 @@ void clsReemplazo::fEmpezar()
 
 clsError clsReemplazo::fVolcar()
 {
+    fVaciar();
     const bool bolSobra = m_lngEscritos < m_lngLargo;
     if (!m_error && bolSobra &&
         fInsistir<&clsLlamadas::fAlargar>(m_descriptor.fFd(), off_t{m_lngEscritos}) != 0) {
@@ -137,6 +153,7 @@ clsError clsReemplazo::fVolcar()
 
 clsError clsReemplazo::fCerrar()
 {
+    fVaciar();
     if (!m_error) {
         m_error = m_descriptor.fCerrar();
     }

@@ -25,6 +25,8 @@ public:
 
     /// The first error so far. After it nothing more is written.
     [[nodiscard]] clsError fError() const { return m_error; }
+    /// Takes bytes, however few at a time: they go to the disk in large pieces, the last ones with
+    /// fVolcar, fCerrar or fConfirmar.
     void fEscribir(std::string_view strBytes);
     /// The temporary file, for those who fill it themselves; they check what they write, and do not
     /// confirm when that went wrong. Not open after an error, or when it was closed.
@@ -51,12 +53,14 @@ public:
 private:
     void fCrear(unsigned permisos);
     void fVestir(const clsDatosArchivo &viejo);
+    void fVaciar();
     void fDescartar();
 
     std::string m_strRuta;
     std::string m_strTemporal;
     clsDescriptor m_descriptor;
     clsError m_error;
+    std::string m_strPendiente; ///< bytes that are still to be handed to the system
     std::int64_t m_lngEscritos = 0;
     std::int64_t m_lngEnviados = 0;
     std::int64_t m_lngLargo = 0; ///< bytes that were written before fEmpezar
