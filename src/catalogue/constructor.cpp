@@ -1,7 +1,6 @@
 #include "catalogue/constructor.h"
 
 #include "catalogue/diario.h"
-#include "catalogue/recorrido.h"
 #include "catalogue/registro.h"
 #include "shared/ajustes.h"
 #include "sistema/carpeta.h"
@@ -24,41 +23,6 @@ bool fEsPasajero(std::string_view strNombre)
     return fEsTemporal(strNombre) || strNombre == strFicheroDiario ||
            clsReemplazo::fEsTemporal(strNombre, strFicheroAjustes);
 }
-
-/// Hands the walk's lines to the new catalogue and the rest to the observer.
-class clsEscribano : public clsReceptor {
-public:
-    clsEscribano(clsReemplazo &archivo, clsObservador &observador)
-        : m_archivo(archivo), m_observador(observador)
-    {
-    }
-    void fCarpeta(const std::string &strCarpeta) override { m_observador.fCarpeta(strCarpeta); }
-    bool fRegistros(std::string_view strLineas) override
-    {
-        constexpr std::size_t lngTramo = 1 << 18;
-        m_bolAlgo = true;
-        m_strPendiente.append(strLineas);
-        if (m_strPendiente.size() >= lngTramo) {
-            fVaciar();
-        }
-        return !m_archivo.fError();
-    }
-    void fError(clsError error) override { m_observador.fError(error); }
-    bool fSeguir() override { return m_observador.fSeguir(); }
-    /// Whether any file was recorded.
-    [[nodiscard]] bool fAlgo() const { return m_bolAlgo; }
-    void fVaciar()
-    {
-        m_archivo.fEscribir(m_strPendiente);
-        m_strPendiente.clear();
-    }
-
-private:
-    clsReemplazo &m_archivo;
-    clsObservador &m_observador;
-    std::string m_strPendiente;
-    bool m_bolAlgo = false;
-};
 
 /// Deletes what programs that were killed have left. While the lock is held nobody else writes the
 /// catalogue, but perhaps the settings.
@@ -106,16 +70,20 @@ clsConstruccion fConstruir(const std::string &strRaiz, clsObservador &observador
     if (archivo.fError()) {
         return {Construccion::SinEscribir, archivo.fError()};
     }
-    clsEscribano escribano(archivo, observador);
-    const clsRecorrido recorrido = fRecorrer(strRaiz, {intHilos, fEsPasajero}, escribano);
+    bool bolAlgo = false; // was recorded
+    const clsRecorrido recorrido =
+        fRecorrer(strRaiz, {intHilos, fEsPasajero}, observador, [&](std::string_view strLineas) {
+            bolAlgo = true;
+            archivo.fEscribir(strLineas);
+            return !archivo.fError();
+        });
     // With a failing root folder what was there before is worth more than what could be read now.
-    if (recorrido.errorRaiz && (bolHabia || !escribano.fAlgo())) {
+    if (recorrido.errorRaiz && (bolHabia || !bolAlgo)) {
         return {Construccion::RaizIlegible, recorrido.errorRaiz};
     }
     if (recorrido.bolInterrumpido && !archivo.fError()) {
         return {Construccion::Interrumpida, {}};
     }
-    escribano.fVaciar();
     if (const clsError error = archivo.fConfirmar(true)) {
         return {Construccion::SinEscribir, error};
     }

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "sistema/resultado.h"
+#include "catalogue/recorrido.h"
 
 #include <string>
 
@@ -9,26 +9,14 @@
 enum class Construccion {
     Hecha,        ///< the new catalogue stands
     Ocupada,      ///< another Miravel builds or corrects in this archive
-    RaizIlegible, ///< the root folder could not be read whole (the receiver was told)
+    RaizIlegible, ///< the root folder could not be read whole (the observer was told)
     SinEscribir,  ///< writing failed, see error
-    Interrumpida  ///< the receiver ended the walk
+    Interrumpida  ///< the observer ended the walk
 };
 
 struct clsConstruccion {
     Construccion construccion = Construccion::Hecha;
     clsError error;
-};
-
-/// What the builder asks of its surroundings while it works.
-class clsObservador {
-public:
-    virtual ~clsObservador() = default;
-    /// The folder that is being recorded (full path with a trailing "/").
-    virtual void fCarpeta(const std::string &strCarpeta) = 0;
-    /// A folder could not be read to its end.
-    virtual void fError(clsError error) = 0;
-    /// Go on? Lets events run, every 50 ms; false ends the build.
-    [[nodiscard]] virtual bool fSeguir() = 0;
 };
 
 /// Walks the archive and replaces its catalogue, whole or not at all. Where there is none yet, an

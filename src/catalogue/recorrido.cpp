@@ -96,8 +96,9 @@ std::vector<clsListado> fListar(const std::shared_ptr<const clsRaiz> &raiz,
 /// One walk. Folders are read ahead on threads, in the order in which they are handed over.
 class clsPaseo {
 public:
-    clsPaseo(std::shared_ptr<const clsRaiz> raiz, int intHilos, clsReceptor &receptor)
-        : m_raiz(std::move(raiz)), m_receptor(receptor),
+    clsPaseo(std::shared_ptr<const clsRaiz> raiz, int intHilos, clsObservador &observador,
+             const clsReceptor &fRegistros)
+        : m_raiz(std::move(raiz)), m_observador(observador), m_fRegistros(fRegistros),
           m_lngPiezas(2 * static_cast<std::size_t>(intHilos)), m_nodos(1),
           m_hilos({.intHilos = intHilos})
     {
@@ -116,7 +117,8 @@ private:
     [[nodiscard]] bool fEntregar(const clsNodo &nodo, clsError &error);
 
     const std::shared_ptr<const clsRaiz> m_raiz;
-    clsReceptor &m_receptor;
+    clsObservador &m_observador;
+    const clsReceptor &m_fRegistros;
     const std::size_t m_lngPiezas; ///< that are ordered ahead
     clsRitmo m_ritmo;
     clsNodos m_nodos; ///< still to be handed over, the next one first, each before its subfolders
@@ -216,9 +218,9 @@ void clsPaseo::fTerminar(clsLugar nodo)
 /// @return false when the receiver ends the walk.
 bool clsPaseo::fEntregar(const clsNodo &nodo, clsError &error)
 {
-    m_receptor.fCarpeta(m_raiz->strRaiz + nodo.strRelativa);
+    m_observador.fCarpeta(m_raiz->strRaiz + nodo.strRelativa);
     for (const clsExamen &examen : nodo.lstTandas) {
-        if (!examen.strLineas.empty() && !m_receptor.fRegistros(examen.strLineas)) {
+        if (!examen.strLineas.empty() && !m_fRegistros(examen.strLineas)) {
             return false;
         }
         error = examen.error;
@@ -229,7 +231,7 @@ bool clsPaseo::fEntregar(const clsNodo &nodo, clsError &error)
     // A listing that broke off has its files up to there handed over first.
     error = error ? error : nodo.errorLista;
     if (error) {
-        m_receptor.fError(error);
+        m_observador.fError(error);
     }
     return true;
 }
@@ -243,7 +245,7 @@ clsRecorrido clsPaseo::fHacer()
         if (!nodo->fHecho()) {
             m_hilos.fAtender(pausaRitmo);
         }
-        recorrido.bolInterrumpido = !m_ritmo.fSeguir([this] { return m_receptor.fSeguir(); });
+        recorrido.bolInterrumpido = !m_ritmo.fSeguir([this] { return m_observador.fSeguir(); });
         if (recorrido.bolInterrumpido || !nodo->fHecho()) {
             continue;
         }
@@ -259,18 +261,19 @@ clsRecorrido clsPaseo::fHacer()
 } // namespace
 
 clsRecorrido fRecorrer(const std::string &strRaiz, const clsOpcionesRecorrido &opciones,
-                       clsReceptor &receptor)
+                       clsObservador &observador, const clsReceptor &fRegistros)
 {
     const auto raiz = std::make_shared<clsRaiz>();
     raiz->strRaiz = strRaiz;
     raiz->fOmitir = opciones.fOmitirEnRaiz;
     auto carpeta = fAbrirCarpeta(strRaiz);
     if (!carpeta) {
-        receptor.fCarpeta(strRaiz);
-        receptor.fError(carpeta.fError());
+        observador.fCarpeta(strRaiz);
+        observador.fError(carpeta.fError());
         return {false, carpeta.fError()};
     }
     raiz->carpeta = std::move(*carpeta);
-    return clsPaseo(raiz, opciones.intHilos > 0 ? opciones.intHilos : intHilosUsuales, receptor)
+    return clsPaseo(raiz, opciones.intHilos > 0 ? opciones.intHilos : intHilosUsuales, observador,
+                    fRegistros)
         .fHacer();
 }

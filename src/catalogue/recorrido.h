@@ -6,23 +6,24 @@
 #include <string>
 #include <string_view>
 
-/// Who receives what the walk finds. All calls come from the thread that called fRecorrer.
-class clsReceptor {
+/// What a walk tells and asks its surroundings, from the thread that called fRecorrer.
+class clsObservador {
 public:
-    virtual ~clsReceptor() = default;
+    virtual ~clsObservador() = default;
     /// A folder's records are next (full path with a trailing "/").
     virtual void fCarpeta(const std::string &strCarpeta) = 0;
-    /// Catalogue lines of some of the folder's files; false ends the walk.
-    [[nodiscard]] virtual bool fRegistros(std::string_view strLineas) = 0;
     /// Reading the folder failed; its remaining files and all its subfolders are left out.
     virtual void fError(clsError error) = 0;
     /// Go on? Asked every 50 ms, however long a folder takes; false ends the walk.
     [[nodiscard]] virtual bool fSeguir() = 0;
 };
 
+/// Takes catalogue lines of some files of the folder that was told last; false ends the walk.
+using clsReceptor = std::function<bool(std::string_view strLineas)>;
+
 /// How a walk ended.
 struct clsRecorrido {
-    bool bolInterrumpido = false; ///< the receiver ended it
+    bool bolInterrumpido = false; ///< the observer or the receiver ended it
     clsError errorRaiz;           ///< when the root folder could not be read whole
 };
 
@@ -43,4 +44,5 @@ struct clsOpcionesRecorrido {
 /// itself can. Depth of the tree and length of paths have no limit, and only a few folders are open
 /// at a time.
 [[nodiscard]] clsRecorrido fRecorrer(const std::string &strRaiz,
-                                     const clsOpcionesRecorrido &opciones, clsReceptor &receptor);
+                                     const clsOpcionesRecorrido &opciones,
+                                     clsObservador &observador, const clsReceptor &fRegistros);

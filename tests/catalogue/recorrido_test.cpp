@@ -36,16 +36,19 @@ Textos fLineas(std::string_view strBytes)
 }
 
 /// Keeps all that it is told.
-class clsOyente : public clsReceptor {
+class clsOyente : public clsObservador {
 public:
     void fCarpeta(const std::string &strCarpeta) override { lstCarpetas.push_back(strCarpeta); }
-    bool fRegistros(std::string_view strLineas) override
-    {
-        strTodo += strLineas;
-        return !bolParar;
-    }
     void fError(clsError error) override { lstErrores.push_back(error.fNumero()); }
     bool fSeguir() override { return bolSeguir; }
+
+    clsRecorrido fRecorrer(const std::string &strRaiz, const clsOpcionesRecorrido &opciones = {})
+    {
+        return ::fRecorrer(strRaiz, opciones, *this, [this](std::string_view strLineas) {
+            strTodo += strLineas;
+            return !bolParar;
+        });
+    }
 
     /// The path lines of everything so far.
     [[nodiscard]] Textos fRutas() const
@@ -112,7 +115,7 @@ TEST(Recorrido, ListsFilesThenSubfoldersDepthFirstInTheOrderOfTheSystem)
     for (const int intHilos : {0, 1, 3}) {
         SCOPED_TRACE(intHilos);
         clsOyente oyente;
-        EXPECT_EQ(fRecorrer(arbol.fRaiz(), {intHilos, {}}, oyente).errorRaiz, 0);
+        EXPECT_EQ(oyente.fRecorrer(arbol.fRaiz(), {intHilos, {}}).errorRaiz, 0);
         EXPECT_EQ(oyente.fRutas(), lstEsperadas);
         EXPECT_TRUE(oyente.lstErrores.empty());
     }
@@ -135,7 +138,7 @@ TEST(Recorrido, KeepsTheBytesOfEveryName)
     arbol.fCrear("con\r\nsalto/y\notro.jpg");
     lstEsperadas.push_back(arbol.fRuta("con??salto/y?otro.jpg"));
     clsOyente oyente;
-    EXPECT_EQ(fRecorrer(arbol.fRaiz(), {}, oyente).errorRaiz, 0);
+    EXPECT_EQ(oyente.fRecorrer(arbol.fRaiz()).errorRaiz, 0);
     Textos lstRutas = oyente.fRutas();
     std::sort(lstRutas.begin(), lstRutas.end());
     std::sort(lstEsperadas.begin(), lstEsperadas.end());
@@ -155,7 +158,7 @@ TEST(Recorrido, TakesLinksToFilesAndPassesOverOddEntries)
     arbol.fTuberia("a/x.jpg");
     arbol.fEnlace("a/tubo.jpg", "x.jpg");
     clsOyente oyente;
-    EXPECT_EQ(fRecorrer(arbol.fRaiz(), {}, oyente).errorRaiz, 0);
+    EXPECT_EQ(oyente.fRecorrer(arbol.fRaiz()).errorRaiz, 0);
     Textos lstRutas = oyente.fRutas();
     std::sort(lstRutas.begin(), lstRutas.end());
     EXPECT_EQ(lstRutas, (Textos{arbol.fRuta("a/enlace.jpg"), arbol.fRuta("a/real.jpg")}));
@@ -176,7 +179,7 @@ TEST(Recorrido, HasNoLimitOfDepth)
     arbol.fCrear(strHondo + "fondo.jpg");
     arbol.fCrear("nivel/nivel/arriba.jpg");
     clsOyente oyente;
-    EXPECT_EQ(fRecorrer(arbol.fRaiz(), {1, {}}, oyente).errorRaiz, 0);
+    EXPECT_EQ(oyente.fRecorrer(arbol.fRaiz(), {1, {}}).errorRaiz, 0);
     EXPECT_EQ(oyente.fRutas(),
               (Textos{arbol.fRuta("nivel/nivel/arriba.jpg"), arbol.fRuta(strHondo + "fondo.jpg")}));
     EXPECT_EQ(oyente.lstCarpetas.size(), intNiveles + 1U);
@@ -196,7 +199,7 @@ TEST(Recorrido, ReportsAnUnreadableFolderOnceAndListsTheRest)
         EXPECT_EQ(fEnHijo([&] {
                       ASSERT_TRUE(fSoltarRaiz());
                       clsOyente oyente;
-                      EXPECT_EQ(fRecorrer(arbol.fRaiz(), {}, oyente).errorRaiz, 0);
+                      EXPECT_EQ(oyente.fRecorrer(arbol.fRaiz()).errorRaiz, 0);
                       EXPECT_EQ(oyente.lstErrores, std::vector<int>{EACCES});
                       Textos lstRutas = oyente.fRutas();
                       std::sort(lstRutas.begin(), lstRutas.end());
@@ -210,7 +213,7 @@ TEST(Recorrido, ReportsAnUnreadableFolderOnceAndListsTheRest)
 Textos fHallados(const clsArbol &arbol)
 {
     clsOyente oyente;
-    EXPECT_EQ(fRecorrer(arbol.fRaiz(), {}, oyente).errorRaiz, 0);
+    EXPECT_EQ(oyente.fRecorrer(arbol.fRaiz()).errorRaiz, 0);
     EXPECT_TRUE(oyente.lstErrores.empty());
     Textos lstNombres;
     for (const std::string &strRuta : oyente.fRutas()) {
@@ -270,7 +273,7 @@ TEST(Recorrido, EndsWhenTheReceiverWantsNoMore)
     }
     clsOyente oyente;
     oyente.bolParar = true;
-    EXPECT_TRUE(fRecorrer(arbol.fRaiz(), {}, oyente).bolInterrumpido);
+    EXPECT_TRUE(oyente.fRecorrer(arbol.fRaiz()).bolInterrumpido);
     EXPECT_EQ(oyente.fRutas().size(), 1U);
 }
 
@@ -349,7 +352,7 @@ TEST(Recorrido, EndsWhenItsLinesAreRefusedAndThreadsAreStillReading)
     for (int intVez = 0; intVez < 20; ++intVez) {
         clsOyente oyente;
         oyente.bolParar = true;
-        EXPECT_TRUE(fRecorrer(arbol.fRaiz(), {}, oyente).bolInterrumpido);
+        EXPECT_TRUE(oyente.fRecorrer(arbol.fRaiz()).bolInterrumpido);
     }
 }
 
@@ -365,7 +368,7 @@ TEST(Recorrido, EndsWhenItIsToldToWhileTheDiskHangs)
     };
     clsOyente oyente;
     oyente.bolSeguir = false;
-    EXPECT_TRUE(fRecorrer(arbol.fRaiz(), {0, fColgarse}, oyente).bolInterrumpido);
+    EXPECT_TRUE(oyente.fRecorrer(arbol.fRaiz(), {0, fColgarse}).bolInterrumpido);
     EXPECT_TRUE(oyente.strTodo.empty());
     disco->set_value();
 }
