@@ -2,30 +2,44 @@
 
 #include "app/comun.h"
 #include "app/informacion.h"
-#include "shared/hilos.h"
+#include "shared/recados.h"
 
 #include <QString>
 
 #include <optional>
-#include <type_traits>
 #include <utility>
 
-/// While it lives the information box says what is waited for.
-class clsProcesando {
+/// A busy period of the window that takes long, perhaps: then the information box says so.
+class clsTrabajo {
 public:
-    explicit clsProcesando(clsInformacion &informacion,
-                           const QString &strTexto = QStringLiteral("Procesando..."))
-        : m_informacion(informacion), m_strAntes(informacion.fDicho())
+    explicit clsTrabajo(const clsComun &comun, QString strTexto = QStringLiteral("Procesando..."))
+        : m_comun(comun), m_strTexto(std::move(strTexto)), m_ocupado(comun.ocupacion)
     {
-        m_informacion.fDecir(strTexto);
     }
-    ~clsProcesando() { m_informacion.fDecir(m_strAntes); }
-    clsProcesando(const clsProcesando &) = delete;
-    clsProcesando &operator=(const clsProcesando &) = delete;
+    ~clsTrabajo()
+    {
+        if (m_strAntes) {
+            m_comun.informacion.fDecir(*m_strAntes);
+        }
+    }
+    clsTrabajo(const clsTrabajo &) = delete;
+    clsTrabajo &operator=(const clsTrabajo &) = delete;
+
+    /// It takes long. Lets events run; false when Esc was pressed or the window is to close.
+    [[nodiscard]] bool fSeguir()
+    {
+        if (!m_strAntes) {
+            m_strAntes = m_comun.informacion.fDicho();
+            m_comun.informacion.fDecir(m_strTexto);
+        }
+        return m_comun.fSeguirSinEsc();
+    }
 
 private:
-    clsInformacion &m_informacion;
-    const QString m_strAntes;
+    const clsComun &m_comun;
+    const QString m_strTexto;
+    const clsOcupado m_ocupado;
+    std::optional<QString> m_strAntes; ///< what the box said before
 };
 
 /// Does a piece of work beside the window, which is busy meanwhile and answers whatever the disk
@@ -38,16 +52,10 @@ private:
 template <typename Hacer, typename... Textos>
 auto fAlLado(const clsComun &comun, Hacer fHacer, const Textos &...textos)
 {
-    const clsOcupado ocupado(comun.ocupacion);
-    std::optional<std::invoke_result_t<Hacer>> respuesta;
-    clsHilos hilos({.intHilos = 1, .intMaximo = 1});
-    const auto orden = hilos.fPedir(
-        std::move(fHacer), [&respuesta](auto suya) { respuesta.emplace(std::move(suya)); });
-    if (!hilos.fEsperar(orden, pausaRitmo)) { // what answers at once is not announced
-        const clsProcesando procesando(comun.informacion, textos...);
-        while (comun.fSeguirSinEsc() && !hilos.fEsperar(orden, pausaRitmo)) {
-        }
-    }
+    clsTrabajo trabajo(comun, textos...);
+    auto respuesta =
+        fHacerAparte([fHacer = std::move(fHacer)](const clsRecados &) { return fHacer(); },
+                     [&trabajo](const clsRecados &) { return trabajo.fSeguir(); });
     if (comun.estado.fCerrando()) {
         respuesta.reset();
     }

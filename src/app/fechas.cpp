@@ -8,11 +8,8 @@
 #include "shared/en_orden.h"
 #include "shared/errores.h"
 #include "shared/qtexto.h"
-#include "shared/recados.h"
 
-#include <atomic>
 #include <chrono>
-#include <memory>
 #include <optional>
 
 namespace {
@@ -58,14 +55,13 @@ void fBuscar(const clsComun &comun)
 /// @return whether all are there, and nobody has left.
 [[nodiscard]] bool fCargar(const clsComun &comun, std::vector<clsFile> &lstFicheros)
 {
-    const clsOcupado ocupado(comun.ocupacion);
+    clsTrabajo trabajo(comun);
     const clsFilas &filas = comun.estado.filas;
     const std::vector<int> lstPosiciones = fMarcadasOActual(comun.estado);
     const auto fPos = [&](int lngLugar) {
         return lstPosiciones[static_cast<std::size_t>(lngLugar)];
     };
     const auto lngCuantas = static_cast<int>(lstPosiciones.size());
-    std::optional<clsProcesando> procesando;
     clsRitmo ritmo;
     const bool bolTodas = fEnOrden(
         lngCuantas, intHilosUsuales,
@@ -86,77 +82,59 @@ void fBuscar(const clsComun &comun)
         },
         [&](int lngLugar) {
             return ritmo.fSeguir([&] {
-                if (!procesando) {
-                    procesando.emplace(comun.informacion);
-                }
                 comun.informacion.fLugar(lngLugar, lngCuantas);
-                return comun.fSeguirSinEsc();
+                return trabajo.fSeguir();
             });
         });
     comun.informacion.fLugar(comun.estado.lngActual, filas.fCantidad());
     return bolTodas && !comun.estado.fCerrando();
 }
 
-/// A correction under way. Its thread may outlive whoever waits for it.
+/// What became of a correction.
 struct clsObra {
+    clsFinCorreccion fin;
     std::vector<clsCorregido> lstFicheros;
-    std::atomic<int> lngHechos{0}; ///< files that are done
-    clsRecados recados;
 };
 
-/// Waits for a correction. What has been begun is done to its end, also when the window is to
-/// close; only when the disk does not answer nobody waits for that.
-void fEsperarObra(const clsComun &comun, clsHilos &hilos, const clsHilos::clsOrden &orden,
-                  clsObra &obra)
+/// Corrects files beside the window. What has been begun is done to its end, also when the window
+/// is to close; only when the disk does not answer nobody waits for that.
+[[nodiscard]] std::optional<clsObra>
+fHacerObra(const clsComun &comun, std::vector<clsCorregido> lstFicheros, clsFecha fecha)
 {
-    using Reloj = std::chrono::steady_clock;
     constexpr std::chrono::milliseconds paciencia(700);
-    std::optional<clsProcesando> procesando;
-    Reloj::time_point noticia = Reloj::now();
-    int lngHechos = 0;
-    while (!hilos.fEsperar(orden, pausaRitmo)) {
-        if (!procesando) {
-            procesando.emplace(comun.informacion);
-        }
-        const bool bolSeguir = comun.fSeguirSinEsc();
-        if (obra.recados.fAtender() || std::exchange(lngHechos, obra.lngHechos) != lngHechos) {
-            noticia = Reloj::now();
-        }
-        if (Reloj::now() - noticia < paciencia) {
+    clsTrabajo trabajo(comun);
+    return fHacerAparte(
+        [lstFicheros = std::move(lstFicheros), fecha, strRaiz = comun.archivo.strRaiz,
+         bolEscritura = comun.archivo.bolEscritura,
+         &mensajes = comun.mensajes](clsRecados &recados) {
+            const auto fFallo = [&](const std::string &strAviso) {
+                recados.fPedir([&] { mensajes.fAviso(Icono::Problema, strAviso); });
+            };
+            clsObra obra{{}, lstFicheros};
+            obra.fin = fCorregir(strRaiz, bolEscritura, obra.lstFicheros, fecha, fFallo,
+                                 [&recados] { recados.fDecir(); });
+            return obra;
+        },
+        [&](const clsRecados &recados) {
+            const bool bolSeguir = trabajo.fSeguir();
+            if (recados.fCallado(paciencia)) {
+                return bolSeguir;
+            }
             comun.estado.parada = comun.estado.fCerrando() ? Parada::Cierre : Parada::Ninguna;
-        } else if (!bolSeguir) {
-            return;
-        }
-    }
+            return true;
+        });
 }
 
-/// Corrects the files.
+/// Corrects the files and says what went wrong.
 /// @param lstFicheros what became of them; none when the disk does not answer and was left.
 /// @return false: nothing was done.
 [[nodiscard]] bool fAplicar(const clsComun &comun, std::vector<clsCorregido> &lstFicheros,
                             clsFecha fecha)
 {
     const clsOcupado ocupado(comun.ocupacion);
-    const auto obra = std::make_shared<clsObra>();
-    obra->lstFicheros = lstFicheros;
-    clsFinCorreccion fin;
-    clsHilos hilos({.intHilos = 1, .intMaximo = 1});
-    const auto orden = hilos.fPedir(
-        [obra, fecha, strRaiz = comun.archivo.strRaiz, bolEscritura = comun.archivo.bolEscritura,
-         &mensajes = comun.mensajes] {
-            const auto fFallo = [&](const std::string &strAviso) {
-                obra->recados.fPedir([&] { mensajes.fAviso(Icono::Problema, strAviso); });
-            };
-            return fCorregir(strRaiz, bolEscritura, obra->lstFicheros, fecha, fFallo,
-                             [&obra] { ++obra->lngHechos; });
-        },
-        [&](const clsFinCorreccion &suyo) {
-            fin = suyo;
-            lstFicheros = obra->lstFicheros;
-        });
-    lstFicheros.clear();
-    fEsperarObra(comun, hilos, orden, *obra);
-    obra->recados.fCerrar();
+    auto obra = fHacerObra(comun, std::move(lstFicheros), fecha).value_or(clsObra());
+    lstFicheros = std::move(obra.lstFicheros);
+    const clsFinCorreccion &fin = obra.fin;
     if (fin.correccion == Correccion::Ocupada) {
         fAvisarOcupada(comun.mensajes);
     } else if (const std::string strMotivo = fMotivoSinCatalogo(fin, lstFicheros);

@@ -1,10 +1,8 @@
 #include "catalogue/frmBusqueda.h"
 
 #include "shared/errores.h"
-#include "shared/hilos.h"
 #include "shared/qtexto.h"
 #include "shared/recados.h"
-#include "shared/ritmo.h"
 
 #include <QCloseEvent>
 #include <QElapsedTimer>
@@ -15,8 +13,6 @@
 #include <QVBoxLayout>
 
 #include <chrono>
-#include <memory>
-#include <mutex>
 #include <utility>
 
 namespace {
@@ -37,50 +33,27 @@ protected:
     }
 };
 
-} // namespace
-
-/// What the thread that builds has in common with the window. It may outlive that.
-class frmBusqueda::clsEnlace : public clsObservador {
+/// Passes on what the thread that builds tells.
+class clsMensajero : public clsObservador {
 public:
     /// @param fAviso shows an error in the window's thread.
-    explicit clsEnlace(std::function<void(clsError)> fAviso) : m_fAviso(std::move(fAviso)) {}
-
-    // On the thread that builds
-    void fCarpeta(const std::string &strCarpeta) override
+    clsMensajero(clsRecados &recados, const std::function<void(clsError)> &fAviso)
+        : m_recados(recados), m_fAviso(fAviso)
     {
-        const std::lock_guard guarda(m_cerrojo);
-        m_strCarpeta = strCarpeta;
-        m_noticia = Reloj::now();
     }
+    void fCarpeta(const std::string &strCarpeta) override { m_recados.fDecir(strCarpeta); }
     void fError(clsError error) override
     {
-        recados.fPedir([this, error] { m_fAviso(error); });
-        const std::lock_guard guarda(m_cerrojo);
-        m_noticia = Reloj::now();
+        m_recados.fPedir([&] { m_fAviso(error); });
     }
-    bool fSeguir() override { return !recados.fCerrados(); }
-
-    // In the window's thread
-    [[nodiscard]] std::string fCarpeta() const
-    {
-        const std::lock_guard guarda(m_cerrojo);
-        return m_strCarpeta;
-    }
-    [[nodiscard]] bool fCallado() const
-    {
-        constexpr std::chrono::seconds plazo(2);
-        const std::lock_guard guarda(m_cerrojo);
-        return Reloj::now() - m_noticia > plazo;
-    }
-    clsRecados recados;
+    bool fSeguir() override { return !m_recados.fCerrados(); }
 
 private:
-    using Reloj = std::chrono::steady_clock;
-    const std::function<void(clsError)> m_fAviso;
-    mutable std::mutex m_cerrojo;
-    std::string m_strCarpeta;
-    Reloj::time_point m_noticia = Reloj::now(); ///< when something was last heard of the disk
+    clsRecados &m_recados;
+    const std::function<void(clsError)> &m_fAviso;
 };
+
+} // namespace
 
 frmBusqueda::frmBusqueda(QWidget *padre, clsMensajes &mensajes, clsSeguirBusqueda fSeguir)
     : QDialog(padre), m_mensajes(mensajes), m_fSeguir(std::move(fSeguir)),
@@ -101,7 +74,7 @@ clsConstruccion frmBusqueda::fBuscar(const std::string &strRaiz)
     m_lblMsg->clear();
     show();
     const clsConstruccion construccion = fEsperarPintado()
-                                             ? fConstruirAlLado(strRaiz)
+                                             ? fConstruirAparte(strRaiz)
                                              : clsConstruccion{Construccion::Interrumpida, {}};
     hide();
     static_cast<void>(m_fSeguir(false));
@@ -123,26 +96,22 @@ bool frmBusqueda::fEsperarPintado()
     return bolSeguir;
 }
 
-clsConstruccion frmBusqueda::fConstruirAlLado(const std::string &strRaiz)
+clsConstruccion frmBusqueda::fConstruirAparte(const std::string &strRaiz)
 {
-    constexpr std::chrono::milliseconds paciencia(500); // with a thread that is to end
-    clsConstruccion construccion{Construccion::Interrumpida, {}};
-    const auto enlace = std::make_shared<clsEnlace>(
-        [this](clsError error) { m_mensajes.fAvisoEnSerie(fTextoError(error)); });
-    clsHilos hilos({.intHilos = 1, .intMaximo = 1});
-    const auto orden = hilos.fPedir([enlace, strRaiz] { return fConstruir(strRaiz, *enlace); },
-                                    [&](clsConstruccion suya) { construccion = suya; });
-    bool bolSeguir = true;
-    while (bolSeguir && !hilos.fEsperar(orden, pausaRitmo)) {
-        m_lblMsg->setText(fQPantalla(enlace->fCarpeta()));
-        enlace->recados.fAtender();
-        bolSeguir = m_fSeguir(enlace->fCallado());
-    }
-    enlace->recados.fCerrar();
-    if (!bolSeguir) {
-        static_cast<void>(hilos.fEsperar(orden, paciencia));
-    }
-    return construccion;
+    static constexpr std::chrono::seconds paciencia(2);
+    const std::function<void(clsError)> fAviso = [&mensajes = m_mensajes](clsError error) {
+        mensajes.fAvisoEnSerie(fTextoError(error));
+    };
+    return fHacerAparte(
+               [fAviso, strRaiz](clsRecados &recados) {
+                   clsMensajero mensajero(recados, fAviso);
+                   return fConstruir(strRaiz, mensajero);
+               },
+               [this](const clsRecados &recados) {
+                   m_lblMsg->setText(fQPantalla(recados.fDicho()));
+                   return m_fSeguir(recados.fCallado(paciencia));
+               })
+        .value_or(clsConstruccion{Construccion::Interrumpida, {}});
 }
 
 void frmBusqueda::closeEvent(QCloseEvent *evento) { evento->ignore(); }

@@ -33,9 +33,8 @@ protected:
     void paintEvent(QPaintEvent *evento) override;
 
 private:
-    class clsEnlace;
     [[nodiscard]] bool fEsperarPintado();
-    [[nodiscard]] clsConstruccion fConstruirAlLado(const std::string &strRaiz);
+    [[nodiscard]] clsConstruccion fConstruirAparte(const std::string &strRaiz);
 
     clsMensajes &m_mensajes;
     clsSeguirBusqueda m_fSeguir;

@@ -7,8 +7,10 @@
 
 #include <atomic>
 #include <cerrno>
+#include <future>
 #include <memory>
 #include <numeric>
+#include <string>
 #include <thread>
 #include <vector>
 
@@ -249,26 +251,42 @@ TEST_F(Hilos, WithoutAThreadTheAskerWorksAndIsToldOnce)
 
 TEST(Recados, AreDoneInTheAskersThreadUntilNobodyAttends)
 {
-    const auto recados = std::make_shared<clsRecados>();
-    std::vector<std::thread::id> lstDonde;
-    bool bolFin = false;
-    clsHilos hilos({.intHilos = 1, .intMaximo = 1});
-    const auto orden = hilos.fPedir(
-        [recados, &lstDonde] {
-            while (!recados->fCerrados()) {
-                recados->fPedir([&lstDonde] { lstDonde.push_back(std::this_thread::get_id()); });
+    static std::vector<std::thread::id> lstDonde; // the thread may outlive this
+    lstDonde.clear();
+    const auto fin = std::make_shared<std::promise<void>>();
+    const auto respuesta = fHacerAparte(
+        [fin](clsRecados &recados) {
+            while (!recados.fCerrados()) {
+                recados.fPedir([] { lstDonde.push_back(std::this_thread::get_id()); });
             }
+            fin->set_value(); // the one that waits is not left waiting
             return true;
         },
-        [&bolFin](bool bolSuyo) { bolFin = bolSuyo; });
-    while (lstDonde.size() < 3) {
-        recados->fAtender();
-    }
-    EXPECT_EQ(lstDonde, std::vector(3, std::this_thread::get_id()));
-    recados->fCerrar(); // the one that waits is not left waiting
-    EXPECT_TRUE(hilos.fEsperar(orden, lngDeSobra));
-    EXPECT_TRUE(bolFin);
-    EXPECT_EQ(lstDonde.size(), 3U);
+        [](const clsRecados & /*recados*/) { return lstDonde.size() < 2; });
+    EXPECT_FALSE(respuesta);
+    EXPECT_EQ(fin->get_future().wait_for(lngDeSobra), std::future_status::ready);
+    EXPECT_EQ(lstDonde, std::vector(2, std::this_thread::get_id()));
+}
+
+TEST(Recados, TellHowFarTheWorkHasComeAndWhetherItGetsOn)
+{
+    std::vector<std::string> lstDichos;
+    const auto respuesta = fHacerAparte(
+        [](clsRecados &recados) {
+            recados.fDecir("a");
+            while (recados.fDicho() == "a") { // until that was seen
+            }
+            return 7;
+        },
+        [&](clsRecados &recados) {
+            lstDichos.push_back(recados.fDicho());
+            EXPECT_FALSE(recados.fCallado(lngDeSobra));
+            EXPECT_TRUE(recados.fCallado(std::chrono::milliseconds(-1)));
+            recados.fDecir("b");
+            return true;
+        });
+    EXPECT_EQ(respuesta, 7);
+    EXPECT_EQ(lstDichos.at(0), "a");
 }
 
 } // namespace
