@@ -130,11 +130,13 @@ lista. Para revisar la lista entera, ve antes al último archivo. La búsqueda s
 Con la tecla 'W' corriges la fecha del archivo si es incorrecta; con Shift+'W', aunque no lo sea.
 Elige una de las fechas que se te ofrecen o escribe otra, y pulsa 'Cambiar y quedarse', que sigue
 mostrando el archivo corregido, o 'Cambiar y moverse', que continúa con el siguiente. El archivo
-recibe la nueva fecha, que se añade también delante de su nombre, y la lista se actualiza. En la
-carpeta raíz queda una copia del 'Miravel.dat' anterior.
+recibe la nueva fecha y cambia de nombre: la fecha se añade delante del que tenía. La lista se
+actualiza, y en la carpeta raíz queda una copia del 'Miravel.dat' anterior.
 
-Si has seleccionado varios archivos, todos reciben la misma fecha. En ese caso, 'W' solo actúa si
-no es correcta la de ninguno de ellos; Shift+'W' actúa siempre.
+Si has seleccionado varios archivos, todos reciben la misma fecha, y como esa fecha está desde
+entonces en su nombre, la de todos ellos se considera correcta, aunque se hicieran en días
+distintos. En ese caso, 'W' solo actúa si no es correcta la de ninguno de ellos; Shift+'W' actúa
+siempre.
 
 # Otras opciones
 
