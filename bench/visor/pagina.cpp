@@ -107,7 +107,8 @@ int main(int intArgumentos, char **lstArgumentos)
     const std::string strRaiz = std::string(lstArgumentos[1]) + '/';
     clsCallado mensajes;
     clsAjustes ajustes(strRaiz + "Miravel.ini", false);
-    frmMain ventana({strRaiz, true, {}}, ajustes, mensajes);
+    clsAjustes escritorio({}, false);
+    frmMain ventana({strRaiz, true, {}}, ajustes, escritorio, mensajes);
     ventana.fIniciar();
     constexpr int intReposo = 2000;
     fDescansar(intReposo);

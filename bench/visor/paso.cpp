@@ -45,7 +45,8 @@ int main(int intArgumentos, char **lstArgumentos)
     const std::string strRaiz = std::string(lstArgumentos[1]) + '/';
     clsCallado mensajes;
     clsAjustes ajustes(strRaiz + "Miravel.ini", false);
-    frmMain ventana({strRaiz, true, {}}, ajustes, mensajes);
+    clsAjustes escritorio({}, false);
+    frmMain ventana({strRaiz, true, {}}, ajustes, escritorio, mensajes);
     ventana.setMinimumSize(1800, 1100); // a frame of about 1600 x 1000
     ventana.fIniciar();
     constexpr int intReposo = 1500; // enough to decode two neighbours

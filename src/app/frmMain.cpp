@@ -3,6 +3,7 @@
 #include "app/informacion.h"
 #include "app/menus.h"
 #include "app/puerta.h"
+#include "app/sitio_ventana.h"
 #include "browse/seleccion.h"
 #include "catalogue/cotejo.h"
 #include "catalogue/lstFotos.h"
@@ -20,6 +21,7 @@
 
 #include <QApplication>
 #include <QCloseEvent>
+#include <QElapsedTimer>
 #include <QEventLoop>
 #include <QHeaderView>
 #include <QMenu>
@@ -27,6 +29,7 @@
 #include <QScopedValueRollback>
 #include <QScreen>
 #include <QToolBar>
+#include <QWindow>
 
 #include <algorithm>
 #include <memory>
@@ -58,9 +61,10 @@ void fCederEventos(int intMs = 0)
 
 } // namespace
 
-frmMain::frmMain(clsArchivo archivo, clsAjustes &ajustes, clsMensajes &mensajes)
-    : m_archivo(std::move(archivo)), m_ajustes(ajustes), m_mensajes(mensajes),
-      m_ocupacion([this] { fAlOcupar(); }, [this] { fAlLiberar(); }),
+frmMain::frmMain(clsArchivo archivo, clsAjustes &ajustes, clsAjustes &escritorio,
+                 clsMensajes &mensajes)
+    : m_archivo(std::move(archivo)), m_ajustes(ajustes), m_escritorio(escritorio),
+      m_mensajes(mensajes), m_ocupacion([this] { fAlOcupar(); }, [this] { fAlLiberar(); }),
       m_lngAncho(m_archivo.preferencias.lngAncho), m_cliente(new QWidget(this)),
       m_modelo(new clsModeloFotos(m_estado.filas, fSignosLocales(), this)),
       m_lista(new lstFotos(m_cliente)), m_visor(new clsVisor(m_cliente)),
@@ -183,8 +187,8 @@ void frmMain::fMostrarEstado() { ::fMostrarEstado(*this, m_estado); }
 
 void frmMain::fIniciar()
 {
-    setGeometry(screen()->availableGeometry());
-    showMaximized();
+    fPonerEnSitio(*this, m_escritorio);
+    show();
     QTimer::singleShot(0, this, [this] {
         fContarElBaul(m_comun);
         fLlenarLista(false, m_ajustes.fLeerIni(strSeccionGeneral, "SELEC", ""));
@@ -220,12 +224,29 @@ void frmMain::closeEvent(QCloseEvent *evento)
     // Whatever runs sees this at its next yield and unwinds; then the window closes.
     m_estado.parada = Parada::Cierre;
     evento->setAccepted(!m_estado.bolOcupado);
+    if (evento->isAccepted()) {
+        fGuardarSitio(*this, m_escritorio);
+    }
     for (QMessageBox *const caja : findChildren<QMessageBox *>()) {
         caja->reject(); // those that are not modal, since beside others no window can be closed
     }
 }
 
 // --- Layout ---
+
+/// Waits until the window stands on the screen, maximised and with its frame: what is drawn before
+/// is drawn twice. Not for long, since a window can also start minimised.
+void frmMain::fEsperarVentana()
+{
+    constexpr qint64 lngPaciencia = 500; // milliseconds
+    QElapsedTimer espera;
+    espera.start();
+    while (!m_bolDispuesta && !windowHandle()->isExposed() && !m_estado.fCerrando() &&
+           !espera.hasExpired(lngPaciencia)) {
+        fCederEventos(static_cast<int>(lngPaciencia));
+    }
+    m_bolDispuesta = true;
+}
 
 void frmMain::showEvent(QShowEvent *evento)
 {
@@ -251,7 +272,11 @@ void frmMain::fRedimensionar()
     const int intAlto = fNoNegativo(m_cliente->height() - m_lista->y());
     m_lista->resize(m_lista->width(), intAlto);
     m_visor->fAltura(intAlto);
-    m_Timer1.start();
+    if (m_bolDispuesta) {
+        m_Timer1.start();
+    } else {
+        fDisponerPanel(); // nothing is drawn yet that would have to be drawn again
+    }
 }
 
 void frmMain::fTemporizador()
@@ -340,6 +365,7 @@ void frmMain::fLlenarLista(bool bolForzar, const std::string &strRuta)
     m_modelo->fRellenar([&](clsFilas & /*filas*/) { antes = fEmpezarLista(m_estado); });
     m_lista->fAnchosIniciales();
     const auto mudanza = fCargarCatalogo(m_comun, bolForzar);
+    fEsperarVentana();
     if (!mudanza && !m_estado.fCerrando()) { // nobody waits any longer: what was listed stays so
         m_modelo->fRellenar(
             [&](clsFilas & /*filas*/) { fEmpezarLista(m_estado, std::move(antes)); });

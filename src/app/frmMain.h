@@ -20,7 +20,8 @@ class QToolBar;
 class frmMain : public QMainWindow {
     Q_OBJECT
 public:
-    frmMain(clsArchivo archivo, clsAjustes &ajustes, clsMensajes &mensajes);
+    /// @param escritorio what is remembered for the desktop, see escritorio.h.
+    frmMain(clsArchivo archivo, clsAjustes &ajustes, clsAjustes &escritorio, clsMensajes &mensajes);
     ~frmMain() override;
 
     /// Shows the window and, as soon as events run, fills the list.
@@ -48,6 +49,7 @@ private:
     void fAlLiberar();
 
     // Layout
+    void fEsperarVentana();
     void fRedimensionar();
     void fDisponerPanel();
     void fTemporizador();
@@ -73,11 +75,13 @@ private:
 
     const clsArchivo m_archivo;
     clsAjustes &m_ajustes;
+    clsAjustes &m_escritorio;
     clsMensajes &m_mensajes;
     clsEstado m_estado;
     clsOcupacion m_ocupacion;
     clsMandos m_mandos{m_estado};
     bool m_bolGuardarSelec = false; ///< the current file is still to be stored
+    bool m_bolDispuesta = false;    ///< the window has its size, so that pictures can be drawn
     bool m_bolDobleClic = false;    ///< a row was double-clicked while it was being shown
 
     int m_lngAncho;       ///< panel width in twips

@@ -1,5 +1,6 @@
 #include "app/aplicacion.h"
 #include "app/arranque.h"
+#include "app/escritorio.h"
 #include "app/frmMain.h"
 #include "app/mensajes_qt.h"
 #include "shared/ajustes.h"
@@ -74,7 +75,9 @@ int main(int intArgumentos, char **lstArgumentos)
                                             "'.");
         return intSalidaMal;
     }
-    frmMain ventana({strRaiz, bolEscritura, preferencias}, ajustes, mensajes);
+    const std::string strEscritorio = fFicheroEscritorio();
+    clsAjustes escritorio(strEscritorio, !strEscritorio.empty());
+    frmMain ventana({strRaiz, bolEscritura, preferencias}, ajustes, escritorio, mensajes);
     ventana.fIniciar();
     return QApplication::exec();
 }

@@ -86,6 +86,15 @@ clsError fCrearCarpeta(const std::string &strRuta)
     return fLlamadas().fCrearCarpeta(strRuta.c_str(), S_IRWXU) == 0 ? 0 : errno;
 }
 
+bool fAsegurarCarpeta(const std::string &strRuta)
+{
+    for (std::size_t lng = strRuta.find('/', 1); lng != std::string::npos;
+         lng = strRuta.find('/', lng + 1)) {
+        fCrearCarpeta(strRuta.substr(0, lng));
+    }
+    return fExisteCarpeta(strRuta);
+}
+
 clsError fBorrarEn(const clsDescriptor &carpeta, const std::string &strNombre)
 {
     return fLlamadas().fBorrar(carpeta.fFd(), strNombre.c_str(), 0) == 0 ? 0 : errno;

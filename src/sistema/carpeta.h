@@ -33,6 +33,9 @@ struct clsEntradaCarpeta {
 /// Makes a folder, for the user alone.
 clsError fCrearCarpeta(const std::string &strRuta);
 
+/// Makes a folder and those above it, for the user alone; whether it is there.
+[[nodiscard]] bool fAsegurarCarpeta(const std::string &strRuta);
+
 /// Deletes a file or a link by its name in an open folder.
 clsError fBorrarEn(const clsDescriptor &carpeta, const std::string &strNombre);
 

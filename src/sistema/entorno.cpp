@@ -27,6 +27,17 @@ std::string fConBarra(const std::string &strRuta)
     return strRuta.ends_with('/') ? strRuta : strRuta + '/';
 }
 
+// freedesktop Base Directory standard; as there, a relative path counts as none.
+std::string fCarpetaDelUsuario(const char *strVariable, const char *strEnCasa)
+{
+    const std::string strSuya = fVariable(strVariable, "");
+    if (fEsAbsoluta(strSuya)) {
+        return fConBarra(strSuya);
+    }
+    const std::string strCasa = fVariable("HOME", "");
+    return fEsAbsoluta(strCasa) ? fConBarra(strCasa) + strEnCasa : std::string();
+}
+
 } // namespace
 
 std::string fCarpetaPrograma()
@@ -48,16 +59,9 @@ std::string fRutaTemporal()
     return fConBarra(fEsAbsoluta(strVariable) ? strVariable : "/tmp");
 }
 
-// In these two a relative path counts as none (freedesktop Base Directory standard).
-std::string fCarpetaCache()
-{
-    const std::string strCache = fVariable("XDG_CACHE_HOME", "");
-    if (fEsAbsoluta(strCache)) {
-        return fConBarra(strCache);
-    }
-    const std::string strCasa = fVariable("HOME", "");
-    return fEsAbsoluta(strCasa) ? fConBarra(strCasa) + ".cache/" : std::string();
-}
+std::string fCarpetaCache() { return fCarpetaDelUsuario("XDG_CACHE_HOME", ".cache/"); }
+
+std::string fCarpetaEstado() { return fCarpetaDelUsuario("XDG_STATE_HOME", ".local/state/"); }
 
 std::vector<std::string> fCarpetasDatos()
 {

@@ -16,6 +16,10 @@
 /// The folder for what can be made anew, with a trailing "/"; empty when the user has none.
 [[nodiscard]] std::string fCarpetaCache();
 
+/// The folder for what programs remember between starts, with a trailing "/"; empty when the user
+/// has none.
+[[nodiscard]] std::string fCarpetaEstado();
+
 /// The folders in which desktops keep data, with a trailing "/", the user's own first.
 [[nodiscard]] std::vector<std::string> fCarpetasDatos();
 

@@ -101,16 +101,6 @@ QByteArray fPng(const QImage &imagen, const clsTextos &lstTextos)
     return datPng.insert(lngTrasCabecera, datTrozos);
 }
 
-/// Makes a folder and those above it, for the user alone; whether it is there.
-bool fAsegurar(const std::string &strCarpeta)
-{
-    for (std::size_t lng = strCarpeta.find('/', 1); lng != std::string::npos;
-         lng = strCarpeta.find('/', lng + 1)) {
-        fCrearCarpeta(strCarpeta.substr(0, lng));
-    }
-    return fExisteCarpeta(strCarpeta);
-}
-
 /// Puts an entry in its place, whole, readable by the user alone. Not flushed: one that a power cut
 /// spoils is not valid, and is made again.
 /// @param lstMas keys and values besides those that say which file it belongs to.
@@ -125,7 +115,7 @@ void fPonerEntrada(const std::string &strCarpeta, const std::string &strRuta,
         {"Software",     "Miravel"                             }
     };
     const QByteArray datPng = fPng(imagen, lstTextos + lstMas);
-    if (datPng.isEmpty() || !fAsegurar(strCarpeta)) {
+    if (datPng.isEmpty() || !fAsegurarCarpeta(strCarpeta)) {
         return;
     }
     constexpr unsigned lngPropios = 0600;

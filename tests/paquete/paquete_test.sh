@@ -107,7 +107,7 @@ fPruebaRemove() {
 
 fServidor || exit 1
 fEntorno
-unset XDG_CONFIG_HOME XDG_CACHE_HOME XDG_DATA_HOME
+unset XDG_CONFIG_HOME XDG_CACHE_HOME XDG_STATE_HOME XDG_DATA_HOME
 for strUna in fPruebaInstall fPruebaMenuEntry fPruebaStart fPruebaRemove; do
     fProbar "$strUna"
 done

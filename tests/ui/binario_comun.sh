@@ -92,7 +92,7 @@ FIN
     export ABIERTOS=$carpeta/abiertos
     export PATH=$carpeta/bin:$PATH
     export HOME=$carpeta/casa XDG_RUNTIME_DIR=$carpeta/ejecucion
-    export TMPDIR=$carpeta/temporal XDG_CACHE_HOME=$carpeta/cache
+    export TMPDIR=$carpeta/temporal XDG_CACHE_HOME=$carpeta/cache XDG_STATE_HOME=$carpeta/estado
     export QT_QPA_PLATFORM=xcb LC_ALL=C.UTF-8 TZ=Europe/Madrid
     # What system libraries keep to the end is no business of a sanitizer.
     export ASAN_OPTIONS=detect_leaks=0

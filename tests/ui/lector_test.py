@@ -21,7 +21,7 @@ def f_aislar():
                    MIRAVEL_LECTOR=carpeta, QT_QPA_PLATFORM="xcb", LC_ALL="C.UTF-8",
                    QT_LINUX_ACCESSIBILITY_ALWAYS_ON="1", NO_AT_BRIDGE="1",
                    ASAN_OPTIONS="detect_leaks=0")
-    for clave in ("XDG_CONFIG_HOME", "XDG_CACHE_HOME", "QT_QPA_PLATFORMTHEME", "QT_SCALE_FACTOR"):
+    for clave in ("XDG_CONFIG_HOME", "XDG_CACHE_HOME", "XDG_STATE_HOME", "QT_QPA_PLATFORMTHEME", "QT_SCALE_FACTOR"):
         entorno.pop(clave, None)
     lee, escribe = os.pipe()
     xvfb = subprocess.Popen(["Xvfb", "-displayfd", str(escribe), "-screen", "0", "1280x900x24",

@@ -168,20 +168,23 @@ std::string clsAbridor::fAbierto() const
 
 // --- clsSesion ---
 
-clsSesion::clsSesion(std::shared_ptr<const clsArbol> deQuien, bool bolEscritura)
+clsSesion::clsSesion(std::shared_ptr<const clsArbol> deQuien, bool bolEscritura,
+                     const std::string &strEscritorio)
     : arbol(std::move(deQuien)), ajustes(arbol->fRuta("Miravel.ini"), bolEscritura),
+      escritorio(strEscritorio, !strEscritorio.empty()),
       ventana(std::make_unique<frmMain>(clsArchivo{arbol->fRaiz(), bolEscritura, fPreferencias()},
-                                        ajustes, mensajes))
+                                        ajustes, escritorio, mensajes))
 {
 }
 
-clsSesion::clsSesion(const clsArbol &deQuien, bool bolEscritura)
-    : clsSesion(std::shared_ptr<const clsArbol>(std::shared_ptr<void>(), &deQuien), bolEscritura)
+clsSesion::clsSesion(const clsArbol &deQuien, bool bolEscritura, const std::string &strEscritorio)
+    : clsSesion(std::shared_ptr<const clsArbol>(std::shared_ptr<void>(), &deQuien), bolEscritura,
+                strEscritorio)
 {
 }
 
 clsSesion::clsSesion(const std::vector<std::pair<std::string, std::string>> &lstFicheros)
-    : clsSesion(std::make_shared<const clsArbol>(), true)
+    : clsSesion(std::make_shared<const clsArbol>(), true, {})
 {
     std::time_t lngFecha = fMomento("2001-01-01 00:00:00");
     for (const auto &[strNombre, strBytes] : lstFicheros) {

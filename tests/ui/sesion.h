@@ -75,6 +75,26 @@ private:
     bool m_bolHecho = false;
 };
 
+/// Counts how often the program resized a control, hid it and so on.
+class clsContador : public QObject {
+public:
+    clsContador(QObject *objeto, QEvent::Type tipo) : m_tipo(tipo)
+    {
+        objeto->installEventFilter(this);
+    }
+    int intVeces = 0;
+
+protected:
+    bool eventFilter(QObject *, QEvent *evento) override
+    {
+        intVeces += evento->type() == m_tipo && !evento->spontaneous() ? 1 : 0;
+        return false;
+    }
+
+private:
+    QEvent::Type m_tipo;
+};
+
 /// Does something in the dialog of that name, once it is open.
 [[nodiscard]] clsCuando fEnDialogo(const char *strNombre,
                                    const std::function<void(QDialog &)> &fHacer);
@@ -98,7 +118,9 @@ private:
 /// One run of the program on an archive: from the settings to the end of the main window.
 class clsSesion {
 public:
-    explicit clsSesion(const clsArbol &arbol, bool bolEscritura = true);
+    /// @param strEscritorio the file of what the desktop remembers; empty: it remembers nothing.
+    explicit clsSesion(const clsArbol &arbol, bool bolEscritura = true,
+                       const std::string &strEscritorio = {});
     /// On an archive of its own with these files, name and bytes, a year each from 2001 on.
     explicit clsSesion(const std::vector<std::pair<std::string, std::string>> &lstFicheros);
 
@@ -149,10 +171,12 @@ public:
     const std::shared_ptr<const clsArbol> arbol;
     clsMensajesGuion mensajes;
     clsAjustes ajustes;
+    clsAjustes escritorio;
     std::unique_ptr<frmMain> ventana;
 
 private:
-    clsSesion(std::shared_ptr<const clsArbol> deQuien, bool bolEscritura);
+    clsSesion(std::shared_ptr<const clsArbol> deQuien, bool bolEscritura,
+              const std::string &strEscritorio);
     [[nodiscard]] QPoint fEnVentana(const QWidget *control, QPoint punto) const;
     [[nodiscard]] clsPreferencias fPreferencias();
     [[nodiscard]] bool fEsperarDisposicion();

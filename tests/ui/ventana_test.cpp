@@ -15,26 +15,6 @@
 
 namespace {
 
-/// Counts how often the program resized a control, hid it and so on.
-class clsContador : public QObject {
-public:
-    clsContador(QObject *objeto, QEvent::Type tipo) : m_tipo(tipo)
-    {
-        objeto->installEventFilter(this);
-    }
-    int intVeces = 0;
-
-protected:
-    bool eventFilter(QObject *, QEvent *evento) override
-    {
-        intVeces += evento->type() == m_tipo && !evento->spontaneous() ? 1 : 0;
-        return false;
-    }
-
-private:
-    QEvent::Type m_tipo;
-};
-
 /// One line per entry: name, caption, "off" when it cannot be chosen; "-" for a separator.
 QStringList fEntradas(const QMenu &menu)
 {
