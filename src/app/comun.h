@@ -74,7 +74,7 @@ void fAtenderProgramas(const clsComun &comun, clsMandos &mandos);
 /// Say why the catalogue is not written: another Miravel works on it; or the reason given.
 void fAvisarOcupada(clsMensajes &mensajes);
 void fAvisarSinCatalogo(clsMensajes &mensajes, const std::string &strMotivo);
-/// Counts the files in the Baúl.
+/// Counts the files in the Baúl, and shows what the state has become.
 void fContarElBaul(const clsComun &comun);
 /// Opens the current file with its default program.
 void fAbrirArchivo(const clsComun &comun);

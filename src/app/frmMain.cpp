@@ -190,7 +190,6 @@ void frmMain::fIniciar()
     fPonerEnSitio(*this, m_escritorio);
     show();
     QTimer::singleShot(0, this, [this] {
-        fContarElBaul(m_comun);
         fLlenarLista(false, m_ajustes.fLeerIni(strSeccionGeneral, "SELEC", ""));
     });
 }
@@ -370,7 +369,7 @@ void frmMain::fLlenarLista(bool bolForzar, const std::string &strRuta)
         m_modelo->fRellenar(
             [&](clsFilas & /*filas*/) { fEmpezarLista(m_estado, std::move(antes)); });
     }
-    fMostrarEstado();
+    fContarElBaul(m_comun);
     if (m_estado.fCerrando()) {
         return;
     }

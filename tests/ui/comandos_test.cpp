@@ -229,6 +229,15 @@ private slots:
         QVERIFY(rmdir((fBaul() + "mias").c_str()) == 0);
     }
 
+    void fEveryFillOfTheListCountsTheBaulAnew()
+    {
+        m_sesion->fTecla(Qt::Key_A);
+        QCOMPARE(fTituloBaul(), QString("Baúl (1)"));
+        QVERIFY(QFile::remove(QString::fromStdString(fBaul() + "2008.12.31.uno.jpg")));
+        m_sesion->fElegirEntrada("mnuOpcionesFotosVideos0");
+        QCOMPARE(fTituloBaul(), QString("Baúl (0)"));
+    }
+
     void fABaulThatCannotBeIsSaid()
     {
         const QByteArray strAntes = qgetenv("TMPDIR");
