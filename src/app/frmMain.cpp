@@ -111,7 +111,7 @@ clsComun frmMain::fComun()
         m_ocupacion,
         *m_informacion,
         [this](int lngPos) { fMostrarArchivo(lngPos); },
-        [this] { m_visor->fVaciar(); },
+        [this] { fVaciarPanel(); },
         [this](bool bolForzar, const std::string &strRuta) { fLlenarLista(bolForzar, strRuta); },
         [this] { fMostrarEstado(); },
         [this] {
@@ -310,6 +310,12 @@ void frmMain::fDisponerPanel()
     m_informacion->fDisponer(sitio.lngInfo3 / intTwipsPixel);
 }
 
+void frmMain::fVaciarPanel()
+{
+    m_visor->fVaciar();
+    m_miniaturas->fVaciar();
+}
+
 void frmMain::fFijarAncho(int lngTwips)
 {
     m_lngAncho =
@@ -358,8 +364,7 @@ void frmMain::fLlenarLista(bool bolForzar, const std::string &strRuta)
 {
     const clsOcupado ocupado(m_ocupacion);
     m_informacion->fDecir(QStringLiteral("Analizando..."));
-    m_visor->fVaciar();
-    m_miniaturas->fVaciar();
+    fVaciarPanel();
     clsLista antes;
     m_modelo->fRellenar([&](clsFilas & /*filas*/) { antes = fEmpezarLista(m_estado); });
     m_lista->fAnchosIniciales();

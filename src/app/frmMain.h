@@ -52,6 +52,7 @@ private:
     void fEsperarVentana();
     void fRedimensionar();
     void fDisponerPanel();
+    void fVaciarPanel();
     void fTemporizador();
     void fFijarAncho(int lngTwips);
     void fFijarModo(bool bolMiniaturas);

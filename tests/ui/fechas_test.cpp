@@ -84,6 +84,23 @@ private slots:
         QCOMPARE(m_sesion->mensajes.fDichos(), QStringList());
     }
 
+    void fTheSearchClearsThePageAndShowsItAgain()
+    {
+        m_sesion->fTecla(Qt::Key_M);
+        QTRY_VERIFY(m_sesion->fControl("cmdMini3")->isVisible());
+        const clsCuando cuando([] { return QApplication::overrideCursor() != nullptr; },
+                               [&] {
+                                   for (const char *const strCelda : {"cmdMini0", "cmdMini3"}) {
+                                       QVERIFY(!m_sesion->fControl(strCelda)->isVisible());
+                                   }
+                               });
+        m_sesion->fTecla(Qt::Key_E);
+        QVERIFY(cuando.fHecho());
+        for (const char *const strCelda : {"cmdMini0", "cmdMini3"}) {
+            QVERIFY(m_sesion->fControl(strCelda)->isVisible());
+        }
+    }
+
     void fEscEndsTheSearch()
     {
         m_sesion->fTecla(Qt::Key_F12, Qt::ShiftModifier);
