@@ -1,6 +1,5 @@
 #include "dates/clsFile.h"
 
-#include "dates/exif_fecha.h"
 #include "shared/rutas.h"
 #include "sistema/archivo.h"
 
@@ -19,21 +18,26 @@ std::int64_t fUnidades(clsFecha fecha, std::int64_t lngUnidad)
     return fecha.lngSegundos / lngUnidad - (lngResto < 0 ? 1 : 0);
 }
 
-/// Deliberate: exactly one hour apart, seconds dropped, still agrees.
-bool fCoincideExif(clsFecha datFile, clsFecha datExif)
-{
-    return datExif.fHay() &&
-           std::abs(fUnidades(datFile, 60) - fUnidades(datExif, 60)) <= lngMinutosHolgura;
-}
-
-bool fCoincideNombre(clsFecha datFile, clsFecha datNombre)
-{
-    return datNombre.fHay() && fUnidades(datFile, 86400) == fUnidades(datNombre, 86400);
-}
-
 clsFecha fFechaDe(const clsHuella &huella) { return fFechaLocal(huella.lngSegundos); }
 
 } // namespace
+
+bool fMismaHora(clsFecha datFile, clsFecha datOtra)
+{
+    return datOtra.fHay() &&
+           std::abs(fUnidades(datFile, 60) - fUnidades(datOtra, 60)) <= lngMinutosHolgura;
+}
+
+bool fMismoDia(clsFecha datFile, clsFecha datOtra)
+{
+    return datOtra.fHay() && fUnidades(datFile, 86400) == fUnidades(datOtra, 86400);
+}
+
+bool fCorrecta(clsFecha datFile, const clsFechasExif &exif, const clsFechasNombre &nombre)
+{
+    return fMismaHora(datFile, exif.fMejor()) || fMismoDia(datFile, nombre.datAnoPrimero) ||
+           fMismoDia(datFile, nombre.datDiaPrimero);
+}
 
 clsFechasNombre fFechasDeNombre(std::string_view strNombre)
 {
@@ -54,9 +58,7 @@ void clsFile::fCargar(const std::string &strRuta)
     if (const auto archivo = fAbrirRegular(strRuta)) {
         huella = archivo->huella;
         clsOrigenArchivo origen(*archivo);
-        const clsFechasExif fechas = fLeerFechasExif(origen);
-        file.m_datExifFecha = fechas.datFecha;
-        file.m_datExifTomada = fechas.datTomada;
+        file.m_exif = fLeerFechasExif(origen);
     } else if (const auto cerrado = fHuella(strRuta)) {
         huella = *cerrado; // It exists and may not be read: no EXIF dates.
     } else {
@@ -68,19 +70,12 @@ void clsFile::fCargar(const std::string &strRuta)
     const clsFechasNombre nombre = fFechasDeNombre(fNombreDe(strRuta));
     file.m_datNombre1 = nombre.datAnoPrimero;
     file.m_datNombre2 = nombre.datDiaPrimero;
-    file.m_bolExifCoincide = fCoincideExif(file.m_datFile, file.datExif());
-    file.m_bolNombreCoincide = fCoincideNombre(file.m_datFile, file.m_datNombre1) ||
-                               fCoincideNombre(file.m_datFile, file.m_datNombre2);
+    file.m_bolFechaCorrecta = fCorrecta(file.m_datFile, file.m_exif, nombre);
     file.m_bolDatos = true;
     *this = std::move(file);
 }
 
 std::string clsFile::strFileName() const { return std::string(fNombreDe(m_strFilePath)); }
-
-clsFecha clsFile::datExif() const
-{
-    return m_datExifTomada.fHay() ? m_datExifTomada : m_datExifFecha;
-}
 
 bool fFechaCorrecta(const std::string &strRuta)
 {

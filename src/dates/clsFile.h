@@ -1,6 +1,6 @@
 #pragma once
 
-#include "shared/fecha.h"
+#include "dates/exif_fecha.h"
 
 #include <string>
 #include <string_view>
@@ -16,6 +16,18 @@ struct clsFechasNombre {
 /// count too. Only 0 to 9 are digits.
 [[nodiscard]] clsFechasNombre fFechasDeNombre(std::string_view strNombre);
 
+/// Whether a file's date agrees with another one, if that is there: both cut to the minute, at most
+/// an hour apart. Deliberate: exactly one hour apart still agrees.
+[[nodiscard]] bool fMismaHora(clsFecha datFile, clsFecha datOtra);
+
+/// Whether a file's date is of the day of another one, if that is there.
+[[nodiscard]] bool fMismoDia(clsFecha datFile, clsFecha datOtra);
+
+/// The verdict: whether a file's date agrees with the EXIF date (to one hour) or with a date of its
+/// name (to the day). False when there is no such date.
+[[nodiscard]] bool fCorrecta(clsFecha datFile, const clsFechasExif &exif,
+                             const clsFechasNombre &nombre);
+
 /// One media file and all its dates: that of the file, those in the photo, those in the name; and
 /// whether the file's own date agrees with one of the others. Loading has no state outside the
 /// record, so worker threads may load records of their own.
@@ -27,9 +39,8 @@ public:
     void fCargar(const std::string &strRuta);
 
     [[nodiscard]] bool bolDatos() const { return m_bolDatos; }
-    /// Whether the file's date agrees with the EXIF date (to one hour) or with a date of its name
-    /// (to the day). False when there is no such date.
-    [[nodiscard]] bool bolFechaCorrecta() const { return m_bolExifCoincide || m_bolNombreCoincide; }
+    /// The verdict, see fCorrecta.
+    [[nodiscard]] bool bolFechaCorrecta() const { return m_bolFechaCorrecta; }
 
     [[nodiscard]] const std::string &strFilePath() const { return m_strFilePath; }
     /// The path after a correction; empty until it is set.
@@ -41,7 +52,7 @@ public:
     /// Last modification in local time.
     [[nodiscard]] clsFecha datFile() const { return m_datFile; }
     /// When the photo was taken, else the date of its image data.
-    [[nodiscard]] clsFecha datExif() const;
+    [[nodiscard]] clsFecha datExif() const { return m_exif.fMejor(); }
     /// The first eight digits of the name as year, month, day.
     [[nodiscard]] clsFecha datNombre1() const { return m_datNombre1; }
     /// The same digits as day, month, year.
@@ -49,11 +60,9 @@ public:
 
 private:
     bool m_bolDatos = false;
-    bool m_bolExifCoincide = false;
-    bool m_bolNombreCoincide = false;
+    bool m_bolFechaCorrecta = false;
     clsFecha m_datFile;
-    clsFecha m_datExifFecha;
-    clsFecha m_datExifTomada;
+    clsFechasExif m_exif;
     clsFecha m_datNombre1;
     clsFecha m_datNombre2;
     std::string m_strFilePath;

@@ -1,9 +1,8 @@
 #include "dates/exif_fecha.h"
 
-#include "dates/ifd.h"
-#include "dates/valor.h"
+#include "dates/textos_exif.h"
 
-#include <utility>
+#include <array>
 
 namespace {
 
@@ -51,6 +50,8 @@ std::optional<clsFecha> fLeerFechaExif(std::string_view strTexto)
     return fLeerFecha(strFecha, strForma);
 }
 
+std::size_t fLargoFechaExif(std::string_view strTexto) { return fRecortar(strTexto).size(); }
+
 clsFechasExif fLeerFechasExif(clsOrigen &origen)
 {
     clsFechasExif fechas;
@@ -61,22 +62,20 @@ clsFechasExif fLeerFechasExif(clsOrigen &origen)
         return fechas;
     }
     const clsDatosTiff tiff{lector, marcas.lngInicioTiff, orden};
-    // The first row of each code decides, even when it holds no date.
-    bool bolFecha = false;
-    bool bolTomada = false;
-    const auto fTomar = [&](const clsEntradaIfd &entrada, bool &bolVista, clsFecha &datDestino) {
-        if (!std::exchange(bolVista, true)) {
-            datDestino = fLeerFechaExif(fTextoValor(tiff, entrada)).value_or(clsFecha{});
-        }
-    };
+    constexpr std::array<std::uint32_t, 2> lstCodigos{lngExifCambiada, lngExifTomada};
+    clsTextosExif textos(lstCodigos);
     fRecorrerIfds(tiff, static_cast<std::uint32_t>(marcas.lngIfd0),
                   [&](const clsEntradaIfd &entrada) {
-                      if (entrada.lngCodigo == 0x0132) {
-                          fTomar(entrada, bolFecha, fechas.datFecha);
-                      } else if (entrada.lngCodigo == 0x9003) {
-                          fTomar(entrada, bolTomada, fechas.datTomada);
-                      }
-                      return !(bolFecha && bolTomada);
+                      textos.fTomar(tiff, entrada);
+                      return !textos.fVistos();
                   });
-    return fechas;
+    return fFechasExif(textos);
+}
+
+clsFechasExif fFechasExif(const clsTextosExif &textos)
+{
+    const auto fFecha = [&](std::uint32_t lngCodigo) {
+        return fLeerFechaExif(textos.fTexto(lngCodigo)).value_or(clsFecha{});
+    };
+    return {fFecha(lngExifCambiada), fFecha(lngExifTomada)};
 }

@@ -17,12 +17,14 @@ public:
     {
     }
 
-    void fTodo(std::uint32_t lngIfd0)
+    void fUno(std::uint32_t lngIfd) { fIfd(lngIfd, nullptr); }
+
+    void fTodo(std::uint32_t lngIfd0, const std::function<bool()> &fMas)
     {
         std::uint32_t lngExif = 0;
         std::uint32_t lngEnlace = fIfd(lngIfd0, &lngExif);
         fIfd(lngExif, nullptr);
-        while (lngEnlace != 0) {
+        while (lngEnlace != 0 && !m_bolFin && (!fMas || fMas())) {
             lngEnlace = fIfd(lngEnlace, nullptr);
         }
     }
@@ -73,7 +75,14 @@ private:
 } // namespace
 
 void fRecorrerIfds(const clsDatosTiff &tiff, std::uint32_t lngIfd0,
-                   const std::function<bool(const clsEntradaIfd &)> &fVisitar)
+                   const std::function<bool(const clsEntradaIfd &)> &fVisitar,
+                   const std::function<bool()> &fMas)
 {
-    clsPaseo(tiff, fVisitar).fTodo(lngIfd0);
+    clsPaseo(tiff, fVisitar).fTodo(lngIfd0, fMas);
+}
+
+void fRecorrerIfd(const clsDatosTiff &tiff, std::uint32_t lngIfd,
+                  const std::function<bool(const clsEntradaIfd &)> &fVisitar)
+{
+    clsPaseo(tiff, fVisitar).fUno(lngIfd);
 }

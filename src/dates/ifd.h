@@ -27,5 +27,11 @@ inline constexpr int intMaximoIfds = 65536;
 /// Visits the entries of IFD0, of the Exif IFD that IFD0 points to, then of IFD1 and further, as
 /// long as fVisitar returns true. An IFD is read once: a link back, or one beyond the file, ends
 /// the walk. The Exif IFD's own link is not followed.
+/// @param fMas asked before IFD1 and each one behind it; false ends the walk. Empty: all are read.
 void fRecorrerIfds(const clsDatosTiff &tiff, std::uint32_t lngIfd0,
-                   const std::function<bool(const clsEntradaIfd &)> &fVisitar);
+                   const std::function<bool(const clsEntradaIfd &)> &fVisitar,
+                   const std::function<bool()> &fMas = {});
+
+/// Visits the entries of one IFD; neither links nor pointers are followed.
+void fRecorrerIfd(const clsDatosTiff &tiff, std::uint32_t lngIfd,
+                  const std::function<bool(const clsEntradaIfd &)> &fVisitar);

@@ -1,0 +1,170 @@
+#include "dates/fuentes.h"
+
+#include "dates/origen.h"
+#include "fecha_texto.h"
+#include "soporte/arbol.h"
+#include "tiff_prueba.h"
+
+#include <gtest/gtest.h>
+
+namespace {
+
+using namespace std::string_literals;
+
+/// The sources of a file of these bytes, "source: date" each.
+std::string fFuentesDe(std::string_view strBytes)
+{
+    clsOrigenMemoria origen(strBytes);
+    clsFechasExif exif;
+    std::string strTexto;
+    for (const clsFechaFuente &fuente : fLeerFuentesFoto(origen, exif)) {
+        strTexto += (strTexto.empty() ? "" : ", ") + std::string(fTextoFuente(fuente.fuente)) +
+                    ": " + fTextoDeFuente(fuente);
+    }
+    return strTexto;
+}
+
+/// TIFF data with nothing but a GPS IFD: the day, and the time as three fractions.
+std::string fTiffGps(std::string_view strDia, const std::vector<std::uint32_t> &lstHora,
+                     Orden orden = Orden::MM)
+{
+    const clsTiff tiff(orden);
+    const std::uint32_t lngGps = 8 + 2 + 12 + 4;
+    const std::uint32_t lngValores = lngGps + 2 + 24 + 4;
+    std::string strTiff = clsTiff(orden).fLargo(0x8825, lngGps).fHacer();
+    strTiff += tiff.fNumero(2, 2);
+    strTiff += tiff.fNumero(0x07, 2) + tiff.fNumero(5, 2) + tiff.fNumero(3, 4) +
+               tiff.fNumero(lngValores, 4);
+    strTiff += tiff.fNumero(0x1D, 2) + tiff.fNumero(2, 2) + tiff.fNumero(11, 4) +
+               tiff.fNumero(lngValores + 24, 4) + tiff.fNumero(0, 4);
+    for (const std::uint32_t lngNumero : lstHora) {
+        strTiff += tiff.fNumero(lngNumero, 4);
+    }
+    return strTiff + std::string(strDia);
+}
+
+} // namespace
+
+TEST(FuentesFoto, ReadsTheDatesOfExifWithSubSecondsAndZones)
+{
+    const struct {
+        const char *strFrase;
+        std::string strTiff;
+        const char *strFuentes;
+    } lstCasos[] = {
+        {"all three, each with its own",
+         clsTiff(Orden::II)
+             .fTexto(0x0132, "2012:05:01 10:00:00")
+             .fExif()
+             .fTexto(0x9003, "2009:07:14 18:03:22")
+             .fTexto(0x9004, "2009:07:14 18:03:23")
+             .fTexto(0x9010, "+01:00")
+             .fTexto(0x9011, "+02:00")
+             .fTexto(0x9012, "-03:30")
+             .fTexto(0x9290, "1")
+             .fTexto(0x9291, "25\0\0"s)
+             .fTexto(0x9292, "999")
+             .fHacer(),
+         "EXIF (tomada): 14/07/2009 18:03:22.250000000 +120, "
+         "EXIF (digitalizada): 14/07/2009 18:03:23.999000000 -210, "
+         "EXIF (modificada): 01/05/2012 10:00:00.100000000 +60"},
+        {"without seconds, and a day",
+         clsTiff(Orden::MM)
+             .fTexto(0x0132, "2009:07:14")
+             .fExif()
+             .fTexto(0x9003, "2009:07:14 18:03")
+             .fTexto(0x9291, "25")
+             .fHacer(),
+         "EXIF (tomada): 14/07/2009 18:03, EXIF (modificada): 14/07/2009"},
+        {"what is no date is left out, what is no zone counts for nothing",
+         clsTiff(Orden::II)
+             .fTexto(0x0132, "    :  :     :  :  ")
+             .fExif()
+             .fTexto(0x9003, "0000:00:00 00:00:00")
+             .fTexto(0x9004, "2009:07:14 18:03:22")
+             .fTexto(0x9012, "   :  ")
+             .fTexto(0x9292, "ab")
+             .fHacer(),
+         "EXIF (digitalizada): 14/07/2009 18:03:22"},
+        {"the first row decides, as the verdict has it",
+         clsTiff(Orden::II)
+             .fExif()
+             .fTexto(0x9003, "no date")
+             .fTexto(0x9003, "2009:07:14 18:03:22")
+             .fIfd()
+             .fTexto(0x0132, "2012:05:01 10:00:00")
+             .fHacer(),
+         "EXIF (modificada): 01/05/2012 10:00:00"},
+    };
+    for (const auto &caso : lstCasos) {
+        EXPECT_EQ(fFuentesDe(fJpeg(fSegmentoExif(caso.strTiff))), caso.strFuentes) << caso.strFrase;
+        EXPECT_EQ(fFuentesDe(caso.strTiff), caso.strFuentes) << "TIFF: " << caso.strFrase;
+    }
+}
+
+TEST(FuentesFoto, ReadsTheTimeOfTheSatellites)
+{
+    const struct {
+        const char *strDia;
+        std::vector<std::uint32_t> lstHora;
+        const char *strFuentes;
+    } lstCasos[] = {
+        {"2009:07:14", {16, 1, 3, 1, 22, 1}, "GPS: 14/07/2009 16:03:22 UTC"},
+        {"2009:07:14", {16, 1, 3, 1, 22123, 1000}, "GPS: 14/07/2009 16:03:22.123000000 UTC"},
+        {"2009:07:14", {16, 1, 7, 2, 0, 1}, "GPS: 14/07/2009 16:03:30 UTC"},
+        {"2009:07:14", {24, 1, 0, 1, 0, 1}, ""},
+        {"2009:07:14", {16, 1, 3, 1, 22, 0}, ""},
+        {"2009:07:14", {16, 1, 3, 1}, ""},
+        {"2009:02:30", {16, 1, 3, 1, 22, 1}, ""},
+        {"0000:00:00", {0, 1, 0, 1, 0, 1}, ""},
+    };
+    for (const auto &caso : lstCasos) {
+        EXPECT_EQ(fFuentesDe(fTiffGps(caso.strDia, caso.lstHora, Orden::II)), caso.strFuentes);
+        EXPECT_EQ(fFuentesDe(fTiffGps(caso.strDia, caso.lstHora)), caso.strFuentes);
+    }
+}
+
+TEST(FuentesFoto, TakesBytesThatEndAnywhere)
+{
+    const std::string strFoto = fJpeg(fSegmentoExif(fTiffGps("2009:07:14", {16, 1, 3, 1, 22, 1})));
+    for (std::size_t lngLargo = 0; lngLargo <= strFoto.size(); ++lngLargo) {
+        const std::string strFuentes = fFuentesDe(std::string_view(strFoto).substr(0, lngLargo));
+        EXPECT_TRUE(strFuentes.empty() || lngLargo > 60) << lngLargo;
+    }
+}
+
+TEST(FechasFichero, GathersWhatIsKnownAndJudgesAsTheVerdictDoes)
+{
+    const clsZona zona("Europe/Madrid");
+    const clsArbol arbol;
+    arbol.fCrear("2009/2009-07-14 Playa/20090714_183022.jpg", fFoto("2009:07:14 18:03:22"));
+    arbol.fCrear("x/foto.jpg", fFoto("2009:07:14 20:03:22"));
+    arbol.fCrear("video.mp4", "no picture");
+    const struct {
+        const char *strNombre;
+        const char *strFuentes;
+        bool bolCorrecta;
+    } lstCasos[] = {
+        {"2009/2009-07-14 Playa/20090714_183022.jpg",
+         "14/07/2009 18:03:22, 14/07/2009 18:30:22, 14/07/2009", true},
+        {"x/foto.jpg", "14/07/2009 20:03:22", false},
+        {"video.mp4", "", false},
+    };
+    for (const auto &caso : lstCasos) {
+        const std::string strRuta = arbol.fRuta(caso.strNombre);
+        const clsFechasFichero fechas = fLeerFechas(strRuta, arbol.fRaiz());
+        EXPECT_TRUE(fechas.bolExiste);
+        EXPECT_EQ(fEscribirFecha(fechas.datArchivo), "2009/07/14 18:03:22");
+        EXPECT_EQ(fTextoDeFuentes(fechas.lstFuentes), caso.strFuentes);
+        EXPECT_EQ(fechas.bolCorrecta, caso.bolCorrecta);
+        EXPECT_EQ(fechas.bolCorrecta, fFechaCorrecta(strRuta));
+    }
+    EXPECT_FALSE(fLeerFechas(arbol.fRuta("nadie.jpg"), arbol.fRaiz()).bolExiste);
+}
+
+TEST(FechasFichero, LooksAtFoldersBelowTheRootOnly)
+{
+    EXPECT_EQ(fCarpetasBajo("/2009-07-14/f/a/b.jpg", "/2009-07-14/f/"), "a");
+    EXPECT_EQ(fCarpetasBajo("/f/b.jpg", "/f/"), "");
+    EXPECT_EQ(fCarpetasBajo("/g/b.jpg", "/f/"), "/g");
+}
