@@ -363,7 +363,7 @@ void frmMain::fAumentar(int intPasos)
 void frmMain::fLlenarLista(bool bolForzar, const std::string &strRuta)
 {
     const clsOcupado ocupado(m_ocupacion);
-    m_informacion->fDecir(QStringLiteral("Analizando..."));
+    m_informacion->fAnunciar(QStringLiteral("Analizando..."));
     fVaciarPanel();
     clsLista antes;
     m_modelo->fRellenar([&](clsFilas & /*filas*/) { antes = fEmpezarLista(m_estado); });

@@ -143,6 +143,12 @@ void clsInformacion::fDecir(const QString &strTexto)
     m_txtInfo2->setCursorPosition(0);
 }
 
+void clsInformacion::fAnunciar(const QString &strTexto)
+{
+    fDecir(strTexto);
+    m_txtInfo2->repaint();
+}
+
 QString clsInformacion::fDicho() const { return m_txtInfo2->text(); }
 
 void clsInformacion::fVaciar()

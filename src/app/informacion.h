@@ -23,6 +23,8 @@ public:
     void fLugar(int lngPos, int lngCantidad);
     /// Says what is being done, in place of the file.
     void fDecir(const QString &strTexto);
+    /// The same, painted at once: what begins lets no events run.
+    void fAnunciar(const QString &strTexto);
     /// What it says there.
     [[nodiscard]] QString fDicho() const;
     void fVaciar();

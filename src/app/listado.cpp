@@ -42,7 +42,7 @@ void fFiltrar(const clsComun &comun, clsValoresFiltro &valores)
         return;
     }
     const clsOcupado ocupado(comun.ocupacion);
-    comun.informacion.fDecir(QStringLiteral("Filtrando..."));
+    comun.informacion.fAnunciar(QStringLiteral("Filtrando..."));
     comun.modelo.fRellenar([&](clsFilas & /*filas*/) {
         fTomarFiltradas(comun.estado, filtrado->lstFilas, filtrado->lngTotalKB);
     });

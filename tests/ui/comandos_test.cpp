@@ -21,6 +21,25 @@ namespace {
 constexpr off_t lngGrande = 64 << 20;
 std::binary_semaphore suelta(0); ///< lets the copy of a large file go on
 
+/// Records what an information box says whenever it is painted.
+class clsPintado : public QObject {
+public:
+    explicit clsPintado(QLineEdit &caja) : m_caja(caja) { caja.installEventFilter(this); }
+    QStringList lstTextos;
+
+protected:
+    bool eventFilter(QObject *, QEvent *evento) override
+    {
+        if (evento->type() == QEvent::Paint) {
+            lstTextos.push_back(m_caja.text());
+        }
+        return false;
+    }
+
+private:
+    const QLineEdit &m_caja;
+};
+
 } // namespace
 
 /// Takes the place of the system's: the copy of a large file hangs as on a slow disk.
@@ -292,6 +311,23 @@ private slots:
         m_sesion->mensajes.lstTextos.clear();
         m_sesion->fTecla(Qt::Key_F, Qt::ShiftModifier); // nothing to remove: not even asked
         QCOMPARE(m_sesion->mensajes.lstTextos, QStringList());
+    }
+
+    void fWhatIsDoneToTheListIsSaidBeforeItIsDone()
+    {
+        const clsPintado pintado(*m_sesion->fControl<QLineEdit>("txtInfo2"));
+        QStringList lstAntes;
+        connect(m_sesion->fLista()->model(), &QAbstractItemModel::modelAboutToBeReset, &pintado,
+                [&] { lstAntes += pintado.lstTextos; });
+        m_sesion->fElegirEntrada("mnuOpcionesFotosVideos0");
+        QVERIFY2(lstAntes.contains("Analizando..."), qPrintable(lstAntes.join('|')));
+        const clsCuando cuando = fEnDialogo("frmFiltro", [](QDialog &dialogo) {
+            dialogo.findChild<QLineEdit *>("txtTexto")->setText("s");
+            QTest::keyClick(&dialogo, Qt::Key_Return);
+        });
+        m_sesion->fTecla(Qt::Key_F);
+        QCOMPARE(m_sesion->fNombres().size(), 4);
+        QVERIFY2(lstAntes.contains("Filtrando..."), qPrintable(lstAntes.join('|')));
     }
 
     void fKeysBesideAnOpenFilterAreDropped()
