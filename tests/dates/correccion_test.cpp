@@ -324,7 +324,7 @@ TEST(Correccion, MakesFewBackupsOnADiskThatTakesNamesAndSaysTheyWereTaken)
         const std::string strViejo = fTexto(arbol, "@a.jpg|f| 1 |");
         arbol.fCrear(strDat, strViejo);
         clsLlamadas disco = discoQuieto;
-        disco.fRenombrarLibre = [](const char *, const char *) { return errno = EINVAL, -1; };
+        disco.fRenombrarLibre = fFalla<EINVAL>;
         // Counts no names: a link that was made cannot be told from one that was there.
         disco.fConsultar = [](int intCarpeta, const char *strRuta, struct stat *datos,
                               int intModo) {
@@ -460,16 +460,9 @@ TEST(Correccion, TouchesNothingWhereTheNewCatalogueHasNoRoom)
         int intError;
     };
     const clsCaso lstCasos[] = {
-        {"a full disk",
-         [](clsLlamadas &disco) {
-             disco.fEscribir = [](int, const void *, std::size_t) -> ssize_t {
-                 return errno = ENOSPC, -1;
-             };
-         },
-         ENOSPC},
+        {"a full disk", [](clsLlamadas &disco) { disco.fEscribir = fFalla<ENOSPC>; }, ENOSPC},
         {"a disk that is full when it is flushed",
-         [](clsLlamadas &disco) { disco.fVolcar = [](int) { return errno = ENOSPC, -1; }; },
-         ENOSPC},
+         [](clsLlamadas &disco) { disco.fVolcar = fFalla<ENOSPC>; }, ENOSPC},
         {"a root that has become read-only",
          [](clsLlamadas &disco) {
              disco.fAbrir = [](int intCarpeta, const char *strRuta, int intModo, mode_t modo) {

@@ -59,18 +59,6 @@ ssize_t fEscribirAMedias(int intFd, const void *bytDatos, std::size_t lngBytes)
     return lngEscritos;
 }
 
-int fSinRenombrarLibre(const char *, const char *)
-{
-    errno = EINVAL;
-    return -1;
-}
-
-int fSinEnlaces(const char *, const char *)
-{
-    errno = EPERM;
-    return -1;
-}
-
 clsLlamadas fLlamadasMortales()
 {
     clsLlamadas disco = llamadasReales;
@@ -333,9 +321,9 @@ int main(int intArgumentos, char **strArgumentos)
     const int intCuantos = intArgumentos > 1 ? std::atoi(strArgumentos[1]) : 200;
     clsLlamadas disco = fLlamadasMortales();
     fProbar("renames that refuse taken names", intCuantos, disco);
-    disco.fRenombrarLibre = fSinRenombrarLibre;
+    disco.fRenombrarLibre = fFalla<EINVAL>;
     fProbar("links", intCuantos, disco);
-    disco.fEnlazar = fSinEnlaces;
+    disco.fEnlazar = fFalla<EPERM>;
     fProbar("plain renames", intCuantos, disco);
     return intFallos == 0 ? 0 : 1;
 }

@@ -16,18 +16,6 @@ namespace {
 
 using Textos = std::vector<std::string>;
 
-template <int intError> int fFalla(const char *, const char *)
-{
-    errno = intError;
-    return -1;
-}
-
-template <int intError> int fFallaBorrar(int, const char *, int)
-{
-    errno = intError;
-    return -1;
-}
-
 /// A file system by what it lacks.
 struct clsSistema {
     const char *strFrase;
@@ -137,11 +125,11 @@ TEST(Renombrar, PassesOtherErrorsOnAndUndoesHalfARenaming)
     disco = fDisco(lstSistemas[1]);
     disco.fBorrar = [](int intCarpeta, const char *strRuta, int intModo) {
         return std::string_view(strRuta).ends_with("/a.jpg")
-                   ? fFallaBorrar<EACCES>(intCarpeta, strRuta, intModo)
+                   ? fFalla<EACCES, int>(intCarpeta, strRuta, intModo)
                    : llamadasReales.fBorrar(intCarpeta, strRuta, intModo);
     };
     fExigir(EACCES);
-    disco.fBorrar = fFallaBorrar<EIO>; // both names stay rather than none
+    disco.fBorrar = fFalla<EIO>; // both names stay rather than none
     EXPECT_EQ(fRenombrar(arbol.fRuta("a.jpg"), arbol.fRuta("b.jpg")), EIO);
     EXPECT_EQ(arbol.fLeer("a.jpg"), "foto");
 }
@@ -158,7 +146,7 @@ template <int intError, auto fMiembro, class... Argumentos> int fMiente(Argument
 template <int intError> int fFallaUnaVez(int intCarpeta, const char *strRuta, int intModo)
 {
     static int intVeces = 0;
-    return intVeces++ == 0 ? fFallaBorrar<intError>(intCarpeta, strRuta, intModo)
+    return intVeces++ == 0 ? fFalla<intError, int>(intCarpeta, strRuta, intModo)
                            : llamadasReales.fBorrar(intCarpeta, strRuta, intModo);
 }
 
@@ -204,7 +192,7 @@ TEST(Renombrar, KeepsTheFileWhenTheDiskDoesWhatItSaysItDidNot)
         {"the old name went the second time", lngEnlaces,
          [](clsLlamadas &disco) { disco.fBorrar = fFallaUnaVez<ETIMEDOUT>; }, 0, lstNuevo},
         {"the old name may go yet", lngEnlaces,
-         [](clsLlamadas &disco) { disco.fBorrar = fFallaBorrar<EIO>; }, EIO,
+         [](clsLlamadas &disco) { disco.fBorrar = fFalla<EIO>; }, EIO,
          Textos{"a.jpg", "b.jpg", "d.jpg"}},
     };
     for (const clsCaso &caso : lstCasos) {

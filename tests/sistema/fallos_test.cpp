@@ -37,7 +37,7 @@ clsLlamadas fSinEspera(clsLlamadas disco)
 clsLlamadas fConEnlaces()
 {
     clsLlamadas disco = fSinEspera(llamadasReales);
-    disco.fRenombrarLibre = [](const char *, const char *) { return errno = EINVAL, -1; };
+    disco.fRenombrarLibre = fFalla<EINVAL>;
     return disco;
 }
 
@@ -46,7 +46,7 @@ template <bool bolTraslada> clsLlamadas fAPedazos()
 {
     static constexpr std::size_t lngPedazo = 900;
     clsLlamadas disco = fSinEspera(llamadasReales);
-    disco.fClonar = [](int, int) { return errno = EOPNOTSUPP, -1; };
+    disco.fClonar = fFalla<EOPNOTSUPP>;
     disco.fEscribir = [](int intFd, const void *bytDatos, std::size_t lngBytes) {
         return llamadasReales.fEscribir(intFd, bytDatos,
                                         lngBytes < lngPedazo ? lngBytes : lngPedazo);

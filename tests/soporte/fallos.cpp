@@ -77,10 +77,10 @@ clsLlamadas fHacerDiscoFat()
     disco.fFecharAbierto = [](int intFd, const timespec *lstMomentos) {
         return llamadasReales.fFecharAbierto(intFd, fMomentosFat(lstMomentos).data());
     };
-    disco.fEnlazar = [](const char *, const char *) { return errno = EPERM, -1; };
-    disco.fRenombrarLibre = [](const char *, const char *) { return errno = EINVAL, -1; };
-    disco.fPermitir = [](int, mode_t) { return errno = EPERM, -1; };
-    disco.fClonar = [](int, int) { return errno = EOPNOTSUPP, -1; };
+    disco.fEnlazar = fFalla<EPERM>;
+    disco.fRenombrarLibre = fFalla<EINVAL>;
+    disco.fPermitir = fFalla<EPERM>;
+    disco.fClonar = fFalla<EOPNOTSUPP>;
     return disco;
 }
 

@@ -2,6 +2,8 @@
 
 #include "sistema/llamadas.h"
 
+#include <cerrno>
+
 /// Has the calls of another table made while it lives. The table has to outlive every
 /// thread that makes calls.
 class clsOtrasLlamadas {
@@ -14,6 +16,13 @@ public:
 private:
     const clsLlamadas *m_antes;
 };
+
+/// A call that does nothing and fails, for any place of the table.
+template <int intError, class Fin, class... Argumentos> Fin fFalla(Argumentos...)
+{
+    errno = intError;
+    return Fin{-1};
+}
 
 /// Calls of the system that fail while it lives, counted from 1 over all of them in the order they
 /// are made. One at a time.

@@ -33,14 +33,17 @@ fExigir() { # text, command...: the command must succeed
     "$@" || fFallo "$strFrase"
 }
 
-fEsperar() { # command...: until it succeeds, 20 seconds at most
-    local intVez
-    for ((intVez = 0; intVez < 400; ++intVez)); do
+fEsperarVeces() { # number, command...: until it succeeds, every 50 ms, so often at most
+    local intVez intVeces=$1
+    shift
+    for ((intVez = 0; intVez < intVeces; ++intVez)); do
         "$@" && return 0
         sleep 0.05
     done
     return 1
 }
+fEsperar() { fEsperarVeces 400 "$@"; }      # command...: 20 seconds at most
+fEsperarUnPoco() { fEsperarVeces 10 "$@"; } # command...: half a second at most
 
 fEsperarA() { # text, command...
     local strFrase=$1
@@ -54,15 +57,6 @@ fEsperarA() { # text, command...
     fi
     sed 's/^/    /' "$carpeta/salida" >&2
     exit 1
-}
-
-fEsperarUnPoco() { # command...: half a second at most
-    local intVez
-    for ((intVez = 0; intVez < 10; ++intVez)); do
-        "$@" && return 0
-        sleep 0.05
-    done
-    return 1
 }
 
 # --- The X server and what the program finds around it ---

@@ -129,14 +129,18 @@ fPruebaReadOnlyRoot() {
     chmod 755 "$raiz"
 }
 
+fEmpezarComoNadie() { # root: a small archive of somebody who may not read all, with its first file shown
+    fArchivoPequeno "$1"
+    [ "$(id -u)" -ne 0 ] || chown -R 65534:65534 "$1"
+    fArrancar fComoNadie "$carpeta/bin/miravel" "___$1"
+    fAceptar
+    fEsperarA "the first file shown" fHaySelec "$1"
+}
+
 # One box for each cell, which all can be left by closing the window beside the first.
 fPruebaClosingBesideABox() {
     local raiz=$carpeta/dañado
-    fArchivoPequeno "$raiz"
-    [ "$(id -u)" -ne 0 ] || chown -R 65534:65534 "$raiz"
-    fArrancar fComoNadie "$carpeta/bin/miravel" "___$raiz"
-    fAceptar
-    fEsperarA "the first file shown" fHaySelec "$raiz"
+    fEmpezarComoNadie "$raiz"
     find "$raiz/uno" "$raiz/dos" -name '*.jpg' -exec sh -c 'for f; do rm "$f"; ln -s "$f" "$f"; done' - {} +
     fEsperarA "the first box" fMiniaturas
     fAceptar
@@ -166,11 +170,7 @@ fPruebaUnreadableFolder() {
 
 fPruebaKilledDuringABuild() {
     local raiz=$carpeta/matado lngPregunta strHuella
-    fArchivoPequeno "$raiz"
-    [ "$(id -u)" -ne 0 ] || chown -R 65534:65534 "$raiz"
-    fArrancar fComoNadie "$carpeta/bin/miravel" "___$raiz"
-    fAceptar
-    fEsperarA "the first file shown" fHaySelec "$raiz"
+    fEmpezarComoNadie "$raiz"
     strHuella=$(fHuella "$raiz/Miravel.dat")
     cp -p "$raiz/uno/"*.jpg "$raiz"
     chmod 0 "$raiz/dos"

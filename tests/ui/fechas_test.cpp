@@ -287,7 +287,7 @@ private slots:
     void fWhereTheCatalogueHasNoRoomNothingIsTouched()
     {
         static clsLlamadas disco = llamadasReales;
-        disco.fVolcar = [](int) { return errno = ENOSPC, -1; };
+        disco.fVolcar = fFalla<ENOSPC>;
         const std::string strCatalogo = m_arbol->fLeer("Miravel.dat");
         m_sesion->fClicFila(2);
         QVERIFY(fCorregir(*m_sesion, {}, [this](QDialog &dialogo) {
