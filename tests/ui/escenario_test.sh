@@ -201,7 +201,7 @@ fPruebaSearchAndCorrection() {
     # The first button carries the date of the Exif data; Return is "Cambiar y moverse".
     fDialogo '^Fechas$' Tab space Return
     fEsperarA "the new name" test -e "$buena"
-    fExigirActual "moved on" "$playa/20090716_IMG_0027.JPG"
+    fExigirActual "moved on to what followed it in the list" "$archivo/2013/Año Nuevo/DSC_3001.JPG"
     sed -i "s#^$mala|\([^|]*\)|[^|]*#$buena|\1|$(date -d '2009-07-18 12:55:01' +%s).000000000#" "$carpeta/debe"
     sort -o "$carpeta/debe" "$carpeta/debe"
     copias=$(find "$archivo" -maxdepth 1 -name 'Miravel.dat.*')
