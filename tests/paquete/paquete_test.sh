@@ -9,6 +9,8 @@ deb=$1
 . "$(dirname -- "${BASH_SOURCE[0]}")/../ui/binario_comun.sh" '' "$2" "$3"
 
 instalado=$carpeta/instalado
+entradas=$instalado/usr/share/applications
+readonly strGestor=org.gnome.Nautilus.desktop
 # What a shell, a desktop entry and a careless script would spoil.
 readonly strRara=$'Fotos  de "Ñu" & 100% \'x\' $HOME `id` \\ %f ;#~\nfin '
 
@@ -19,17 +21,58 @@ fDpkg() { # arguments: no packages of this machine are looked at, no scripts of 
 
 fContenido() { (cd "$instalado" && find . -path ./var/lib/dpkg -prune -o -print | LC_ALL=C sort); }
 
+fGestores() { # two file managers are there already
+    local strEntrada
+    mkdir -p "$entradas"
+    for strEntrada in "$strGestor" thunar.desktop; do
+        printf '%s\n' '[Desktop Entry]' Type=Application Name=Carpetas 'Exec=true %U' \
+            'MimeType=inode/directory;' >"$entradas/$strEntrada"
+    done
+    update-desktop-database "$entradas"
+}
+
+# command...: gio looks for the programs of entries, too.
+fConEntradas() { PATH=$instalado/usr/bin:$PATH XDG_DATA_DIRS=$instalado/usr/share "$@" 2>>"$carpeta/salida"; }
+
+fCarpetasCon() { # what opens folders, here and where gio is asked, and what else is offered for them
+    update-desktop-database "$entradas" # as the machine's dpkg does by a trigger
+    fConEntradas xdg-mime query default inode/directory
+    fConEntradas gio mime inode/directory
+}
+
 fPruebaInstall() {
     mkdir -p "$instalado/var/lib/dpkg/info" "$instalado/var/lib/dpkg/updates"
     touch "$instalado/var/lib/dpkg/status"
+    fGestores
+    fCarpetasCon >"$carpeta/carpetas"
     fContenido >"$carpeta/antes"
     fExigir "dpkg installs it" fDpkg -i "$deb"
     fExigir "man pages are where man looks" test -s "$instalado/usr/share/man/es/man1/miravel-abrir.1.gz"
-    fExigir "no default for folders" test -z "$(find "$instalado" -name '*mimeapps.list')"
+}
+
+fPruebaFolders() {
+    fExigir "a file manager opens folders" grep -qx "$strGestor" "$carpeta/carpetas"
+    fExigir "what opens folders stays" diff "$carpeta/carpetas" <(fCarpetasCon)
+
+    # What the man page says.
+    fConEntradas xdg-mime default "$strGestor" inode/directory
+    printf '\n[Added Associations]\ninode/directory=%s;alt.miravel.miravel.desktop;\n' "$strGestor" \
+        >>"$HOME/.config/mimeapps.list"
+    fCarpetasCon >"$carpeta/carpetas"
+    fExigir "Miravel is offered" grep -q alt.miravel.miravel "$carpeta/carpetas"
+    fExigir "and is no default" test "$(head -n 2 "$carpeta/carpetas" | grep -c "$strGestor")" = 2
+    rm "$HOME/.config/mimeapps.list"
+}
+
+fPruebaIcons() {
+    local strIcono intLado
+    strIcono=$(sed -n 's/^Icon=//p' "$entradas/alt.miravel.miravel.desktop")
+    fExigir "its drawing" test -s "$instalado/usr/share/icons/hicolor/scalable/apps/$strIcono.svg"
     for intLado in 48 64 96 128 256; do
         fExigir "the icon of $intLado pixels is one" grep -q "$intLado x $intLado" \
-            <(file "$instalado/usr/share/icons/hicolor/${intLado}x$intLado/apps/miravel.png")
+            <(file "$instalado/usr/share/icons/hicolor/${intLado}x$intLado/apps/$strIcono.png")
     done
+    fExigir "named for the application" test "$strIcono" = alt.miravel.miravel
 }
 
 # --- The menu entry, with a program that only says what it was given ---
@@ -42,7 +85,7 @@ fSoltar() { # command...: what the program was given, every argument ended by |
 }
 
 fPruebaMenuEntry() {
-    local entrada=$instalado/usr/share/applications/alt.miravel.miravel.desktop
+    local entrada=$entradas/alt.miravel.miravel.desktop
     mkdir -p "$carpeta/doble" "$HOME/$strRara" "$HOME/Mis fotos"
     cp "$instalado/usr/bin/miravel-abrir" "$carpeta/doble"
     cat >"$carpeta/doble/miravel" <<FIN
@@ -101,6 +144,7 @@ fConHijo() {
 
 fPruebaRemove() {
     fExigir "dpkg removes it" fDpkg --purge miravel
+    update-desktop-database "$entradas"
     fContenido >"$carpeta/despues"
     fExigir "nothing is left over" diff "$carpeta/antes" "$carpeta/despues"
 }
@@ -108,7 +152,7 @@ fPruebaRemove() {
 fServidor || exit 1
 fEntorno
 unset XDG_CONFIG_HOME XDG_CACHE_HOME XDG_STATE_HOME XDG_DATA_HOME
-for strUna in fPruebaInstall fPruebaMenuEntry fPruebaStart fPruebaRemove; do
+for strUna in fPruebaInstall fPruebaFolders fPruebaIcons fPruebaMenuEntry fPruebaStart fPruebaRemove; do
     fProbar "$strUna"
 done
 [ "$intFallos" -eq 0 ]
