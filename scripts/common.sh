@@ -1,7 +1,7 @@
 # What scripts/run and scripts/test share. Sourced, not run.
 
-# The program: compiler, Qt with its SVG plug-in and Spanish texts, libav for frames of videos,
-# seccomp to lock it in, a font, and xdg-open.
+# The program: compiler, Qt with SVG and Spanish texts, libav for frames of videos, seccomp to lock it
+# in, a font, and xdg-open.
 packages_program=(cmake g++ ninja-build qt6-base-dev libqt6svg6 qt6-translations-l10n
     libavformat-dev libavcodec-dev libswscale-dev libavutil-dev libseccomp-dev pkg-config
     fonts-dejavu-core xdg-utils)
@@ -36,6 +36,13 @@ install_packages() {
     "${as_root[@]}" apt-get update -qq
     "${as_root[@]}" env DEBIAN_FRONTEND=noninteractive \
         apt-get install -y -qq --no-install-recommends "${missing[@]}" >/dev/null
+}
+
+# Installs what the program needs, and further packages. Qt's SVG plug-in, which draws the icons, comes
+# with its library on Debian 12, later in a package of its own.
+install_program() {
+    install_packages "${packages_program[@]}" "$@"
+    dpkg-query -L libqt6svg6 | grep '/libqsvg\.so$' >/dev/null || install_packages qt6-svg-plugins
 }
 
 # The name of the package with clang's sanitizers and libFuzzer, which holds clang's version.

@@ -131,8 +131,8 @@ private:
     void fRecibir(const std::string &strClave, clsHecho hecho)
     {
         clsTrabajo &trabajo = m_mapTrabajos.at(strClave); // else its order was given up
-        trabajo.resultado.reset();
         if (hecho.bolGuardar) {
+            trabajo.resultado.reset();
             fGuardar(strClave, std::move(hecho.valor));
         } else {
             trabajo.resultado = std::move(hecho.valor);

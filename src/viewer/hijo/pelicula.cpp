@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cerrno>
+#include <span>
 
 namespace hijo {
 
@@ -27,6 +28,22 @@ std::int64_t fArea(const AVStream *flujo)
     const std::int64_t lngArea =
         std::int64_t{flujo->codecpar->width} * std::int64_t{flujo->codecpar->height};
     return bolPortada ? -1 : lngArea;
+}
+
+/// What the file says of a stream besides its packets; empty where it says nothing of that kind.
+/// From its version 7 on, libav keeps it with the parameters of the codec.
+std::span<const std::uint8_t> fDatosDelFlujo(const AVStream &flujo, AVPacketSideDataType tipo)
+{
+#if LIBAVFORMAT_VERSION_MAJOR >= 61
+    const AVCodecParameters &parametros = *flujo.codecpar;
+    const AVPacketSideData *datos =
+        av_packet_side_data_get(parametros.coded_side_data, parametros.nb_coded_side_data, tipo);
+    return datos == nullptr ? std::span<const std::uint8_t>() : std::span(datos->data, datos->size);
+#else
+    std::size_t lngBytes = 0;
+    const std::uint8_t *bytDatos = av_stream_get_side_data(&flujo, tipo, &lngBytes);
+    return {bytDatos, bytDatos == nullptr ? 0 : lngBytes};
+#endif
 }
 
 } // namespace
@@ -201,11 +218,11 @@ int clsPelicula::fAltoNatural(const AVFrame *cuadro) const
 
 const std::int32_t *clsPelicula::fMatriz() const
 {
-    std::size_t lngBytes = 0;
-    const std::uint8_t *bytMatriz =
-        av_stream_get_side_data(m_flujo, AV_PKT_DATA_DISPLAYMATRIX, &lngBytes);
-    return lngBytes < 9 * sizeof(std::int32_t) ? nullptr
-                                               : reinterpret_cast<const std::int32_t *>(bytMatriz);
+    const std::span<const std::uint8_t> lstBytes =
+        fDatosDelFlujo(*m_flujo, AV_PKT_DATA_DISPLAYMATRIX);
+    return lstBytes.size() < 9 * sizeof(std::int32_t)
+               ? nullptr
+               : reinterpret_cast<const std::int32_t *>(lstBytes.data());
 }
 
 } // namespace hijo
