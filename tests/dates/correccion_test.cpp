@@ -8,6 +8,7 @@
 #include "soporte/fallos.h"
 #include "soporte/proceso.h"
 
+#include <algorithm>
 #include <cerrno>
 #include <fcntl.h>
 #include <gtest/gtest.h>

@@ -5,6 +5,7 @@
 #include <QScrollBar>
 #include <QTableView>
 
+#include <algorithm>
 #include <fcntl.h>
 #include <sys/file.h>
 #include <unistd.h>
