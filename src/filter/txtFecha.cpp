@@ -30,10 +30,10 @@ void txtFecha::fPoner(const std::string &strFecha)
 void txtFecha::fEditar()
 {
     const QString strTexto = fQ(fEditarCaja(fUtf8(text())));
-    if (strTexto.size() <= intLargoTecleada) {
-        if (strTexto != text()) {
-            setText(strTexto);
-        }
+    const bool bolYa = strTexto == text() && maxLength() == intLargoTecleada;
+    // Each of the two takes the selection away, which a window that comes back must not.
+    if (!bolYa && strTexto.size() <= intLargoTecleada) {
+        setText(strTexto);
         setMaxLength(intLargoTecleada);
     }
 }

@@ -1,4 +1,5 @@
 // The filter's dialog by keys and mouse, on rows of its own.
+#include "app/mensajes_qt.h"
 #include "filter/frmFiltro.h"
 #include "filter/mayusculas.h"
 #include "sesion.h"
@@ -92,6 +93,34 @@ private slots:
                 QCOMPARE(m_mensajes.fDichos().join('|'), strMensaje);
                 QCOMPARE(fCaja("txtFecha0")->text(), strMuestra);
             }
+        }
+    }
+
+    void fAfterTheWarningTypingReplacesWhatIsWrong()
+    {
+        clsMensajesQt mensajes;
+        // Left by Tab, by a click, by Enter and by the button; and an end before the start.
+        for (const char *const strManera : {"", "txtTexto", "Enter", "cmdAceptar", "fin"}) {
+            const bool bolFin = strManera == std::string_view("fin");
+            m_valores = {bolFin ? "06/07/1999" : "", "", "", "N", 0};
+            fAbrir(mensajes);
+            const char *const strCaja = bolFin ? "txtFecha1" : "txtFecha0";
+            fControl<QWidget>(strCaja)->setFocus();
+            fTeclear(bolFin ? "050799" : "310299");
+            clsCuando cuando = fEnDialogo(
+                "msgMiravel", [](QDialog &caja) { QTest::keyClick(&caja, Qt::Key_Return); });
+            if (strManera[0] == 0) {
+                fTecla(Qt::Key_Tab);
+            } else if (bolFin || strManera == std::string_view("Enter")) {
+                fTecla(Qt::Key_Return);
+            } else {
+                fClic(strManera);
+            }
+            QTRY_VERIFY(cuando.fHecho());
+            m_dialogo->activateWindow(); // what a window manager does
+            QVERIFY(QTest::qWaitForWindowActive(m_dialogo.get()));
+            QTest::keyClick(m_dialogo->windowHandle(), Qt::Key_0);
+            QCOMPARE(fCaja(strCaja)->text(), QString("0"));
         }
     }
 
@@ -287,9 +316,10 @@ private slots:
     }
 
 private:
-    void fAbrir()
+    void fAbrir() { fAbrir(m_mensajes); }
+    void fAbrir(clsMensajes &mensajes)
     {
-        m_dialogo = std::make_unique<frmFiltro>(nullptr, m_filas, m_valores, m_mensajes,
+        m_dialogo = std::make_unique<frmFiltro>(nullptr, m_filas, m_valores, mensajes,
                                                 [this] { return m_fCeder(); });
         m_dialogo->open();
         QVERIFY(QTest::qWaitForWindowActive(m_dialogo.get()));
