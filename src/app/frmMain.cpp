@@ -255,6 +255,14 @@ void frmMain::showEvent(QShowEvent *evento)
     }
 }
 
+void frmMain::changeEvent(QEvent *evento)
+{
+    QMainWindow::changeEvent(evento);
+    if (evento->type() == QEvent::WindowStateChange) {
+        fRedimensionar(); // nothing was laid out while it was minimised
+    }
+}
+
 bool frmMain::eventFilter(QObject *objeto, QEvent *evento)
 {
     if (objeto == m_cliente && evento->type() == QEvent::Resize) {

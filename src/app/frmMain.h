@@ -31,6 +31,7 @@ public:
 
 protected:
     void showEvent(QShowEvent *evento) override;
+    void changeEvent(QEvent *evento) override;
     void closeEvent(QCloseEvent *evento) override;
     bool eventFilter(QObject *objeto, QEvent *evento) override;
 

@@ -130,6 +130,8 @@ public:
     [[nodiscard]] bool fEsperarLista();
     /// Gives the window a size and waits for the layout that follows.
     [[nodiscard]] bool fTamano(int intAncho, int intAlto);
+    /// Waits until the panels fit the window.
+    [[nodiscard]] bool fEsperarDisposicion();
 
     template <typename Control> [[nodiscard]] Control *fControl(const char *strNombre)
     {
@@ -179,7 +181,6 @@ private:
               const std::string &strEscritorio);
     [[nodiscard]] QPoint fEnVentana(const QWidget *control, QPoint punto) const;
     [[nodiscard]] clsPreferencias fPreferencias();
-    [[nodiscard]] bool fEsperarDisposicion();
 };
 
 /// Tests that begin with the program open on an archive of their own, with nothing said yet.

@@ -97,6 +97,30 @@ private slots:
         QCOMPARE(contador.intVeces, 1);
     }
 
+    void fAWindowThatComesBackFitsTheSizeItHasNow()
+    {
+        frmMain *const ventana = m_sesion->ventana.get();
+        for (const bool bolAntes :
+             {true, false}) { // minimised before the pause is over, or long ago
+            QVERIFY(m_sesion->fTamano(700, 550));
+            if (bolAntes) {
+                ventana->resize(760, 500);
+                QCoreApplication::processEvents();
+            }
+            ventana->setWindowState(Qt::WindowMinimized);
+            QTRY_VERIFY(ventana->isMinimized());
+            if (!bolAntes) {
+                ventana->resize(760, 500);
+            }
+            QTest::qWait(200); // behind the program's timer of 150 ms
+            QVERIFY(m_sesion->fControl("lblFondo")->geometry().right() < 700);
+            ventana->setWindowState(Qt::WindowNoState);
+            QVERIFY(m_sesion->fEsperarDisposicion());
+            QVERIFY(m_sesion->fControl("imgFoto")->isVisible());
+            QCOMPARE(m_sesion->fControl("lblFondo")->geometry().right(), 759);
+        }
+    }
+
     void fATinyWindowDoesNoHarm()
     {
         QWidget *const recuadro = m_sesion->fControl("frmRecuadro");
