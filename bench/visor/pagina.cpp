@@ -109,6 +109,8 @@ int main(int intArgumentos, char **lstArgumentos)
     clsAjustes ajustes(strRaiz + "Miravel.ini", false);
     clsAjustes escritorio({}, false);
     frmMain ventana({strRaiz, true, {}}, ajustes, escritorio, mensajes);
+    // The whole display, although no window manager is there that would maximise it.
+    ventana.setMinimumSize(ventana.screen()->availableSize());
     ventana.fIniciar();
     constexpr int intReposo = 2000;
     fDescansar(intReposo);
@@ -134,7 +136,8 @@ int main(int intArgumentos, char **lstArgumentos)
                                      fDescifrar(lstRutas, intLado)});
     std::printf("%zu cells; pure decode on all cores %.1f ms\n", lstRutas.size(), dblPuro);
 
-    frmMain otra({strRaiz, true, {}}, ajustes, mensajes); // with nothing kept
+    frmMain otra({strRaiz, true, {}}, ajustes, escritorio, mensajes); // with nothing kept
+    otra.setMinimumSize(otra.screen()->availableSize());
     otra.fIniciar();
     fDescansar(intReposo);
     clsVigia vigia;

@@ -10,6 +10,8 @@
 namespace {
 
 constexpr std::uint32_t intMarcaApp1 = 0xE1;
+constexpr std::uint32_t intMarcaApp2 = 0xE2;
+constexpr std::uint32_t lngBytesAntesPerfil = 14; ///< its name, number and count of pieces
 constexpr std::uint32_t lngOrientacion = 0x0112;
 constexpr std::uint32_t lngDesdeMini = 0x0201;
 constexpr std::uint32_t lngLargoMini = 0x0202;
@@ -83,6 +85,23 @@ void fLeerExif(clsLector &lector, std::int64_t lngInicio, clsCabeceraJpeg &cabec
         cabecera.lngMiniatura = lngPrincipio;
         cabecera.lngBytesMini = lngLargo;
     }
+}
+
+/// Source: ICC.1:2010, annex B.4.
+void fLeerPerfil(std::string_view strSegmento, std::int64_t lngPos, clsCabeceraJpeg &cabecera)
+{
+    const std::string_view strDentro = strSegmento.substr(4);
+    const std::uint32_t lngLargo = fCorto(strSegmento.substr(2), Orden::MM);
+    if (strDentro.size() < lngBytesAntesPerfil || lngLargo <= 2 + lngBytesAntesPerfil ||
+        !strDentro.starts_with(std::string_view("ICC_PROFILE\0", 12))) {
+        return;
+    }
+    if (strDentro.substr(12, 2) != "\1\1") { // the first piece of one
+        cabecera.bolPerfilPartido = true;
+        return;
+    }
+    cabecera.lngPerfil = lngPos + 4 + lngBytesAntesPerfil;
+    cabecera.lngBytesPerfil = lngLargo - 2 - lngBytesAntesPerfil;
 }
 
 /// Reads on through a file.
@@ -218,7 +237,7 @@ bool fLeerCabeceraJpeg(clsLector &lector, clsCabeceraJpeg &cabecera)
     std::int64_t lngPos = 2;
     for (int intSegmento = 0; intSegmento < intMaximoSegmentos; ++intSegmento) {
         // Marker, length (which counts itself) and the first bytes of what follows.
-        const std::string strSegmento = lector.fCopiar(lngPos, 10);
+        const std::string strSegmento = lector.fCopiar(lngPos, 4 + lngBytesAntesPerfil);
         if (strSegmento.size() < 4 || strSegmento[0] != '\xFF') {
             break;
         }
@@ -236,9 +255,11 @@ bool fLeerCabeceraJpeg(clsLector &lector, clsCabeceraJpeg &cabecera)
             break;
         }
         if (lngMarca == intMarcaApp1 && !bolExif &&
-            strBytes.substr(4) == std::string_view("Exif\0\0", 6)) {
+            strBytes.substr(4).starts_with(std::string_view("Exif\0\0", 6))) {
             bolExif = true;
             fLeerExif(lector, lngPos + 10, cabecera);
+        } else if (lngMarca == intMarcaApp2) {
+            fLeerPerfil(strBytes, lngPos, cabecera);
         }
         lngPos += 2 + std::max<std::int64_t>(2, fCorto(strBytes.substr(2), Orden::MM));
     }

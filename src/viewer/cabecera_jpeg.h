@@ -8,9 +8,12 @@
 struct clsCabeceraJpeg {
     int intAncho = 0; ///< size of the picture as it is stored, in pixels; 0: not found
     int intAlto = 0;
-    int intOrientacion = 1;         ///< EXIF orientation, 1 to 8
-    std::int64_t lngMiniatura = 0;  ///< where the EXIF thumbnail starts in the file
-    std::uint32_t lngBytesMini = 0; ///< and its length, all of it inside the file; 0: none
+    int intOrientacion = 1;           ///< EXIF orientation, 1 to 8
+    std::int64_t lngMiniatura = 0;    ///< where the EXIF thumbnail starts in the file
+    std::uint32_t lngBytesMini = 0;   ///< and its length, all of it inside the file; 0: none
+    std::int64_t lngPerfil = 0;       ///< where the colour profile starts
+    std::uint32_t lngBytesPerfil = 0; ///< and its length, when one segment holds it; 0: none
+    bool bolPerfilPartido = false;    ///< it is spread over several segments
 };
 
 /// Reads the segments of a JPEG file up to the start of the frame. Whatever they claim, only bytes

@@ -2,8 +2,10 @@
 
 #include "dates/origen.h"
 #include "viewer/cabecera_jpeg.h"
+#include "viewer/colores.h"
 #include "viewer/decodificador.h"
 
+#include <QColorSpace>
 #include <QPainter>
 #include <QTransform>
 
@@ -37,15 +39,6 @@ QSize fEnCaja(QSize tam, int intLado)
     return {fReducido(tam.width()), fReducido(tam.height())};
 }
 
-/// In a format that the screen can paint without converting it each time.
-QImage fParaPantalla(QImage imagen)
-{
-    const QImage::Format formato =
-        imagen.hasAlphaChannel() ? QImage::Format_ARGB32_Premultiplied : QImage::Format_RGB32;
-    imagen.setDevicePixelRatio(1); // whatever density the file claims
-    return imagen.format() == formato ? imagen : std::move(imagen).convertToFormat(formato);
-}
-
 /// Makes a picture smaller. Down to the half of it, interpolating between neighbours is as good as
 /// the mean of all pixels and a good deal faster.
 QImage fEncoger(const QImage &imagen, QSize tam)
@@ -57,6 +50,7 @@ QImage fEncoger(const QImage &imagen, QSize tam)
         return imagen.scaled(tam, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
     }
     QImage pequena(tam, QImage::Format_RGB32);
+    pequena.setColorSpace(imagen.colorSpace());
     QPainter pintor(&pequena);
     pintor.setRenderHint(QPainter::SmoothPixmapTransform);
     pintor.setCompositionMode(QPainter::CompositionMode_Source);
@@ -64,10 +58,18 @@ QImage fEncoger(const QImage &imagen, QSize tam)
     return pequena;
 }
 
+/// The profile that a photo embeds; not valid when it cannot be used.
+QColorSpace fPerfil(clsLector &lector, const clsCabeceraJpeg &cabecera)
+{
+    return QColorSpace::fromIccProfile(
+        QByteArray::fromStdString(lector.fCopiar(cabecera.lngPerfil, cabecera.lngBytesPerfil)));
+}
+
 QImage fMiniaturaExif(clsLector &lector, const clsCabeceraJpeg &cabecera, int intLado)
 {
     constexpr std::uint32_t lngMaximo = 1 << 20; // the segment it lies in has 64 KiB by right
-    if (cabecera.lngBytesMini == 0 || cabecera.lngBytesMini > lngMaximo) {
+    if (cabecera.lngBytesMini == 0 || cabecera.lngBytesMini > lngMaximo ||
+        cabecera.bolPerfilPartido) {
         return {};
     }
     const std::string strBytes = lector.fCopiar(cabecera.lngMiniatura, cabecera.lngBytesMini);
@@ -84,8 +86,12 @@ QImage fMiniaturaExif(clsLector &lector, const clsCabeceraJpeg &cabecera, int in
     if (!esfuerzo || !fDecodificable(*esfuerzo, cabecera.lngBytesMini)) {
         return {};
     }
-    const QImage imagen = QImage::fromData(reinterpret_cast<const uchar *>(strBytes.data()),
-                                           static_cast<int>(strBytes.size()), "JPG");
+    QImage imagen = QImage::fromData(reinterpret_cast<const uchar *>(strBytes.data()),
+                                     static_cast<int>(strBytes.size()), "JPG");
+    if (!imagen.colorSpace().isValid() && cabecera.lngBytesPerfil > 0) {
+        // Cameras and programs make it from the picture's values, and its profile holds for both.
+        imagen.setColorSpace(fPerfil(lector, cabecera));
+    }
     return fEnderezar(fEncoger(imagen, fEnCaja(imagen.size(), intLado)), cabecera.intOrientacion);
 }
 

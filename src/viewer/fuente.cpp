@@ -1,6 +1,7 @@
 #include "viewer/fuente.h"
 
 #include "sistema/archivo.h"
+#include "viewer/colores.h"
 #include "viewer/decodificador.h"
 
 #include <QPainter>
@@ -75,20 +76,11 @@ clsFuente fDecodificar(const clsPedido &pedido, const std::atomic<bool> &bolAnul
         return {};
     }
     clsFuente fuente;
-    fuente.imagen = decodificador.fLeer(intOctavos < 8 ? fTamEscalado(tam, intOctavos) : tam);
+    fuente.imagen =
+        fParaPantalla(decodificador.fLeer(intOctavos < 8 ? fTamEscalado(tam, intOctavos) : tam));
     if (fuente.imagen.isNull()) {
         return {};
     }
-    if (fuente.imagen.format() != QImage::Format_RGB32 &&
-        fuente.imagen.format() != QImage::Format_ARGB32_Premultiplied) {
-        // Formats the screen does not have would be converted at every painting.
-        fuente.imagen = std::move(fuente.imagen)
-                            .convertToFormat(fuente.imagen.hasAlphaChannel()
-                                                 ? QImage::Format_ARGB32_Premultiplied
-                                                 : QImage::Format_RGB32);
-    }
-    // One device pixel per pixel of the picture, whatever density the file claims.
-    fuente.imagen.setDevicePixelRatio(1);
     fuente.natural = bolGirada ? tam.transposed() : tam;
     return fuente;
 }

@@ -8,6 +8,7 @@
 #include "viewer/jpeg_vacio.h"
 
 #include <QBuffer>
+#include <QColorSpace>
 #include <QImageReader>
 
 #include <fstream>
@@ -35,6 +36,23 @@ bool fEsAzul(const QImage &imagen)
 {
     const QColor color = imagen.pixelColor(imagen.rect().center());
     return color.blue() > 120 && color.red() < 100;
+}
+
+/// How far apart the colours are in the middle of the four quarters, at most, of one of red, green
+/// and blue.
+int fDistancia(const QImage &una, const QImage &otra)
+{
+    int intMayor = 0;
+    for (const QPointF &punto : {QPointF(.25, .25), {.75, .25}, {.25, .75}, {.75, .75}}) {
+        const QPoint donde(static_cast<int>(punto.x() * una.width()),
+                           static_cast<int>(punto.y() * una.height()));
+        const QColor color = una.pixelColor(donde);
+        const QColor otro = otra.pixelColor(donde);
+        intMayor = std::max({intMayor, std::abs(color.red() - otro.red()),
+                             std::abs(color.green() - otro.green()),
+                             std::abs(color.blue() - otro.blue())});
+    }
+    return intMayor;
 }
 
 /// What is claimed is not what there is: a JPEG head for a picture of that size and hardly more.
@@ -199,6 +217,58 @@ private slots:
                             std::abs(color.blue() - otro.blue()) <
                         60);
             }
+        }
+    }
+
+    void fAPhotoHasItsColoursWhateverSpaceItIsStoredIn()
+    {
+        const clsArbol arbol;
+        const QPointF blanco(0.3127, 0.3290);
+        const std::pair<const char *, QColorSpace> lstCasos[] = {
+            {"none", {}},
+            {"sRGB", QColorSpace::SRgb},
+            {"Adobe RGB", QColorSpace::AdobeRgb},
+            {"of screens", QColorSpace::DisplayP3},
+            {"ROMM", QColorSpace::ProPhotoRgb},
+            {"linear", QColorSpace::SRgbLinear},
+            {"beyond what is looked up", QColorSpace(blanco, {1, 0}, {0, 1}, {0, 0},
+                                                     QColorSpace::TransferFunction::Gamma, 1.8F)},
+        };
+        QImage foto = fCuartos({400, 300});
+        {
+            // Strong colours, but none at the edge of sRGB: 8 bits of a larger space are too few
+            // there.
+            QPainter pintor(&foto);
+            pintor.fillRect(foto.rect(), QColor(128, 128, 128, 100));
+        }
+        for (const auto &[strQue, espacio] : lstCasos) {
+            const auto fEn = [&espacio = espacio](QImage imagen) {
+                imagen.setColorSpace(QColorSpace::SRgb);
+                imagen.convertToColorSpace(espacio.isValid() ? espacio : QColorSpace::SRgb);
+                imagen.setColorSpace(espacio);
+                return imagen;
+            };
+            const auto fIgual = [&](const QImage &imagen, QSize tam) {
+                return imagen.size() == tam && fDistancia(imagen, foto.scaled(tam)) < 12;
+            };
+            QVERIFY2(fIgual(fExtraer(arbol, fJpeg(fEn(foto)), 100).imagen, QSize(100, 75)), strQue);
+            const std::atomic<bool> bolAnulado = false;
+            const clsPedido pedido{arbol.fRuta("foto.jpg"), QSize(400, 300), 0, lngMaximoFoto};
+            QVERIFY2(fIgual(fDecodificar(pedido, bolAnulado).imagen, QSize(400, 300)), strQue);
+            // The thumbnail inside has no profile of its own.
+            QImage mini = fEn(foto.scaled(160, 120));
+            mini.setColorSpace({});
+            for (const int intLado : {66, 133}) { // made smaller in two ways
+                const clsJpegConMini jpeg{fEn(fLlano({400, 300}, colFoto)), mini};
+                QVERIFY2(fIgual(fExtraer(arbol, jpeg.fBytes(), intLado).imagen,
+                                QSize(intLado, qRound(intLado * 0.75))),
+                         strQue);
+            }
+            // Frames that were kept, and pictures of other kinds.
+            QVERIFY2(fIgual(fEncajada(fEn(foto), 100), QSize(100, 75)), strQue);
+            const QImage alfa = fEn(foto.convertToFormat(QImage::Format_ARGB32));
+            QVERIFY2(fIgual(fExtraer(arbol, fCodificar(alfa, "PNG"), 100).imagen, QSize(100, 75)),
+                     strQue);
         }
     }
 

@@ -57,6 +57,43 @@ TEST(CabeceraJpeg, TellsWhatDecodingTakes)
     EXPECT_FALSE(fMedir(clsJpegVacio{8, 8, false, 1, strMarcas}.fBytes()));
 }
 
+TEST(CabeceraJpeg, FindsTheColourProfile)
+{
+    // A segment of application data, its length given or right.
+    const auto fSegmento = [](const std::string &strDentro, std::size_t lngMas = 0) {
+        const std::size_t lngLargo = strDentro.size() + 2 + lngMas;
+        return "\xFF\xE2"s + static_cast<char>(lngLargo >> 8) + static_cast<char>(lngLargo) +
+               strDentro;
+    };
+    const std::string strNombre = "ICC_PROFILE\0"s;
+    const struct {
+        const char *strFrase;
+        std::string strAntes;
+        const char *strPerfil;
+        bool bolPartido;
+    } lstCasos[] = {
+        {"none", "", "", false},
+        {"in one piece", fSegmento(strNombre + "\1\1perfil"), "perfil", false},
+        {"behind others", fSegmento("MPF\0"s) + fSegmento(strNombre + "\1\1perfil"), "perfil",
+         false},
+        {"in two", fSegmento(strNombre + "\1\2per") + fSegmento(strNombre + "\2\2fil"), "", true},
+        {"empty", fSegmento(strNombre + "\1\1"), "", false},
+        {"cut", fSegmento(strNombre), "", false},
+        {"of another name", fSegmento("ICC_PROFILEX\1\1perfil"), "", false},
+    };
+    for (const auto &caso : lstCasos) {
+        SCOPED_TRACE(caso.strFrase);
+        const std::string strBytes = clsJpegVacio{64, 48, false, 1, caso.strAntes}.fBytes();
+        clsOrigenMemoria origen(strBytes);
+        clsLector lector(origen);
+        clsCabeceraJpeg cabecera;
+        ASSERT_TRUE(fLeerCabeceraJpeg(lector, cabecera));
+        EXPECT_EQ(cabecera.intAncho, 64);
+        EXPECT_EQ(lector.fCopiar(cabecera.lngPerfil, cabecera.lngBytesPerfil), caso.strPerfil);
+        EXPECT_EQ(cabecera.bolPerfilPartido, caso.bolPartido);
+    }
+}
+
 TEST(CabeceraJpeg, SaysWhichPicturesAreWorthDecoding)
 {
     constexpr std::int64_t lngMega = 1'000'000;
