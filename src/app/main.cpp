@@ -3,6 +3,7 @@
 #include "app/escritorio.h"
 #include "app/frmMain.h"
 #include "app/mensajes_qt.h"
+#include "app/raiz.h"
 #include "shared/ajustes.h"
 #include "shared/errores.h"
 #include "shared/formato_fecha.h"
@@ -22,8 +23,8 @@ namespace {
 
 constexpr int intSalidaMal = 1;
 
-/// Checks what has to hold before a window is shown; says what does not.
-bool fComprobar(const std::string &strRaiz, clsMensajes &mensajes)
+/// Checks what has to hold before a folder is looked for; says what does not.
+bool fComprobarFecha(clsMensajes &mensajes)
 {
     if (!fFormatoFechaValido(fDFmtUsuario())) {
         mensajes.fAviso(
@@ -32,37 +33,18 @@ bool fComprobar(const std::string &strRaiz, clsMensajes &mensajes)
             "'dd/MM/yyyy'.");
         return false;
     }
-    if (!fExisteCarpeta(strRaiz)) {
-        mensajes.fAviso(Icono::Problema, "Ruta no válida.");
-        return false;
-    }
     return true;
 }
 
-} // namespace
-
-int main(int intArgumentos, char **lstArgumentos)
+/// Opens an archive and shows it until its window is closed.
+/// @return the program's exit status.
+int fAbrir(const std::string &strRaiz, clsAjustes &escritorio, clsMensajes &mensajes)
 {
-    QApplication aplicacion(intArgumentos, lstArgumentos);
-    fPrepararAplicacion(aplicacion);
-    clsMensajesQt mensajes;
-    const std::string strRaiz =
-        fRaizDeOrdenes(std::vector<std::string>(lstArgumentos + 1, lstArgumentos + intArgumentos),
-                       fCarpetaPrograma(), fCarpetaTrabajo());
-    if (!fComprobar(strRaiz, mensajes)) {
+    if (!fExisteCarpeta(strRaiz)) {
+        mensajes.fAviso(Icono::Problema, "Ruta no válida.");
         return intSalidaMal;
     }
     const bool bolEscritura = fProbarEscritura(strRaiz);
-    // The threads are given a moment to end before what they use is taken away.
-    const auto despedida = qScopeGuard(clsHilos::fDespedir);
-    clsHilos::fAvisarSinHilo([&](clsError error) {
-        const auto fDecir = [&mensajes, error] {
-            mensajes.fAviso(Icono::Problema,
-                            "No se puede iniciar un hilo.\r\n" + fTextoError(error));
-        };
-        QMetaObject::invokeMethod(&aplicacion, fDecir, Qt::QueuedConnection);
-    });
-    const auto callado = qScopeGuard([] { clsHilos::fAvisarSinHilo(nullptr); });
     const std::string strAjustes = strRaiz + std::string(strFicheroAjustes);
     clsAjustes ajustes(strAjustes, bolEscritura);
     if (const clsError error = ajustes.fError(); error == EFBIG) {
@@ -75,9 +57,38 @@ int main(int intArgumentos, char **lstArgumentos)
                                             "'.");
         return intSalidaMal;
     }
-    const std::string strEscritorio = fFicheroEscritorio();
-    clsAjustes escritorio(strEscritorio, !strEscritorio.empty());
+    fRecordarRaiz(escritorio, strRaiz);
     frmMain ventana({strRaiz, bolEscritura, preferencias}, ajustes, escritorio, mensajes);
     ventana.fIniciar();
     return QApplication::exec();
+}
+
+} // namespace
+
+int main(int intArgumentos, char **lstArgumentos)
+{
+    const bool bolSinCarpeta = fTomarSinCarpeta();
+    QApplication aplicacion(intArgumentos, lstArgumentos);
+    fPrepararAplicacion(aplicacion);
+    clsMensajesQt mensajes;
+    if (!fComprobarFecha(mensajes)) {
+        return intSalidaMal;
+    }
+    // The threads are given a moment to end before what they use is taken away.
+    const auto despedida = qScopeGuard(clsHilos::fDespedir);
+    clsHilos::fAvisarSinHilo([&](clsError error) {
+        const auto fDecir = [&mensajes, error] {
+            mensajes.fAviso(Icono::Problema,
+                            "No se puede iniciar un hilo.\r\n" + fTextoError(error));
+        };
+        QMetaObject::invokeMethod(&aplicacion, fDecir, Qt::QueuedConnection);
+    });
+    const auto callado = qScopeGuard([] { clsHilos::fAvisarSinHilo(nullptr); });
+    const std::string strEscritorio = fFicheroEscritorio();
+    clsAjustes escritorio(strEscritorio, !strEscritorio.empty());
+    const auto raiz =
+        fElegirRaiz({std::vector<std::string>(lstArgumentos + 1, lstArgumentos + intArgumentos),
+                     fCarpetaPrograma(), fCarpetaTrabajo(), fCarpetaPersonal(), bolSinCarpeta},
+                    escritorio, mensajes);
+    return raiz ? fAbrir(*raiz, escritorio, mensajes) : 0;
 }

@@ -34,8 +34,8 @@ std::string fCarpetaDelUsuario(const char *strVariable, const char *strEnCasa)
     if (fEsAbsoluta(strSuya)) {
         return fConBarra(strSuya);
     }
-    const std::string strCasa = fVariable("HOME", "");
-    return fEsAbsoluta(strCasa) ? fConBarra(strCasa) + strEnCasa : std::string();
+    const std::string strCasa = fCarpetaPersonal();
+    return strCasa.empty() ? strCasa : strCasa + strEnCasa;
 }
 
 } // namespace
@@ -51,6 +51,20 @@ std::string fCarpetaTrabajo()
 {
     std::error_code error; // then it is empty
     return std::filesystem::current_path(error).native();
+}
+
+std::string fCarpetaPersonal()
+{
+    const std::string strCasa = fVariable("HOME", "");
+    return fEsAbsoluta(strCasa) ? fConBarra(strCasa) : std::string();
+}
+
+bool fTomarSinCarpeta()
+{
+    constexpr const char *strVariable = "MIRAVEL_SIN_CARPETA";
+    const bool bolPuesta = !fVariable(strVariable, "").empty();
+    unsetenv(strVariable);
+    return bolPuesta;
 }
 
 std::string fRutaTemporal()

@@ -10,6 +10,13 @@
 /// The present working folder.
 [[nodiscard]] std::string fCarpetaTrabajo();
 
+/// The user's home folder with a trailing "/"; empty when there is none.
+[[nodiscard]] std::string fCarpetaPersonal();
+
+/// Whether miravel-abrir started the program without a folder. To be asked once, while there are no
+/// other threads: what the program starts does not learn of it.
+[[nodiscard]] bool fTomarSinCarpeta();
+
 /// The folder for temporary files with a trailing "/" (TMPDIR, else the system's).
 [[nodiscard]] std::string fRutaTemporal();
 

@@ -86,34 +86,20 @@ fSoltar() { # command...: what the program was given, every argument ended by |
 
 fPruebaMenuEntry() {
     local entrada=$entradas/alt.miravel.miravel.desktop
-    mkdir -p "$carpeta/doble" "$HOME/$strRara" "$HOME/Mis fotos"
+    mkdir -p "$carpeta/doble" "$HOME/$strRara"
     cp "$instalado/usr/bin/miravel-abrir" "$carpeta/doble"
     cat >"$carpeta/doble/miravel" <<FIN
 #!/bin/sh
-printf '%s|' "\$@" >'$carpeta/dicho.parte' && mv '$carpeta/dicho.parte' '$carpeta/dicho'
-FIN
-    cat >"$carpeta/doble/xdg-user-dir" <<'FIN'
-#!/bin/sh
-[ "$1" = PICTURES ] && printf '%s\n' "$PICTURES"
+printf '%s|' "\${MIRAVEL_SIN_CARPETA-con}" "\$@" >'$carpeta/dicho.parte' && mv '$carpeta/dicho.parte' '$carpeta/dicho'
 FIN
     chmod 755 "$carpeta/doble"/*
     local PATH=$carpeta/doble:$PATH strDicho
     fSoltar gio launch "$entrada" "$HOME/$strRara"
-    fExigir "a folder arrives unharmed: $strDicho" test "$strDicho" = "___$HOME/$strRara|"
-
-    export PICTURES="$HOME/Mis fotos"
+    fExigir "a folder arrives unharmed: $strDicho" test "$strDicho" = "con|___$HOME/$strRara|"
     fSoltar gio launch "$entrada"
-    fExigir "without a folder, the pictures: $strDicho" test "$strDicho" = "___$PICTURES|"
-    mkdir "$HOME/Imágenes"
-    # "Not set" is told by the home folder.
-    local PICTURES
-    for PICTURES in "$HOME" "$HOME/" "$HOME/no existe" ""; do
-        fSoltar miravel-abrir
-        fExigir "not from '$PICTURES': $strDicho" test "$strDicho" = "___$HOME/Imágenes|"
-    done
-    rmdir "$HOME/Imágenes"
+    fExigir "that there is none does, too: $strDicho" test "$strDicho" = "1|"
     fSoltar miravel-abrir ''
-    fExigir "no pictures at all: $strDicho" test "$strDicho" = "___$HOME|"
+    fExigir "nor is an empty one: $strDicho" test "$strDicho" = "1|"
     fExigir "two folders are a mistake" test "$(miravel-abrir a b 2>/dev/null; echo $?)" = 2
 }
 
@@ -137,6 +123,46 @@ fPruebaStart() {
     fCerrar
 }
 
+# --- Without a folder ---
+
+readonly strElegir='^Selecciona la carpeta de fotos y vídeos:$'
+
+fElegir() { # path
+    local intVez
+    fEsperarA "the choice of a folder" fVisible "$strElegir"
+    xdotool windowfocus "$(fVentana "$strElegir")" key --clearmodifiers ctrl+a type -- "$1"
+    fTecla "$strElegir" Return
+    for ((intVez = 0; intVez < 40; ++intVez)); do fOculta "$strElegir" && return; sleep 0.05; done
+    fFallo "the choice stays"
+}
+
+fPruebaNoFolder() {
+    local abrir=$instalado/usr/bin/miravel-abrir raiz="$carpeta/otra"
+    fArrancar "$abrir"
+    fEsperarA "the archive of last time" fVisible "$strPrincipal"
+    fCerrar
+
+    # The first time: a choice; the home folder is not taken just so, and Cancel ends it.
+    rm "$HOME/.local/state/miravel/escritorio.ini"
+    fArrancar "$abrir"
+    fElegir "$HOME"
+    fAceptar # the default is No
+    fEsperarA "another choice" fVisible "$strElegir"
+    fTecla "$strElegir" Escape
+    fFin 0
+    fArrancar "$abrir" "$HOME"
+    fAceptar
+    fFin 0
+    fExigir "the home folder is untouched" test -z "$(find "$HOME" -maxdepth 1 -iname '*miravel*')"
+
+    cp -a "$carpeta/demo/2019/Globos en Segovia" "$raiz"
+    fArrancar "$abrir"
+    fElegir "$raiz"
+    fAceptar
+    fEsperarA "the first file shown" fHaySelec "$raiz"
+    fCerrar
+}
+
 fConHijo() {
     fTecla "$strPrincipal" m
     fEsperarUnPoco pgrep -P "$lngPid" -f "^$instalado/.*libexec/miravel/miravel-fotograma" >/dev/null
@@ -152,7 +178,8 @@ fPruebaRemove() {
 fServidor || exit 1
 fEntorno
 unset XDG_CONFIG_HOME XDG_CACHE_HOME XDG_STATE_HOME XDG_DATA_HOME
-for strUna in fPruebaInstall fPruebaFolders fPruebaIcons fPruebaMenuEntry fPruebaStart fPruebaRemove; do
+for strUna in fPruebaInstall fPruebaFolders fPruebaIcons fPruebaMenuEntry fPruebaStart fPruebaNoFolder \
+    fPruebaRemove; do
     fProbar "$strUna"
 done
 [ "$intFallos" -eq 0 ]
