@@ -51,22 +51,6 @@ std::int64_t fBuscarMarca(clsLector &lector, char chrMarca)
     return -1;
 }
 
-std::string_view fCabeceraTiff(clsLector &lector, clsMarcas &marcas, Orden &orden)
-{
-    // TIFF 6.0, section 2: byte order, the number 42, offset of the first IFD.
-    const std::string_view strCabeza = lector.fMirar(marcas.lngInicioTiff, 8);
-    const std::string_view strInicio = strCabeza.substr(0, 4);
-    if (strInicio == std::string_view("MM\0*", 4)) {
-        orden = Orden::MM;
-    } else if (strInicio == std::string_view("II*\0", 4)) {
-        orden = Orden::II;
-    } else {
-        return "File is not TIFF format";
-    }
-    marcas.lngIfd0 = fLargo(strCabeza.substr(4), orden);
-    return {};
-}
-
 } // namespace
 
 std::uint32_t fCorto(std::string_view strBytes, Orden orden)
@@ -111,6 +95,22 @@ std::string_view fPasoJpeg(clsLector &lector, Busqueda busqueda, clsMarcas &marc
     if (strCabeza.size() < 6 || strCabeza.substr(2) != "Exif") {
         return "APP1 marker found, but doesn't contain EXIF data";
     }
+    return {};
+}
+
+std::string_view fCabeceraTiff(clsLector &lector, clsMarcas &marcas, Orden &orden)
+{
+    // TIFF 6.0, section 2: byte order, the number 42, offset of the first IFD.
+    const std::string_view strCabeza = lector.fMirar(marcas.lngInicioTiff, 8);
+    const std::string_view strInicio = strCabeza.substr(0, 4);
+    if (strInicio == std::string_view("MM\0*", 4)) {
+        orden = Orden::MM;
+    } else if (strInicio == std::string_view("II*\0", 4)) {
+        orden = Orden::II;
+    } else {
+        return "File is not TIFF format";
+    }
+    marcas.lngIfd0 = fLargo(strCabeza.substr(4), orden);
     return {};
 }
 

@@ -22,3 +22,6 @@ enum class Busqueda { SoloApp1, Completa };
 
 /// The part of it that a JPEG file needs: where its TIFF data start.
 [[nodiscard]] std::string_view fPasoJpeg(clsLector &lector, Busqueda busqueda, clsMarcas &marcas);
+
+/// And the part behind that: byte order and the first IFD, from marcas.lngInicioTiff on.
+[[nodiscard]] std::string_view fCabeceraTiff(clsLector &lector, clsMarcas &marcas, Orden &orden);

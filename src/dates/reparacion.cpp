@@ -353,9 +353,9 @@ int clsTablaReparacion::fDesplazar(std::int64_t lngSegundos)
     });
 }
 
-clsTramo clsTablaReparacion::fTramo(std::optional<std::int64_t> lngSegundos) const
+clsTramoFechas clsTablaReparacion::fTramo(std::optional<std::int64_t> lngSegundos) const
 {
-    clsTramo tramo;
+    clsTramoFechas tramo;
     for (const clsFilaReparacion &fila : m_lstFilas) {
         const clsFecha fecha = !lngSegundos ? fila.propuesta.fecha
                                             : fDesplazada(fila, *lngSegundos).value_or(clsFecha{});

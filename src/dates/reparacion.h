@@ -26,7 +26,7 @@ struct clsReparado {
 };
 
 /// First and last date of several; zero where there is none.
-struct clsTramo {
+struct clsTramoFechas {
     clsFecha datPrimera;
     clsFecha datUltima;
 };
@@ -89,7 +89,7 @@ public:
     /// none, than the file's present date. It replaces an earlier shift; 0 takes it away.
     int fDesplazar(std::int64_t lngSegundos);
     /// First and last of the new dates that fDesplazar would give, or of those that are.
-    [[nodiscard]] clsTramo fTramo(std::optional<std::int64_t> lngSegundos = {}) const;
+    [[nodiscard]] clsTramoFechas fTramo(std::optional<std::int64_t> lngSegundos = {}) const;
 
     void fNombres(NombreReparado nombre);
     [[nodiscard]] NombreReparado fNombres() const { return m_nombre; }

@@ -1,6 +1,7 @@
 #include "viewer/cabecera_jpeg.h"
 
 #include "dates/ifd.h"
+#include "dates/segmentos.h"
 
 #include <algorithm>
 #include <cstdlib>
@@ -32,22 +33,6 @@ constexpr std::int64_t lngMaximoPixeles = std::int64_t{1} << 31;
 // dozen scans: 60 million visits for 100 megapixels.
 constexpr std::int64_t lngMaximoVisitas = 200'000'000;
 constexpr std::int64_t lngBytesBloque = 64 * 2;
-
-/// Start of a frame, of whatever coding: it holds the size.
-bool fEsMarco(std::uint32_t lngMarca)
-{
-    return lngMarca >= 0xC0 && lngMarca <= 0xCF && lngMarca != 0xC4 && lngMarca != 0xC8 &&
-           lngMarca != 0xCC;
-}
-
-/// Start of the picture's data, or end of the file: no frame comes any more.
-bool fEsFinal(std::uint32_t lngMarca) { return lngMarca == 0xD9 || lngMarca == 0xDA; }
-
-/// Markers without a length.
-bool fEstaSola(std::uint32_t lngMarca)
-{
-    return lngMarca == 0x01 || (lngMarca >= 0xD0 && lngMarca <= 0xD8);
-}
 
 std::uint32_t fNumero(const clsEntradaIfd &entrada, Orden orden)
 {
@@ -88,11 +73,9 @@ void fLeerExif(clsLector &lector, std::int64_t lngInicio, clsCabeceraJpeg &cabec
 }
 
 /// Source: ICC.1:2010, annex B.4.
-void fLeerPerfil(std::string_view strSegmento, std::int64_t lngPos, clsCabeceraJpeg &cabecera)
+void fLeerPerfil(std::string_view strDentro, const clsSegmento &segmento, clsCabeceraJpeg &cabecera)
 {
-    const std::string_view strDentro = strSegmento.substr(4);
-    const std::uint32_t lngLargo = fCorto(strSegmento.substr(2), Orden::MM);
-    if (strDentro.size() < lngBytesAntesPerfil || lngLargo <= 2 + lngBytesAntesPerfil ||
+    if (strDentro.size() < lngBytesAntesPerfil || segmento.lngBytes <= lngBytesAntesPerfil ||
         !strDentro.starts_with(std::string_view("ICC_PROFILE\0", 12))) {
         return;
     }
@@ -100,8 +83,8 @@ void fLeerPerfil(std::string_view strSegmento, std::int64_t lngPos, clsCabeceraJ
         cabecera.bolPerfilPartido = true;
         return;
     }
-    cabecera.lngPerfil = lngPos + 4 + lngBytesAntesPerfil;
-    cabecera.lngBytesPerfil = lngLargo - 2 - lngBytesAntesPerfil;
+    cabecera.lngPerfil = segmento.lngContenido + lngBytesAntesPerfil;
+    cabecera.lngBytesPerfil = segmento.lngBytes - lngBytesAntesPerfil;
 }
 
 /// Reads on through a file.
@@ -148,7 +131,7 @@ public:
                 return 0;
             }
             const auto lngMarca = static_cast<std::uint32_t>(intByte);
-            if (lngMarca != 0 && !fEstaSola(lngMarca)) {
+            if (lngMarca != 0 && !fMarcaSola(lngMarca)) {
                 return lngMarca;
             }
         }
@@ -230,40 +213,23 @@ bool fEsProgresivo(std::uint32_t lngMarco) { return lngMarco == 0xC2 || lngMarco
 bool fLeerCabeceraJpeg(clsLector &lector, clsCabeceraJpeg &cabecera)
 {
     cabecera = {};
-    if (lector.fMirar(0, 2) != "\xFF\xD8") {
-        return false;
-    }
     bool bolExif = false;
-    std::int64_t lngPos = 2;
-    for (int intSegmento = 0; intSegmento < intMaximoSegmentos; ++intSegmento) {
-        // Marker, length (which counts itself) and the first bytes of what follows.
-        const std::string strSegmento = lector.fCopiar(lngPos, 4 + lngBytesAntesPerfil);
-        if (strSegmento.size() < 4 || strSegmento[0] != '\xFF') {
-            break;
+    return fRecorrerSegmentos(lector, [&](const clsSegmento &segmento) {
+        const std::string strContenido = lector.fCopiar(segmento.lngContenido, lngBytesAntesPerfil);
+        const std::string_view strBytes = strContenido;
+        if (fEsMarco(segmento.lngMarca) && strBytes.size() >= 5) {
+            cabecera.intAlto = static_cast<int>(fCorto(strBytes.substr(1), Orden::MM));
+            cabecera.intAncho = static_cast<int>(fCorto(strBytes.substr(3), Orden::MM));
         }
-        const std::string_view strBytes = strSegmento;
-        const std::uint32_t lngMarca = fCorto(strBytes, Orden::MM) & 0xFF;
-        if (lngMarca == 0xFF || fEstaSola(lngMarca)) {
-            lngPos += lngMarca == 0xFF ? 1 : 2; // fill bytes may stand before a marker
-            continue;
-        }
-        if (fEsMarco(lngMarca) && strBytes.size() >= 9) {
-            cabecera.intAlto = static_cast<int>(fCorto(strBytes.substr(5), Orden::MM));
-            cabecera.intAncho = static_cast<int>(fCorto(strBytes.substr(7), Orden::MM));
-        }
-        if (fEsMarco(lngMarca) || fEsFinal(lngMarca)) {
-            break;
-        }
-        if (lngMarca == intMarcaApp1 && !bolExif &&
-            strBytes.substr(4).starts_with(std::string_view("Exif\0\0", 6))) {
+        if (segmento.lngMarca == intMarcaApp1 && !bolExif &&
+            strBytes.starts_with(std::string_view("Exif\0\0", 6))) {
             bolExif = true;
-            fLeerExif(lector, lngPos + 10, cabecera);
-        } else if (lngMarca == intMarcaApp2) {
-            fLeerPerfil(strBytes, lngPos, cabecera);
+            fLeerExif(lector, segmento.lngContenido + 6, cabecera);
+        } else if (segmento.lngMarca == intMarcaApp2) {
+            fLeerPerfil(strBytes, segmento, cabecera);
         }
-        lngPos += 2 + std::max<std::int64_t>(2, fCorto(strBytes.substr(2), Orden::MM));
-    }
-    return true;
+        return !fEsMarco(segmento.lngMarca);
+    });
 }
 
 std::optional<clsEsfuerzoJpeg> fMedirJpeg(clsLector &lector)

@@ -40,7 +40,42 @@ std::string fTiffGps(std::string_view strDia, const std::vector<std::uint32_t> &
     for (const std::uint32_t lngNumero : lstHora) {
         strTiff += tiff.fNumero(lngNumero, 4);
     }
-    return strTiff + std::string(strDia);
+    return strTiff + std::string(strDia) + '\0';
+}
+
+std::string fSegmentoXmp(const std::string &strPaquete)
+{
+    return fSegmento('\xE1', "http://ns.adobe.com/xap/1.0/\0"s + strPaquete);
+}
+
+/// A packet with one description that has these attributes and elements.
+std::string fPaquete(const std::string &strAtributos, const std::string &strElementos = {})
+{
+    return "<x:xmpmeta><rdf:RDF><rdf:Description xmlns:xmp=\"http://ns.adobe.com/xap/1.0/\" "
+           "xmlns:exif='http://ns.adobe.com/exif/1.0/'\n"
+           "xmlns:photoshop = \"http://ns.adobe.com/photoshop/1.0/\" " +
+           strAtributos + ">" + strElementos + "</rdf:Description></rdf:RDF></x:xmpmeta>";
+}
+
+std::string fRegistro(char chrCual, const std::string &strDatos)
+{
+    return "\x1C\x02"s + chrCual + '\0' + static_cast<char>(strDatos.size()) + strDatos;
+}
+
+/// An image resource; the name has an even length with its own length before it.
+std::string fRecurso(const char *strNumero, const std::string &strNombre,
+                     const std::string &strDatos)
+{
+    return "8BIM" + std::string(strNumero, 2) + static_cast<char>(strNombre.size()) + strNombre +
+           std::string(strNombre.size() % 2 == 0 ? 1 : 0, '\0') +
+           clsTiff(Orden::MM).fNumero(static_cast<std::uint32_t>(strDatos.size()), 4) + strDatos +
+           std::string(strDatos.size() % 2, '\0');
+}
+
+std::string fSegmentoIptc(const std::string &strRegistros)
+{
+    return fSegmento('\xED', "Photoshop 3.0\0"s + fRecurso("\x04\x25", "abc", "odd") +
+                                 fRecurso("\x04\x04", "", strRegistros));
 }
 
 } // namespace
@@ -124,13 +159,114 @@ TEST(FuentesFoto, ReadsTheTimeOfTheSatellites)
     }
 }
 
+TEST(FuentesFoto, ReadsTheDateOfXmp)
+{
+    const struct {
+        std::string strPaquete;
+        const char *strFecha; ///< empty: none
+    } lstCasos[] = {
+        {fPaquete("xmp:CreateDate=\"2009-07-14T18:03:22+02:00\""), "14/07/2009 18:03:22 +120"},
+        {fPaquete("xmp:CreateDate = '2009-07-14'"), "14/07/2009"},
+        {fPaquete("", "<xmp:CreateDate>2009-07-14T18:03:22Z</xmp:CreateDate>"),
+         "14/07/2009 18:03:22 UTC"},
+        {fPaquete("", "<xmp:CreateDate rdf:x=\"1\">\n 2009-07-14\n </xmp:CreateDate>"),
+         "14/07/2009"},
+        {fPaquete("xmp:CreateDate=\"2009-07-16\" photoshop:DateCreated=\"2009-07-15\"",
+                  "<exif:DateTimeOriginal>2009-07-14</exif:DateTimeOriginal>"),
+         "14/07/2009"},
+        {fPaquete("xmp:CreateDate=\"2009-07-16\" photoshop:DateCreated=\"2009-07-15\""),
+         "15/07/2009"},
+        {fPaquete("photoshop:DateCreated=\"2009\" xmp:CreateDate=\"2009-07-16\""), "16/07/2009"},
+        {"<a xmlns:xap=\"http://ns.adobe.com/xap/1.0/\" xap:CreateDate=\"2009-07-14\"/>",
+         "14/07/2009"},
+        {"<a xmlns:xmp=\"http://elsewhere/\" xmp:CreateDate=\"2009-07-14\"/>", ""},
+        {"<a xmp:CreateDate=\"2009-07-14\"/>", ""},
+        {fPaquete("my-xmp:CreateDate=\"2009-07-14\""), ""},
+        {fPaquete("xmp:CreateDateOfMine=\"2009-07-14\""), ""},
+        {fPaquete("", "<xmp:CreateDateOfMine>2009-07-14</xmp:CreateDateOfMine>"), ""},
+        {fPaquete("", "<xmp:CreateDate/>2009-07-14<a/>"), ""},
+        {fPaquete("xmp:CreateDate=2009-07-14"), ""},
+        {fPaquete("xmp:CreateDate=\"" + std::string(100, ' ') + "2009-07-14\""), ""},
+    };
+    for (const auto &caso : lstCasos) {
+        const std::string strFecha =
+            std::string(*caso.strFecha == '\0' ? "" : "XMP: ") + caso.strFecha;
+        EXPECT_EQ(fFuentesDe(fJpeg(fSegmentoXmp(caso.strPaquete))), strFecha) << caso.strPaquete;
+        const std::string strTiff =
+            clsTiff(Orden::MM)
+                .fEntrada(0x02BC, 1, static_cast<std::uint32_t>(caso.strPaquete.size()),
+                          caso.strPaquete)
+                .fHacer();
+        EXPECT_EQ(fFuentesDe(strTiff), strFecha) << "TIFF: " << caso.strPaquete;
+    }
+}
+
+TEST(FuentesFoto, ReadsTheDateOfIptc)
+{
+    const std::string strDia = fRegistro('\x37', "20090714");
+    const struct {
+        std::string strRegistros;
+        const char *strFecha; ///< empty: none
+    } lstCasos[] = {
+        {fRegistro('\x05', "Playa") + strDia, "14/07/2009"},
+        {strDia + fRegistro('\x3C', "180322"), "14/07/2009 18:03:22"},
+        {strDia + fRegistro('\x3C', "180322+0200"), "14/07/2009 18:03:22 +120"},
+        {fRegistro('\x3C', "180322-0930") + strDia, "14/07/2009 18:03:22 -570"},
+        {strDia + fRegistro('\x37', "20100101"), "14/07/2009"},
+        {strDia + fRegistro('\x3C', "256199+0200"), "14/07/2009"},
+        {strDia + fRegistro('\x3C', ""), "14/07/2009"},
+        {fRegistro('\x37', "20090000"), ""},
+        {fRegistro('\x37', "00000000"), ""},
+        {fRegistro('\x37', "2009"), ""},
+        {fRegistro('\x3C', "180322+0200"), ""},
+        {"x" + strDia, ""},
+    };
+    for (const auto &caso : lstCasos) {
+        const std::string strFecha =
+            std::string(*caso.strFecha == '\0' ? "" : "IPTC: ") + caso.strFecha;
+        EXPECT_EQ(fFuentesDe(fJpeg(fSegmentoIptc(caso.strRegistros))), strFecha);
+        const std::string strTiff =
+            clsTiff(Orden::II)
+                .fEntrada(0x83BB, 7, static_cast<std::uint32_t>(caso.strRegistros.size()),
+                          caso.strRegistros)
+                .fHacer();
+        EXPECT_EQ(fFuentesDe(strTiff), strFecha);
+    }
+}
+
+TEST(FuentesFoto, FindsExifThatIsNotTheFirst)
+{
+    const std::string strExif =
+        fSegmentoExif(clsTiff(Orden::II).fExif().fTexto(0x9003, "2009:07:14 18:03:22").fHacer());
+    const std::string strXmp = fSegmentoXmp(fPaquete("xmp:CreateDate=\"2009-07-15\""));
+    const std::string strIptc = fSegmentoIptc(fRegistro('\x37', "20090716"));
+    const char *const strTodas =
+        "EXIF (tomada): 14/07/2009 18:03:22, XMP: 15/07/2009, IPTC: 16/07/2009";
+    EXPECT_EQ(fFuentesDe(fJpeg(strExif + strXmp + strIptc)), strTodas);
+    EXPECT_EQ(fFuentesDe(fJpeg(strXmp + strIptc + strExif)), strTodas);
+    const std::string strDespues = fJpeg(strXmp + strExif);
+    clsOrigenMemoria origen(strDespues);
+    clsFechasExif exif;
+    static_cast<void>(fLeerFuentesFoto(origen, exif));
+    EXPECT_FALSE(exif.fMejor().fHay()) << "it does not judge";
+}
+
 TEST(FuentesFoto, TakesBytesThatEndAnywhere)
 {
-    const std::string strFoto = fJpeg(fSegmentoExif(fTiffGps("2009:07:14", {16, 1, 3, 1, 22, 1})));
+    const std::string strFoto =
+        fJpeg(fSegmentoXmp(fPaquete("xmp:CreateDate=\"2009-07-14\"")) +
+              fSegmentoIptc(fRegistro('\x37', "20090714") + fRegistro('\x3C', "180322")) +
+              fSegmentoExif(fTiffGps("2009:07:14", {16, 1, 3, 1, 22, 1})));
+    std::size_t lngCuantas = 0;
     for (std::size_t lngLargo = 0; lngLargo <= strFoto.size(); ++lngLargo) {
-        const std::string strFuentes = fFuentesDe(std::string_view(strFoto).substr(0, lngLargo));
-        EXPECT_TRUE(strFuentes.empty() || lngLargo > 60) << lngLargo;
+        const std::string strParte = strFoto.substr(0, lngLargo);
+        clsOrigenMemoria origen(strParte);
+        clsFechasExif exif;
+        const clsFuentes lstFuentes = fLeerFuentesFoto(origen, exif);
+        EXPECT_GE(lstFuentes.size(), lngCuantas) << "more bytes, fewer dates at " << lngLargo;
+        lngCuantas = lstFuentes.size();
     }
+    EXPECT_EQ(lngCuantas, 3U);
 }
 
 TEST(FechasFichero, GathersWhatIsKnownAndJudgesAsTheVerdictDoes)

@@ -1,9 +1,12 @@
-/// Prints the text of the EXIF window for a file, or with --dates the dates its verdict rests on.
-/// With --batch it reads zero-terminated paths from standard input and answers each with the length
-/// of the text in bytes, a line feed, and the text.
+/// Prints the text of the EXIF window for a file, with --dates the dates its verdict rests on, or
+/// with --sources all that tells its date, a line "source<tab>date" each. With --batch it reads
+/// zero-terminated paths from standard input and answers each with the length of the text in bytes,
+/// a line feed, and the text.
 
 #include "dates/clsFile.h"
 #include "dates/exif.h"
+#include "dates/fecha_texto.h"
+#include "dates/fuentes.h"
 #include "shared/fecha.h"
 
 #include <cstdio>
@@ -33,6 +36,16 @@ std::string fTextoFechas(const std::string &strRuta)
     return strTexto + "exif " + fTextoFecha(fichero.datExif()) + '\n';
 }
 
+std::string fTextoFuentes(const std::string &strRuta)
+{
+    std::string strTexto;
+    for (const clsFechaFuente &fuente : fLeerFechas(strRuta, "/").lstFuentes) {
+        strTexto.append(fTextoFuente(fuente.fuente)).append("\t");
+        strTexto.append(fTextoDeFuente(fuente)).append("\n");
+    }
+    return strTexto;
+}
+
 /// Whether everything reached standard output.
 bool fImprimir(std::string_view strTexto)
 {
@@ -44,17 +57,18 @@ bool fImprimir(std::string_view strTexto)
 
 int main(int intArgumentos, char **lstArgumentos)
 {
-    int intCual = 1;
-    const bool bolFechas = intArgumentos > 2 && std::string_view(lstArgumentos[1]) == "--dates";
-    intCual += bolFechas ? 1 : 0;
-    if (intArgumentos != intCual + 1) {
-        std::fputs("exif_text [--dates] FILE | --batch\n", stderr);
+    const std::string_view strModo = intArgumentos > 2 ? lstArgumentos[1] : "";
+    const bool bolModo = strModo == "--dates" || strModo == "--sources";
+    if (intArgumentos != (bolModo ? 3 : 2)) {
+        std::fputs("exif_text [--dates | --sources] FILE | --batch\n", stderr);
         return 2;
     }
     const auto fTexto = [&](const std::string &strRuta) {
-        return bolFechas ? fTextoFechas(strRuta) : GetExifText(strRuta);
+        return strModo == "--dates"     ? fTextoFechas(strRuta)
+               : strModo == "--sources" ? fTextoFuentes(strRuta)
+                                        : GetExifText(strRuta);
     };
-    const std::string strFichero = lstArgumentos[intCual];
+    const std::string strFichero = lstArgumentos[intArgumentos - 1];
     if (strFichero != "--batch") {
         return fImprimir(fTexto(strFichero)) ? 0 : 1;
     }

@@ -117,6 +117,9 @@ ${strNada}34
 $strNada"
 fExigir "batch of dates" fSale 0 "$exif_text" --dates --batch <"$carpeta/rutas"
 fExigir "two answers of dates" fDice $'21\n0132 -\n9003 -\nexif -\n21\n0132 -\n9003 -\nexif -'
+mv "$raiz/nota.txt" "$raiz/nota 2009-07-14 a las 18.03.22.txt"
+fExigir "sources" fSale 0 "$exif_text" --sources "$raiz/nota 2009-07-14 a las 18.03.22.txt"
+fExigir "a date in a name" fDice $'nombre\t14/07/2009 18:03:22'
 fExigir "no file for the text" fSale 2 "$exif_text"
 
 [ "$intFallos" -gt 0 ] || echo "PASS"
