@@ -507,7 +507,7 @@ bool frmMain::fQueja(const std::string &strTexto)
 void frmMain::fTerminarMostrar()
 {
     m_lista->fElegir(m_estado.lngActual);
-    m_informacion->fMostrar(m_estado);
+    m_informacion->fMostrar(m_estado, m_visor->fPendiente());
     m_visor->fDescribir(fQPantalla(m_estado.filas.fNombre(m_estado.lngActual)) +
                         QStringLiteral(" (") +
                         fQPantalla(m_estado.filas.fFecha(m_estado.lngActual)) + QLatin1Char(')'));

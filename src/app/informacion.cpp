@@ -125,9 +125,9 @@ void clsInformacion::fCrearAviso()
     m_txtInfo3->hide();
 }
 
-void clsInformacion::fMostrar(const clsEstado &estado)
+void clsInformacion::fMostrar(const clsEstado &estado, bool bolCallado)
 {
-    fJuzgar(estado.filas.fRutaDisco(estado.lngActual));
+    fJuzgar(estado.filas.fRutaDisco(estado.lngActual), bolCallado);
     fLugar(estado.lngActual, estado.filas.fCantidad());
     fDecir(fQ(fTextoInfo2(estado, m_signos)));
 }
@@ -174,9 +174,9 @@ void clsInformacion::fDisponer(int intAviso)
 
 /// Has a file's date judged. As a rule that takes no time worth mentioning; a disk that does not
 /// answer must not hold the window up.
-void clsInformacion::fJuzgar(const std::string &strRuta)
+void clsInformacion::fJuzgar(const std::string &strRuta, bool bolCallado)
 {
-    constexpr std::chrono::milliseconds paciencia(200);
+    const std::chrono::milliseconds paciencia(bolCallado ? 0 : 200);
     m_jueces.fAnular();
     const auto orden = m_jueces.fPedir([strRuta] { return fFechaCorrecta(strRuta); },
                                        [this](bool bolCorrecta) { fAvisar(!bolCorrecta); });

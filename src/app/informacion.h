@@ -18,7 +18,8 @@ public:
     clsInformacion(QWidget *cliente, clsSignos signos, int intArriba);
 
     /// Tells of the current file. The list must not be empty.
-    void fMostrar(const clsEstado &estado);
+    /// @param bolCallado the disk has not answered a moment ago: it is not waited for.
+    void fMostrar(const clsEstado &estado, bool bolCallado);
     /// Tells of a file that is being looked at, by its place alone.
     void fLugar(int lngPos, int lngCantidad);
     /// Says what is being done, in place of the file.
@@ -37,7 +38,7 @@ public:
 
 private:
     void fCrearAviso();
-    void fJuzgar(const std::string &strRuta);
+    void fJuzgar(const std::string &strRuta, bool bolCallado);
     void fAvisar(bool bolMal);
 
     const QWidget *m_cliente;

@@ -79,7 +79,7 @@ clsDestino fDestinoEn(const std::string &strCarpeta)
 clsFinCopia fCopiarLista(const std::vector<std::string> &lstRutas, const clsDestino &fDestino,
                          const std::function<bool(int)> &fPaso)
 {
-    constexpr std::chrono::milliseconds paciencia(800);
+    constexpr std::chrono::milliseconds paciencia(200);
     clsFinCopia fin;
     if (!fPaso(0)) {
         return fin;

@@ -34,7 +34,7 @@ using clsDestino = std::function<std::string(const std::string &strOrigen)>;
 /// @param fPaso runs in the caller's thread with the number of files copied so far: before the
 ///              first and every 50 ms. False ends the copying: nothing is left of the file under
 ///              way, unless it was complete by then and is counted. A disk that does not answer is
-///              waited for no longer than 800 ms then.
+///              waited for no longer than 200 ms then.
 [[nodiscard]] clsFinCopia fCopiarLista(const std::vector<std::string> &lstRutas,
                                        const clsDestino &fDestino,
                                        const std::function<bool(int)> &fPaso);

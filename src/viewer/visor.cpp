@@ -20,7 +20,7 @@ namespace {
 /// answer must not hold up those who want to go on.
 constexpr qint64 lngPaciencia = 2000;
 /// And so long for a look at its size and time. Neighbours' are waited for not at all.
-constexpr std::chrono::milliseconds pacienciaMirada{200};
+constexpr std::chrono::milliseconds pacienciaMirada{150};
 
 /// Bytes of pixels that are kept.
 constexpr qint64 lngMaximoFotos = qint64{256} << 20;

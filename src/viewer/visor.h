@@ -39,6 +39,8 @@ public:
     /// frame empty and appears when it comes, as long as the drawing is up to date.
     /// @return false when it was superseded or the window closes: nothing of it is shown then.
     [[nodiscard]] bool fMostrar(const std::string &strRuta, const clsEntorno &entorno);
+    /// Whether the disk has not given it in time.
+    [[nodiscard]] bool fPendiente() const { return m_bolPendiente; }
     /// Begins to decode the file that is going to be shown first, while the window is being built.
     void fAnticipar(const std::string &strRuta);
     /// Has the files that are likely to come next decoded ahead.

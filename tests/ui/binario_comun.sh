@@ -1,12 +1,13 @@
 # shellcheck shell=bash disable=SC2034,SC2317
 # What the tests of the programs themselves share: an X server of their own, the way to steer a
 # program from outside, and what it leaves on the disk. Sourced with MIRAVEL MIRAVEL_DEMO
-# CERRAR_VENTANA as arguments; an empty MIRAVEL is none.
+# CERRAR_VENTANA [DISCO_PARADO] as arguments; an empty MIRAVEL is none.
 set -uo pipefail
 
 miravel=$1
 miravel_demo=$2
 cerrar_ventana=$3
+disco_parado=${4:-}
 intFallos=0
 strPrueba=
 lngPid=

@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
 # The program as the user has it: how it starts, and what it does where it must not write or read.
-# binario_test.sh MIRAVEL MIRAVEL_DEMO CERRAR_VENTANA
+# binario_test.sh MIRAVEL MIRAVEL_DEMO CERRAR_VENTANA DISCO_PARADO
 # shellcheck disable=SC2317,SC2154 # most functions are called through variables
 # shellcheck source=binario_comun.sh
 . "$(dirname "$0")/binario_comun.sh"
@@ -151,6 +151,26 @@ fMiniaturas() { fTecla "$strPrincipal" m && fEsperarUnPoco fVisible "$strCaja"; 
 
 fAbre() { fTecla "$strPrincipal" Return && fEsperarUnPoco test -s "$1"; }
 
+# Whatever waits for the disk, closing the window ends the process.
+fPruebaClosingWhileTheDiskDoesNotAnswer() {
+    local raiz=$carpeta/parado parado=$carpeta/no strTecla
+    fArchivoPequeno "$raiz"
+    fArrancar miravel "___$raiz"
+    fAceptar
+    fEsperarA "the first file shown" fHaySelec "$raiz"
+    fCerrar
+    for strTecla in F12 i m; do # the settings, a command, the thumbnails
+        rm "$raiz/Miravel.ini"
+        fArrancar env LD_PRELOAD="$disco_parado" DISCO="$raiz" PARADO="$parado" miravel "___$raiz"
+        fEsperarA "the first file shown again" fHaySelec "$raiz"
+        : >"$parado"
+        fEsperarA "$strTecla asks the disk" fPide "$strTecla" "$parado"
+        fCerrar
+        rm "$parado"
+    done
+}
+fPide() { fTecla "$strPrincipal" "$1" && fEsperarUnPoco test -s "$2"; } # key, file of the shim
+
 fPruebaUnreadableFolder() {
     local raiz=$carpeta/trozos
     fArchivoPequeno "$raiz"
@@ -204,7 +224,8 @@ fSinRestos() { ! fRestos "$1"; }
 fPreparar
 for strPrueba in fPruebaFirstStart fPruebaSecondStart fPruebaProgramInTheArchive \
     fPruebaMissingRoot fPruebaDateFormat fPruebaBadSetting \
-    fPruebaReadOnlyRoot fPruebaClosingBesideABox fPruebaUnreadableFolder fPruebaKilledDuringABuild; do
+    fPruebaReadOnlyRoot fPruebaClosingBesideABox fPruebaClosingWhileTheDiskDoesNotAnswer \
+    fPruebaUnreadableFolder fPruebaKilledDuringABuild; do
     fProbar "$strPrueba"
     fMatar
 done
