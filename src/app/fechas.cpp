@@ -5,6 +5,7 @@
 #include "dates/formulario_fecha.h"
 #include "dates/frmExif.h"
 #include "dates/frmFecha.h"
+#include "dates/informe.h"
 #include "shared/en_orden.h"
 #include "shared/errores.h"
 #include "shared/qtexto.h"
@@ -98,21 +99,23 @@ struct clsObra {
 
 /// Corrects files beside the window. What has been begun is done to its end, also when the window
 /// is to close; only when the disk does not answer nobody waits for that.
-[[nodiscard]] std::optional<clsObra>
-fHacerObra(const clsComun &comun, std::vector<clsCorregido> lstFicheros, clsFecha fecha)
+[[nodiscard]] std::optional<clsObra> fHacerObra(const clsComun &comun,
+                                                std::vector<clsCorregido> lstFicheros)
 {
     constexpr std::chrono::milliseconds paciencia(700);
     clsTrabajo trabajo(comun);
     return fHacerAparte(
-        [lstFicheros = std::move(lstFicheros), fecha, strRaiz = comun.archivo.strRaiz,
+        [lstFicheros = std::move(lstFicheros), strRaiz = comun.archivo.strRaiz,
          bolEscritura = comun.archivo.bolEscritura,
          &mensajes = comun.mensajes](clsRecados &recados) {
             const auto fFallo = [&](const std::string &strAviso) {
                 recados.fPedir([&] { mensajes.fAviso(Icono::Problema, strAviso); });
             };
             clsObra obra{{}, lstFicheros};
-            obra.fin = fCorregir(strRaiz, bolEscritura, obra.lstFicheros, fecha, fFallo,
-                                 [&recados] { recados.fDecir(); });
+            obra.fin = fCorregir(strRaiz, bolEscritura, obra.lstFicheros, fFallo, [&recados] {
+                recados.fDecir();
+                return true;
+            });
             return obra;
         },
         [&](const clsRecados &recados) {
@@ -132,7 +135,10 @@ fHacerObra(const clsComun &comun, std::vector<clsCorregido> lstFicheros, clsFech
                             clsFecha fecha)
 {
     const clsOcupado ocupado(comun.ocupacion);
-    auto obra = fHacerObra(comun, std::move(lstFicheros), fecha).value_or(clsObra());
+    for (clsCorregido &fichero : lstFicheros) {
+        fichero.fecha = fecha;
+    }
+    auto obra = fHacerObra(comun, std::move(lstFicheros)).value_or(clsObra());
     lstFicheros = std::move(obra.lstFicheros);
     const clsFinCorreccion &fin = obra.fin;
     if (fin.correccion == Correccion::Ocupada) {
@@ -160,7 +166,7 @@ void fModificar(const clsComun &comun, bool bolSiempre)
     std::vector<clsCorregido> lstCorregidos;
     lstCorregidos.reserve(lstFicheros.size());
     for (const clsFile &fichero : lstFicheros) {
-        lstCorregidos.push_back({fichero.strFilePath(), {}, {}, {}});
+        lstCorregidos.push_back({fichero.strFilePath()});
     }
     frmFecha dialogo(comun.ventana, fFormularioFecha(lstFicheros), comun.mensajes,
                      [&](clsFecha fecha) { return fAplicar(comun, lstCorregidos, fecha); });

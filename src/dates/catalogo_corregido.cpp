@@ -1,6 +1,8 @@
 #include "dates/catalogo_corregido.h"
 
+#include "catalogue/diario.h"
 #include "catalogue/registro.h"
+#include "shared/rutas.h"
 #include "sistema/cambios.h"
 #include "sistema/entorno.h"
 
@@ -93,7 +95,10 @@ std::string fCopiaLibre(const std::string &strCatalogo)
     for (int intNombre = 0; intNombre < intNombres; ++intNombre) {
         strCopia = strCatalogo + '.' + fEscribirFecha(fecha, "yyyyMMddHHmmss");
         ++fecha.lngSegundos;
-        if (!fConsultar(strCopia, false)) {
+        // Neither may a journal be kept beside a backup of another time.
+        const std::string strDiario =
+            std::string(fCarpetaDe(strCopia)) + fNombreGuardado(fNombreDe(strCopia));
+        if (!fConsultar(strCopia, false) && !fConsultar(strDiario, false)) {
             break;
         }
     }

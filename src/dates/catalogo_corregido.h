@@ -42,5 +42,6 @@ private:
     bool m_bolCambia = false;
 };
 
-/// The path of a catalogue's backup: that of the present second, or of the next one that is free.
+/// The path of a catalogue's backup: that of the present second, or of the next one that is free,
+/// as is the name of the journal that belongs to it.
 [[nodiscard]] std::string fCopiaLibre(const std::string &strCatalogo);

@@ -106,11 +106,11 @@ clsError fEstaEn(const clsDescriptor &abierto, const clsDescriptor &carpeta)
     return strLugar->starts_with(*strCarpeta + (bolBarra ? "" : "/")) ? 0 : EXDEV;
 }
 
-clsError fPonerFecha(const clsDescriptor &abierto, std::int64_t lngMomento)
+clsError fPonerFecha(const clsDescriptor &abierto, std::int64_t lngMomento, long lngNanosegundos)
 {
     constexpr std::int64_t lngHolgura = 2; // FAT has even seconds only
     const std::array<timespec, 2> lstMomentos = {
-        {{0, UTIME_OMIT}, {lngMomento, 0}}
+        {{0, UTIME_OMIT}, {lngMomento, lngNanosegundos}}
     };
     const clsError error = fErrorDe(
         fInsistir<&clsLlamadas::fFechar>(fRutaAbierto(abierto).c_str(), lstMomentos.data()));
@@ -123,7 +123,8 @@ clsError fPonerFecha(const clsDescriptor &abierto, std::int64_t lngMomento)
 
 } // namespace
 
-clsError fFechar(const std::string &strRuta, std::int64_t lngMomento, const clsDescriptor &raiz)
+clsError fFechar(const std::string &strRuta, std::int64_t lngMomento, const clsDescriptor &raiz,
+                 long lngNanosegundos)
 {
     // What is looked at is what is changed, whatever becomes of its names meanwhile.
     const clsDescriptor archivo{
@@ -136,7 +137,7 @@ clsError fFechar(const std::string &strRuta, std::int64_t lngMomento, const clsD
         return !huella ? huella.fError() : huella->tipo == TipoArchivo::Carpeta ? EISDIR : EINVAL;
     }
     const clsError error = fEstaEn(archivo, raiz);
-    return error ? error : fPonerFecha(archivo, lngMomento);
+    return error ? error : fPonerFecha(archivo, lngMomento, lngNanosegundos);
 }
 
 clsError fRenombrar(const std::string &strDe, const std::string &strA)
@@ -150,6 +151,15 @@ clsError fRenombrar(const std::string &strDe, const std::string &strA)
         error = fMirarYRenombrar(*datos, strDe, strA);
     }
     return error && fMovido(*datos, strDe, strA) ? clsError() : error;
+}
+
+clsError fSoltarNombre(const std::string &strRuta, const std::string &strOtro)
+{
+    const auto datos = fConsultar(strRuta, false);
+    if (!datos || datos->tipo == TipoArchivo::Carpeta) {
+        return datos ? EISDIR : datos.fError();
+    }
+    return datos->lngNombres > 1 && fEsSuyo(*datos, strOtro) ? fBorrar(strRuta) : EEXIST;
 }
 
 clsError fSustituir(const std::string &strDe, const std::string &strA)

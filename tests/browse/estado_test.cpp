@@ -213,7 +213,7 @@ TEST(Estado, GoesOnAfterACorrectionWithTheNextFileThatKeptItsName)
             const std::string strLetra(estado.filas.fNombre(lngPos).substr(0, 1));
             const bool bolNueva =
                 std::string(caso.strRenombradas).find(strLetra) != std::string::npos;
-            lstCorregidos.push_back({strRuta, bolNueva ? "nueva " + strLetra : strRuta, {}, {}});
+            lstCorregidos.push_back({strRuta, {}, true, bolNueva ? "nueva " + strLetra : strRuta});
         }
         EXPECT_EQ(fRutaAlSeguir(estado, lstCorregidos), caso.strSigue);
     }

@@ -14,8 +14,16 @@ constexpr const char *strCopiaDiario = "Miravel.dat.20201231235959";
 clsDiario fDeDos()
 {
     return {strCopiaDiario,
-            {{"a.jpg", "20090715_a.jpg", fechaDiario, {4, -5, 123'456'789}, {66305, 1ULL << 63}},
-             {"c/Mu\xF1oz .jpg", "c/20090715_Mu\xF1oz .jpg", fechaDiario, {0, 7, 0}, {1, 2}}}};
+            {{"a.jpg",
+              "20090715_a.jpg",
+              fechaDiario,
+              {{4, -5, 123'456'789}, {66305, 1ULL << 63}, 2},
+              {4, 6, 999'999'999}},
+             {"c/Mu\xF1oz .jpg",
+              "c/20090715_Mu\xF1oz .jpg",
+              fechaDiario,
+              {{0, 7, 0}, {1, 2}, 1},
+              {0, 8, 0}}}};
 }
 
 TEST(Diario, ReadsWhatWasWritten)
@@ -27,15 +35,7 @@ TEST(Diario, ReadsWhatWasWritten)
     const auto diario = fLeerDiario(arbol.fRaiz());
     ASSERT_TRUE(diario);
     EXPECT_EQ(diario->strCopia, strCopiaDiario);
-    ASSERT_EQ(diario->lstAnotaciones.size(), 2U);
-    for (std::size_t lng = 0; lng < 2; ++lng) {
-        const clsAnotacion &una = diario->lstAnotaciones[lng];
-        const clsAnotacion otra = fDeDos().lstAnotaciones[lng];
-        EXPECT_EQ(una.strDe, otra.strDe);
-        EXPECT_EQ(una.strA, otra.strA);
-        EXPECT_EQ(una.fecha, otra.fecha);
-        EXPECT_TRUE(una.antes == otra.antes && una.identidad == otra.identidad);
-    }
+    EXPECT_EQ(diario->lstAnotaciones, fDeDos().lstAnotaciones);
     fBorrarDiario(arbol.fRaiz());
     EXPECT_EQ(arbol.fNombres().size(), 0U);
 }
@@ -65,7 +65,7 @@ TEST(Diario, CountsWholeOrNotAtAll)
 TEST(Diario, TakesNoPathThatLeadsOutOfTheRootAndNoLink)
 {
     const clsArbol arbol;
-    const std::string strDatos = "\r\n2009/07/15 12:00:00 1 0 4 5 6\r\n";
+    const std::string strDatos = "\r\n2009/07/15 12:00:00 9 0 1 0 4 1 5 6\r\n";
     const std::string strFin = std::string(strCopiaDiario) + "\r\nfin 1\r\n";
     const auto fVale = [&](const std::string &strTexto) {
         arbol.fCrear(strDiario, strTexto);
@@ -79,9 +79,11 @@ TEST(Diario, TakesNoPathThatLeadsOutOfTheRootAndNoLink)
         EXPECT_FALSE(fVale(std::string("a\r\n") + strMala + strDatos + strFin));
     }
     for (const char *const strMala :
-         {"\r\n2009/02/30 12:00:00 1 0 4 5 6\r\n", "\r\n2009/07/15 12:00:00 1 0 4 5\r\n",
-          "\r\n2009/07/15 12:00:00 1 0 4 5 6 7\r\n", "\r\n2009/07/15 12:00:00 1 0 4 -5 6\r\n",
-          "\r\n2009/07/15 12:00:00 1 0 99999999999999999999 5 6\r\n", "\r\n\r\n"}) {
+         {"\r\n2009/02/30 12:00:00 9 0 1 0 4 1 5 6\r\n",
+          "\r\n2009/07/15 12:00:00 9 0 1 0 4 1 5\r\n",
+          "\r\n2009/07/15 12:00:00 9 0 1 0 4 1 5 6 7\r\n",
+          "\r\n2009/07/15 12:00:00 9 0 1 0 4 1 -5 6\r\n",
+          "\r\n2009/07/15 12:00:00 9 0 1 0 99999999999999999999 1 5 6\r\n", "\r\n\r\n"}) {
         SCOPED_TRACE(strMala);
         EXPECT_FALSE(fVale(std::string("a\r\nb") + strMala + strFin));
     }
@@ -98,6 +100,41 @@ TEST(Diario, TakesNoPathThatLeadsOutOfTheRootAndNoLink)
     ASSERT_EQ(fEscribirDiario(arbol.fRaiz(), fDeDos()), 0); // the link is replaced, not followed
     EXPECT_TRUE(fLeerDiario(arbol.fRaiz()));
     EXPECT_EQ(arbol.fLeer("otro"), "a\r\nb" + strDatos + strFin);
+}
+
+TEST(Diario, IsKeptWithTheDateOfItsBackup)
+{
+    const clsArbol arbol;
+    ASSERT_EQ(fEscribirDiario(arbol.fRaiz(), fDeDos()), 0);
+    ASSERT_EQ(fGuardarDiario(arbol.fRaiz(), fDeDos()), 0);
+    EXPECT_FALSE(fLeerDiario(arbol.fRaiz()));
+    const std::string strGuardado = ".Miravel.diario.20201231235959";
+    EXPECT_EQ(fLeerDiario(arbol.fRaiz(), strGuardado)->lstAnotaciones, fDeDos().lstAnotaciones);
+    // A name that is taken is passed over, but for a second name of the journal itself.
+    ASSERT_EQ(fEscribirDiario(arbol.fRaiz(), fDeDos()), 0);
+    ASSERT_EQ(fGuardarDiario(arbol.fRaiz(), fDeDos()), 0);
+    const std::string strOtro = ".Miravel.diario.20210101000000";
+    EXPECT_EQ(arbol.fNombres(), (std::vector<std::string>{strGuardado, strOtro}));
+    ASSERT_EQ(link(arbol.fRuta(strGuardado).c_str(), arbol.fRuta(strDiario).c_str()), 0);
+    ASSERT_EQ(fGuardarDiario(arbol.fRaiz(), fDeDos()), 0);
+    EXPECT_EQ(arbol.fNombres(), (std::vector<std::string>{strGuardado, strOtro}));
+}
+
+TEST(Diario, ThoseThatAreKeptComeByTheTimeTheyWereWritten)
+{
+    const clsArbol arbol;
+    arbol.fCrear(".Miravel.diario.20201025024000", "x", 1000); // the hour that came twice
+    arbol.fCrear(".Miravel.diario.20201025021000", "x", 2000);
+    arbol.fCrear(".Miravel.diario.20201025021001", "x", 2000);
+    arbol.fCrear(".Miravel.diario.20201325021001");
+    arbol.fCrear(".Miravel.diario.20201025021001.tmp");
+    arbol.fCrear(".Miravel.diario");
+    arbol.fCarpeta(".Miravel.diario.20201025021002");
+    arbol.fEnlace(".Miravel.diario.20201025021003", ".Miravel.diario");
+    EXPECT_EQ(fDiariosGuardados(arbol.fRaiz()),
+              (std::vector<std::string>{".Miravel.diario.20201025021001",
+                                        ".Miravel.diario.20201025021000",
+                                        ".Miravel.diario.20201025024000"}));
 }
 
 } // namespace

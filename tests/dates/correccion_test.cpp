@@ -1,4 +1,4 @@
-#include "dates/correccion.h"
+#include "dates/informe.h"
 
 #include "catalogue/diario.h"
 #include "catalogue/registro.h"
@@ -30,6 +30,7 @@ clsLlamadas fDiscoQuieto()
 }
 const clsLlamadas discoQuieto = fDiscoQuieto();
 constexpr const char *strCopia = "Miravel.dat.20201231235959";
+constexpr const char *strGuardado = ".Miravel.diario.20201231235959";
 
 /// Corrects files of a tree, and keeps what was reported of them.
 struct clsIntento {
@@ -38,12 +39,12 @@ struct clsIntento {
     {
         const clsOtrasLlamadas otras(disco);
         for (const std::string &strNombre : lstNombres) {
-            lstFicheros.push_back({arbol.fRuta(strNombre), {}, {}, {}});
+            lstFicheros.push_back({arbol.fRuta(strNombre), fecha});
         }
         fin = fCorregir(
-            arbol.fRaiz(), true, lstFicheros, fecha,
+            arbol.fRaiz(), true, lstFicheros,
             [&](const std::string &strAviso) { strAvisos += strAviso + '\n'; },
-            [&] { ++lngPasos; });
+            [&] { return ++lngPasos > 0; });
     }
 
     int lngPasos = 0;
@@ -140,7 +141,7 @@ TEST(Correccion, GivesFilesTheirDateTheirNameAndTheirRecord)
     EXPECT_EQ(intento.strAvisos, "");
     const Textos lstNuevos = {"c/20090715_IMG_1.JPG", "c/20090715_20090714_IMG_2.JPG"};
     EXPECT_EQ(arbol.fNombres("c"), (Textos{"20090715_20090714_IMG_2.JPG", "20090715_IMG_1.JPG"}));
-    EXPECT_EQ(arbol.fNombres(), (Textos{strDat, strCopia, "c", "queda.jpg"}));
+    EXPECT_EQ(arbol.fNombres(), (Textos{strGuardado, strDat, strCopia, "c", "queda.jpg"}));
     EXPECT_EQ(intento.lstFicheros[0].strFilePathNew, arbol.fRuta(lstNuevos[0]));
     EXPECT_EQ(intento.lstFicheros[1].strFilePathNew, arbol.fRuta(lstNuevos[1]));
     EXPECT_TRUE(clsIntacto(arbol, lstNuevos[0]) == una);
@@ -285,9 +286,8 @@ TEST(Correccion, TouchesNothingWithoutTheRightToWrite)
     arbol.fCrear("a.jpg");
     arbol.fCrear(strDat, fTexto(arbol, "@a.jpg|f| 1 |"));
     const Textos lstNombres = arbol.fNombres();
-    std::vector<clsCorregido> lstFicheros = {{arbol.fRuta("a.jpg"), {}, {}, {}}};
-    EXPECT_EQ(fCorregir(arbol.fRaiz(), false, lstFicheros, fechaNueva, {}).correccion,
-              Correccion::SinPermiso);
+    std::vector<clsCorregido> lstFicheros = {{arbol.fRuta("a.jpg"), fechaNueva}};
+    EXPECT_EQ(fCorregir(arbol.fRaiz(), false, lstFicheros, {}).correccion, Correccion::SinPermiso);
     {
         const clsCerrojoArchivo cerrojo(arbol.fRaiz());
         EXPECT_EQ(clsIntento(arbol, {"a.jpg"}).fin.correccion, Correccion::Ocupada);
@@ -440,7 +440,8 @@ TEST(Correccion, LeavesTheTimeOfWhatALinkLeadsToOutsideTheArchive)
 TEST(Correccion, ListsAsManyFilesAsABoxHasRoomFor)
 {
     const auto fLineas = [](std::size_t lngFicheros) {
-        const std::vector<clsCorregido> lstFicheros(lngFicheros, {"/f/a", "/f/~a", EPERM, {}});
+        const std::vector<clsCorregido> lstFicheros(lngFicheros,
+                                                    {"/f/a", {}, true, "/f/~a", EPERM});
         const std::string strAviso = fAvisoSinFecha(lstFicheros);
         EXPECT_TRUE(lngFicheros == 0 ||
                     strAviso.find("\r\n/f/~a (1: Operación no permitida)") != std::string::npos);
@@ -518,7 +519,7 @@ TEST(Correccion, SaysWhichFilesHaveNewNamesWhenTheCatalogueFailsLater)
     fTerminarCorreccion(arbol.fRaiz());
     EXPECT_EQ(arbol.fLeer(strDat), fTexto(arbol, "@~a.jpg|#| 4 |@b.jpg|#| 4 |"));
     EXPECT_EQ(arbol.fNombres(),
-              (Textos{"20090715_a.jpg", "20090715_b.jpg", strDat, strCopia, "b.jpg"}));
+              (Textos{strGuardado, "20090715_a.jpg", "20090715_b.jpg", strDat, strCopia, "b.jpg"}));
 }
 
 TEST(Correccion, IsFinishedByItsJournal)
@@ -542,10 +543,10 @@ TEST(Correccion, IsFinishedByItsJournal)
             arbol.fCrear("a.jpg", "foto");
             const std::string strViejo = fTexto(arbol, "@a.jpg|f| 4 |@z|f| 1 |");
             arbol.fCrear(bolApartado ? strCopia : strDat, strViejo);
-            const auto datos = fConsultar(arbol.fRuta("a.jpg"));
-            ASSERT_EQ(fEscribirDiario(arbol.fRaiz(), {strCopia,
-                                                      {{"a.jpg", "20090715_a.jpg", fechaNueva,
-                                                        datos->huella, datos->identidad}}}),
+            const auto datos = fVer(arbol.fRuta("a.jpg"));
+            ASSERT_EQ(fEscribirDiario(
+                          arbol.fRaiz(),
+                          {strCopia, {{"a.jpg", "20090715_a.jpg", fechaNueva, *datos, {4, 5, 6}}}}),
                       0);
             const std::string_view strNombres = caso.strNombres;
             const std::string strNueva = arbol.fRuta("20090715_a.jpg");
@@ -561,6 +562,9 @@ TEST(Correccion, IsFinishedByItsJournal)
             fTerminarCorreccion(arbol.fRaiz());
             EXPECT_EQ(arbol.fLeer(strDat), fTexto(arbol, caso.strEsperado));
             std::erase(lstNombres, strDiario);
+            if (strNombres == "n") {
+                lstNombres.emplace_back(strGuardado); // it can be taken back
+            }
             lstNombres.emplace_back(bolApartado ? strDat : strCopia);
             std::sort(lstNombres.begin(), lstNombres.end());
             if (!bolApartado && arbol.fLeer(strDat) == strViejo) {
@@ -582,10 +586,12 @@ TEST(Correccion, LeavesAJournalAloneThatIsNoneOrAnotherMiravels)
     fTerminarCorreccion(arbol.fRaiz());
     EXPECT_EQ(arbol.fNombres(), lstNombres);
     EXPECT_EQ(clsIntento(arbol, {"a.jpg"}).fin.correccion, Correccion::Hecha);
-    EXPECT_EQ(arbol.fNombres(), (Textos{"20090715_a.jpg", strDat, strCopia})); // its own is gone
-    ASSERT_EQ(fEscribirDiario(arbol.fRaiz(),
-                              {strCopia, {{"20090715_a.jpg", "b.jpg", fechaNueva, {4, 0, 0}, {}}}}),
-              0);
+    EXPECT_EQ(arbol.fNombres(),
+              (Textos{strGuardado, "20090715_a.jpg", strDat, strCopia})); // in its place
+    ASSERT_EQ(
+        fEscribirDiario(arbol.fRaiz(),
+                        {strCopia, {{"20090715_a.jpg", "b.jpg", fechaNueva, {{4, 0, 0}, {}}, {}}}}),
+        0);
     ASSERT_EQ(rename(arbol.fRuta("20090715_a.jpg").c_str(), arbol.fRuta("b.jpg").c_str()), 0);
     {
         const clsCerrojoArchivo cerrojo(arbol.fRaiz());
@@ -595,6 +601,128 @@ TEST(Correccion, LeavesAJournalAloneThatIsNoneOrAnotherMiravels)
     // The next correction finishes it first: its own journal takes the place of that one.
     EXPECT_EQ(clsIntento(arbol, {}).fin.correccion, Correccion::Hecha);
     EXPECT_EQ(arbol.fLeer(strDat), fTexto(arbol, "@b.jpg|#| 4 |"));
+}
+
+// --- A date for each file ---
+
+/// Corrects these files, and ends after so many.
+clsFinCorreccion fCorregirHasta(const clsArbol &arbol, std::vector<clsCorregido> &lstFicheros,
+                                int intPasos, const clsLlamadas &disco = discoQuieto)
+{
+    const clsOtrasLlamadas otras(disco);
+    for (clsCorregido &fichero : lstFicheros) {
+        fichero.strFilePath = arbol.fRuta(fichero.strFilePath);
+    }
+    return fCorregir(arbol.fRaiz(), true, lstFicheros, {}, [&] { return --intPasos > 0; });
+}
+
+constexpr int intTodos = 1000;
+const clsFecha fechaOtra = fFechaDe({1999, 12, 31, 23, 59, 58}).value_or(clsFecha{});
+
+TEST(Correccion, GivesEachFileItsOwnDateAndLeavesNamesAloneThatAreToStay)
+{
+    const clsArbol arbol;
+    arbol.fCrear("a.jpg");
+    arbol.fCrear("c/b.jpg");
+    arbol.fCrear("queda.jpg");
+    arbol.fCrear(strDat, fTexto(arbol, "@a.jpg|f| 1 |@c/b.jpg|f| 1 |@queda.jpg|f| 1 |"));
+    std::vector<clsCorregido> lstFicheros = {
+        {"a.jpg", fechaOtra}, {"c/b.jpg", fechaNueva}, {"queda.jpg", fechaOtra, false}};
+    EXPECT_EQ(fCorregirHasta(arbol, lstFicheros, intTodos).correccion, Correccion::Hecha);
+    EXPECT_EQ(arbol.fLeer(strDat),
+              fTexto(arbol, "@19991231_a.jpg|1999/12/31 23:59:58| 1 |@c/~b.jpg|"
+                            "#| 1 |@queda.jpg|1999/12/31 23:59:58| 1 |"));
+    EXPECT_EQ(fFechaLocal(clsIntacto(arbol, "19991231_a.jpg").lngFecha), fechaOtra);
+    EXPECT_EQ(fFechaLocal(clsIntacto(arbol, "c/20090715_b.jpg").lngFecha), fechaNueva);
+    EXPECT_EQ(fFechaLocal(clsIntacto(arbol, "queda.jpg").lngFecha), fechaOtra);
+    EXPECT_TRUE(lstFicheros[2].fBien());
+    EXPECT_EQ(lstFicheros[2].strFilePathNew, arbol.fRuta("queda.jpg"));
+}
+
+TEST(Correccion, EndsBetweenTwoFilesWithWhatIsDoneInTheCatalogue)
+{
+    const clsArbol arbol;
+    std::vector<clsCorregido> lstFicheros;
+    for (const char *const strNombre : {"a.jpg", "b.jpg", "c.jpg", "d.jpg"}) {
+        arbol.fCrear(strNombre);
+        lstFicheros.push_back({strNombre, fechaNueva});
+    }
+    arbol.fCrear(strDat, fTexto(arbol, "@d.jpg|f| 1 |@c.jpg|f| 1 |@b.jpg|f| 1 |@a.jpg|f| 1 |"));
+    EXPECT_EQ(fCorregirHasta(arbol, lstFicheros, 2).correccion, Correccion::Hecha);
+    EXPECT_EQ(arbol.fLeer(strDat),
+              fTexto(arbol, "@d.jpg|f| 1 |@c.jpg|f| 1 |@~b.jpg|#| 1 |@~a.jpg|#| 1 |"));
+    EXPECT_EQ(arbol.fNombres(), (Textos{strGuardado, "20090715_a.jpg", "20090715_b.jpg", strDat,
+                                        strCopia, "c.jpg", "d.jpg"}));
+    EXPECT_EQ(clsIntacto(arbol, "c.jpg").lngFecha, clsArbol::lngMomento);
+    EXPECT_TRUE(lstFicheros[1].fBien() && !lstFicheros[2].bolTratado);
+    EXPECT_EQ(fInforme(lstFicheros, "corregido"), "2 corregidos.\r\nSin empezar: 2.");
+    EXPECT_EQ(fLeerDiario(arbol.fRaiz(), strGuardado)->lstAnotaciones.size(), 2U);
+}
+
+TEST(Correccion, KeepsAJournalOfWhatBecameOfEachFile)
+{
+    const clsArbol arbol;
+    const clsArbol otro;
+    otro.fCrear("ajena.jpg");
+    arbol.fCrear("a.jpg", "foto");
+    arbol.fCrear("b.jpg", "otra");
+    arbol.fCrear("20090715_b.jpg", "su nombre");
+    arbol.fEnlace("e.jpg", otro.fRuta("ajena.jpg"));
+    arbol.fCrear(strDat, fTexto(arbol, "@a.jpg|f| 4 |"));
+    const auto antes = fVer(arbol.fRuta("b.jpg"));
+    std::vector<clsCorregido> lstFicheros = {{"a.jpg", fechaNueva},
+                                             {"b.jpg", fechaNueva},
+                                             {"e.jpg", fechaNueva},
+                                             {"falta.jpg", fechaNueva},
+                                             {"a\nb.jpg", fechaNueva}};
+    ASSERT_EQ(fCorregirHasta(arbol, lstFicheros, intTodos).correccion, Correccion::Hecha);
+    const auto diario = fLeerDiario(arbol.fRaiz(), strGuardado);
+    ASSERT_TRUE(diario);
+    EXPECT_EQ(diario->strCopia, strCopia);
+    const std::int64_t lngNuevo = fMomento(fechaNueva).value_or(0);
+    ASSERT_EQ(diario->lstAnotaciones.size(), 4U); // no catalogue can have the last one
+    const auto fEs = [&](std::size_t lng, const char *strA, std::int64_t lngDespues) {
+        const clsAnotacion &anotacion = diario->lstAnotaciones[lng];
+        EXPECT_EQ(anotacion.strA, strA);
+        EXPECT_EQ(anotacion.despues.lngSegundos, lngDespues) << strA;
+    };
+    fEs(0, "20090715_a.jpg", lngNuevo);
+    fEs(1, "b.jpg", lngNuevo); // could not be renamed
+    EXPECT_EQ(diario->lstAnotaciones[1].antes, *antes);
+    fEs(2, "20090715_e.jpg", clsArbol::lngMomento); // could not get its time
+    fEs(3, "falta.jpg", 0);
+    EXPECT_TRUE(diario->lstAnotaciones[3].fIntacta());
+}
+
+TEST(Correccion, KeepsNoJournalOfNothingAndNoneUnderATakenName)
+{
+    const clsArbol arbol;
+    arbol.fCrear("a.jpg");
+    arbol.fCrear(strDat, fTexto(arbol, "@a.jpg|f| 1 |"));
+    arbol.fCrear(strGuardado, "de otro");
+    EXPECT_EQ(clsIntento(arbol, {}).fin.strCopia, arbol.fRuta("Miravel.dat.20210101000000"));
+    EXPECT_EQ(arbol.fNombres(),
+              (Textos{strGuardado, strDat, "Miravel.dat.20210101000000", "a.jpg"}));
+    EXPECT_EQ(clsIntento(arbol, {"a.jpg"}).fin.strCopia, arbol.fRuta("Miravel.dat.20210101000001"));
+    EXPECT_TRUE(fLeerDiario(arbol.fRaiz(), ".Miravel.diario.20210101000001"));
+    EXPECT_EQ(arbol.fLeer(strGuardado), "de otro");
+}
+
+TEST(Correccion, ReportsInOneText)
+{
+    const clsCorregido bien{"/f/a", {}, true, "/f/~a", {}, {}, true};
+    const clsCorregido malo{"/f/b", {}, true, "/f/b", {}, EEXIST, true};
+    const clsCorregido sinFecha{"/f/c", {}, true, "/f/~c", EXDEV, {}, true};
+    const clsCorregido sinEmpezar{"/f/d"};
+    std::vector<clsCorregido> lstMuchos(3160, bien);
+    EXPECT_EQ(fInforme({}, "corregido"), "0 corregidos.");
+    EXPECT_EQ(fInforme({bien}, "deshecho"), "1 deshecho.");
+    EXPECT_EQ(fInforme({bien, malo, sinFecha}, "corregido"),
+              "1 corregido, 2 no:\r\n/f/b (17: El fichero ya existe)\r\n"
+              "/f/~c (El enlace lleva fuera de la carpeta)");
+    lstMuchos.insert(lstMuchos.end(), {sinEmpezar, malo});
+    EXPECT_EQ(fInforme(lstMuchos, "corregido"),
+              "3.160 corregidos, 1 no:\r\n/f/b (17: El fichero ya existe)\r\nSin empezar: 1.");
 }
 
 } // namespace

@@ -1,8 +1,8 @@
-// Kills corrections of 50 files half-way and looks at what is left.
+// Kills corrections of 50 files half-way, and the taking back of such, and looks at what is left.
 //
 //   matar_correccion [points]
 //
-// A child process corrects; SIGKILL ends it before the k-th system call that changes the disk, or
+// A child process works; SIGKILL ends it before the k-th system call that changes the disk, or
 // in the middle of a write. The points are spread over the whole correction; 0 takes all there are.
 // The kill comes from inside, so that a point that fails once fails every time.
 
@@ -10,6 +10,7 @@
 #include "catalogue/diario.h"
 #include "catalogue/registro.h"
 #include "dates/correccion.h"
+#include "dates/deshacer.h"
 #include "sistema/reemplazo.h"
 #include "soporte/arbol.h"
 #include "soporte/fallos.h"
@@ -20,13 +21,16 @@
 #include <csignal>
 #include <cstdio>
 #include <cstdlib>
+#include <fcntl.h>
 #include <set>
 #include <sys/stat.h>
 #include <unistd.h>
+#include <utility>
 
 namespace {
 
 constexpr int intFicheros = 50;
+constexpr long lngNanosegundos = 123'456'700; // of their times
 constexpr const char *strCopiaVieja = "Miravel.dat.20000101000000";
 const clsFecha fechaNueva = fFechaDe({2009, 7, 15, 12, 0, 0}).value_or(clsFecha{});
 
@@ -59,12 +63,19 @@ ssize_t fEscribirAMedias(int intFd, const void *bytDatos, std::size_t lngBytes)
     return lngEscritos;
 }
 
+/// What is killed loses nothing that waits for the disk.
+int fSinVolcar(int /*intFd*/)
+{
+    fPunto();
+    return 0;
+}
+
 clsLlamadas fLlamadasMortales()
 {
     clsLlamadas disco = llamadasReales;
     disco.fAbrir = fMortal<&clsLlamadas::fAbrir>;
     disco.fEscribir = fEscribirAMedias;
-    disco.fVolcar = fMortal<&clsLlamadas::fVolcar>;
+    disco.fVolcar = fSinVolcar;
     disco.fAlargar = fMortal<&clsLlamadas::fAlargar>;
     disco.fFechar = fMortal<&clsLlamadas::fFechar>;
     disco.fRenombrar = fMortal<&clsLlamadas::fRenombrar>;
@@ -103,7 +114,10 @@ public:
             const std::string strNombre =
                 "c" + std::to_string(intFichero % 5) + "/IMG_" + std::to_string(intFichero);
             m_arbol.fCrear(strNombre, fContenido(intFichero));
-            m_lstFicheros.push_back({m_arbol.fRuta(strNombre), {}, {}, {}});
+            const timespec lstMomentos[2] = {{clsArbol::lngMomento, 0},
+                                             {clsArbol::lngMomento, lngNanosegundos}};
+            utimensat(AT_FDCWD, m_arbol.fRuta(strNombre).c_str(), lstMomentos, 0);
+            m_lstFicheros.push_back({m_arbol.fRuta(strNombre), fechaNueva});
             const std::string &strRuta = m_lstFicheros.back().strFilePath;
             fAnotar(m_strViejo, strRuta, clsFecha{}, intFichero);
             fAnotar(m_strNuevo, fRutaCorregida(strRuta, fechaNueva), fechaNueva, intFichero);
@@ -116,12 +130,38 @@ public:
     void fCorregirTodo(const clsLlamadas &disco)
     {
         const clsOtrasLlamadas otras(disco);
-        const clsFinCorreccion fin =
-            fCorregir(m_arbol.fRaiz(), true, m_lstFicheros, fechaNueva, {});
+        const clsFinCorreccion fin = fCorregir(m_arbol.fRaiz(), true, m_lstFicheros, {});
         fExigir(fin.correccion == Correccion::Hecha, "the correction failed");
     }
 
-    void fComprobar(bool bolEntera) const
+    void fDeshacerTodo(const clsLlamadas &disco)
+    {
+        const clsOtrasLlamadas otras(disco);
+        const clsFinDeshacer deshecha = fDeshacer(m_arbol.fRaiz(), true);
+        fExigir(deshecha.fin.correccion == Correccion::Hecha ||
+                    deshecha.fin.correccion == Correccion::Ninguna,
+                "it could not be taken back");
+    }
+
+    /// After taking back that was killed: every file is whole, and doing it again ends it.
+    /// @param bolArranque whether the program is started in between.
+    void fComprobarVuelta(const clsLlamadas &disco, bool bolArranque)
+    {
+        for (int intFichero = 0; intFichero < intFicheros; ++intFichero) {
+            static_cast<void>(fComprobarFichero(intFichero, true));
+        }
+        fComprobarNombres();
+        intMuerte = 0;
+        if (bolArranque) {
+            fTerminarCorreccion(m_arbol.fRaiz());
+            fComprobarRegistros();
+        }
+        fDeshacerTodo(disco);
+        fComprobarComoAntes();
+        fReconstruir();
+    }
+
+    void fComprobar(bool bolEntera, const clsLlamadas &disco)
     {
         int intCorregidos = 0;
         for (int intFichero = 0; intFichero < intFicheros; ++intFichero) {
@@ -131,6 +171,10 @@ public:
         fComprobarCatalogo(intCorregidos, bolEntera);
         fComprobarNombres();
         fTerminar(bolEntera);
+        if (!bolEntera) { // an entire one is taken back elsewhere
+            fDeshacerTodo(disco);
+            fComprobarComoAntes();
+        }
         fReconstruir();
     }
 
@@ -201,7 +245,7 @@ private:
             fExigir(strNombre == "Miravel.ini" || strNombre.starts_with("Miravel.dat") ||
                         clsReemplazo::fEsTemporal(strNombre, "Miravel.dat") ||
                         clsReemplazo::fEsTemporal(strNombre, strFicheroDiario) ||
-                        strNombre == strFicheroDiario ||
+                        strNombre.starts_with(strFicheroDiario) ||
                         (strNombre.size() == 2 && strNombre[0] == 'c'),
                     strNombre + " was left in the root");
         }
@@ -241,6 +285,39 @@ private:
         }
         fExigir(strCatalogo == strEsperado + "un registro a medias\r\n2009",
                 "the finished catalogue does not tell where the files are");
+    }
+
+    /// Every record names a file that is there.
+    void fComprobarRegistros() const
+    {
+        const std::string strCatalogo = m_arbol.fLeer("Miravel.dat");
+        for (const clsCorregido &fichero : m_lstFicheros) {
+            const std::string &strVieja = fichero.strFilePath;
+            const std::string strNueva = fRutaCorregida(strVieja, fechaNueva);
+            const std::string &strEsta = access(strNueva.c_str(), F_OK) != 0 ? strVieja : strNueva;
+            const bool bolDos = access(strVieja.c_str(), F_OK) == 0 && strEsta == strNueva;
+            fExigir(bolDos || strCatalogo.find(strEsta + "\r\n") != std::string::npos,
+                    strEsta + " is in no record");
+        }
+    }
+
+    /// Everything is as it was before the correction, but that there may be a backup.
+    void fComprobarComoAntes() const
+    {
+        std::vector<std::string> lstNombres;
+        for (const clsCorregido &fichero : m_lstFicheros) {
+            struct stat datos {};
+            fExigir(lstat(fichero.strFilePath.c_str(), &datos) == 0 &&
+                        datos.st_mtim.tv_sec == clsArbol::lngMomento &&
+                        datos.st_mtim.tv_nsec == lngNanosegundos && datos.st_nlink == 1,
+                    fichero.strFilePath + " has not its name and time again");
+            fExigir(access(fRutaCorregida(fichero.strFilePath, fechaNueva).c_str(), F_OK) != 0,
+                    fichero.strFilePath + " has its new name, too");
+        }
+        fExigir(m_arbol.fLeer("Miravel.dat") == m_strViejo, "Miravel.dat is not the old one");
+        for (const std::string &strNombre : m_arbol.fNombres()) {
+            fExigir(!strNombre.starts_with(strFicheroDiario), strNombre + " is left");
+        }
     }
 
     /// The next start finds the archive free and can build its catalogue anew.
@@ -286,32 +363,60 @@ std::set<int> fPuntos(int intTodos, int intCuantos)
     return lstPuntos;
 }
 
-void fMatarEn(int intEste, const clsLlamadas &disco)
+/// Kills something at a point of it.
+template <typename Hacer> void fMatarEn(int intEste, const Hacer &fHacer)
 {
-    clsCampo campo;
     intPaso = 0;
     intPunto = intEste;
     intMuerte = intEste;
-    clsHijo hijo([&] { campo.fCorregirTodo(disco); });
+    clsHijo hijo(fHacer);
     fExigir(hijo.fEsperar() == -SIGKILL, "it was not killed");
-    campo.fComprobar(false);
 }
 
-void fProbar(const char *strFrase, int intCuantos, const clsLlamadas &disco)
+void fMatarCorreccion(int intEste, const clsLlamadas &disco)
+{
+    clsCampo campo;
+    fMatarEn(intEste, [&] { campo.fCorregirTodo(disco); });
+    campo.fComprobar(false, disco);
+}
+
+void fMatarVuelta(int intEste, const clsLlamadas &disco)
+{
+    clsCampo campo;
+    intMuerte = 0;
+    campo.fCorregirTodo(disco);
+    fMatarEn(intEste, [&] { campo.fDeshacerTodo(disco); });
+    campo.fComprobarVuelta(disco, intEste % 2 == 0);
+}
+
+void fProbarPuntos(const std::string &strFrase, int intTodos, int intCuantos,
+                   const clsLlamadas &disco, void (*fMatar)(int, const clsLlamadas &))
+{
+    const std::set<int> lstPuntos = fPuntos(intTodos, intCuantos);
+    const int intAntes = intFallos;
+    for (const int intEste : lstPuntos) {
+        fMatar(intEste, disco);
+    }
+    std::printf("%s: killed at %zu of %d points, %d faults\n", strFrase.c_str(), lstPuntos.size(),
+                intTodos, intFallos - intAntes);
+}
+
+void fProbar(const std::string &strFrase, int intCuantos, const clsLlamadas &disco)
 {
     intMuerte = 0;
     intPaso = 0;
     clsCampo campo;
     campo.fCorregirTodo(disco);
-    const int intTodos = intPaso;
-    campo.fComprobar(true);
-    const std::set<int> lstPuntos = fPuntos(intTodos, intCuantos);
-    const int intAntes = intFallos;
-    for (const int intEste : lstPuntos) {
-        fMatarEn(intEste, disco);
-    }
-    std::printf("%s: killed at %zu of %d points, %d faults\n", strFrase, lstPuntos.size(), intTodos,
-                intFallos - intAntes);
+    const int intCorreccion = std::exchange(intPaso, 0);
+    clsCampo otro;
+    otro.fCorregirTodo(disco);
+    intPaso = 0;
+    otro.fDeshacerTodo(disco);
+    const int intVuelta = intPaso;
+    campo.fComprobar(true, disco);
+    otro.fComprobarVuelta(disco, false);
+    fProbarPuntos(strFrase, intCorreccion, intCuantos, disco, fMatarCorreccion);
+    fProbarPuntos(strFrase + ", taking back", intVuelta, intCuantos, disco, fMatarVuelta);
 }
 
 } // namespace

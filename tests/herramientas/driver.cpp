@@ -8,13 +8,16 @@
 #include "catalogue/constructor.h"
 #include "dates/clsFile.h"
 #include "dates/correccion.h"
+#include "dates/deshacer.h"
 #include "dates/formulario_fecha.h"
+#include "dates/informe.h"
 #include "shared/errores.h"
 #include "shared/rutas.h"
 #include "shared/texto.h"
 #include "sistema/archivo.h"
 #include "sistema/entorno.h"
 
+#include <algorithm>
 #include <cerrno>
 #include <cstdio>
 #include <string>
@@ -97,37 +100,42 @@ bool fCargarFicheros(const clsArgumentos &lstArgumentos, std::vector<clsCorregid
             fAvisar(fAvisoFichero(fTextoPantalla(strRuta)));
             return false;
         }
-        lstCorregidos.push_back({fichero.strFilePath(), {}, {}, {}});
+        lstCorregidos.push_back({fichero.strFilePath()});
     }
     return true;
 }
 
-bool fTodosCorregidos(const std::vector<clsCorregido> &lstCorregidos)
+/// Says what kept the catalogue from being written, if anything did.
+void fAvisarFin(const clsFinCorreccion &fin, const std::vector<clsCorregido> &lstCorregidos)
 {
-    for (const clsCorregido &fichero : lstCorregidos) {
-        if (fichero.errorNombre || fichero.errorFecha) {
-            return false;
-        }
-    }
-    return true;
-}
-
-int fCorregirFicheros(const std::string &strRaiz, std::vector<clsCorregido> &lstCorregidos,
-                      clsFecha fecha)
-{
-    const clsFinCorreccion fin = fCorregir(strRaiz, true, lstCorregidos, fecha,
-                                           [](const std::string &strAviso) { fAvisar(strAviso); });
     if (fin.correccion == Correccion::Ocupada) {
         fAvisarOcupada();
     } else if (const std::string strMotivo = fMotivoSinCatalogo(fin, lstCorregidos);
                !strMotivo.empty()) {
         fAvisarSinLista(strMotivo);
     }
+}
+
+int fSalida(const clsFinCorreccion &fin, const std::vector<clsCorregido> &lstCorregidos)
+{
+    const bool bolTodos = std::all_of(lstCorregidos.begin(), lstCorregidos.end(),
+                                      [](const clsCorregido &fichero) { return fichero.fBien(); });
+    return fin.correccion == Correccion::Hecha && bolTodos ? intSalidaBien : intSalidaMal;
+}
+
+int fCorregirFicheros(const std::string &strRaiz, std::vector<clsCorregido> &lstCorregidos,
+                      clsFecha fecha)
+{
+    for (clsCorregido &fichero : lstCorregidos) {
+        fichero.fecha = fecha;
+    }
+    const clsFinCorreccion fin = fCorregir(strRaiz, true, lstCorregidos,
+                                           [](const std::string &strAviso) { fAvisar(strAviso); });
+    fAvisarFin(fin, lstCorregidos);
     if (const std::string strAviso = fAvisoSinFecha(lstCorregidos); !strAviso.empty()) {
         fAvisar(strAviso);
     }
-    const bool bolHecha = fin.correccion == Correccion::Hecha;
-    return bolHecha && fTodosCorregidos(lstCorregidos) ? intSalidaBien : intSalidaMal;
+    return fSalida(fin, lstCorregidos);
 }
 
 /// In the order of the program: the files, the right to write, the typed date.
@@ -153,6 +161,26 @@ int fOrdenCorrect(const clsArgumentos &lstArgumentos)
         return intSalidaMal;
     }
     return fCorregirFicheros(strRaiz, lstCorregidos, *fecha);
+}
+
+int fOrdenUndo(const clsArgumentos &lstArgumentos)
+{
+    const std::string strRaiz = fRaiz(lstArgumentos[0]);
+    if (!fExisteCarpeta(strRaiz)) {
+        fAvisar("Ruta no válida.");
+        return intSalidaMal;
+    }
+    const clsFinDeshacer deshecha = fDeshacer(strRaiz, fProbarEscritura(strRaiz));
+    if (deshecha.fin.correccion == Correccion::SinPermiso) {
+        fAvisar("No tienes permiso de escritura.");
+    } else if (deshecha.fin.correccion == Correccion::Ninguna) {
+        fAvisar("No hay ninguna corrección que deshacer.");
+    }
+    fAvisarFin(deshecha.fin, {});
+    if (!deshecha.lstFicheros.empty()) {
+        fAvisar(fInforme(deshecha.lstFicheros, "deshecho"));
+    }
+    return fSalida(deshecha.fin, deshecha.lstFicheros);
 }
 
 void fQuejarse(std::string_view strRuta, clsError error)
@@ -211,6 +239,7 @@ constexpr std::size_t lngCualquiera = static_cast<std::size_t>(-1);
 constexpr clsOrden lstOrdenes[] = {
     {"build", "ROOT", 1, 1, fOrdenBuild},
     {"correct", "ROOT DATE FILE...", 3, lngCualquiera, fOrdenCorrect},
+    {"undo", "ROOT", 1, 1, fOrdenUndo},
     {"copy", "ROOT TARGET FILE...", 3, lngCualquiera, fOrdenCopy},
     {"baul", "ROOT FILE...", 2, lngCualquiera, fOrdenBaul},
 };

@@ -83,6 +83,23 @@ fExigir "a taken name" fSale 1 "$driver" correct "$raiz" '05/03/2003 10:20' "$ra
 fExigir "path and error" test "$(head -n 1 "$salida")" = "$raiz/uno.jpg"
 fExigir "the other file is as it was" test "$(<"$raiz/20030305_uno.jpg")" = taken
 
+# undo: the latest correction, then the one before, as far as it can be
+catalogo="$raiz/Miravel.dat"
+fExigir "undo" fSale 0 "$driver" undo "$raiz"
+fExigir "its report" fDice '1 deshecho.'
+fExigir "uno.jpg has its time again" test "$(date -r "$raiz/uno.jpg" '+%F %T')" != '2003-03-05 10:20:00'
+printf 'taken' >"$raiz/año/dos.jpg"
+fExigir "undo of a taken name" fSale 1 "$driver" undo "$raiz"
+fExigir "its report" fDice "0 deshechos, 1 no:
+$nuevo (17: El fichero ya existe)"
+rm "$raiz/año/dos.jpg"
+fExigir "undo when it is free" fSale 0 "$driver" undo "$raiz"
+fExigir "the old path" test -f "$raiz/año/dos.jpg" -a ! -e "$nuevo"
+fExigir "the old catalogue" cmp "$catalogo" "$(find "$raiz" -name 'Miravel.dat.*' | sort | head -n 1)"
+fExigir "nothing left to undo" fSale 1 "$driver" undo "$raiz"
+fExigir "it says so" fDice 'No hay ninguna corrección que deshacer.'
+fExigir "correct again" fSale 0 "$driver" correct "$raiz" 05/03/2003 "$raiz/año/dos.jpg"
+
 # copy and baul: names, what is refused, what the error output says
 mkdir "$carpeta/t" "$raiz/d"
 fExigir "copy" fSale 0 env -C "$carpeta" "$driver" copy 'Mis fotos' t uno.jpg "$nuevo"

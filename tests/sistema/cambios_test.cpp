@@ -276,6 +276,8 @@ TEST(FechaArchivo, SetsTheModificationTimeAndNothingElse)
             EXPECT_EQ(datos->st_mode & 07777U, 0U);
         }
     }
+    EXPECT_EQ(fFechar(arbol.fRuta("a.jpg"), 1000, raiz, 123'456'700), 0);
+    EXPECT_EQ(fDatos(arbol.fRuta("a.jpg"))->st_mtim.tv_nsec, 123'456'700);
 }
 
 TEST(FechaArchivo, ReportsWhatIsNoFileOrHasNoSuchTime)
@@ -402,6 +404,35 @@ TEST(FechaArchivo, TellsWhenTheDiskTookAnotherTime)
         SCOPED_TRACE(lngMomento);
         EXPECT_EQ(fFechar(arbol.fRuta("a.jpg"), lngMomento, raiz), intError);
     }
+}
+
+TEST(SoltarNombre, TakesANameOnlyFromAFileThatHasTheOther)
+{
+    const clsArbol arbol;
+    arbol.fCrear("a.jpg", "foto");
+    arbol.fCrear("gemela.jpg", "foto");
+    arbol.fEnlace("e.jpg", "a.jpg");
+    arbol.fCarpeta("c");
+    ASSERT_EQ(link(arbol.fRuta("a.jpg").c_str(), arbol.fRuta("b.jpg").c_str()), 0);
+    struct clsCaso {
+        const char *strNombre;
+        const char *strOtro;
+        int intError;
+    };
+    for (const clsCaso &caso : {clsCaso{"a.jpg", "gemela.jpg", EEXIST},
+                                {"a.jpg", "e.jpg", EEXIST},
+                                {"a.jpg", "falta.jpg", EEXIST},
+                                {"e.jpg", "a.jpg", EEXIST},
+                                {"gemela.jpg", "gemela.jpg", EEXIST},
+                                {"falta.jpg", "a.jpg", ENOENT},
+                                {"c", "a.jpg", EISDIR},
+                                {"a.jpg", "b.jpg", 0},
+                                {"b.jpg", "a.jpg", EEXIST}}) {
+        SCOPED_TRACE(caso.strNombre);
+        EXPECT_EQ(fSoltarNombre(arbol.fRuta(caso.strNombre), arbol.fRuta(caso.strOtro)),
+                  caso.intError);
+    }
+    EXPECT_EQ(arbol.fNombres(), (Textos{"b.jpg", "c", "e.jpg", "gemela.jpg"}));
 }
 
 } // namespace

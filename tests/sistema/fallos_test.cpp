@@ -6,6 +6,7 @@
 #include "catalogue/diario.h"
 #include "catalogue/mudanza.h"
 #include "dates/correccion.h"
+#include "dates/deshacer.h"
 #include "shared/ajustes.h"
 #include "sistema/reemplazo.h"
 #include "soporte/arbol.h"
@@ -138,7 +139,7 @@ void fExigirCatalogo(const clsArbol &arbol, const clsFinCorreccion &fin, const T
 Textos fSinDiario(Textos lstNombres, const clsPlan &plan)
 {
     std::erase_if(lstNombres, [&](const std::string &strNombre) {
-        return strNombre == strFicheroDiario ||
+        return strNombre.starts_with(strFicheroDiario) ||
                (plan.bolSiguen && clsReemplazo::fEsTemporal(strNombre, strFicheroDiario));
     });
     return lstNombres;
@@ -152,14 +153,14 @@ void fProbarCorreccion(const clsPlan &plan)
     for (const char *const strNombre : {"a.jpg", "b.jpg"}) {
         arbol.fCrear(strNombre, std::string("de ") + strNombre[0]);
         lstRutas.push_back(arbol.fRuta(strNombre));
-        lstFicheros.push_back({lstRutas.back(), {}, {}, {}});
+        lstFicheros.push_back({lstRutas.back(), fechaNueva});
     }
     const std::string strViejo = fCatalogo(lstRutas, "f");
     arbol.fCrear(strDat, strViejo);
     clsFinCorreccion fin;
     {
         const clsFallos fallos(plan);
-        fin = fCorregir(arbol.fRaiz(), true, lstFicheros, fechaNueva, {});
+        fin = fCorregir(arbol.fRaiz(), true, lstFicheros, {});
     }
     const Textos lstNombres = fSinDiario(fNombres(arbol, plan, strDat), plan);
     std::size_t lngFotos = 0;
@@ -227,13 +228,13 @@ TEST(Fallos, OfAFullDiskLeaveACorrectionUndoneOrDone)
         arbol.fCrear("20090715_b.jpg", "su nombre"); // so that the catalogue is written twice
         const Textos lstRutas = {arbol.fRuta("a.jpg"), arbol.fRuta("b.jpg")};
         arbol.fCrear(strDat, fCatalogo(lstRutas, "f"));
-        std::vector<clsCorregido> lstFicheros = {{lstRutas[0], {}, {}, {}},
-                                                 {lstRutas[1], {}, {}, {}}};
+        std::vector<clsCorregido> lstFicheros = {{lstRutas[0], fechaNueva},
+                                                 {lstRutas[1], fechaNueva}};
         const Textos lstNombres = arbol.fNombres();
         lngQuedan = intNiveles++;
         {
             const clsOtrasLlamadas otras(disco);
-            correccion = fCorregir(arbol.fRaiz(), true, lstFicheros, fechaNueva, {}).correccion;
+            correccion = fCorregir(arbol.fRaiz(), true, lstFicheros, {}).correccion;
         }
         ASSERT_NE(correccion, Correccion::SinCatalogo); // once begun, it has its room
         if (correccion == Correccion::Imposible) {
@@ -244,6 +245,105 @@ TEST(Fallos, OfAFullDiskLeaveACorrectionUndoneOrDone)
         ASSERT_LT(intNiveles, 10'000);
     }
     RecordProperty("levels", intNiveles);
+    EXPECT_GT(intNiveles, 200);
+}
+
+/// Two corrected files, whose names and times can be taken back.
+struct clsCorregida {
+    explicit clsCorregida(const clsArbol &arbolSuyo) : arbol(arbolSuyo)
+    {
+        std::vector<clsCorregido> lstFicheros;
+        for (const char *const strNombre : {"a.jpg", "b.jpg"}) {
+            arbol.fCrear(strNombre, std::string("de ") + strNombre[0]);
+            lstRutas.push_back(arbol.fRuta(strNombre));
+            lstFicheros.push_back({lstRutas.back(), fechaNueva});
+        }
+        strViejo = fCatalogo(lstRutas, fEscribirFecha(fFechaLocal(clsArbol::lngMomento)));
+        arbol.fCrear(strDat, strViejo);
+        const clsLlamadas disco = fSinEspera(llamadasReales);
+        const clsOtrasLlamadas otras(disco);
+        EXPECT_EQ(fCorregir(arbol.fRaiz(), true, lstFicheros, {}).correccion, Correccion::Hecha);
+        strNuevo = arbol.fLeer(strDat);
+    }
+    /// Everything is as it was before, but for a backup.
+    void fExigirComoAntes(const clsPlan &plan) const
+    {
+        EXPECT_EQ(arbol.fLeer(strDat), strViejo);
+        for (const char *const strNombre : {"a.jpg", "b.jpg"}) {
+            EXPECT_EQ(arbol.fLeer(strNombre), std::string("de ") + strNombre[0]);
+            EXPECT_EQ(fFecha(arbol, strNombre), clsArbol::lngMomento);
+        }
+        Textos lstNombres = fSinDiario(fNombres(arbol, plan, strDat), plan);
+        std::erase_if(lstNombres,
+                      [](const std::string &str) { return str.starts_with("Miravel.dat."); });
+        EXPECT_EQ(lstNombres, (Textos{strDat, "a.jpg", "b.jpg"}));
+        EXPECT_TRUE(fCorreccionesHechas(arbol.fRaiz()).empty());
+    }
+
+    const clsArbol &arbol;
+    Textos lstRutas;
+    std::string strViejo; ///< catalogue
+    std::string strNuevo;
+};
+
+void fProbarVuelta(const clsPlan &plan)
+{
+    const clsArbol arbol;
+    const clsCorregida corregida(arbol);
+    clsFinDeshacer deshecha;
+    {
+        const clsFallos fallos(plan);
+        deshecha = fDeshacer(arbol.fRaiz(), true);
+    }
+    const std::string strQueda = arbol.fLeer(strDat);
+    EXPECT_EQ(std::count(strQueda.begin(), strQueda.end(), '\n'), 6) << strQueda;
+    EXPECT_TRUE(deshecha.fin.correccion != Correccion::Imposible || strQueda == corregida.strNuevo);
+    for (const clsCorregido &fichero : deshecha.lstFicheros) {
+        const std::string strNombre = fichero.strFilePathNew.substr(arbol.fRaiz().size());
+        EXPECT_EQ(arbol.fLeer(strNombre).substr(0, 3), "de ") << strNombre;
+        EXPECT_TRUE(deshecha.fin.error || strQueda.find(strNombre) != std::string::npos);
+        EXPECT_TRUE(fichero.fBien() || deshecha.bolPendiente);
+    }
+    // What could not be done can be done again.
+    const clsLlamadas disco = fSinEspera(llamadasReales);
+    const clsOtrasLlamadas otras(disco);
+    const clsFinDeshacer otra = fDeshacer(arbol.fRaiz(), true);
+    EXPECT_TRUE(otra.fin.correccion == Correccion::Hecha ||
+                (otra.fin.correccion == Correccion::Ninguna && !deshecha.bolPendiente));
+    corregida.fExigirComoAntes(plan);
+}
+
+TEST(Fallos, OfTakingACorrectionBackLoseNothingAndItCanBeDoneAgain)
+{
+    fConCadaFallo(fSinEspera(llamadasReales), 40, fProbarVuelta);
+    fConCadaFallo(fConEnlaces(), 40, fProbarVuelta);
+    fConCadaFallo(fSinEspera(fDiscoFat()), 40, fProbarVuelta);
+}
+
+TEST(Fallos, OfAFullDiskLeaveACorrectionAsItIsOrTakeItBack)
+{
+    clsLlamadas disco = fSinEspera(llamadasReales);
+    disco.fEscribir = fEscribirSiCabe;
+    int intNiveles = 0;
+    for (Correccion correccion = Correccion::Imposible; correccion != Correccion::Hecha;) {
+        SCOPED_TRACE(intNiveles);
+        const clsArbol arbol;
+        const clsCorregida corregida(arbol);
+        const Textos lstNombres = arbol.fNombres();
+        lngQuedan = intNiveles++;
+        {
+            const clsOtrasLlamadas otras(disco);
+            correccion = fDeshacer(arbol.fRaiz(), true).fin.correccion;
+        }
+        ASSERT_NE(correccion, Correccion::SinCatalogo); // once begun, it has its room
+        if (correccion == Correccion::Imposible) {
+            ASSERT_EQ(arbol.fNombres(), lstNombres);
+            ASSERT_EQ(arbol.fLeer(strDat), corregida.strNuevo);
+        } else {
+            corregida.fExigirComoAntes({});
+        }
+        ASSERT_LT(intNiveles, 10'000);
+    }
     EXPECT_GT(intNiveles, 200);
 }
 

@@ -269,11 +269,11 @@ private slots:
             const clsArbol arbol;
             arbol.fCrear("a.jpg", m_arbol->fLeer(strMal));
             arbol.fCrear("sin listar.jpg", m_arbol->fLeer(strMal)); // nobody walks the disk
-            const auto datos = fConsultar(arbol.fRuta("a.jpg"));
+            const auto datos = fVer(arbol.fRuta("a.jpg"));
             const auto fecha = fLeerFecha("2009/07/15 12:00:00");
-            QVERIFY(!fEscribirDiario(arbol.fRaiz(), {"Miravel.dat.20200101000000",
-                                                     {{"a.jpg", "20090715_a.jpg", *fecha,
-                                                       datos->huella, datos->identidad}}}));
+            QVERIFY(!fEscribirDiario(
+                arbol.fRaiz(),
+                {"Miravel.dat.20200101000000", {{"a.jpg", "20090715_a.jpg", *fecha, *datos, {}}}}));
             QVERIFY(QFile::rename(QString::fromStdString(arbol.fRuta("a.jpg")),
                                   QString::fromStdString(arbol.fRuta("20090715_a.jpg"))));
             arbol.fCrear(strLista, fRegistro(arbol.fRuta("a.jpg"), "2012/03/04 18:20:00"));
