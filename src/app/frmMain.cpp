@@ -163,6 +163,10 @@ void frmMain::fConectarPanel()
     m_Timer1.setInterval(150);
     connect(&m_Timer1, &QTimer::timeout, this, &frmMain::fTemporizador);
     m_cliente->installEventFilter(this);
+    connect(m_visor, &clsVisor::fLlegada, this, [this] {
+        m_estado.bolPendiente = false;
+        fNombrar();
+    });
     connect(m_divisor, &cmdAncho::fSoltado, this,
             [this](int intX) { fFijarAncho(intX * intTwipsPixel); });
     connect(m_miniaturas, &clsMiniaturas::fPulsada, this, &frmMain::fCeldaPulsada);
@@ -208,6 +212,7 @@ void frmMain::fAlOcupar()
 void frmMain::fAlLiberar()
 {
     m_estado.bolOcupado = false;
+    fNombrar();
     QApplication::restoreOverrideCursor();
     m_lista->setFocus();
     m_puerta->fMirarCtrl();
@@ -215,6 +220,14 @@ void frmMain::fAlLiberar()
         QTimer::singleShot(0, this, &QWidget::close);
     } else if (std::exchange(m_bolDobleClic, false)) {
         QTimer::singleShot(0, this, [this] { fAbrirArchivo(m_comun); });
+    }
+}
+
+/// Says which file is shown, unless something else is being said: that ends in the same.
+void frmMain::fNombrar()
+{
+    if (!m_estado.bolOcupado && m_estado.intDibujos == 0 && !m_estado.filas.fVacia()) {
+        m_informacion->fNombrar(m_estado);
     }
 }
 
@@ -507,7 +520,8 @@ bool frmMain::fQueja(const std::string &strTexto)
 void frmMain::fTerminarMostrar()
 {
     m_lista->fElegir(m_estado.lngActual);
-    m_informacion->fMostrar(m_estado, m_visor->fPendiente());
+    m_estado.bolPendiente = m_visor->fPendiente();
+    m_informacion->fMostrar(m_estado);
     m_visor->fDescribir(fQPantalla(m_estado.filas.fNombre(m_estado.lngActual)) +
                         QStringLiteral(" (") +
                         fQPantalla(m_estado.filas.fFecha(m_estado.lngActual)) + QLatin1Char(')'));

@@ -48,6 +48,7 @@ private:
     // Busy
     void fAlOcupar();
     void fAlLiberar();
+    void fNombrar();
 
     // Layout
     void fEsperarVentana();

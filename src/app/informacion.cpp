@@ -125,10 +125,16 @@ void clsInformacion::fCrearAviso()
     m_txtInfo3->hide();
 }
 
-void clsInformacion::fMostrar(const clsEstado &estado, bool bolCallado)
+void clsInformacion::fMostrar(const clsEstado &estado)
 {
-    fJuzgar(estado.filas.fRutaDisco(estado.lngActual), bolCallado);
+    // A disk that has not given the picture has not answered a moment ago: it is not waited for.
+    fJuzgar(estado.filas.fRutaDisco(estado.lngActual), estado.bolPendiente);
     fLugar(estado.lngActual, estado.filas.fCantidad());
+    fNombrar(estado);
+}
+
+void clsInformacion::fNombrar(const clsEstado &estado)
+{
     fDecir(fQ(fTextoInfo2(estado, m_signos)));
 }
 
@@ -139,8 +145,10 @@ void clsInformacion::fLugar(int lngPos, int lngCantidad)
 
 void clsInformacion::fDecir(const QString &strTexto)
 {
-    m_txtInfo2->setText(strTexto);
-    m_txtInfo2->setCursorPosition(0);
+    if (strTexto != m_txtInfo2->text()) { // else what the user has selected stays so
+        m_txtInfo2->setText(strTexto);
+        m_txtInfo2->setCursorPosition(0);
+    }
 }
 
 void clsInformacion::fAnunciar(const QString &strTexto)

@@ -18,8 +18,9 @@ public:
     clsInformacion(QWidget *cliente, clsSignos signos, int intArriba);
 
     /// Tells of the current file. The list must not be empty.
-    /// @param bolCallado the disk has not answered a moment ago: it is not waited for.
-    void fMostrar(const clsEstado &estado, bool bolCallado);
+    void fMostrar(const clsEstado &estado);
+    /// Tells of it anew: its picture has come, or what was said in its place is done.
+    void fNombrar(const clsEstado &estado);
     /// Tells of a file that is being looked at, by its place alone.
     void fLugar(int lngPos, int lngCantidad);
     /// Says what is being done, in place of the file.

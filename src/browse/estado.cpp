@@ -130,6 +130,9 @@ std::string fTextoInfo1(int lngPos, int lngCantidad)
 
 std::string fTextoInfo2(const clsEstado &estado, const clsSignos &signos)
 {
+    if (estado.bolPendiente) {
+        return "Procesando...";
+    }
     const clsFilas &filas = estado.filas;
     const std::string strFecha(filas.fFecha(estado.lngActual));
     const auto fecha = fLeerFecha(strFecha);

@@ -43,7 +43,8 @@ struct clsEstado : clsLista {
     bool bolOcupado = false; ///< the window is busy: what the user does to it is dropped
     bool bolPaso = false;    ///< a command that moves is under way
     Parada parada = Parada::Ninguna;
-    int intDibujos = 0; ///< draws that are under way: what is current is not shown yet
+    int intDibujos = 0;        ///< draws that are under way: what is current is not shown yet
+    bool bolPendiente = false; ///< none is, but the picture of what is current is still to come
 
     [[nodiscard]] bool fCerrando() const { return parada == Parada::Cierre; }
 };
@@ -92,5 +93,5 @@ void fTomarFiltradas(clsEstado &estado, const std::vector<clsConservada> &lstFil
 /// "n de m" for a position (from 0) of so many.
 [[nodiscard]] std::string fTextoInfo1(int lngPos, int lngCantidad);
 /// Path, date and size of the current file (UTF-8), as the list shows them; the date day first, if
-/// it is one.
+/// it is one. As long as its picture is still to come: that it is.
 [[nodiscard]] std::string fTextoInfo2(const clsEstado &estado, const clsSignos &signos);

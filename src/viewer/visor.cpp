@@ -95,9 +95,10 @@ void clsVisor::fVaciar()
 void clsVisor::fDescribir(const QString &strArchivo)
 {
     m_strDescrito = strArchivo;
-    const QString strNombre = (m_imgPuente == m_imgNoImagen ? QStringLiteral("Sin imagen: ")
-                                                            : QStringLiteral("Fotografía: ")) +
-                              strArchivo;
+    const QString strNombre = m_bolPendiente ? QStringLiteral("Procesando...")
+                              : m_imgPuente == m_imgNoImagen
+                                  ? QStringLiteral("Sin imagen: ") + strArchivo
+                                  : QStringLiteral("Fotografía: ") + strArchivo;
     if (strNombre != m_imgFoto->accessibleName()) { // a change is told to screen readers
         m_imgFoto->setAccessibleName(strNombre);
     }
@@ -247,7 +248,9 @@ bool clsVisor::fMostrar(const std::string &strRuta, const clsEntorno &entorno)
         return false;
     }
     m_bolPendiente = fuente == nullptr;
-    if (!m_bolPendiente) {
+    if (m_bolPendiente) {
+        m_imgFoto->hide();
+    } else {
         fPoner(std::move(fuente));
     }
     return true;
@@ -349,6 +352,7 @@ void clsVisor::fPonerTarde(std::shared_ptr<const clsFuente> fuente)
     m_bolPendiente = false;
     fPoner(std::move(fuente));
     fDescribir(m_strDescrito); // it may be none
+    emit fLlegada();
 }
 
 bool clsVisor::eventFilter(QObject *objeto, QEvent *evento)

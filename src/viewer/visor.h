@@ -51,6 +51,8 @@ public:
     void fFijarZoom(int intZoom);
 
 signals:
+    /// What the disk did not give in time is shown.
+    void fLlegada();
     /// Right button on panel, frame or picture, in screen coordinates.
     void fMenuPedido(const QPoint &punto);
 

@@ -237,6 +237,8 @@ TEST(Estado, TellsPositionFromOneAndTheDateDayFirstIfItReads)
                                        "      Tama\u00F1o: 12.345 KB");
     estado.lngActual = 1;
     EXPECT_EQ(fTextoInfo2(estado, {}), "/f/a.jpg      Fecha: ayer      Tama\u00F1o: 0 KB");
+    estado.bolPendiente = true;
+    EXPECT_EQ(fTextoInfo2(estado, {}), "Procesando...");
 }
 
 } // namespace

@@ -185,6 +185,43 @@ private slots:
         QTRY_COMPARE(abridor.fAbierto(), '<' + arbol.fRuta("2008/playa.jpg") + '>');
     }
 
+    void fAFileIsNamedWhenItsPictureIsThere()
+    {
+        const clsArbol arbol;
+        fLlenarArbol(arbol);
+        for (const bool bolOcupada : {false, true}) { // the picture comes while something is done
+            clsSesion sesion(arbol);
+            QVERIFY(sesion.fAbrir());
+            auto *const foto = sesion.fControl("imgFoto");
+            std::optional<clsDiscoParado> disco;
+            disco.emplace();
+            sesion.fTecla(Qt::Key_F12, bolOcupada ? Qt::ShiftModifier : Qt::NoModifier);
+            const int lngPos = bolOcupada ? 3 : 1;
+            QCOMPARE(sesion.fLista()->currentIndex().row(), lngPos);
+            QCOMPARE(sesion.fTexto("txtInfo1"), QString("%1 de 4").arg(lngPos + 1));
+            QCOMPARE(sesion.fTexto("txtInfo2"), QString("Procesando..."));
+            QCOMPARE(foto->accessibleName(), QString("Procesando..."));
+            QVERIFY(!foto->isVisible());
+            if (bolOcupada) {
+                const clsCuando durante([] { return QApplication::overrideCursor() != nullptr; },
+                                        [&] { disco.reset(); });
+                bool bolVisible = false;
+                sesion.mensajes.fMientras = [&] {
+                    bolVisible = QTest::qWaitFor([&] { return foto->isVisible(); });
+                };
+                const QByteArray strAntes = qgetenv("TMPDIR");
+                qputenv("TMPDIR", "/nada/de/nada/"); // there can be no Baúl
+                sesion.fTecla(Qt::Key_A);
+                qputenv("TMPDIR", strAntes);
+                QVERIFY(durante.fHecho() && bolVisible);
+            }
+            disco.reset();
+            QTRY_COMPARE(sesion.fPosicion(), lngPos);
+            QVERIFY(foto->isVisible());
+            QVERIFY(foto->accessibleName().startsWith("Fotografía: "));
+        }
+    }
+
     void fARebuildOnADiskThatDoesNotAnswerCanBeLeft()
     {
         const clsArbol arbol;
@@ -218,7 +255,8 @@ private slots:
             QVERIFY(QApplication::overrideCursor() == nullptr);
             QCOMPARE(sesion.mensajes.fDichos(), QStringList("¿Actualizar lista de archivos?"));
             QCOMPARE(sesion.fNombres(), lstNombres);
-            QCOMPARE(sesion.fPosicion(), 1);
+            QCOMPARE(sesion.fLista()->currentIndex().row(), 1);
+            QCOMPARE(sesion.fTexto("txtInfo1"), QString("2 de 4"));
             QVERIFY(sesion.fMarcada(2));
         }
         QVERIFY(arbol.fLeer("Miravel.dat") == strCatalogo);
