@@ -7,6 +7,7 @@
 #include "sistema/entorno.h"
 
 #include <QString>
+#include <QTimer>
 
 #include <algorithm>
 #include <optional>
@@ -18,7 +19,7 @@ void fAvisarFallo(clsMensajes &mensajes, const std::string &strOrigen, const cls
 {
     mensajes.fAviso(Icono::Problema,
                     "No se ha podido copiar el archivo.\r\n" + fTextoPantalla(strOrigen) + "\r\n" +
-                        fTextoPantalla(fallo.strDestino) + "\r\n" + fTextoError(fallo.error));
+                        fTextoPantalla(fallo.strDestino) + "\r\n" + fMotivo(fallo));
 }
 
 /// Does something with the folder of the Baúl, then counts what is in it; says when there is none
@@ -63,6 +64,26 @@ void fMarcar(clsModeloFotos &modelo, std::span<const int> lstPosiciones, bool bo
     return clsFalloCopia{{}, strCarpeta, *error};
 }
 
+/// Tells for some seconds what a copy has done.
+void fContarlo(const clsComun &comun, const clsCopiados &copiados)
+{
+    constexpr int intPlazo = 8000; // milliseconds
+    static constexpr const char *strReloj = "tmrCopiados";
+    auto *reloj = comun.ventana->findChild<QTimer *>(QLatin1String(strReloj));
+    if (reloj == nullptr) {
+        reloj = new QTimer(comun.ventana);
+        reloj->setObjectName(QLatin1String(strReloj));
+        reloj->setSingleShot(true);
+        QObject::connect(reloj, &QTimer::timeout, comun.ventana, [&comun] {
+            comun.estado.copiados = {};
+            comun.fEstadoCambiado();
+        });
+    }
+    reloj->start(intPlazo);
+    comun.estado.copiados = copiados;
+    comun.fEstadoCambiado();
+}
+
 /// Copies the ticked files, or the current one, into a folder. What was copied loses its tick; what
 /// comes after a failure keeps it.
 void fEnviar(const clsComun &comun, const std::string &strCarpeta, const clsDestino &fDestino)
@@ -96,6 +117,7 @@ void fEnviar(const clsComun &comun, const std::string &strCarpeta, const clsDest
     if (comun.estado.fCerrando()) {
         return;
     }
+    fContarlo(comun, {fin.lngHechas, fin.lngReemplazadas});
     const auto fAvisar = [&](int lngLugar, const clsFalloCopia &fallo) {
         const int lngPos = lstPosiciones[static_cast<std::size_t>(lngLugar)];
         fAvisarFallo(comun.mensajes, comun.estado.filas.fRuta(lngPos), fallo);

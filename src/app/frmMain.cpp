@@ -163,10 +163,8 @@ void frmMain::fConectarPanel()
     m_Timer1.setInterval(150);
     connect(&m_Timer1, &QTimer::timeout, this, &frmMain::fTemporizador);
     m_cliente->installEventFilter(this);
-    connect(m_visor, &clsVisor::fLlegada, this, [this] {
-        m_estado.bolPendiente = false;
-        fNombrar();
-    });
+    connect(m_visor, &clsVisor::fLlegada, this, &frmMain::fMirarPendiente);
+    connect(m_miniaturas, &clsMiniaturas::fLlegada, this, &frmMain::fMirarPendiente);
     connect(m_divisor, &cmdAncho::fSoltado, this,
             [this](int intX) { fFijarAncho(intX * intTwipsPixel); });
     connect(m_miniaturas, &clsMiniaturas::fPulsada, this, &frmMain::fCeldaPulsada);
@@ -176,7 +174,7 @@ void frmMain::fAtenderPanel()
 {
     m_mandos.fAtender("modo", [this] { fFijarModo(!m_estado.bolMiniaturas); });
     m_mandos.fAtender("miniaturas", [this] { fFijarModo(true); });
-    m_mandos.fAtender("zoom", [this](int intZoom) { m_visor->fFijarZoom(intZoom); });
+    m_mandos.fAtender("zoom", [this](int intZoom) { fFijarZoom(intZoom); });
     m_mandos.fAtender("tamMini", [this](int intTam) { fFijarTamMini(intTam); });
     m_mandos.fAtender("aumentar", [this](int intPasos) { fAumentar(intPasos); });
 }
@@ -187,7 +185,11 @@ void frmMain::fElegido(const clsComando &comando)
     fMostrarEstado(); // entry or button has taken the mark by itself, wanted or not
 }
 
-void frmMain::fMostrarEstado() { ::fMostrarEstado(*this, m_estado); }
+void frmMain::fMostrarEstado()
+{
+    ::fMostrarEstado(*this, m_estado);
+    m_informacion->fEtiquetar(m_estado);
+}
 
 void frmMain::fIniciar()
 {
@@ -221,6 +223,15 @@ void frmMain::fAlLiberar()
     } else if (std::exchange(m_bolDobleClic, false)) {
         QTimer::singleShot(0, this, [this] { fAbrirArchivo(m_comun); });
     }
+}
+
+/// Looks whether pictures of what the panel shows are still to come, and says so.
+void frmMain::fMirarPendiente()
+{
+    m_estado.bolPendiente =
+        m_estado.bolMiniaturas ? m_miniaturas->fPendiente() : m_visor->fPendiente();
+    m_informacion->fEtiquetar(m_estado);
+    fNombrar();
 }
 
 /// Says which file is shown, unless something else is being said: that ends in the same.
@@ -355,6 +366,13 @@ void frmMain::fFijarTamMini(int intTam)
     fRedibujar();
 }
 
+void frmMain::fFijarZoom(int intZoom)
+{
+    m_estado.intZoom = intZoom;
+    m_visor->fFijarZoom(intZoom);
+    fMostrarEstado();
+}
+
 void frmMain::fFijarModo(bool bolMiniaturas)
 {
     m_estado.bolMiniaturas = bolMiniaturas;
@@ -372,8 +390,7 @@ void frmMain::fAumentar(int intPasos)
 {
     const int intTam = m_estado.intTamMini + intPasos;
     if (!m_estado.bolMiniaturas) {
-        const int intZoom = m_visor->fZoom();
-        m_visor->fFijarZoom(intPasos > 0 ? fZoomMayor(intZoom) : fZoomMenor(intZoom));
+        fFijarZoom(intPasos > 0 ? fZoomMayor(m_estado.intZoom) : fZoomMenor(m_estado.intZoom));
     } else if (intTam >= 0 && intTam < static_cast<int>(std::size(lstTamMini))) {
         fFijarTamMini(intTam);
     }
@@ -520,7 +537,7 @@ bool frmMain::fQueja(const std::string &strTexto)
 void frmMain::fTerminarMostrar()
 {
     m_lista->fElegir(m_estado.lngActual);
-    m_estado.bolPendiente = m_visor->fPendiente();
+    fMirarPendiente();
     m_informacion->fMostrar(m_estado);
     m_visor->fDescribir(fQPantalla(m_estado.filas.fNombre(m_estado.lngActual)) +
                         QStringLiteral(" (") +

@@ -49,6 +49,7 @@ private:
     void fAlOcupar();
     void fAlLiberar();
     void fNombrar();
+    void fMirarPendiente();
 
     // Layout
     void fEsperarVentana();
@@ -59,6 +60,7 @@ private:
     void fFijarAncho(int lngTwips);
     void fFijarModo(bool bolMiniaturas);
     void fFijarTamMini(int intTam);
+    void fFijarZoom(int intZoom);
     void fAumentar(int intPasos);
 
     // The list

@@ -26,6 +26,9 @@ public:
     /// @param intX where something else begins, in coordinates of the parent.
     void fHasta(int intX);
 
+    /// Makes it a label on a ground of its own, hidden at first.
+    void fColorear(const QColor &color);
+
 protected:
     bool event(QEvent *evento) override;
     void paintEvent(QPaintEvent *evento) override;
@@ -48,6 +51,16 @@ clsCajaInfo::clsCajaInfo(const char *strNombre, const QString &strAccesible, QWi
 void clsCajaInfo::fHasta(int intX)
 {
     setTextMargins(0, 0, std::max(geometry().right() + 1 - intX, 0), 0);
+}
+
+void clsCajaInfo::fColorear(const QColor &color)
+{
+    QPalette colores = palette();
+    colores.setColor(QPalette::Base, color);
+    colores.setColor(QPalette::Text, Qt::white);
+    setPalette(colores);
+    setAlignment(Qt::AlignCenter);
+    hide();
 }
 
 QRect clsCajaInfo::fSitio() const
@@ -104,6 +117,7 @@ clsInformacion::clsInformacion(QWidget *cliente, clsSignos signos, int intArriba
       m_jueces({.intHilos = 2, .fAvisar = fAvisarA(this)})
 {
     fCrearAviso();
+    fCrearEtiquetas();
     const QFontMetrics letra = cliente->fontMetrics();
     const int intAlto = m_txtInfo1->sizeHint().height();
     const int intAncho1 = letra.horizontalAdvance(QStringLiteral("  1000000 de 1000000  "));
@@ -117,18 +131,30 @@ clsInformacion::clsInformacion(QWidget *cliente, clsSignos signos, int intArriba
 void clsInformacion::fCrearAviso()
 {
     m_txtInfo3->setText(QStringLiteral("CONFLICTO FECHAS"));
-    QPalette aviso = m_txtInfo3->palette();
-    aviso.setColor(QPalette::Base, QColor(0xb3, 0x26, 0x1e));
-    aviso.setColor(QPalette::Text, Qt::white);
-    m_txtInfo3->setPalette(aviso);
-    m_txtInfo3->setAlignment(Qt::AlignCenter);
-    m_txtInfo3->hide();
+    m_txtInfo3->fColorear(QColor(0xb3, 0x26, 0x1e));
+}
+
+void clsInformacion::fCrearEtiquetas()
+{
+    constexpr const char *lstNombres[][2] = {
+        {"txtEstado0", "Filtro"},
+        {"txtEstado1", "Marcas"},
+        {"txtEstado2", "Zoom"  },
+        {"txtEstado3", "Carga" },
+        {"txtEstado4", "Copias"}
+    };
+    static_assert(std::size(lstNombres) == std::tuple_size_v<clsEtiquetas>);
+    for (std::size_t lng = 0; lng < m_lstEtiquetas.size(); ++lng) {
+        m_lstEtiquetas[lng] = new clsCajaInfo(
+            lstNombres[lng][0], QString::fromUtf8(lstNombres[lng][1]), m_txtInfo3->parentWidget());
+        m_lstEtiquetas[lng]->fColorear(QColor(0x3f, 0x55, 0x6b)); // calmer than the warning
+    }
 }
 
 void clsInformacion::fMostrar(const clsEstado &estado)
 {
     // A disk that has not given the picture has not answered a moment ago: it is not waited for.
-    fJuzgar(estado.filas.fRutaDisco(estado.lngActual), estado.bolPendiente);
+    fJuzgar(estado.filas.fRutaDisco(estado.lngActual), estado.fSinFoto());
     fLugar(estado.lngActual, estado.filas.fCantidad());
     fNombrar(estado);
 }
@@ -136,6 +162,15 @@ void clsInformacion::fMostrar(const clsEstado &estado)
 void clsInformacion::fNombrar(const clsEstado &estado)
 {
     fDecir(fQ(fTextoInfo2(estado, m_signos)));
+}
+
+void clsInformacion::fEtiquetar(const clsEstado &estado)
+{
+    const clsEtiquetas lstTextos = fEtiquetas(estado);
+    for (std::size_t lng = 0; lng < m_lstEtiquetas.size(); ++lng) {
+        m_lstEtiquetas[lng]->setText(fQ(lstTextos[lng]));
+    }
+    fDisponerEtiquetas();
 }
 
 void clsInformacion::fLugar(int lngPos, int lngCantidad)
@@ -176,6 +211,9 @@ void clsInformacion::fDisponer(int intAviso)
     m_txtInfo1->raise();
     m_txtInfo2->raise();
     m_txtInfo3->raise();
+    for (clsCajaInfo *const etiqueta : m_lstEtiquetas) {
+        etiqueta->raise();
+    }
     m_txtInfo3->move(intAviso, m_txtInfo3->y());
     fAvisar(!m_txtInfo3->isHidden());
 }
@@ -193,9 +231,30 @@ void clsInformacion::fJuzgar(const std::string &strRuta, bool bolCallado)
     }
 }
 
-/// Shows or hides the warning. txtInfo2 goes on below it and beyond the window; its text does not.
+/// Shows or hides the warning.
 void clsInformacion::fAvisar(bool bolMal)
 {
     m_txtInfo3->setVisible(bolMal);
-    m_txtInfo2->fHasta(bolMal ? m_txtInfo3->x() : m_cliente->width());
+    fDisponerEtiquetas();
+}
+
+/// Places the labels from the right, left of the warning's place, so that it moves none of them;
+/// one that finds no room is not shown. txtInfo2 goes on below them and beyond the window; its text
+/// does not.
+void clsInformacion::fDisponerEtiquetas()
+{
+    int intX = m_txtInfo3->x();
+    int intFin = m_txtInfo3->isHidden() ? m_cliente->width() : intX;
+    for (clsCajaInfo *const etiqueta : m_lstEtiquetas) {
+        const int intAncho =
+            m_cliente->fontMetrics().horizontalAdvance(etiqueta->text()) + m_txtInfo3->height();
+        const bool bolCabe = !etiqueta->text().isEmpty() && intX - intAncho >= m_txtInfo2->x();
+        if (bolCabe) {
+            intX -= intAncho;
+            etiqueta->setGeometry(intX, m_txtInfo3->y(), intAncho, m_txtInfo3->height());
+            intFin = intX;
+        }
+        etiqueta->setVisible(bolCabe);
+    }
+    m_txtInfo2->fHasta(intFin);
 }

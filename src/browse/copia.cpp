@@ -1,5 +1,6 @@
 #include "browse/copia.h"
 
+#include "shared/errores.h"
 #include "shared/hilos.h"
 #include "shared/ritmo.h"
 #include "shared/rutas.h"
@@ -21,18 +22,21 @@ struct clsEnvio {
     std::atomic<bool> bolFin{false};    ///< nothing more is wanted, or may be done
 };
 
-/// Why a copy may not have its path: what is there is sent, too (EEXIST), or cannot be told.
-clsError fChoque(const clsEnvio &envio, const std::string &strDestino)
+/// Whether something has the path of a copy; or why the copy may not have it: what is there is
+/// sent, too (EEXIST), or cannot be told.
+clsResultado<bool> fOcupa(const clsEnvio &envio, const std::string &strDestino)
 {
     auto destino = fConsultar(strDestino);
     if (!destino) { // a link that leads nowhere may be replaced
         destino = fConsultar(strDestino, false);
     }
     if (!destino) {
-        return destino.fError() == ENOENT ? 0 : destino.fError();
+        return destino.fError() == ENOENT ? clsResultado<bool>(false) : destino.fError();
     }
-    const bool bolEsOrigen = envio.lstOrigenes.contains(destino->identidad);
-    return bolEsOrigen || envio.lstDudosos.contains(strDestino) ? EEXIST : 0;
+    if (envio.lstOrigenes.contains(destino->identidad) || envio.lstDudosos.contains(strDestino)) {
+        return clsError(EEXIST);
+    }
+    return true;
 }
 
 /// @return whether all were looked at.
@@ -51,23 +55,36 @@ bool fApuntarOrigenes(clsEnvio &envio, const std::vector<std::string> &lstRutas)
     return true;
 }
 
-/// Copies one file, unless an earlier one has failed: nothing if it was copied.
-std::optional<clsFalloCopia> fCopiarUna(clsEnvio &envio, const std::string &strOrigen)
+/// Copies one file, unless an earlier one has failed.
+/// @return what came of it alone.
+clsFinCopia fCopiarUna(clsEnvio &envio, const std::string &strOrigen)
 {
     if (envio.bolFin) {
-        return clsFalloCopia{strOrigen, {}, ECANCELED};
+        return {
+            0, 0, clsFalloCopia{strOrigen, {}, ECANCELED}
+        };
     }
     const std::string strDestino = envio.fDestino(strOrigen);
-    clsError error = fChoque(envio, strDestino);
-    error = error ? error : fCopiar(strOrigen, strDestino, &envio.bolFin);
+    const auto bolOcupa = fOcupa(envio, strDestino);
+    const clsError error =
+        bolOcupa ? fCopiar(strOrigen, strDestino, &envio.bolFin) : bolOcupa.fError();
     if (!error) {
-        return {};
+        return {1, *bolOcupa ? 1 : 0, {}};
     }
     envio.bolFin = true;
-    return clsFalloCopia{strOrigen, strDestino, error};
+    return {
+        0, 0, clsFalloCopia{strOrigen, strDestino, error}
+    };
 }
 
 } // namespace
+
+std::string fMotivo(const clsFalloCopia &fallo)
+{
+    return fallo.error == EEXIST ? "Lo que tiene ese nombre en el destino es uno de los archivos "
+                                   "que se están copiando: no se reemplaza."
+                                 : fTextoError(fallo.error);
+}
 
 clsDestino fDestinoEn(const std::string &strCarpeta)
 {
@@ -93,10 +110,11 @@ clsFinCopia fCopiarLista(const std::vector<std::string> &lstRutas, const clsDest
     clsHilos::clsOrden ultima;
     for (const std::string &strRuta : lstRutas) {
         ultima = hilos.fPedir([envio, strRuta] { return fCopiarUna(*envio, strRuta); },
-                              [&fin](const std::optional<clsFalloCopia> &fallo) {
-                                  fin.lngHechas += fallo ? 0 : 1;
-                                  if (fallo && fallo->error != ECANCELED) {
-                                      fin.fallo = fallo;
+                              [&fin](const clsFinCopia &una) {
+                                  fin.lngHechas += una.lngHechas;
+                                  fin.lngReemplazadas += una.lngReemplazadas;
+                                  if (una.fallo && una.fallo->error != ECANCELED) {
+                                      fin.fallo = una.fallo;
                                   }
                               });
     }

@@ -17,8 +17,12 @@ struct clsFalloCopia {
 /// What became of a list of files.
 struct clsFinCopia {
     int lngHechas = 0;                  ///< the first so many files were copied completely
+    int lngReemplazadas = 0;            ///< so many of these copies took another file's place
     std::optional<clsFalloCopia> fallo; ///< of the file behind them; empty: none failed
 };
+
+/// Why it failed, in words (UTF-8).
+[[nodiscard]] std::string fMotivo(const clsFalloCopia &fallo);
 
 /// Full path of the copy of a file. Called on a worker thread, and perhaps still when the copying
 /// was given up: it must not refer to anything that ends with it.

@@ -130,7 +130,7 @@ std::string fTextoInfo1(int lngPos, int lngCantidad)
 
 std::string fTextoInfo2(const clsEstado &estado, const clsSignos &signos)
 {
-    if (estado.bolPendiente) {
+    if (estado.fSinFoto()) {
         return "Procesando...";
     }
     const clsFilas &filas = estado.filas;

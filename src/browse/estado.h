@@ -19,6 +19,12 @@ struct clsCorregido;
 /// because the window closes.
 enum class Parada { Ninguna, Esc, Cierre };
 
+/// What a copy has done.
+struct clsCopiados {
+    int lngHechos = 0;
+    int lngReemplazados = 0; ///< so many of them took the place of another file
+};
+
 /// What is listed.
 struct clsLista {
     clsFilas filas;
@@ -35,8 +41,10 @@ struct clsEstado : clsLista {
     Avance avance = Avance::Normal;
     bool bolMiniaturas = false;      ///< the panel shows a page of thumbnails
     int intTamMini = 2;              ///< index of their size
+    int intZoom = 100;               ///< of the single picture, percent; 0 fits
     int intCeldas = 1;               ///< how many fit on a page
     int lngEnBaul = 0;               ///< files in the Baúl
+    clsCopiados copiados;            ///< what is told of the last copy; none done: nothing any more
     bool bolIncidencias = false;     ///< that files of the list are missing has been said
     std::uint64_t lngGeneracion = 0; ///< raised by every layout, draw and list change
 
@@ -44,8 +52,10 @@ struct clsEstado : clsLista {
     bool bolPaso = false;    ///< a command that moves is under way
     Parada parada = Parada::Ninguna;
     int intDibujos = 0;        ///< draws that are under way: what is current is not shown yet
-    bool bolPendiente = false; ///< none is, but the picture of what is current is still to come
+    bool bolPendiente = false; ///< none is, but pictures of what the panel shows are still to come
 
+    /// Whether the single picture is still to come.
+    [[nodiscard]] bool fSinFoto() const { return bolPendiente && !bolMiniaturas; }
     [[nodiscard]] bool fCerrando() const { return parada == Parada::Cierre; }
 };
 

@@ -140,6 +140,12 @@ bool clsMiniaturas::fMuestra(const clsCelda &celda, int lngPos) const
            celda.intLado == fLado();
 }
 
+bool clsMiniaturas::fPendiente() const
+{
+    return std::any_of(m_lstCeldas.begin(), m_lstCeldas.end(),
+                       [](const clsCelda &celda) { return celda.bolPendiente; });
+}
+
 /// Hides what does not belong to the list any more, or lies past its end, and marks the others.
 void clsMiniaturas::fRepartir(int lngInicio, int lngActual)
 {
@@ -338,5 +344,6 @@ void clsMiniaturas::fRenovar(std::size_t lngCelda)
             return lngCelda < m_lstCeldas.size() && m_lstCeldas[lngCelda].lngPos == lngPos &&
                    fMuestra(m_lstCeldas[lngCelda], lngPos);
         }));
+        emit fLlegada();
     }
 }

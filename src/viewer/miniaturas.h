@@ -48,7 +48,12 @@ public:
     /// Cells of a page.
     [[nodiscard]] int fCeldas() const { return m_rejilla.intCeldas; }
 
+    /// Whether something that the page shows is still to come.
+    [[nodiscard]] bool fPendiente() const;
+
 signals:
+    /// Something of that has come.
+    void fLlegada();
     /// A mouse button went down on the cell of a file.
     void fPulsada(int lngPos, Qt::MouseButton boton, Qt::KeyboardModifiers mayus);
 

@@ -46,7 +46,6 @@ public:
     /// Has the files that are likely to come next decoded ahead.
     void fAdelantar(const std::vector<std::string> &lstRutas);
 
-    [[nodiscard]] int fZoom() const { return m_intZoom; }
     /// Percentage of the natural size; 0 fits.
     void fFijarZoom(int intZoom);
 

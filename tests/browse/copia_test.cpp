@@ -60,7 +60,28 @@ TEST(ListaDeCopias, NeverReplacesAFileThatIsSentToo)
     EXPECT_EQ(fin.lngHechas, 0);
     ASSERT_TRUE(fin.fallo);
     EXPECT_EQ(fin.fallo->error, EEXIST);
+    EXPECT_EQ(fMotivo(*fin.fallo), "Lo que tiene ese nombre en el destino es uno de los archivos "
+                                   "que se están copiando: no se reemplaza.");
+    EXPECT_EQ(fMotivo({{}, {}, ENOSPC}), "28: No queda espacio en el dispositivo");
     EXPECT_EQ(arbol.fLeer("b/x.jpg"), "otra");
+}
+
+TEST(ListaDeCopias, CountsThoseThatTakeAnotherFilesPlace)
+{
+    const clsArbol arbol;
+    arbol.fCrear("a/x.jpg", "una");
+    arbol.fCrear("b/x.jpg", "otra");
+    arbol.fCrear("b/y.jpg", "y");
+    arbol.fCarpeta("d");
+    // The second of one name takes the place of the first.
+    const Textos lstRutas{arbol.fRuta("a/x.jpg"), arbol.fRuta("b/x.jpg"), arbol.fRuta("b/y.jpg")};
+    for (const int lngReemplazadas : {1, 3}) {
+        const clsFinCopia fin =
+            fCopiarLista(lstRutas, fDestinoEn(arbol.fRuta("d")), [](int) { return true; });
+        EXPECT_EQ(fin.lngHechas, 3);
+        EXPECT_EQ(fin.lngReemplazadas, lngReemplazadas);
+        EXPECT_EQ(arbol.fLeer("d/x.jpg"), "otra");
+    }
 }
 
 std::atomic<bool> bolAtascado;

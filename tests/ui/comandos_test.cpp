@@ -191,6 +191,44 @@ private slots:
         QCOMPARE(m_sesion->fPosicion(), 2);
     }
 
+    void fLabelsTellWhatIsNotSeen()
+    {
+        const auto fDicen = [this] {
+            QStringList lstTextos;
+            for (int intCual = 0; intCual < 5; ++intCual) {
+                const std::string strNombre = "txtEstado" + std::to_string(intCual);
+                if (m_sesion->fControl(strNombre.c_str())->isVisible()) {
+                    lstTextos += m_sesion->fTexto(strNombre.c_str());
+                }
+            }
+            return lstTextos.join('|');
+        };
+        const QRect aviso = m_sesion->fControl("txtInfo3")->geometry();
+        QCOMPARE(fDicen(), QString());
+        m_sesion->fTecla(Qt::Key_J);
+        QCOMPARE(fDicen(), QString("Zoom ajustado"));
+        m_sesion->fElegirEntrada("mnuSeleccion0");
+        m_sesion->fTecla(Qt::Key_M); // no zoom there
+        QCOMPARE(fDicen(), QString("7 marcados"));
+        const clsCuando cuando = fEnDialogo("frmFiltro", [](QDialog &dialogo) {
+            dialogo.findChild<QLineEdit *>("txtTexto")->setText("s");
+            QTest::keyClick(&dialogo, Qt::Key_Return);
+        });
+        m_sesion->fTecla(Qt::Key_F);
+        QCOMPARE(fDicen(), QString("FILTRO"));
+        const clsArbol destino;
+        destino.fCrear("dos.jpg", "otra");
+        m_sesion->mensajes.strCarpeta = destino.fRaiz();
+        m_sesion->fElegirEntrada("mnuSeleccion0");
+        m_sesion->fElegirEntrada("mnuOpcionesCopiar");
+        QCOMPARE(fDicen(), QString("FILTRO|4 copiados, 1 reemplazado"));
+        const int intHasta = m_sesion->fControl("txtEstado0")->geometry().right();
+        QCOMPARE(intHasta + 1, m_sesion->fControl("txtInfo3")->x()); // beside the warning's place
+        QCOMPARE(m_sesion->fControl("txtInfo3")->geometry(), aviso);
+        m_sesion->fControl<QTimer>("tmrCopiados")->setInterval(0); // not to wait for it
+        QTRY_COMPARE(fDicen(), QString("FILTRO"));
+    }
+
     void fAFailedCopyStopsAndKeepsTheTicks()
     {
         const clsArbol destino;

@@ -93,6 +93,7 @@ private slots:
             fLlenarArbol(arbol);
             clsSesion sesion(arbol);
             QVERIFY(sesion.fAbrir());
+            sesion.fTecla(Qt::Key_J); // a zoom that is told
             struct {
                 const char *strFrase;
                 QImage imagen;
@@ -107,6 +108,7 @@ private slots:
                  fCelda(fVacio(133, 1, true), "", false, todo), dblDibujo},
                 {"no image", fNoImagen().imagen, dblDibujo},
                 {"check box of a row", fCasilla(sesion), dblDibujo},
+                {"label", sesion.fControl("txtEstado2")->grab().toImage(), dblTexto},
                 {"warning about dates", sesion.fControl("txtInfo3")->grab().toImage(), dblTexto},
             };
             for (const auto &caso : lstCasos) {

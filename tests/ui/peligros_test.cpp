@@ -201,6 +201,7 @@ private slots:
             QCOMPARE(sesion.fTexto("txtInfo1"), QString("%1 de 4").arg(lngPos + 1));
             QCOMPARE(sesion.fTexto("txtInfo2"), QString("Procesando..."));
             QCOMPARE(foto->accessibleName(), QString("Procesando..."));
+            QVERIFY(sesion.fControl("txtEstado3")->isVisible());
             QVERIFY(!foto->isVisible());
             if (bolOcupada) {
                 const clsCuando durante([] { return QApplication::overrideCursor() != nullptr; },
@@ -219,6 +220,7 @@ private slots:
             QTRY_COMPARE(sesion.fPosicion(), lngPos);
             QVERIFY(foto->isVisible());
             QVERIFY(foto->accessibleName().startsWith("Fotografía: "));
+            QVERIFY(!sesion.fControl("txtEstado3")->isVisible());
         }
     }
 
