@@ -11,6 +11,7 @@
 #include <QColorSpace>
 #include <QImageReader>
 
+#include <algorithm>
 #include <fstream>
 
 namespace {
