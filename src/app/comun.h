@@ -6,6 +6,7 @@
 #include "shared/mensajes.h"
 #include "shared/ocupado.h"
 #include "shared/ritmo.h"
+#include "viewer/extraccion.h"
 
 #include <functional>
 #include <optional>
@@ -32,6 +33,7 @@ struct clsComun {
     clsAjustes &ajustes;
     clsOcupacion &ocupacion;
     clsInformacion &informacion;
+    clsFotograma fFotograma; ///< makes frames of videos
     /// Makes a position current and shows it.
     std::function<void(int)> fMostrar;
     /// Empties the viewing panel.
@@ -59,6 +61,8 @@ void fAtenderListado(const clsComun &comun, clsMandos &mandos);
 void fAtenderCopias(const clsComun &comun, clsMandos &mandos);
 /// The dates of files: EXIF, search for wrong ones, correction.
 void fAtenderFechas(const clsComun &comun, clsMandos &mandos);
+/// Many files at once: repairing their dates, taking a correction back.
+void fAtenderReparaciones(const clsComun &comun, clsMandos &mandos);
 /// Moving along the list.
 void fAtenderPasos(const clsComun &comun, clsMandos &mandos);
 /// Help, About, and what opens other programs.

@@ -65,12 +65,13 @@ frmMain::frmMain(clsArchivo archivo, clsAjustes &ajustes, clsAjustes &escritorio
                  clsMensajes &mensajes)
     : m_archivo(std::move(archivo)), m_ajustes(ajustes), m_escritorio(escritorio),
       m_mensajes(mensajes), m_ocupacion([this] { fAlOcupar(); }, [this] { fAlLiberar(); }),
-      m_lngAncho(m_archivo.preferencias.lngAncho), m_cliente(new QWidget(this)),
+      m_fFotograma(fDeVideos()), m_lngAncho(m_archivo.preferencias.lngAncho),
+      m_cliente(new QWidget(this)),
       m_modelo(new clsModeloFotos(m_estado.filas, fSignosLocales(), this)),
       m_lista(new lstFotos(m_cliente)), m_visor(new clsVisor(m_cliente)),
       m_miniaturas(new clsMiniaturas(
           m_cliente, m_estado.filas, fSignosLocales(),
-          [this](const std::string &strTexto) { return fQueja(strTexto); }, fDeVideos())),
+          [this](const std::string &strTexto) { return fQueja(strTexto); }, m_fFotograma)),
       m_divisor(new cmdAncho(m_cliente)),
       m_toolBar(fCrearBarra(m_cliente, [this](const auto &comando) { fElegido(comando); })),
       m_informacion(
@@ -93,6 +94,7 @@ frmMain::frmMain(clsArchivo archivo, clsAjustes &ajustes, clsAjustes &escritorio
     fAtenderListado(m_comun, m_mandos);
     fAtenderCopias(m_comun, m_mandos);
     fAtenderFechas(m_comun, m_mandos);
+    fAtenderReparaciones(m_comun, m_mandos);
     fMostrarEstado();
 }
 
@@ -110,6 +112,7 @@ clsComun frmMain::fComun()
         m_ajustes,
         m_ocupacion,
         *m_informacion,
+        m_fFotograma,
         [this](int lngPos) { fMostrarArchivo(lngPos); },
         [this] { fVaciarPanel(); },
         [this](bool bolForzar, const std::string &strRuta) { fLlenarLista(bolForzar, strRuta); },

@@ -89,8 +89,9 @@ private:
     bool m_bolDispuesta = false;    ///< the window has its size, so that pictures can be drawn
     bool m_bolDobleClic = false;    ///< a row was double-clicked while it was being shown
 
-    int m_lngAncho;       ///< panel width in twips
-    QSize m_tamDispuesto; ///< client size last laid out
+    const clsFotograma m_fFotograma; ///< makes frames of videos
+    int m_lngAncho;                  ///< panel width in twips
+    QSize m_tamDispuesto;            ///< client size last laid out
     QTimer m_Timer1;
 
     QWidget *m_cliente;

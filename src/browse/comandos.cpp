@@ -123,6 +123,15 @@ constexpr clsComando lstComandos[] = {
     {.strNombre = "invertir", .entrada = {Menu::Opciones, "mnuSeleccion3", "Invertir Seleccion"},
      .obra = fObra("marcar", Seleccion::Invertir)},
 
+    // Más
+    {.strNombre = "reparar", .entrada = {Menu::Mas, "mnuMasReparar", "Reparar fechas...", "F2"},
+     .espera = ALaVista},
+    {.strNombre = "revisar", .entrada = {Menu::Mas, "mnuMasRevisar", "Revisar fechas...", "F3"},
+     .espera = ALaVista},
+    {.strNombre = "deshacer",
+     .entrada = {Menu::Mas, "mnuMasDeshacer", "Deshacer corrección...", "Ctrl+Z"},
+     .espera = ALaVista, .fPermitido = fSiempre},
+
     // Ayuda
     {.strNombre = "ayuda", .linea = {10, "[F1]: Ayuda."},
      .entrada = {Menu::Ayuda, "mnuAyudaAyuda", "Ayuda", "F1"}, .fPermitido = fSiempre},
@@ -151,6 +160,7 @@ constexpr clsComando lstComandos[] = {
 constexpr clsMenu lstMenus[] = {
     {Menu::Baul,     "mnuBaul",     "Baúl (0)"},
     {Menu::Opciones, "mnuOpciones", "Opciones" },
+    {Menu::Mas,      "mnuMas",      "Más"     },
     {Menu::Ayuda,    "mnuAyuda",    "Ayuda"    },
     {Menu::Foto,     "mnuFoto",     ""         },
 };

@@ -9,7 +9,7 @@
 enum class Mayus { Con, Sin, Indiferente };
 
 /// The menus; their names and titles stand in fMenus. Ninguno: the command has no entry.
-enum class Menu { Ninguno, Baul, Opciones, Ayuda, Foto };
+enum class Menu { Ninguno, Baul, Opciones, Mas, Ayuda, Foto };
 
 /// What a command waits for. While the window is busy none runs.
 enum class Espera {

@@ -5,6 +5,7 @@
 #include "shared/texto.h"
 
 #include <algorithm>
+#include <numeric>
 #include <unordered_map>
 #include <utility>
 
@@ -119,6 +120,16 @@ std::vector<int> fMarcadasOActual(const clsEstado &estado)
     std::vector<int> lstPosiciones = fMarcadas(estado.filas);
     if (lstPosiciones.empty()) {
         lstPosiciones.push_back(estado.lngActual);
+    }
+    return lstPosiciones;
+}
+
+std::vector<int> fMarcadasOTodas(const clsEstado &estado)
+{
+    std::vector<int> lstPosiciones = fMarcadas(estado.filas);
+    if (lstPosiciones.empty()) {
+        lstPosiciones.resize(static_cast<std::size_t>(estado.filas.fCantidad()));
+        std::iota(lstPosiciones.begin(), lstPosiciones.end(), 0);
     }
     return lstPosiciones;
 }

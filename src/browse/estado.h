@@ -99,6 +99,8 @@ void fTomarFiltradas(clsEstado &estado, const std::vector<clsConservada> &lstFil
 [[nodiscard]] std::vector<int> fVecinas(const clsEstado &estado);
 /// The rows a command acts on: those with a tick, else the current one.
 [[nodiscard]] std::vector<int> fMarcadasOActual(const clsEstado &estado);
+/// The rows a command for many files acts on: those with a tick, else all.
+[[nodiscard]] std::vector<int> fMarcadasOTodas(const clsEstado &estado);
 
 /// "n de m" for a position (from 0) of so many.
 [[nodiscard]] std::string fTextoInfo1(int lngPos, int lngCantidad);

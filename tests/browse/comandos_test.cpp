@@ -110,8 +110,9 @@ TEST(Comandos, ListTheirShortcutsToTheLetter)
 TEST(Comandos, WaitForWhatTheyActOn)
 {
     const std::set<std::string_view> lstALaVista = {
-        "abrir",   "exif",   "buscarFecha", "corregir", "corregirMas", "actualizar",
-        "irFecha", "copiar", "agregar",     "carpeta",  "filtrar",     "quitarFiltro"};
+        "abrir",      "exif",         "buscarFecha", "corregir", "corregirMas",
+        "actualizar", "irFecha",      "copiar",      "agregar",  "carpeta",
+        "filtrar",    "quitarFiltro", "reparar",     "revisar",  "deshacer"};
     const std::set<std::string_view> lstPasos = {"primero", "atras", "adelante", "ultimo"};
     for (const clsComando &comando : fComandos()) {
         SCOPED_TRACE(comando.strNombre);
@@ -132,8 +133,9 @@ TEST(Comandos, WaitForWhatTheyActOn)
 
 TEST(Comandos, OnAnEmptyListAreFew)
 {
-    const std::set<std::string_view> lstVivos = {"actualizar", "fotos", "videos", "fotosVideos",
-                                                 "totales",    "ayuda", "acerca", "baul"};
+    const std::set<std::string_view> lstVivos = {"actualizar",  "fotos",   "videos",
+                                                 "fotosVideos", "totales", "ayuda",
+                                                 "acerca",      "baul",    "deshacer"};
     for (const clsComando &comando : fComandos()) {
         EXPECT_EQ(comando.fPermitido(fEstado(false)), lstVivos.contains(comando.strNombre))
             << comando.strNombre;

@@ -74,7 +74,7 @@ fDialogo() { # title, then keys...: waits for a window, gives it keys, waits for
 # time, modification time, content. The access times lie in the future, where reading leaves them
 # alone, unless the file system notes every reading.
 fInventario() {
-    find "$archivo" -type f -not -name 'Miravel.*' -not -name 'Ayuda_*' -print0 | sort -z >"$carpeta/nombres"
+    find "$archivo" -type f -not -name 'Miravel.*' -not -name '.Miravel.*' -not -name 'Ayuda_*' -print0 | sort -z >"$carpeta/nombres"
     paste -d '|' <(xargs -0 stat -c "%n|%i %s $strAcceso|%.9Y" <"$carpeta/nombres") \
         <(xargs -0 sha256sum <"$carpeta/nombres" | cut -c -64) | sort
 }
@@ -83,9 +83,9 @@ fExigirInventario() { # text
     fExigir "$1" diff "$carpeta/debe" "$carpeta/hay"
 }
 # What the catalogue tells of every file but the program's own, and what the disk does.
-fRegistros() { tr -d '\r' <"$archivo/Miravel.dat" | paste -d '|' - - - | grep -v '/Miravel\.\|/Ayuda_' | sort; }
+fRegistros() { tr -d '\r' <"$archivo/Miravel.dat" | paste -d '|' - - - | grep -v '/Miravel\.\|/\.Miravel\.\|/Ayuda_' | sort; }
 fFicheros() {
-    find "$archivo" -type f -not -name 'Miravel.*' -not -name 'Ayuda_*' -printf '%p|%TY/%Tm/%Td %TH:%TM:%TS| %s \n' |
+    find "$archivo" -type f -not -name 'Miravel.*' -not -name '.Miravel.*' -not -name 'Ayuda_*' -printf '%p|%TY/%Tm/%Td %TH:%TM:%TS| %s \n' |
         sed 's/\.[0-9]*| /| /' | sort
 }
 fTiene() { [ "$(find "$1" -mindepth 1 2>/dev/null | wc -l)" -eq "$2" ]; } # folder, entries

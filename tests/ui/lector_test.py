@@ -60,9 +60,9 @@ PRINCIPAL = [
     ("text", "Posición en la lista"), ("text", "Archivo actual"),
     ("label", "Panel de visualización"), ("frame|panel", "Marco de la fotografía"),
     ("image", "Fotografía: Globos 01.jpg (2019/06/08 07:45:12)"),
-    *[("menu item", s) for s in ("Baúl (0)", "Opciones", "Ayuda")],
+    *[("menu item", s) for s in ("Baúl (0)", "Opciones", "Más", "Ayuda")],
 ]
-ENTRADAS = {"Baúl (0)": 3, "Opciones": 20, "Ayuda": 2}  # separators count
+ENTRADAS = {"Baúl (0)": 3, "Opciones": 20, "Más": 3, "Ayuda": 2}  # separators count
 DIALOGOS = {
     "f": ("Filtro (6 archivos)", [
         ("text", "Desde"), ("text", "Hasta  "), ("text", "Texto"), ("check box", "Incluir carpeta"),
@@ -178,7 +178,7 @@ def f_aplicacion(int_proceso):
 def f_prueba_ventana(app):
     aviso = f_esperar(lambda: f_buscar(app, "push button", "Aceptar"), "the box of the first start")
     f_pulsar(aviso)
-    f_esperar(lambda: f_buscar(app, *PRINCIPAL[-4]), "the picture")
+    f_esperar(lambda: f_buscar(app, *PRINCIPAL[-5]), "the picture")
     f_comprobar(app, PRINCIPAL)
     for str_menu, int_entradas in ENTRADAS.items():
         lst_entradas = f_hijos(f_hijos(f_buscar(app, "menu item", str_menu))[0])

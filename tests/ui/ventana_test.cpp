@@ -234,7 +234,8 @@ private slots:
         for (const QAction *const accion : m_sesion->ventana->menuBar()->actions()) {
             lstBarra.push_back(accion->text() + (accion->isVisible() ? "" : "|hidden"));
         }
-        QCOMPARE(lstBarra, QStringList({"Baúl (0)", "Opciones", "Ayuda", "[avance]|hidden"}));
+        QCOMPARE(lstBarra,
+                 QStringList({"Baúl (0)", "Opciones", "Más", "Ayuda", "[avance]|hidden"}));
         QVERIFY(m_sesion->fControl<QAction>("mnuAVance") != nullptr);
         const std::pair<const char *, QStringList> lstCasos[] = {
             {"mnuBaul",
@@ -260,6 +261,9 @@ private slots:
               "mnuSeleccion1|Seleccionar Pantalla",
               "mnuSeleccion2|Deseleccionar Todo",
               "mnuSeleccion3|Invertir Seleccion"}},
+            {"mnuMas",
+             {"mnuMasReparar|Reparar fechas...", "mnuMasRevisar|Revisar fechas...",
+              "mnuMasDeshacer|Deshacer corrección..."}},
             {"mnuAyuda", {"mnuAyudaAyuda|Ayuda", "mnuAyudaAcerca|Acerca de ..."}},
             {"mnuFoto",
              {"mnuFotoMiniaturas|Miniaturas", "mnuFotoAjustar|Ajustar", "-", "mnuFotoValor0|400%",

@@ -1,0 +1,85 @@
+#include "repair/textos_reparar.h"
+
+#include "shared/numeros.h"
+
+#include <algorithm>
+
+namespace {
+
+std::string fCuantos(std::int64_t lngCuantos) { return fConGrupos(lngCuantos, {}); }
+
+std::string fResto(std::chrono::seconds resto)
+{
+    const auto fCon = [](std::int64_t lngCuantos, const std::string &strUnidad) {
+        return (lngCuantos == 1 ? ", queda 1 " + strUnidad
+                                : ", quedan " + fCuantos(lngCuantos) + ' ' + strUnidad + 's');
+    };
+    const std::int64_t lngSegundos = std::max<std::int64_t>(resto.count(), 1);
+    return lngSegundos < 60 ? fCon(lngSegundos, "segundo")
+                            : fCon((lngSegundos + 59) / 60, "minuto");
+}
+
+std::string fArchivos(int intCuantos)
+{
+    return fCuantos(intCuantos) + (intCuantos == 1 ? " archivo" : " archivos");
+}
+
+std::string fFecha(clsFecha fecha) { return fEscribirFecha(fecha, strFormaUsuario); }
+
+} // namespace
+
+std::string fTextoProgreso(std::string_view strObra, int lngHechos, int lngTodos,
+                           std::chrono::milliseconds pasado)
+{
+    constexpr std::chrono::seconds pronto{2};
+    std::string strTexto =
+        std::string(strObra) + ": " + fCuantos(lngHechos) + " de " + fCuantos(lngTodos);
+    if (lngHechos > 0 && lngHechos < lngTodos && pasado >= pronto) {
+        const std::int64_t lngResto = pasado.count() * (lngTodos - lngHechos) / lngHechos;
+        strTexto += fResto(std::chrono::seconds((lngResto + 999) / 1000));
+    }
+    return strTexto;
+}
+
+std::string fTextoFuentes(const clsFechasFichero &fechas, const clsRelojLocal &reloj)
+{
+    std::string strTexto;
+    for (const clsFechaFuente &fuente : fechas.lstFuentes) {
+        strTexto += strTexto.empty() ? "" : "\n";
+        strTexto += std::string(fTextoFuente(fuente.fuente)) + ": ";
+        const clsFecha fecha = fLocal(fuente, reloj);
+        strTexto += fuente.precision == Precision::Dia ? fEscribirFecha(fecha, "dd/MM/yyyy")
+                                                       : fFecha(fecha);
+    }
+    return strTexto;
+}
+
+std::string fTextoTramo(const clsTramoFechas &tramo)
+{
+    return tramo.datPrimera.fHay()
+               ? "Del " + fFecha(tramo.datPrimera) + " al " + fFecha(tramo.datUltima)
+               : std::string();
+}
+
+std::string fTextoCorregir(int intFicheros) { return "&Corregir " + fArchivos(intFicheros); }
+
+std::string fPreguntaCorregir(int intFicheros, NombreReparado nombre)
+{
+    const bool bolNombre = nombre == NombreReparado::AnteponerFecha;
+    return std::string("Se va a cambiar ") + (bolNombre ? "la fecha y el nombre" : "la fecha") +
+           " de " + fArchivos(intFicheros) + ".\r\nSe puede deshacer después.";
+}
+
+std::string fPreguntaDeshacer(const std::vector<clsCorreccionHecha> &lstHechas)
+{
+    constexpr std::size_t lngMaximo = 10;
+    std::string strTexto = "Correcciones que se pueden deshacer:";
+    for (std::size_t lng = 0; lng < std::min(lstHechas.size(), lngMaximo); ++lng) {
+        strTexto +=
+            "\r\n" + fFecha(lstHechas[lng].fecha) + ": " + fArchivos(lstHechas[lng].intFicheros);
+    }
+    if (lstHechas.size() > lngMaximo) {
+        strTexto += "\r\n... y " + std::to_string(lstHechas.size() - lngMaximo) + " más.";
+    }
+    return strTexto + "\r\n\r\nSe deshará la última.";
+}
