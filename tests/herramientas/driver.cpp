@@ -6,12 +6,16 @@
 #include "browse/baul.h"
 #include "browse/copia.h"
 #include "catalogue/constructor.h"
+#include "catalogue/lector.h"
+#include "catalogue/registro.h"
 #include "dates/clsFile.h"
 #include "dates/correccion.h"
 #include "dates/deshacer.h"
 #include "dates/formulario_fecha.h"
 #include "dates/informe.h"
+#include "dates/reparacion.h"
 #include "shared/errores.h"
+#include "shared/medios.h"
 #include "shared/rutas.h"
 #include "shared/texto.h"
 #include "sistema/archivo.h"
@@ -163,6 +167,109 @@ int fOrdenCorrect(const clsArgumentos &lstArgumentos)
     return fCorregirFicheros(strRaiz, lstCorregidos, *fecha);
 }
 
+/// The files that the list shows, by the catalogue.
+clsArgumentos fFicherosListados(const std::string &strRaiz)
+{
+    clsFilas filas;
+    static_cast<void>(fLeerFicheroCatalogo(strRaiz + std::string(strFicheroCatalogo),
+                                           fExtensionesVisibles(Medios::Todos), filas));
+    clsArgumentos lstRutas;
+    for (int lngPos = 0; lngPos < filas.fCantidad(); ++lngPos) {
+        if (std::string strRuta = filas.fRutaDisco(lngPos); !strRuta.empty()) {
+            lstRutas.push_back(std::move(strRuta));
+        }
+    }
+    return lstRutas;
+}
+
+/// The proposals for these files.
+/// @param bolPedidos they were named: all that have a sure proposal are ticked, not only the wrong.
+clsTablaReparacion fProponerTodos(const std::string &strRaiz, const clsArgumentos &lstRutas,
+                                  bool bolPedidos)
+{
+    clsTablaReparacion tabla(strRaiz, fFechaLocal(fAhora()));
+    for (const std::string &strRuta : lstRutas) {
+        const int lngFila = tabla.fFilas();
+        tabla.fAgregar(strRuta, fLeerFechas(strRuta, strRaiz));
+        const clsPropuesta &propuesta = tabla.fPropuesta(lngFila);
+        if (bolPedidos && propuesta.fHay() && !propuesta.fDudosa()) {
+            tabla.fMarcar(lngFila, true);
+        }
+    }
+    std::vector<std::pair<std::string, bool>> lstExisten;
+    for (const std::string &strRuta : tabla.fPorComprobar()) {
+        lstExisten.emplace_back(strRuta, fConsultar(strRuta, false).has_value());
+    }
+    tabla.fComprobado(lstExisten);
+    return tabla;
+}
+
+/// Whether a file is right as it is, or will be.
+bool fAtendida(const clsTablaReparacion &tabla, int lngFila, bool bolPedidos)
+{
+    if (tabla.fMarcada(lngFila)) {
+        return tabla.fChoque(lngFila) == Choque::Ninguno;
+    }
+    return tabla.fPropuesta(lngFila).reparo == Reparo::Coincide ||
+           (!bolPedidos && tabla.fFechas(lngFila).bolCorrecta);
+}
+
+/// Names the files that are left, with the remark of their row.
+/// @return whether there is none.
+bool fAvisarDejadas(const clsTablaReparacion &tabla, bool bolPedidos)
+{
+    bool bolNinguna = true;
+    for (int lngFila = 0; lngFila < tabla.fFilas(); ++lngFila) {
+        if (!fAtendida(tabla, lngFila, bolPedidos)) {
+            bolNinguna = false;
+            fAvisar(fTextoPantalla(tabla.fRuta(lngFila)) + " (" +
+                    tabla.fTexto(lngFila, ColumnaReparacion::Reparo) + ")");
+        }
+    }
+    return bolNinguna;
+}
+
+int fReparar(const std::string &strRaiz, const clsTablaReparacion &tabla)
+{
+    std::vector<clsCorregido> lstCorregidos;
+    for (const clsReparado &reparado : tabla.fReparados()) {
+        lstCorregidos.push_back(
+            {reparado.strRuta, reparado.fecha, reparado.strRutaNueva != reparado.strRuta});
+    }
+    clsFinCorreccion fin;
+    if (!lstCorregidos.empty()) {
+        fin = fCorregir(strRaiz, true, lstCorregidos, {});
+    }
+    fAvisarFin(fin, lstCorregidos);
+    fAvisar(fInforme(lstCorregidos, "corregido"));
+    return fSalida(fin, lstCorregidos);
+}
+
+int fOrdenRepair(const clsArgumentos &lstArgumentos)
+{
+    const std::string strRaiz = fRaiz(lstArgumentos[0]);
+    const bool bolPedidos = lstArgumentos.size() > 1;
+    clsArgumentos lstRutas = bolPedidos ? clsArgumentos() : fFicherosListados(strRaiz);
+    for (std::size_t lngPos = 1; lngPos < lstArgumentos.size(); ++lngPos) {
+        lstRutas.push_back(fRutaAbsoluta(lstArgumentos[lngPos], fCarpetaTrabajo()));
+    }
+    const bool bolDentro =
+        std::all_of(lstRutas.begin(), lstRutas.end(),
+                    [&](const std::string &strRuta) { return fBajoRaiz(strRuta, strRaiz); });
+    if (!fExisteCarpeta(strRaiz) || !bolDentro) {
+        fAvisar("Ruta no válida.");
+        return intSalidaMal;
+    }
+    if (!fProbarEscritura(strRaiz)) {
+        fAvisar("No tienes permiso de escritura.");
+        return intSalidaMal;
+    }
+    const clsTablaReparacion tabla = fProponerTodos(strRaiz, lstRutas, bolPedidos);
+    const bool bolNinguna = fAvisarDejadas(tabla, bolPedidos);
+    const int intSalida = fReparar(strRaiz, tabla);
+    return bolNinguna ? intSalida : intSalidaMal;
+}
+
 int fOrdenUndo(const clsArgumentos &lstArgumentos)
 {
     const std::string strRaiz = fRaiz(lstArgumentos[0]);
@@ -239,6 +346,7 @@ constexpr std::size_t lngCualquiera = static_cast<std::size_t>(-1);
 constexpr clsOrden lstOrdenes[] = {
     {"build", "ROOT", 1, 1, fOrdenBuild},
     {"correct", "ROOT DATE FILE...", 3, lngCualquiera, fOrdenCorrect},
+    {"repair", "ROOT [FILE...]", 1, lngCualquiera, fOrdenRepair},
     {"undo", "ROOT", 1, 1, fOrdenUndo},
     {"copy", "ROOT TARGET FILE...", 3, lngCualquiera, fOrdenCopy},
     {"baul", "ROOT FILE...", 2, lngCualquiera, fOrdenBaul},

@@ -100,6 +100,31 @@ fExigir "nothing left to undo" fSale 1 "$driver" undo "$raiz"
 fExigir "it says so" fDice 'No hay ninguna corrección que deshacer.'
 fExigir "correct again" fSale 0 "$driver" correct "$raiz" 05/03/2003 "$raiz/año/dos.jpg"
 
+# repair: what the names tell, of one file and of all
+repara="$carpeta/repara"
+mkdir -p "$repara/sin"
+for nombre in IMG_20080501_101112.jpg 20080502_b.jpg "IMG-20080503-WA0001.jpg" sin/nada.jpg; do
+    printf 'x' >"$repara/$nombre"
+    touch -d '2015-01-01 10:00:00.123456789' "$repara/$nombre"
+done
+fExigir "build" fSale 0 "$driver" build "$repara"
+cp "$repara/Miravel.dat" "$carpeta/catalogo"
+fInventario() { (cd "$repara" && find . -name '*.jpg' -printf '%p %s %T@\n' | sort); }
+antes=$(fInventario)
+fExigir "repair one" fSale 0 "$driver" repair "$repara" "$repara/20080502_b.jpg"
+fExigir "its report" fDice '1 corregido.'
+fExigir "days are not stacked" test "$(date -r "$repara/20080502_b.jpg" '+%F %T')" = '2008-05-02 12:00:00'
+fExigir "repair all" fSale 1 "$driver" repair "$repara"
+fExigir "the one without any date" grep -q 'nada.jpg' "$salida"
+fExigir "its report" grep -q '^2 corregidos\.$' "$salida"
+fExigir "a time of day" test -f "$repara/20080501_IMG_20080501_101112.jpg"
+fExigir "its time" test 101112 = "$(date -r "$repara/20080501_IMG_20080501_101112.jpg" +%H%M%S)"
+fExigir "undo the first" fSale 0 "$driver" undo "$repara"
+fExigir "undo the other" fSale 0 "$driver" undo "$repara"
+fExigir "all is as it was" test "$antes" = "$(fInventario)"
+fExigir "the catalogue, too" cmp "$carpeta/catalogo" "$repara/Miravel.dat"
+fExigir "a file from elsewhere is not repaired" fSale 1 "$driver" repair "$repara" "$raiz/uno.jpg"
+
 # copy and baul: names, what is refused, what the error output says
 mkdir "$carpeta/t" "$raiz/d"
 fExigir "copy" fSale 0 env -C "$carpeta" "$driver" copy 'Mis fotos' t uno.jpg "$nuevo"
