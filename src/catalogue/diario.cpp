@@ -229,6 +229,7 @@ std::vector<std::string> fDiariosGuardados(const std::string &strRaiz)
     }
     std::sort(lstDiarios.rbegin(), lstDiarios.rend());
     std::vector<std::string> lstNombres;
+    lstNombres.reserve(lstDiarios.size());
     for (auto &[lngSegundos, lngNanosegundos, strNombre] : lstDiarios) {
         lstNombres.push_back(std::move(strNombre));
     }
