@@ -3,6 +3,7 @@
 #include "app/informacion.h"
 #include "app/menus.h"
 #include "app/puerta.h"
+#include "app/rueda.h"
 #include "app/sitio_ventana.h"
 #include "browse/seleccion.h"
 #include "catalogue/cotejo.h"
@@ -25,6 +26,7 @@
 #include <QEventLoop>
 #include <QHeaderView>
 #include <QMenu>
+#include <QMenuBar>
 #include <QMessageBox>
 #include <QScopedValueRollback>
 #include <QScreen>
@@ -32,6 +34,7 @@
 #include <QWindow>
 
 #include <algorithm>
+#include <chrono>
 #include <memory>
 #include <utility>
 
@@ -58,6 +61,8 @@ void fCederEventos(int intMs = 0)
     QCoreApplication::processEvents(intMs > 0 ? QEventLoop::WaitForMoreEvents
                                               : QEventLoop::AllEvents);
 }
+
+constexpr std::chrono::milliseconds pausa{150}; ///< between a new size and its layout
 
 } // namespace
 
@@ -148,8 +153,11 @@ void frmMain::fConectarLista()
     // The first click of a double click shows the row, and the second falls into that.
     connect(m_puerta, &clsPuerta::fDobleClicOcupada, this,
             [this](const QWidget *control, const QPoint &punto) {
-                m_bolDobleClic = control == m_lista->viewport() &&
-                                 m_lista->indexAt(punto).row() == m_estado.lngActual;
+                const bool bolEnLista = control == m_lista->viewport() &&
+                                        m_lista->indexAt(punto).row() == m_estado.lngActual;
+                const bool bolEnCelda = m_miniaturas->fPosicion(control) == m_estado.lngActual &&
+                                        QGuiApplication::keyboardModifiers() == Qt::NoModifier;
+                m_bolDobleClic = bolEnLista || bolEnCelda;
             });
     // The second of two quick clicks is a click, too.
     for (const auto clic : {&QHeaderView::sectionClicked, &QHeaderView::sectionDoubleClicked}) {
@@ -163,7 +171,6 @@ void frmMain::fConectarLista()
 void frmMain::fConectarPanel()
 {
     m_Timer1.setSingleShot(true);
-    m_Timer1.setInterval(150);
     connect(&m_Timer1, &QTimer::timeout, this, &frmMain::fTemporizador);
     m_cliente->installEventFilter(this);
     connect(m_visor, &clsVisor::fLlegada, this, &frmMain::fMirarPendiente);
@@ -171,6 +178,16 @@ void frmMain::fConectarPanel()
     connect(m_divisor, &cmdAncho::fSoltado, this,
             [this](int intX) { fFijarAncho(intX * intTwipsPixel); });
     connect(m_miniaturas, &clsMiniaturas::fPulsada, this, &frmMain::fCeldaPulsada);
+    connect(m_miniaturas, &clsMiniaturas::fDobleClic, this, [this](int lngPos) {
+        if (lngPos == m_estado.lngActual && !m_puerta->fCtrl()) {
+            static_cast<void>(m_mandos.fTecla(intTeclaEnter, 0));
+        }
+    });
+    connect(m_visor, &clsVisor::fAbrirPedido, this,
+            [this] { static_cast<void>(m_mandos.fTecla(intTeclaEnter, 0)); });
+    connect(m_visor, &clsVisor::fCompletaPedida, this, &frmMain::fAlternarCompleta);
+    new clsRueda(
+        m_cliente, [this] { return m_visor->fSitio(); }, m_mandos);
 }
 
 void frmMain::fAtenderPanel()
@@ -180,6 +197,15 @@ void frmMain::fAtenderPanel()
     m_mandos.fAtender("zoom", [this](int intZoom) { fFijarZoom(intZoom); });
     m_mandos.fAtender("tamMini", [this](int intTam) { fFijarTamMini(intTam); });
     m_mandos.fAtender("aumentar", [this](int intPasos) { fAumentar(intPasos); });
+    m_mandos.fAtender("completa", [this] { fAlternarCompleta(); });
+    m_mandos.fAtender("anular", [this] {
+        if (m_estado.bolCompleta) {
+            fAlternarCompleta();
+        } else {
+            m_estado.avance = Avance::Normal;
+            fMostrarEstado();
+        }
+    });
 }
 
 void frmMain::fElegido(const clsComando &comando)
@@ -286,6 +312,7 @@ void frmMain::changeEvent(QEvent *evento)
 {
     QMainWindow::changeEvent(evento);
     if (evento->type() == QEvent::WindowStateChange) {
+        fCambiarCompleta();
         fRedimensionar(); // nothing was laid out while it was minimised
     }
 }
@@ -307,7 +334,8 @@ void frmMain::fRedimensionar()
     m_lista->resize(m_lista->width(), intAlto);
     m_visor->fAltura(intAlto);
     if (m_bolDispuesta) {
-        m_Timer1.start();
+        // What is to vanish from the whole screen does so at once.
+        m_Timer1.start(m_estado.bolCompleta == m_bolCompletaDispuesta ? pausa : pausa.zero());
     } else {
         fDisponerPanel(); // nothing is drawn yet that would have to be drawn again
     }
@@ -316,7 +344,7 @@ void frmMain::fRedimensionar()
 void frmMain::fTemporizador()
 {
     if (m_estado.bolOcupado || m_estado.bolPaso) {
-        m_Timer1.start();
+        m_Timer1.start(pausa);
         return;
     }
     if (!isMinimized() && m_cliente->size() != m_tamDispuesto) {
@@ -329,10 +357,12 @@ void frmMain::fDisponerPanel()
 {
     ++m_estado.lngGeneracion;
     m_tamDispuesto = m_cliente->size();
-    const int intArriba = m_informacion->fAbajo();
-    const clsDisposicion sitio = fDisponer(
-        {m_cliente->width() * intTwipsPixel, m_cliente->height() * intTwipsPixel,
-         intArriba * intTwipsPixel, m_lngAncho, m_informacion->fAnchoAviso() * intTwipsPixel});
+    m_bolCompletaDispuesta = m_estado.bolCompleta;
+    const int intArriba = m_estado.bolCompleta ? 0 : m_informacion->fAbajo();
+    const clsDisposicion sitio =
+        fDisponer({m_cliente->width() * intTwipsPixel, m_cliente->height() * intTwipsPixel,
+                   intArriba * intTwipsPixel, m_estado.bolCompleta ? 0 : m_lngAncho,
+                   m_informacion->fAnchoAviso() * intTwipsPixel});
     m_lista->setGeometry(0, intArriba, sitio.lista.lngAncho / intTwipsPixel,
                          sitio.lista.lngAlto / intTwipsPixel);
     m_visor->fDisponer(sitio, !m_estado.bolMiniaturas);
@@ -343,6 +373,22 @@ void frmMain::fDisponerPanel()
     m_divisor->raise();
     m_toolBar->raise();
     m_informacion->fDisponer(sitio.lngInfo3 / intTwipsPixel);
+    if (m_estado.bolCompleta) {
+        m_visor->fAlFrente(); // it covers what else there is
+    }
+}
+
+void frmMain::fAlternarCompleta() { setWindowState(windowState() ^ Qt::WindowFullScreen); }
+
+/// Takes over that the window got the whole screen or lost it, whoever wanted that.
+void frmMain::fCambiarCompleta()
+{
+    if (m_estado.bolCompleta != isFullScreen()) {
+        m_estado.bolCompleta = isFullScreen();
+        // Not hidden: its entries would lose their keys.
+        menuBar()->setMaximumHeight(m_estado.bolCompleta ? 0 : QWIDGETSIZE_MAX);
+        fMostrarEstado();
+    }
 }
 
 void frmMain::fVaciarPanel()

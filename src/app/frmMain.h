@@ -59,6 +59,8 @@ private:
     void fTemporizador();
     void fFijarAncho(int lngTwips);
     void fFijarModo(bool bolMiniaturas);
+    void fAlternarCompleta();
+    void fCambiarCompleta();
     void fFijarTamMini(int intTam);
     void fFijarZoom(int intZoom);
     void fAumentar(int intPasos);
@@ -89,9 +91,10 @@ private:
     bool m_bolDispuesta = false;    ///< the window has its size, so that pictures can be drawn
     bool m_bolDobleClic = false;    ///< a row was double-clicked while it was being shown
 
-    const clsFotograma m_fFotograma; ///< makes frames of videos
-    int m_lngAncho;                  ///< panel width in twips
-    QSize m_tamDispuesto;            ///< client size last laid out
+    const clsFotograma m_fFotograma;     ///< makes frames of videos
+    int m_lngAncho;                      ///< panel width in twips
+    QSize m_tamDispuesto;                ///< client size last laid out
+    bool m_bolCompletaDispuesta = false; ///< it was with the whole screen for the panel
     QTimer m_Timer1;
 
     QWidget *m_cliente;

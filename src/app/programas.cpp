@@ -69,9 +69,8 @@ void fAtenderPasos(const clsComun &comun, clsMandos &mandos)
                     [&comun](int intCual) { fIr(comun, static_cast<Movimiento>(intCual)); });
     mandos.fAtender("paso",
                     [&comun](int intSentido) { fIr(comun, static_cast<Sentido>(intSentido)); });
-    mandos.fAtender("avance", [&comun](int bolSiguiente) {
-        Avance &avance = comun.estado.avance;
-        avance = bolSiguiente != 0 ? fSiguienteAvance(avance) : Avance::Normal;
+    mandos.fAtender("avance", [&comun] {
+        comun.estado.avance = fSiguienteAvance(comun.estado.avance);
         comun.fEstadoCambiado();
     });
     mandos.fAtender("irFecha", [&comun] { fPedirFecha(comun); });

@@ -105,9 +105,9 @@ bool clsPuerta::eventFilter(QObject *objeto, QEvent *evento)
     }
     fSeguirCtrl(*evento);
     if (m_estado.bolOcupado) {
-        if (evento->type() == QEvent::MouseButtonDblClick) {
-            emit fDobleClicOcupada(static_cast<QWidget *>(objeto),
-                                   static_cast<QMouseEvent *>(evento)->position().toPoint());
+        if (const auto *const raton = static_cast<QMouseEvent *>(evento);
+            evento->type() == QEvent::MouseButtonDblClick && raton->button() == Qt::LeftButton) {
+            emit fDobleClicOcupada(static_cast<QWidget *>(objeto), raton->position().toPoint());
         }
         return true;
     }

@@ -14,6 +14,7 @@ bool fFiltrada(const clsEstado &estado) { return estado.bolFiltrada; }
 bool fConBaul(const clsEstado &estado) { return estado.lngEnBaul > 0; }
 
 bool fEnMiniaturas(const clsEstado &estado, int /*intValor*/) { return estado.bolMiniaturas; }
+bool fEnCompleta(const clsEstado &estado, int /*intValor*/) { return estado.bolCompleta; }
 bool fEsTamMini(const clsEstado &estado, int intTam) { return estado.intTamMini == intTam; }
 bool fSonMedios(const clsEstado &estado, int intMedios)
 {
@@ -39,9 +40,9 @@ constexpr clsComando lstComandos[] = {
     {.strNombre = "abrir", .tecla = {intTeclaEnter},
      .linea = {16, "Enter: Abrir con programa predeterminado."}, .espera = ALaVista},
     {.strNombre = "anular", .tecla = {intTeclaEsc},
-     .linea = {18, "[ESC]: Anula el modo de avance."}, .obra = fObra("avance", false)},
+     .linea = {18, "[ESC]: Anula el modo de avance."}, },
     {.strNombre = "avance", .tecla = {intTeclaMenor},
-     .linea = {17, "[>]: Cambia el modo de avance."}, .obra = fObra("avance", true)},
+     .linea = {17, "[>]: Cambia el modo de avance."}},
     {.strNombre = "buscarFecha", .tecla = {'E'},
      .linea = {22, "[E]: Buscar la primera fecha incorrecta."}, .espera = ALaVista},
     {.strNombre = "corregir", .tecla = {'W', Sin},
@@ -131,6 +132,8 @@ constexpr clsComando lstComandos[] = {
     {.strNombre = "deshacer",
      .entrada = {Menu::Mas, "mnuMasDeshacer", "Deshacer corrección...", "Ctrl+Z"},
      .espera = ALaVista, .fPermitido = fSiempre},
+    {.strNombre = "completa", .entrada = {Menu::Mas, "mnuMasCompleta", "Pantalla completa", "F9"},
+     .fPermitido = fSiempre, .fMarca = fEnCompleta},
 
     // Ayuda
     {.strNombre = "ayuda", .linea = {10, "[F1]: Ayuda."},

@@ -40,6 +40,7 @@ struct clsEstado : clsLista {
     Medios medios = Medios::Todos; ///< which files the list shows
     Avance avance = Avance::Normal;
     bool bolMiniaturas = false;      ///< the panel shows a page of thumbnails
+    bool bolCompleta = false;        ///< the panel has the whole screen
     int intTamMini = 2;              ///< index of their size
     int intZoom = 100;               ///< of the single picture, percent; 0 fits
     int intCeldas = 1;               ///< how many fit on a page

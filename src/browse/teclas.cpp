@@ -77,6 +77,22 @@ int fNumeroTecla(int intQt, bool bolNumerico, std::uint32_t lngScan)
     return it == std::end(lstTeclas) ? 0 : it->intTecla;
 }
 
+int fTeclaDeRueda(bool bolArriba, bool bolCtrl)
+{
+    if (bolCtrl) {
+        return bolArriba ? intTeclaMas : intTeclaMenos;
+    }
+    return bolArriba ? intTeclaF11 : intTeclaF12;
+}
+
+int clsMuescas::fContar(int intGiro)
+{
+    const bool bolOtroSentido = (intGiro < 0) != (m_intResto < 0);
+    const int intTodo = (bolOtroSentido ? 0 : m_intResto) + intGiro;
+    m_intResto = intTodo % intMuesca;
+    return intTodo / intMuesca;
+}
+
 bool fTragada(int intTecla)
 {
     return strTragadas.find(static_cast<char32_t>(intTecla)) != std::u32string_view::npos;

@@ -25,5 +25,23 @@ inline constexpr int intSuper = 8;
 /// @return 0 for a key that has no number here.
 [[nodiscard]] int fNumeroTecla(int intQt, bool bolNumerico, std::uint32_t lngScan);
 
+/// The key that a notch of the mouse wheel over the viewing panel stands for.
+/// @param bolArriba the wheel turns away from the user.
+[[nodiscard]] int fTeclaDeRueda(bool bolArriba, bool bolCtrl);
+
+/// Counts the notches of a mouse wheel. Touchpads tell of small parts of one.
+class clsMuescas {
+public:
+    static constexpr int intMuesca = 120; ///< of a turn in eighths of a degree
+
+    /// @param intGiro how far the wheel has turned; above 0 is away from the user.
+    /// @return whole notches, with the turn's sign. What is left over counts for the next turn the
+    ///         same way.
+    [[nodiscard]] int fContar(int intGiro);
+
+private:
+    int m_intResto = 0;
+};
+
 /// Whether the focused control never sees a key of this number.
 [[nodiscard]] bool fTragada(int intTecla);

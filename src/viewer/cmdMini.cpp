@@ -3,6 +3,7 @@
 #include <QFontInfo>
 #include <QMouseEvent>
 #include <QPainter>
+#include <QPointer>
 #include <QTextDocument>
 
 #include <algorithm>
@@ -142,4 +143,16 @@ void cmdMini::fPintarMarca(QPainter &pintor) const
 void cmdMini::mousePressEvent(QMouseEvent *evento)
 {
     emit fPulsada(evento->button(), evento->modifiers());
+}
+
+void cmdMini::mouseDoubleClickEvent(QMouseEvent *evento)
+{
+    // What the press does can take this cell away.
+    const bool bolAbrir =
+        evento->button() == Qt::LeftButton && evento->modifiers() == Qt::NoModifier;
+    const QPointer<cmdMini> sigue(this);
+    mousePressEvent(evento);
+    if (bolAbrir && sigue) {
+        emit fDobleClic();
+    }
 }

@@ -23,6 +23,8 @@ public:
 signals:
     /// A mouse button went down on the cell.
     void fPulsada(Qt::MouseButton boton, Qt::KeyboardModifiers mayus);
+    /// The left one did so for the second time in a double click, after fPulsada.
+    void fDobleClic();
 
 protected:
     void paintEvent(QPaintEvent *evento) override;
@@ -30,7 +32,7 @@ protected:
     // The press alone does it all, whatever happens to the mouse then.
     void mouseReleaseEvent(QMouseEvent *) override {}
     void mouseMoveEvent(QMouseEvent *) override {}
-    void mouseDoubleClickEvent(QMouseEvent *evento) override { mousePressEvent(evento); }
+    void mouseDoubleClickEvent(QMouseEvent *evento) override;
 
 private:
     [[nodiscard]] QFont fLetra() const;

@@ -100,12 +100,16 @@ void clsMiniaturas::fCargarCeldas()
         if (intCelda == static_cast<int>(m_lstCeldas.size())) {
             auto *const boton = new cmdMini(intCelda, m_cliente);
             connect(boton, &cmdMini::fPulsada, this,
-                    [this, intCelda](Qt::MouseButton tecla, Qt::KeyboardModifiers mayus) {
-                        const clsCelda &celda = m_lstCeldas[static_cast<std::size_t>(intCelda)];
-                        if (celda.lngPos >= 0 && celda.lngRevision == m_filas.fRevision()) {
-                            emit fPulsada(celda.lngPos, tecla, mayus);
+                    [this, boton](Qt::MouseButton tecla, Qt::KeyboardModifiers mayus) {
+                        if (const int lngPos = fPosicion(boton); lngPos >= 0) {
+                            emit fPulsada(lngPos, tecla, mayus);
                         }
                     });
+            connect(boton, &cmdMini::fDobleClic, this, [this, boton] {
+                if (const int lngPos = fPosicion(boton); lngPos >= 0) {
+                    emit fDobleClic(lngPos);
+                }
+            });
             m_lstCeldas.push_back({boton});
             fVaciar(m_lstCeldas.back());
         }
@@ -116,7 +120,16 @@ void clsMiniaturas::fCargarCeldas()
                              fLineaPixel(sitio.lngArriba + sitio.lngAlto));
         m_lstCeldas[static_cast<std::size_t>(intCelda)].boton->setGeometry(
             QRect(esquina, opuesta - QPoint(1, 1)));
+        m_lstCeldas[static_cast<std::size_t>(intCelda)].boton->raise();
     }
+}
+
+int clsMiniaturas::fPosicion(const QWidget *control) const
+{
+    const auto celda = std::find_if(m_lstCeldas.begin(), m_lstCeldas.end(),
+                                    [=](const clsCelda &una) { return una.boton == control; });
+    return celda != m_lstCeldas.end() && celda->lngRevision == m_filas.fRevision() ? celda->lngPos
+                                                                                   : -1;
 }
 
 void clsMiniaturas::fVaciar()

@@ -45,6 +45,8 @@ public:
     /// @return false when it was superseded or the window closes.
     [[nodiscard]] bool fMostrar(int lngActual, const clsEntorno &entorno);
 
+    /// The position of the file whose cell that is; -1 when it is none.
+    [[nodiscard]] int fPosicion(const QWidget *control) const;
     /// Cells of a page.
     [[nodiscard]] int fCeldas() const { return m_rejilla.intCeldas; }
 
@@ -56,6 +58,8 @@ signals:
     void fLlegada();
     /// A mouse button went down on the cell of a file.
     void fPulsada(int lngPos, Qt::MouseButton boton, Qt::KeyboardModifiers mayus);
+    /// A double click on the cell of a file, after fPulsada.
+    void fDobleClic(int lngPos);
 
 private:
     struct clsCelda {

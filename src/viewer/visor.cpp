@@ -104,6 +104,14 @@ void clsVisor::fDescribir(const QString &strArchivo)
     }
 }
 
+void clsVisor::fAlFrente()
+{
+    m_lblFondo->raise();
+    m_frmRecuadro->raise();
+}
+
+QRect clsVisor::fSitio() const { return m_lblFondo->geometry(); }
+
 void clsVisor::fAltura(int intPixeles) { m_lblFondo->resize(m_lblFondo->width(), intPixeles); }
 
 clsPedido clsVisor::fPedido(const std::string &strRuta, qint64 lngMaximo) const
@@ -363,6 +371,15 @@ bool clsVisor::eventFilter(QObject *objeto, QEvent *evento)
             emit fMenuPedido(raton->globalPosition().toPoint());
             return true;
         }
+        if (raton->button() == Qt::MiddleButton) {
+            emit fCompletaPedida();
+            return true;
+        }
+    }
+    if (objeto == m_imgFoto && evento->type() == QEvent::MouseButtonDblClick &&
+        static_cast<QMouseEvent *>(evento)->button() == Qt::LeftButton) {
+        emit fAbrirPedido();
+        return true;
     }
     return QObject::eventFilter(objeto, evento);
 }

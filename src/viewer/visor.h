@@ -30,6 +30,10 @@ public:
     /// Tells assistive technology which file the picture is of.
     /// @param strArchivo its name and date.
     void fDescribir(const QString &strArchivo);
+    /// Brings background, frame and picture before all that stands beside them.
+    void fAlFrente();
+    /// Where the panel lies in its parent.
+    [[nodiscard]] QRect fSitio() const;
     /// Gives the background a new height in pixels, ahead of the next layout.
     void fAltura(int intPixeles);
     /// Empties the picture.
@@ -54,6 +58,10 @@ signals:
     void fLlegada();
     /// Right button on panel, frame or picture, in screen coordinates.
     void fMenuPedido(const QPoint &punto);
+    /// Middle button on one of them.
+    void fCompletaPedida();
+    /// Double click on the picture.
+    void fAbrirPedido();
 
 protected:
     bool eventFilter(QObject *objeto, QEvent *evento) override;

@@ -133,9 +133,9 @@ TEST(Comandos, WaitForWhatTheyActOn)
 
 TEST(Comandos, OnAnEmptyListAreFew)
 {
-    const std::set<std::string_view> lstVivos = {"actualizar",  "fotos",   "videos",
-                                                 "fotosVideos", "totales", "ayuda",
-                                                 "acerca",      "baul",    "deshacer"};
+    const std::set<std::string_view> lstVivos = {"actualizar", "fotos",   "videos", "fotosVideos",
+                                                 "totales",    "ayuda",   "acerca", "baul",
+                                                 "deshacer",   "completa"};
     for (const clsComando &comando : fComandos()) {
         EXPECT_EQ(comando.fPermitido(fEstado(false)), lstVivos.contains(comando.strNombre))
             << comando.strNombre;
@@ -213,8 +213,8 @@ TEST(Mandos, AnswerToKeys)
         {"Page Up, by its number", 33, 0, "", true},
         {"Page Down reaches the list", 34, 0, "", false},
         {"Space reaches the list", 32, 0, "", false},
-        {"Esc never reaches it", intTeclaEsc, 0, "avance 0", true},
-        {"the key left of Z neither", intTeclaMenor, intMayus, "avance 1", true},
+        {"Esc never reaches it", intTeclaEsc, 0, "anular 0", true},
+        {"the key left of Z neither", intTeclaMenor, intMayus, "avance 0", true},
         {"A", 'A', 0, "agregar 0", true},
         {"B", 'B', intMayus, "baul 0", true},
         {"C", 'C', 0, "carpeta 0", true},

@@ -62,4 +62,37 @@ TEST(Teclas, AreSwallowedByTheCodesOfTheListsSearchCharacters)
     }
 }
 
+TEST(Teclas, TheWheelStandsForThoseThatStepAndEnlarge)
+{
+    EXPECT_EQ(fTeclaDeRueda(false, false), intTeclaF12);
+    EXPECT_EQ(fTeclaDeRueda(true, false), intTeclaF11);
+    EXPECT_EQ(fTeclaDeRueda(true, true), intTeclaMas);
+    EXPECT_EQ(fTeclaDeRueda(false, true), intTeclaMenos);
+}
+
+TEST(Teclas, NotchesOfTheWheelAddUp)
+{
+    const struct {
+        const char *strFrase;
+        int intGiro;
+        int intMuescas;
+    } lstGiros[] = {
+        {"one", 120, 1},
+        {"two at once, the other way", -240, -2},
+        {"half of one", -60, 0},
+        {"the other half", -60, -1},
+        {"more than one", 130, 1},
+        {"with what was left over", 110, 1},
+        {"half of one", 60, 0},
+        {"a turn the other way forgets it", -70, 0},
+        {"and begins anew", -50, -1},
+        {"sideways", 0, 0},
+    };
+    clsMuescas muescas;
+    for (const auto &giro : lstGiros) {
+        SCOPED_TRACE(giro.strFrase);
+        EXPECT_EQ(muescas.fContar(giro.intGiro), giro.intMuescas);
+    }
+}
+
 } // namespace

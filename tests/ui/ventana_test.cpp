@@ -263,7 +263,7 @@ private slots:
               "mnuSeleccion3|Invertir Seleccion"}},
             {"mnuMas",
              {"mnuMasReparar|Reparar fechas...", "mnuMasRevisar|Revisar fechas...",
-              "mnuMasDeshacer|Deshacer corrección..."}},
+              "mnuMasDeshacer|Deshacer corrección...", "mnuMasCompleta|Pantalla completa"}},
             {"mnuAyuda", {"mnuAyudaAyuda|Ayuda", "mnuAyudaAcerca|Acerca de ..."}},
             {"mnuFoto",
              {"mnuFotoMiniaturas|Miniaturas", "mnuFotoAjustar|Ajustar", "-", "mnuFotoValor0|400%",
