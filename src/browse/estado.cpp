@@ -148,8 +148,8 @@ std::string fTextoInfo2(const clsEstado &estado, const clsSignos &signos)
     const std::string strFecha(filas.fFecha(estado.lngActual));
     const auto fecha = fLeerFecha(strFecha);
     // Folder and name each in its own encoding, as the list shows them.
-    return fTextoPantalla(filas.fCarpeta(estado.lngActual)) +
-           fTextoPantalla(filas.fNombre(estado.lngActual)) +
+    return fSinGiros(fTextoPantalla(filas.fCarpeta(estado.lngActual))) +
+           fSinGiros(fTextoPantalla(filas.fNombre(estado.lngActual))) +
            "      Fecha: " + (fecha ? fEscribirFecha(*fecha, strFormaUsuario) : strFecha) +
            "      Tamaño: " + fCampo(filas, estado.lngActual + 1, Campo::Tamano, signos);
 }

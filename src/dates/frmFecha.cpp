@@ -15,6 +15,17 @@ namespace {
 
 constexpr const char *lstEtiquetas[] = {"Fecha EXIF:", "Fecha Nombre1:", "Fecha Nombre2:"};
 
+/// A colour between two, nearer to the first.
+QColor fMezcla(const QColor &uno, const QColor &otro)
+{
+    constexpr int intDeUno = 70; // per cent
+    const auto fParte = [](int intUno, int intOtro) {
+        return (intUno * intDeUno + intOtro * (100 - intDeUno)) / 100;
+    };
+    return {fParte(uno.red(), otro.red()), fParte(uno.green(), otro.green()),
+            fParte(uno.blue(), otro.blue())};
+}
+
 } // namespace
 
 frmFecha::frmFecha(QWidget *padre, const clsFormularioFecha &formulario, clsMensajes &mensajes,
@@ -26,6 +37,11 @@ frmFecha::frmFecha(QWidget *padre, const clsFormularioFecha &formulario, clsMens
     setWindowTitle(QStringLiteral("Fechas"));
     m_txtDateTime->setObjectName(QStringLiteral("txtDateTime"));
     m_txtDateTime->setPlaceholderText(QStringLiteral("dd/mm/yyyy hh:mm:ss"));
+    // Readable in every theme, and no text yet: more of that than of the ground.
+    QPalette paleta = m_txtDateTime->palette();
+    paleta.setColor(QPalette::PlaceholderText,
+                    fMezcla(paleta.color(QPalette::Text), paleta.color(QPalette::Base)));
+    m_txtDateTime->setPalette(paleta);
     m_txtDateTime->setMinimumWidth(
         fontMetrics().horizontalAdvance(QStringLiteral("  dd/mm/yyyy hh:mm:ss  ")));
     auto *const filas = new QFormLayout(this);
@@ -64,6 +80,9 @@ QWidget *frmFecha::fCrearBotonFecha(int intIndice, const std::string &strFecha)
     auto *const boton =
         new QPushButton(strFecha.empty() ? QStringLiteral("(no válida)") : fQ(strFecha), this);
     boton->setObjectName(QStringLiteral("cmdDateTime%1").arg(intIndice));
+    // Its text alone does not say where the date comes from.
+    boton->setAccessibleName(QString::fromUtf8(lstEtiquetas[intIndice]) + QLatin1Char(' ') +
+                             boton->text());
     boton->setEnabled(!strFecha.empty());
     boton->setAutoDefault(false);
     connect(boton, &QPushButton::clicked, m_txtDateTime,

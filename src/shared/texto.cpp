@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <cstdint>
+#include <iterator>
 
 namespace {
 
@@ -88,6 +89,24 @@ std::string fTextoPantalla(std::string_view strBytes)
         fAnadirUtf8(strTexto, bolTabla ? lstWindows1252[byt - 0x80U] : byt);
     }
     return strTexto;
+}
+
+std::string fSinGiros(std::string_view strTexto)
+{
+    constexpr std::string_view lstGiros[] = {
+        "\u061C", "\u200E", "\u200F", "\u202A", "\u202B", "\u202C",
+        "\u202D", "\u202E", "\u2066", "\u2067", "\u2068", "\u2069",
+    };
+    std::string strLimpio;
+    while (!strTexto.empty()) {
+        const auto *const giro =
+            std::find_if(std::begin(lstGiros), std::end(lstGiros),
+                         [=](std::string_view strGiro) { return strTexto.starts_with(strGiro); });
+        const bool bolGira = giro != std::end(lstGiros);
+        strLimpio += bolGira ? "\uFFFD" : strTexto.substr(0, 1);
+        strTexto.remove_prefix(bolGira ? giro->size() : 1);
+    }
+    return strLimpio;
 }
 
 int fContarCaracteres(std::string_view strUtf8)

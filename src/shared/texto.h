@@ -14,6 +14,11 @@
 /// Windows-1252 (its five unassigned bytes as the control characters of Latin-1).
 [[nodiscard]] std::string fTextoPantalla(std::string_view strBytes);
 
+/// A text (UTF-8) in which a replacement character stands for each control character of
+/// bidirectional writing, so that the one does not turn what is shown behind it. Source: Unicode
+/// Standard Annex 9.
+[[nodiscard]] std::string fSinGiros(std::string_view strTexto);
+
 /// Number of characters (code points) of a UTF-8 text.
 [[nodiscard]] int fContarCaracteres(std::string_view strUtf8);
 

@@ -59,13 +59,19 @@ void cmdMini::fConsejo(const QString &strConsejo)
     fNombrar();
 }
 
-/// Where there is a caption, that is the cell's name. The file is always told besides: without a
-/// description of its own the tooltip would be taken for one, which knows nothing of ticks.
+/// The cell's name is the file, its caption, and whether it is ticked. The file is told besides:
+/// without a description of its own the tooltip would be taken for one, which knows nothing of
+/// ticks.
 void cmdMini::fNombrar()
 {
-    const QString strTodo =
-        m_bolMarcada ? m_strConsejo + QStringLiteral(", seleccionado") : m_strConsejo;
-    const QString strNombre = text().isEmpty() ? strTodo : QString();
+    const QString strMarca = m_bolMarcada ? QStringLiteral(", seleccionado") : QString();
+    const QString strTodo = m_strConsejo + strMarca;
+    QString strRotulo = text();
+    if (strRotulo.contains(QLatin1String("  "))) {
+        strRotulo.remove(QLatin1Char(' ')); // letters set apart would be spelled
+    }
+    const QString strNombre =
+        strRotulo.isEmpty() ? strTodo : m_strConsejo + QLatin1String(", ") + strRotulo + strMarca;
     if (strNombre != accessibleName()) { // each of the two is told to screen readers
         setAccessibleName(strNombre);
     }

@@ -237,6 +237,9 @@ TEST(Estado, TellsPositionFromOneAndTheDateDayFirstIfItReads)
                                        "      Tama\u00F1o: 12.345 KB");
     estado.lngActual = 1;
     EXPECT_EQ(fTextoInfo2(estado, {}), "/f/a.jpg      Fecha: ayer      Tama\u00F1o: 0 KB");
+    estado.filas.fAgregarFila("/f/a\u202Egpj.jpg", "ayer", 1); // what follows is not turned
+    estado.lngActual = 2;
+    EXPECT_EQ(fTextoInfo2(estado, {}), "/f/a\uFFFDgpj.jpg      Fecha: ayer      Tama\u00F1o: 0 KB");
     estado.bolPendiente = true;
     EXPECT_EQ(fTextoInfo2(estado, {}), "Procesando...");
 }

@@ -37,6 +37,20 @@ TEST(Texto, ForTheScreenIsUtf8OrElseWindows1252AsAWhole)
     EXPECT_EQ(fTextoPantalla("\u00F1\xFF"), "\u00C3\u00B1\u00FF");
 }
 
+TEST(Texto, IsNotTurnedByControlCharacters)
+{
+    const std::pair<const char *, const char *> lstCasos[] = {
+        {"foto\u202Egpj.exe", "foto\uFFFDgpj.exe"},
+        {"\u2067a\u2069\u200F", "\uFFFDa\uFFFD\uFFFD"},
+        {"\u061C", "\uFFFD"},
+        {"a\u00F1o \u05D0 \u20AC \u2026 \u2070", "a\u00F1o \u05D0 \u20AC \u2026 \u2070"},
+        {"", ""},
+    };
+    for (const auto &[strTexto, strLimpio] : lstCasos) {
+        EXPECT_EQ(fSinGiros(strTexto), strLimpio);
+    }
+}
+
 TEST(Texto, IsMeasuredAndComparedByItsCharacters)
 {
     EXPECT_EQ(fContarCaracteres("A\u00F1o\U0001F600"), 4);

@@ -1,11 +1,13 @@
 // What we paint ourselves: whoever sees little must tell it apart, on light and on dark desktops.
 #include "sesion.h"
 
+#include "dates/frmFecha.h"
 #include "viewer/cmdMini.h"
 #include "viewer/fuente.h"
 #include "viewer/marcadores.h"
 
 #include <QHash>
+#include <QLineEdit>
 
 #include <algorithm>
 #include <cmath>
@@ -68,6 +70,16 @@ QImage fCasilla(clsSesion &sesion)
     return sesion.fLista()->viewport()->grab(fila.adjusted(0, 0, 22 - fila.width(), 0)).toImage();
 }
 
+/// The box for a date with nothing in it but what says how to write one.
+QImage fPista()
+{
+    clsMensajesGuion mensajes;
+    frmFecha dialogo(nullptr, {}, mensajes, [](clsFecha) { return false; });
+    auto *const caja = dialogo.findChild<QLineEdit *>("txtDateTime");
+    caja->resize(caja->minimumWidth(), 30);
+    return caja->grab(caja->rect().adjusted(4, 4, -4, -4)).toImage();
+}
+
 QPalette fOscura()
 {
     QPalette paleta(QColor(0x35, 0x35, 0x35), QColor(0x21, 0x1f, 0x20));
@@ -109,6 +121,7 @@ private slots:
                 {"no image", fNoImagen().imagen, dblDibujo},
                 {"check box of a row", fCasilla(sesion), dblDibujo},
                 {"label", sesion.fControl("txtEstado2")->grab().toImage(), dblTexto},
+                {"hint of a date", fPista(), dblTexto},
                 {"warning about dates", sesion.fControl("txtInfo3")->grab().toImage(), dblTexto},
             };
             for (const auto &caso : lstCasos) {

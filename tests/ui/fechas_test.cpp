@@ -148,6 +148,11 @@ private slots:
             QCOMPARE(dialogo.findChild<QLabel *>("lblActual")->text(), "04/03/2012 18:20:00");
             QCOMPARE(dialogo.findChild<QPushButton *>("cmdDateTime0")->text(), "(no válida)");
             QVERIFY(!dialogo.findChild<QPushButton *>("cmdDateTime0")->isEnabled());
+            // Screen readers are told where each date comes from.
+            QCOMPARE(dialogo.findChild<QPushButton *>("cmdDateTime0")->accessibleName(),
+                     "Fecha EXIF: (no válida)");
+            QCOMPARE(dialogo.findChild<QPushButton *>("cmdDateTime1")->accessibleName(),
+                     "Fecha Nombre1: 15/07/2009 12:00:00");
             fPulsarBoton(dialogo, "cmdDateTime1");
             QCOMPARE(dialogo.findChild<QLineEdit *>("txtDateTime")->text(), "15/07/2009 12:00:00");
             fPulsarBoton(dialogo, "cmdAceptar1");

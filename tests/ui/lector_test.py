@@ -69,7 +69,7 @@ DIALOGOS = {
         ("radio button", "AND"), ("radio button", "OR"), ("radio button", "NOR"),
         ("push button", "Aceptar"), ("push button", "Cancelar")]),
     "shift+w": ("Fechas", [
-        ("text", "Fecha manual:"), ("label", "ACTUAL:"), ("push button", "08/06/2019 07:58:40"),
+        ("text", "Fecha manual:"), ("label", "ACTUAL:"), ("push button", "Fecha EXIF: 08/06/2019 07:58:40"),
         ("push button", "Cambiar y moverse"), ("push button", "Cambiar y quedarse"),
         ("push button", "Cancelar")]),
     "i": ("Información EXIF", [("text", "Datos EXIF")]),
@@ -208,7 +208,7 @@ def f_prueba_miniaturas(app):
     lst_celdas = [  # name, description
         ("Globos 01.jpg (2019/06/08 07:45:12) - … KB", "Globos 01.jpg ("),
         ("Globos 02.jpg (2019/06/08 07:58:40) - … KB, seleccionado", "KB, seleccionado"),
-        ("v  i  d  e  o", "Despegue.mov (2019/06/08 "),
+        ("Despegue.mov (2019/06/08 … KB, video", "Despegue.mov (2019/06/08 "),
     ]
     for str_nombre, str_aparte in lst_celdas:
         celda = f_esperar(lambda: f_buscar(app, "push button", str_nombre), str_nombre)

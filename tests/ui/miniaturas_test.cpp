@@ -371,6 +371,13 @@ private slots:
                                        "v  i  d  e  o"};
         for (int intCelda = 0; intCelda < lstTextos.size(); ++intCelda) {
             QCOMPARE(pagina.fMini(intCelda)->text(), lstTextos[intCelda]);
+            // Screen readers are told the file, too, whatever stands in its place.
+            const QString strLector = pagina.fMini(intCelda)->accessibleName();
+            QVERIFY(strLector.startsWith(pagina.fCelda(intCelda, 0) + " ("));
+            QVERIFY(strLector.endsWith(lstTextos[intCelda].startsWith('v') ? QString(", video")
+                                       : lstTextos[intCelda].isEmpty()
+                                           ? QString(" KB")
+                                           : ", " + lstTextos[intCelda]));
             QVERIFY(!pagina.fMini(intCelda)->icon().isNull());
         }
         const auto fError = [&](const char *strRuta) {
