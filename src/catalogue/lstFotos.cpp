@@ -4,11 +4,14 @@
 
 #include <QAccessible>
 #include <QHeaderView>
+#include <QHelpEvent>
 #include <QMouseEvent>
 #include <QPainter>
 #include <QProxyStyle>
 #include <QScrollBar>
 #include <QStyledItemDelegate>
+#include <QTextDocument>
+#include <QToolTip>
 
 #include <algorithm>
 #include <iterator>
@@ -28,6 +31,8 @@ constexpr clsColumna lstColumnas[] = {
     {1700, ""                       },
 };
 
+constexpr int intColumnaCarpeta = 3;
+
 /// Whether the controls look as Qt's own style paints them, alone or inside another one.
 bool fEsFusion(const QStyle *estilo)
 {
@@ -41,6 +46,24 @@ bool fEsFusion(const QStyle *estilo)
 class clsDelegado : public QStyledItemDelegate {
 public:
     using QStyledItemDelegate::QStyledItemDelegate;
+
+    /// A text that is cut can be read as a whole.
+    bool helpEvent(QHelpEvent *evento, QAbstractItemView *lista, const QStyleOptionViewItem &opcion,
+                   const QModelIndex &indice) override
+    {
+        if (evento->type() != QEvent::ToolTip) {
+            return QStyledItemDelegate::helpEvent(evento, lista, opcion, indice);
+        }
+        const QString strTexto = indice.data().toString();
+        const bool bolCabe = sizeHint(opcion, indice).width() <= opcion.rect.width();
+        // A name that looks like markup is still a name.
+        QToolTip::showText(evento->globalPos(),
+                           bolCabe                         ? QString()
+                           : Qt::mightBeRichText(strTexto) ? Qt::convertFromPlainText(strTexto)
+                                                           : strTexto,
+                           lista);
+        return true;
+    }
 
     void paint(QPainter *pintor, const QStyleOptionViewItem &opcion,
                const QModelIndex &indice) const override
@@ -66,6 +89,19 @@ public:
     }
 };
 
+/// The folders of a list mostly differ at their ends: what is cut is the beginning.
+class clsDelegadoCarpeta : public clsDelegado {
+public:
+    using clsDelegado::clsDelegado;
+
+protected:
+    void initStyleOption(QStyleOptionViewItem *opcion, const QModelIndex &indice) const override
+    {
+        clsDelegado::initStyleOption(opcion, indice);
+        opcion->textElideMode = Qt::ElideLeft;
+    }
+};
+
 } // namespace
 
 lstFotos::lstFotos(QWidget *padre) : QTableView(padre)
@@ -73,6 +109,7 @@ lstFotos::lstFotos(QWidget *padre) : QTableView(padre)
     setObjectName(QStringLiteral("lstFotos"));
     setAccessibleName(QStringLiteral("Lista de archivos"));
     setItemDelegate(new clsDelegado(this));
+    setItemDelegateForColumn(intColumnaCarpeta, new clsDelegadoCarpeta(this));
     setSelectionBehavior(SelectRows);
     setSelectionMode(SingleSelection);
     setEditTriggers(NoEditTriggers);

@@ -2,8 +2,10 @@
 #include "sesion.h"
 
 #include <QHeaderView>
+#include <QHelpEvent>
 #include <QScrollBar>
 #include <QTableView>
+#include <QToolTip>
 
 #include <algorithm>
 #include <fcntl.h>
@@ -14,6 +16,11 @@ namespace {
 
 const char *const strIncidencias = "Actualiza la lista de archivos. Se han detectado incidencias.";
 const char *const strPregunta = "¿Actualizar lista de archivos?";
+
+QRect fSitio(const QTableView &lista, int lngFila, int intColumna)
+{
+    return lista.visualRect(lista.model()->index(lngFila, intColumna));
+}
 
 } // namespace
 
@@ -57,6 +64,34 @@ private slots:
         m_sesion->fLista()->setColumnWidth(0, 20);
         m_sesion->fElegirEntrada("mnuOpcionesFotosVideos2");
         QTRY_COMPARE(m_sesion->fLista()->columnWidth(0), 200);
+    }
+
+    void fWhatIsCutCanBeRead()
+    {
+        const clsArbol arbol;
+        for (const char *const strCarpeta : {"0", "la misma carpeta/1", "la misma carpeta/2"}) {
+            arbol.fCrear(strCarpeta + std::string("/foto.jpg"), fJpeg(fCuartos({30, 20})));
+        }
+        clsSesion sesion(arbol);
+        QVERIFY(sesion.fAbrir() && sesion.fTamano(900, 600));
+        QTableView &lista = *sesion.fLista();
+        lista.setFixedWidth(700);
+        // Of folders the end is shown, by which they differ.
+        const auto fPintada = [&](int lngFila) {
+            return lista.viewport()->grab(fSitio(lista, lngFila, 3)).toImage();
+        };
+        QVERIFY(fPintada(1) != fPintada(2));
+        const auto fConsejo = [&](int intColumna) {
+            const QPoint punto = fSitio(lista, 1, intColumna).center();
+            QHelpEvent evento(QEvent::ToolTip, punto, lista.viewport()->mapToGlobal(punto));
+            QCoreApplication::sendEvent(lista.viewport(), &evento);
+            return QToolTip::text();
+        };
+        QCOMPARE(fConsejo(3), sesion.fCelda(1, 3));
+        lista.setColumnWidth(0, 40);
+        QCOMPARE(fConsejo(0), QString("foto.jpg"));
+        static_cast<void>(fConsejo(1)); // fits
+        QTRY_VERIFY(!QToolTip::isVisible());
     }
 
     void fAHeaderOrdersTogglesAndKeepsTheCurrentFile()
