@@ -9,5 +9,5 @@ public:
     bool fSiNo(const std::string &) override { return true; }
     bool fAceptarCancelar(const std::string &) override { return true; }
     std::optional<std::string> fPedir(const std::string &) override { return {}; }
-    std::string fElegirCarpeta(const std::string &) override { return {}; }
+    std::string fElegirCarpeta(const std::string &, const std::string &) override { return {}; }
 };

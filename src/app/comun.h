@@ -31,6 +31,7 @@ struct clsComun {
     clsModeloFotos &modelo; ///< the rows are changed through it
     clsMensajes &mensajes;
     clsAjustes &ajustes;
+    clsAjustes &escritorio; ///< what is remembered for the desktop
     clsOcupacion &ocupacion;
     clsInformacion &informacion;
     clsFotograma fFotograma; ///< makes frames of videos

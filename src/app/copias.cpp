@@ -1,4 +1,5 @@
 #include "app/al_lado.h"
+#include "app/escritorio.h"
 #include "browse/baul.h"
 #include "catalogue/modelo_fotos.h"
 #include "shared/errores.h"
@@ -132,8 +133,12 @@ void fEnviar(const clsComun &comun, const std::string &strCarpeta, const clsDest
 
 void fCopiarA(const clsComun &comun)
 {
-    const std::string strCarpeta = comun.mensajes.fElegirCarpeta("Selecciona carpeta de destino:");
+    constexpr const char *strClave = "COPIAR_A";
+    const std::string strCarpeta =
+        comun.mensajes.fElegirCarpeta("Selecciona carpeta de destino:",
+                                      comun.escritorio.fConsultar(strSeccionEscritorio, strClave));
     if (!strCarpeta.empty() && !comun.estado.fCerrando()) {
+        comun.escritorio.fGuardarIni(strSeccionEscritorio, strClave, strCarpeta);
         fEnviar(comun, strCarpeta, fDestinoEn(strCarpeta));
     }
 }

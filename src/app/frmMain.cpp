@@ -30,6 +30,7 @@
 #include <QMessageBox>
 #include <QScopedValueRollback>
 #include <QScreen>
+#include <QShortcut>
 #include <QToolBar>
 #include <QWindow>
 
@@ -115,6 +116,7 @@ clsComun frmMain::fComun()
         *m_modelo,
         m_mensajes,
         m_ajustes,
+        m_escritorio,
         m_ocupacion,
         *m_informacion,
         m_fFotograma,
@@ -140,6 +142,10 @@ void frmMain::fCrearControles()
         {0, 0},
         m_toolBar->sizeHint()
     });
+    // Where the keys are that the desktop has for that: in any list, also in an empty one.
+    auto *const atajo = new QShortcut(Qt::Key_F10, this);
+    connect(atajo, &QShortcut::activated, this,
+            [this] { menuBar()->setActiveAction(menuBar()->actions().constFirst()); });
     QMenu *const mnuFoto = fCrearMenus(*this, [this](const auto &comando) { fElegido(comando); });
     connect(m_visor, &clsVisor::fMenuPedido, mnuFoto,
             [mnuFoto](const QPoint &punto) { mnuFoto->popup(punto); });

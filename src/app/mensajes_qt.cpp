@@ -127,7 +127,7 @@ std::optional<std::string> clsMensajesQt::fPedir(const std::string &strPregunta)
     return fUtf8(caja.textValue());
 }
 
-std::string clsMensajesQt::fElegirCarpeta(const std::string &strTitulo)
+std::string clsMensajesQt::fElegirCarpeta(const std::string &strTitulo, const std::string &strAntes)
 {
     QFileDialog caja(fPadre(), fQ(strTitulo));
     caja.setObjectName(QStringLiteral("dlgCarpeta"));
@@ -137,7 +137,8 @@ std::string clsMensajesQt::fElegirCarpeta(const std::string &strTitulo)
     caja.setFileMode(QFileDialog::Directory);
     caja.setOption(QFileDialog::ShowDirsOnly);
     caja.setOption(QFileDialog::ReadOnly); // nothing is renamed or deleted by the way
-    caja.setDirectory(m_strCarpeta);
+    caja.setDirectory(strAntes.empty() ? m_strCarpeta
+                                       : QFile::decodeName(QByteArray::fromStdString(strAntes)));
     if (fCorrer(caja) != QDialog::Accepted || caja.selectedFiles().isEmpty()) {
         return {};
     }

@@ -14,7 +14,7 @@ public:
     bool fSiNo(const std::string &strTexto) override;
     bool fAceptarCancelar(const std::string &strTexto) override;
     std::optional<std::string> fPedir(const std::string &strPregunta) override;
-    std::string fElegirCarpeta(const std::string &strTitulo) override;
+    std::string fElegirCarpeta(const std::string &strTitulo, const std::string &strAntes) override;
 
 private:
     QString m_strCarpeta = QDir::homePath(); ///< the folder chosen last

@@ -18,13 +18,27 @@
 
 namespace {
 
+/// Shows the key of a command beside its entry. Letters are the business of the table of keys: to
+/// their entries they are only written.
+void fPonerAtajo(QAction &accion, const clsComando &comando)
+{
+    accion.setShortcut(QKeySequence(fQ(comando.entrada.strAtajo)));
+    accion.setShortcutVisibleInContextMenu(true);
+    const int intTecla = comando.tecla.intNumero;
+    if (intTecla >= 'A' && intTecla <= 'Z') {
+        const auto mayus = comando.tecla.mayus == Mayus::Con ? Qt::ShiftModifier : Qt::NoModifier;
+        accion.setShortcut(QKeyCombination(mayus, static_cast<Qt::Key>(intTecla)));
+        accion.setShortcutContext(Qt::WidgetShortcut);
+    }
+}
+
 QAction *fCrearEntrada(QMenu &menu, const clsComando &comando, const clsElegido &fElegido)
 {
     QAction *const accion = menu.addAction(fQ(comando.entrada.strTexto));
     accion->setObjectName(fQ(comando.entrada.strNombre));
     accion->setCheckable(comando.fMarca != nullptr);
     accion->setMenuRole(QAction::NoRole);
-    accion->setShortcut(QKeySequence(fQ(comando.entrada.strAtajo)));
+    fPonerAtajo(*accion, comando);
     QObject::connect(accion, &QAction::triggered, accion, [accion, fElegido, &comando] {
         if (QAccessible::isActive()) {
             // Assistive technology waits for the answer, and many an entry opens a dialog.
@@ -158,7 +172,7 @@ void fMostrarEstado(const QMainWindow &ventana, const clsEstado &estado)
     }
     ventana.menuBar()
         ->findChild<QMenu *>(QStringLiteral("mnuBaul"))
-        ->setTitle(QStringLiteral("Baúl (%1)").arg(estado.lngEnBaul));
+        ->setTitle(QStringLiteral("Baú&l (%1)").arg(estado.lngEnBaul));
     auto *const avance = ventana.menuBar()->findChild<QAction *>(QStringLiteral("mnuAVance"));
     avance->setVisible(estado.avance != Avance::Normal);
     if (avance->isVisible()) {

@@ -34,9 +34,9 @@ struct clsComando {
     struct clsEntrada {
         Menu menu = Menu::Ninguno;
         const char *strNombre = ""; ///< objectName of the QAction
-        const char *strTexto = "";
-        const char *strAtajo = ""; ///< the shortcut it shows and answers to
-        bool bolRaya = false;      ///< a separator stands above it
+        const char *strTexto = "";  ///< "&" stands before the letter that chooses it in the menu
+        const char *strAtajo = "";  ///< the shortcut it shows and answers to
+        bool bolRaya = false;       ///< a separator stands above it
     };
     /// Its toolbar button. A number that no command has is a separator.
     struct clsBoton {

@@ -116,10 +116,10 @@ QWidget *frmFiltro::fCrearTexto()
 
 QWidget *frmFiltro::fCrearOpciones()
 {
-    constexpr const char *lstModos[][2] = {
-        {"optTexto0", "AND"},
-        {"optTexto1", "OR" },
-        {"optTexto2", "NOR"}
+    constexpr const char *lstModos[][3] = {
+        {"optTexto0", "AND", "Archivos que contienen todas las palabras"        },
+        {"optTexto1", "OR",  "Archivos que contienen alguna de las palabras"    },
+        {"optTexto2", "NOR", "Archivos que no contienen ninguna de las palabras"}
     };
     auto *const fila = new QWidget(this);
     auto *const caja = new QHBoxLayout(fila);
@@ -129,6 +129,7 @@ QWidget *frmFiltro::fCrearOpciones()
     for (std::size_t lng = 0; lng < m_lstModos.size(); ++lng) {
         m_lstModos[lng] = fNombrar(new QRadioButton(QString::fromLatin1(lstModos[lng][1]), fila),
                                    lstModos[lng][0]);
+        m_lstModos[lng]->setToolTip(QString::fromUtf8(lstModos[lng][2]));
         caja->addWidget(m_lstModos[lng]);
         // Tab stops at the button that is set, also before the focus has been there.
         m_lstModos[lng]->setFocusPolicy(Qt::ClickFocus);

@@ -24,5 +24,7 @@ public:
     [[nodiscard]] virtual std::optional<std::string> fPedir(const std::string &strPregunta) = 0;
     /// Asks for a folder that exists; empty when the user cancels. Its path has no "/" at its end
     /// unless it is the root of the file system.
-    [[nodiscard]] virtual std::string fElegirCarpeta(const std::string &strTitulo) = 0;
+    /// @param strAntes the folder to begin with; empty: the program's choice.
+    [[nodiscard]] virtual std::string fElegirCarpeta(const std::string &strTitulo,
+                                                     const std::string &strAntes = {}) = 0;
 };

@@ -17,7 +17,7 @@ public:
     }
     bool fAceptarCancelar(const std::string &) override { return false; }
     std::optional<std::string> fPedir(const std::string &) override { return {}; }
-    std::string fElegirCarpeta(const std::string &) override
+    std::string fElegirCarpeta(const std::string &, const std::string &) override
     {
         strDicho += 'c';
         return fSiguiente();

@@ -4,6 +4,7 @@
 #include "browse/teclas.h"
 
 #include <algorithm>
+#include <cctype>
 #include <gtest/gtest.h>
 #include <map>
 #include <set>
@@ -131,6 +132,37 @@ TEST(Comandos, WaitForWhatTheyActOn)
     }
 }
 
+/// The letter behind "&", a capital; 0 when there is none.
+char fMnemonico(std::string_view strTexto)
+{
+    const std::size_t lngLugar = strTexto.find('&');
+    return lngLugar == std::string_view::npos || lngLugar + 1 == strTexto.size()
+               ? '\0'
+               : static_cast<char>(std::toupper(strTexto[lngLugar + 1]));
+}
+
+TEST(Comandos, LetMenusBeChosenByLettersThatNoKeyLosesBy)
+{
+    for (const clsMenu &menu : fMenus()) {
+        SCOPED_TRACE(menu.strNombre);
+        if (const char chrMenu = fMnemonico(menu.strTexto); menu.menu != Menu::Foto) {
+            EXPECT_NE(chrMenu, '\0');
+            EXPECT_EQ(fComandoDeTecla(chrMenu, intAlt), nullptr) << chrMenu;
+        }
+        std::set<char> lstLetras;
+        for (const clsComando &comando : fComandos()) {
+            const char chrEntrada = fMnemonico(comando.entrada.strTexto);
+            if (comando.entrada.menu == menu.menu && chrEntrada != '\0') {
+                EXPECT_TRUE(lstLetras.insert(chrEntrada).second) << comando.strNombre;
+            }
+        }
+    }
+    std::set<char> lstMenus;
+    for (const clsMenu &menu : fMenus()) {
+        EXPECT_TRUE(lstMenus.insert(fMnemonico(menu.strTexto)).second) << menu.strNombre;
+    }
+}
+
 TEST(Comandos, OnAnEmptyListAreFew)
 {
     const std::set<std::string_view> lstVivos = {"actualizar", "fotos",   "videos", "fotosVideos",
@@ -162,10 +194,12 @@ TEST(Comandos, CarryTheMarkOfTheState)
         }
         return lstNombres;
     };
-    EXPECT_EQ(fMarcados(), (std::set<std::string_view>{"videos", "pequeno"}));
+    EXPECT_EQ(fMarcados(), (std::set<std::string_view>{"videos", "pequeno", "zoom100"}));
     estado.bolMiniaturas = true;
+    estado.intZoom = 0;
     estado.medios = Medios::Todos;
-    EXPECT_EQ(fMarcados(), (std::set<std::string_view>{"fotosVideos", "pequeno", "modo"}));
+    EXPECT_EQ(fMarcados(),
+              (std::set<std::string_view>{"fotosVideos", "pequeno", "modo", "ajustar"}));
 }
 
 /// Whoever attends to all commands; writes down what was asked of it.

@@ -444,7 +444,10 @@ private:
         }
     }
     [[nodiscard]] std::string fBaul() const { return qgetenv("TMPDIR").toStdString() + "Miravel/"; }
-    QString fTituloBaul() { return m_sesion->fControl<QMenu>("mnuBaul")->title(); }
+    QString fTituloBaul()
+    {
+        return m_sesion->fControl<QMenu>("mnuBaul")->title().remove(QLatin1Char('&'));
+    }
     /// "x" for every row with a tick.
     QString fMarcas()
     {

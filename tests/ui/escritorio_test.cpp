@@ -41,6 +41,22 @@ private slots:
         QVERIFY(arbol.fLeer("Miravel.ini").find("VENTANA") == std::string::npos);
     }
 
+    void fTheLastFolderOfCopiesComesBack()
+    {
+        const clsArbol arbol;
+        const clsArbol casa;
+        fLlenarArbol(arbol);
+        casa.fCarpeta("copias");
+        for (const std::string &strAntes : {std::string(), casa.fRuta("copias")}) {
+            clsSesion sesion(arbol, true, casa.fRuta("escritorio.ini"));
+            QVERIFY(sesion.fAbrir());
+            sesion.mensajes.strCarpeta = casa.fRuta("copias");
+            sesion.fElegirEntrada("mnuOpcionesCopiar");
+            QTRY_COMPARE(casa.fNombres("copias").size(), std::size_t{1});
+            QCOMPARE(sesion.mensajes.strCarpetaAntes, strAntes);
+        }
+    }
+
     void fTheFirstPictureIsDrawnOnceInTheSizeTheWindowGets()
     {
         const clsArbol arbol;

@@ -117,8 +117,10 @@ std::optional<std::string> clsMensajesGuion::fPedir(const std::string &strPregun
                                  : lstTecleado.takeFirst().toStdString();
 }
 
-std::string clsMensajesGuion::fElegirCarpeta(const std::string &strDelTitulo)
+std::string clsMensajesGuion::fElegirCarpeta(const std::string &strDelTitulo,
+                                             const std::string &strAntes)
 {
+    strCarpetaAntes = strAntes;
     fAviso(Icono::Aviso, strDelTitulo, {});
     return strCarpeta;
 }

@@ -51,7 +51,8 @@ public:
     [[nodiscard]] bool fSiNo(const std::string &strTexto) override;
     [[nodiscard]] bool fAceptarCancelar(const std::string &strTexto) override;
     [[nodiscard]] std::optional<std::string> fPedir(const std::string &strPregunta) override;
-    [[nodiscard]] std::string fElegirCarpeta(const std::string &strTitulo) override;
+    [[nodiscard]] std::string fElegirCarpeta(const std::string &strTitulo,
+                                             const std::string &strAntes) override;
     /// What was said since the last call.
     [[nodiscard]] QStringList fDichos();
 
@@ -60,6 +61,7 @@ public:
     QList<bool> lstRespuestas;       ///< to the next questions; afterwards No
     QStringList lstTecleado;         ///< what is typed next into boxes that ask; then Cancel
     std::string strCarpeta;          ///< the folder that is chosen; empty: Cancel
+    std::string strCarpetaAntes;     ///< the folder the last choice began with
     QString strTitulo;               ///< of the last box
     std::function<void()> fMientras; ///< runs while a box is open
 };

@@ -20,10 +20,10 @@ QStringList fEntradas(const QMenu &menu)
 {
     QStringList lstEntradas;
     for (const QAction *const accion : menu.actions()) {
-        lstEntradas.push_back(accion->isSeparator()
-                                  ? QStringLiteral("-")
-                                  : accion->objectName() + QLatin1Char('|') + accion->text() +
-                                        (accion->isEnabled() ? "" : "|off"));
+        lstEntradas.push_back(accion->isSeparator() ? QStringLiteral("-")
+                                                    : accion->objectName() + QLatin1Char('|') +
+                                                          accion->text().remove('&') +
+                                                          (accion->isEnabled() ? "" : "|off"));
     }
     return lstEntradas;
 }
@@ -232,7 +232,7 @@ private slots:
     {
         QStringList lstBarra;
         for (const QAction *const accion : m_sesion->ventana->menuBar()->actions()) {
-            lstBarra.push_back(accion->text() + (accion->isVisible() ? "" : "|hidden"));
+            lstBarra.push_back(accion->text().remove('&') + (accion->isVisible() ? "" : "|hidden"));
         }
         QCOMPARE(lstBarra,
                  QStringList({"Baúl (0)", "Opciones", "Más", "Ayuda", "[avance]|hidden"}));
@@ -278,6 +278,50 @@ private slots:
                  QKeySequence(Qt::Key_F5));
         QCOMPARE(m_sesion->fControl<QAction>("mnuAyudaAyuda")->shortcut(),
                  QKeySequence(Qt::Key_F1));
+    }
+
+    void fEntriesShowTheirKeysAndTheCurrentZoom()
+    {
+        const std::pair<const char *, const char *> lstCasos[] = {
+            {"mnuBaulAñadir", "A"},          {"mnuBaulVaciar", ""},
+            {"mnuOpcionesFiltrar", "F"},     {"mnuOpcionesQuitarFiltro", "Shift+F"},
+            {"mnuOpcionesActualizar", "F5"}, {"mnuFotoAjustar", "J"},
+            {"mnuAyudaAyuda", "F1"},
+        };
+        for (const auto &[strNombre, strTecla] : lstCasos) {
+            QCOMPARE(m_sesion->fControl<QAction>(strNombre)->shortcut(), QKeySequence(strTecla));
+        }
+        // Letters are only written there: the key runs its command once.
+        const clsAbridor abridor;
+        m_sesion->fTecla(Qt::Key_C);
+        QTRY_COMPARE(abridor.fAbierto(), '<' + m_arbol->fRuta("2008/") + '>');
+        const auto fMarcado = [&](const char *strNombre) {
+            return m_sesion->fControl<QAction>(strNombre)->isChecked();
+        };
+        QVERIFY(fMarcado("mnuFotoValor2"));
+        m_sesion->fTecla(Qt::Key_J);
+        QVERIFY(fMarcado("mnuFotoAjustar") && !fMarcado("mnuFotoValor2"));
+        m_sesion->fElegirEntrada("mnuFotoValor0");
+        m_sesion->fTecla(Qt::Key_Minus, Qt::KeypadModifier);
+        QVERIFY(fMarcado("mnuFotoValor1"));
+    }
+
+    void fF10AndLettersOpenTheMenus()
+    {
+        const std::pair<QKeyCombination, const char *> lstCasos[] = {
+            {Qt::Key_F10, "mnuBaul"},
+            {Qt::ALT | Qt::Key_O, "mnuOpciones"},
+            {Qt::ALT | Qt::Key_S, "mnuMas"},
+            {Qt::ALT | Qt::Key_Y, "mnuAyuda"},
+        };
+        for (const auto &[tecla, strMenu] : lstCasos) {
+            m_sesion->fTecla(tecla.key(), tecla.keyboardModifiers());
+            auto *const menu = m_sesion->fControl<QMenu>(strMenu);
+            QTRY_VERIFY2(menu->isVisible(), strMenu);
+            QTest::keyClick(menu, Qt::Key_Escape);
+            QTest::keyClick(m_sesion->ventana->menuBar(), Qt::Key_Escape);
+            QTRY_VERIFY(!menu->isVisible());
+        }
     }
 
     void fTheToolbarHasItsButtons()
