@@ -65,7 +65,7 @@ void fTabla(const clsRutas &lstRutas)
 int main(int intArgumentos, char **lstArgumentos)
 {
     if (intArgumentos < 2) {
-        std::fputs("miravel_bench_verdicto FOLDER [ROUNDS | desnudo | nuestro]\n", stderr);
+        std::fputs("miravel_bench_verdicto FOLDER [ROUNDS | desnudo | nuestro | todas]\n", stderr);
         return 2;
     }
     const clsRutas lstRutas = fRutas(lstArgumentos[1]);
@@ -76,6 +76,10 @@ int main(int intArgumentos, char **lstArgumentos)
     }
     if (strCual == "nuestro") {
         fVeredicto(lstRutas);
+        return 0;
+    }
+    if (strCual == "todas") {
+        fFuentes(lstRutas, lstArgumentos[1]);
         return 0;
     }
     return fComparar(

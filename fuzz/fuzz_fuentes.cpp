@@ -3,6 +3,7 @@
 #include "dates/exif_fecha.h"
 #include "dates/fecha_iptc.h"
 #include "dates/fecha_nombre.h"
+#include "dates/fecha_video.h"
 #include "dates/fecha_xmp.h"
 #include "dates/fuentes.h"
 #include "dates/nombre_reparado.h"
@@ -66,8 +67,9 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *bytDatos, std::size_t 
 {
     const std::string_view strTodo(reinterpret_cast<const char *>(bytDatos), lngBytes);
     fComprobarNombre(std::string(strTodo));
-    for (const auto &fuente : {fLeerFechaXmp(strTodo), fLeerFechaIptc(strTodo),
-                               fLeerFechaRecursos(strTodo), fLeerFechaIso(strTodo, Fuente::Xmp)}) {
+    for (const auto &fuente :
+         {fLeerFechaXmp(strTodo), fLeerFechaIptc(strTodo), fLeerFechaRecursos(strTodo),
+          fLeerFechaIso(strTodo, Fuente::Xmp), fFechaDeVideo(strTodo)}) {
         if (fuente) {
             fComprobarFuente(*fuente);
         }

@@ -2,10 +2,12 @@
 
 #include "dates/fecha_iptc.h"
 #include "dates/fecha_nombre.h"
+#include "dates/fecha_video.h"
 #include "dates/fecha_xmp.h"
 #include "dates/fuentes_exif.h"
 #include "dates/segmentos.h"
 #include "dates/valor.h"
+#include "shared/medios.h"
 #include "shared/rutas.h"
 #include "sistema/archivo.h"
 
@@ -123,7 +125,8 @@ clsFuentes fLeerFuentesFoto(clsOrigen &origen, clsFechasExif &exif)
     return lstFuentes;
 }
 
-clsFechasFichero fLeerFechas(const std::string &strRuta, const std::string &strRaiz)
+clsFechasFichero fLeerFechas(const std::string &strRuta, const std::string &strRaiz,
+                             const clsPreguntaVideo &fVideo)
 {
     clsFechasFichero fechas;
     clsFechasExif exif;
@@ -132,6 +135,9 @@ clsFechasFichero fLeerFechas(const std::string &strRuta, const std::string &strR
         huella = archivo->huella;
         clsOrigenArchivo origen(*archivo);
         fechas.lstFuentes = fLeerFuentesFoto(origen, exif);
+        if (fVideo && fEsVideo(strRuta)) {
+            fAnadir(fechas.lstFuentes, fFechaDeVideo(fVideo(*archivo)));
+        }
     } else if (const auto cerrado = fHuella(strRuta)) {
         huella = *cerrado; // It exists and may not be read.
     } else {

@@ -18,11 +18,14 @@ struct clsFechasFichero {
 /// @param exif gets the two dates that judge the file, as fLeerFechasExif has them.
 [[nodiscard]] clsFuentes fLeerFuentesFoto(clsOrigen &origen, clsFechasExif &exif);
 
+using clsPreguntaVideo = std::function<std::string(const clsAbierto &)>;
+
 /// Gathers the dates of the file at that path: its own time, those inside it, those of its name and
-/// of its folders below the root. Has no state outside itself: any thread may call it. What is
-/// written inside a video is not read here.
+/// of its folders below the root. Has no state outside itself: any thread may call it.
 /// @param strRaiz the archive's root, with a trailing "/".
-[[nodiscard]] clsFechasFichero fLeerFechas(const std::string &strRuta, const std::string &strRaiz);
+/// @param fVideo  what an open video says of itself, see fFechaDeVideo; empty: nobody asks it.
+[[nodiscard]] clsFechasFichero fLeerFechas(const std::string &strRuta, const std::string &strRaiz,
+                                           const clsPreguntaVideo &fVideo = {});
 
 /// The folders of a path below the root, without a "/" at the end; of a path outside it, all.
 [[nodiscard]] std::string_view fCarpetasBajo(std::string_view strRuta, std::string_view strRaiz);

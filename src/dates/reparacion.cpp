@@ -228,16 +228,17 @@ bool clsTablaReparacion::fMarcada(int lngFila) const
 /// Takes the row's new name, if it gets one.
 void clsTablaReparacion::fApuntar(const clsFilaReparacion &fila)
 {
-    if (std::string strDestino = fDestino(fila); fila.bolMarcada && strDestino != fila.strRuta) {
-        m_nombres.fPedir(std::move(strDestino));
+    if (const std::string strDestino = fila.bolMarcada ? fDestino(fila) : fila.strRuta;
+        strDestino != fila.strRuta) {
+        m_nombres.fPedir(strDestino);
     }
 }
 
 /// Gives it back; before anything that it depends on changes.
 void clsTablaReparacion::fTachar(const clsFilaReparacion &fila)
 {
-    if (const std::string strDestino = fDestino(fila);
-        fila.bolMarcada && strDestino != fila.strRuta) {
+    if (const std::string strDestino = fila.bolMarcada ? fDestino(fila) : fila.strRuta;
+        strDestino != fila.strRuta) {
         m_nombres.fSoltar(strDestino);
     }
 }

@@ -48,30 +48,45 @@ clsHijoVideo::clsHijoVideo(std::string strPrograma, std::chrono::milliseconds pl
 clsCuadroVideo clsHijoVideo::fPedir(const clsAbierto &video, int intLado,
                                     const std::atomic<bool> &bolAnulado)
 {
+    const auto lngLado =
+        std::clamp<std::uint32_t>(static_cast<std::uint32_t>(intLado), 1, lngLadoMaximo);
+    return fPreguntar(video, {PeticionHijo::Fotograma, lngLado}, bolAnulado);
+}
+
+std::string clsHijoVideo::fPedirFechas(const clsAbierto &video, const std::atomic<bool> &bolAnulado)
+{
+    const clsCuadroVideo cuadro = fPreguntar(
+        video, {PeticionHijo::Fechas, lngTextoMaximo / sizeof(std::uint32_t)}, bolAnulado);
+    const std::string_view strBytes(reinterpret_cast<const char *>(cuadro.lstPuntos.data()),
+                                    cuadro.lstPuntos.size() * sizeof(std::uint32_t));
+    return std::string(strBytes.substr(0, strBytes.find('\0')));
+}
+
+clsCuadroVideo clsHijoVideo::fPreguntar(const clsAbierto &video, clsPregunta pregunta,
+                                        const std::atomic<bool> &bolAnulado)
+{
     clsCuadroVideo cuadro;
     if (bolAnulado) {
         cuadro.fin = Fin::Anulado;
         return cuadro;
     }
-    const auto lngLado =
-        std::clamp<std::uint32_t>(static_cast<std::uint32_t>(intLado), 1, lngLadoMaximo);
     const auto limite = clsReloj::now() + m_plazo;
     const bool bolDebia = fDebe();
     const bool bolRecien = m_bolRecien || !m_proceso.fIniciado();
-    cuadro = fIntentar(video, lngLado, {limite, bolAnulado});
+    cuadro = fIntentar(video, pregunta, {limite, bolAnulado});
     // Its failure over an older request says nothing about this file; neither does the death of a
     // child that served before: it may have died of old age.
     const bool bolPorVieja = bolDebia && (cuadro.fin == Fin::Tarde || cuadro.fin == Fin::Roto);
     if (bolPorVieja) {
-        return fIntentar(video, lngLado, {clsReloj::now() + m_plazo, bolAnulado});
+        return fIntentar(video, pregunta, {clsReloj::now() + m_plazo, bolAnulado});
     }
     if (cuadro.fin == Fin::Roto && !bolRecien) {
-        return fIntentar(video, lngLado, {limite, bolAnulado});
+        return fIntentar(video, pregunta, {limite, bolAnulado});
     }
     return cuadro;
 }
 
-clsCuadroVideo clsHijoVideo::fIntentar(const clsAbierto &video, std::uint32_t lngLado,
+clsCuadroVideo clsHijoVideo::fIntentar(const clsAbierto &video, clsPregunta pregunta,
                                        clsEspera espera)
 {
     clsCuadroVideo cuadro;
@@ -87,10 +102,11 @@ clsCuadroVideo clsHijoVideo::fIntentar(const clsAbierto &video, std::uint32_t ln
     clsPeticionHijo peticion;
     peticion.lngNumero = ++m_lngNumero;
     peticion.lngBytes = video.huella.lngBytes;
-    peticion.lngLado = lngLado;
+    peticion.lngLado = pregunta.lngLado;
+    peticion.cual = pregunta.cual;
     cuadro.fin = fEnviar(peticion, video.descriptor, espera);
     if (cuadro.fin == Fin::Imagen) {
-        cuadro = fRespuesta(lngLado, espera);
+        cuadro = fRespuesta(pregunta.lngLado, espera);
     } else {
         fDerribar(cuadro.fin); // it will never answer this number
     }

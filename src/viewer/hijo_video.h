@@ -46,6 +46,11 @@ public:
     [[nodiscard]] clsCuadroVideo fPedir(const clsAbierto &video, int intLado,
                                         const std::atomic<bool> &bolAnulado);
 
+    /// Asks what the file says of its date, and waits for it likewise.
+    /// @return lines "key=value", see fFechaDeVideo; empty when it says nothing, or cannot be read.
+    [[nodiscard]] std::string fPedirFechas(const clsAbierto &video,
+                                           const std::atomic<bool> &bolAnulado);
+
     /// Whether an answer that nobody wants any more is still to come.
     [[nodiscard]] bool fDebe() const { return m_lngVista != m_lngNumero; }
 
@@ -54,8 +59,15 @@ private:
         clsReloj::time_point limite;
         const std::atomic<bool> &bolAnulado;
     };
+    /// What is asked for, and the side of the box that the answer must fit.
+    struct clsPregunta {
+        PeticionHijo cual;
+        std::uint32_t lngLado;
+    };
     [[nodiscard]] bool fPreparar();
-    [[nodiscard]] clsCuadroVideo fIntentar(const clsAbierto &video, std::uint32_t lngLado,
+    [[nodiscard]] clsCuadroVideo fPreguntar(const clsAbierto &video, clsPregunta pregunta,
+                                            const std::atomic<bool> &bolAnulado);
+    [[nodiscard]] clsCuadroVideo fIntentar(const clsAbierto &video, clsPregunta pregunta,
                                            clsEspera espera);
     [[nodiscard]] clsCuadroVideo fRespuesta(std::uint32_t lngLado, clsEspera &espera);
     [[nodiscard]] clsCuadroVideo::Fin fEnviar(const clsPeticionHijo &peticion,

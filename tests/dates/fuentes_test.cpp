@@ -1,5 +1,6 @@
 #include "dates/fuentes.h"
 
+#include "dates/fecha_video.h"
 #include "dates/origen.h"
 #include "fecha_texto.h"
 #include "soporte/arbol.h"
@@ -303,4 +304,54 @@ TEST(FechasFichero, LooksAtFoldersBelowTheRootOnly)
     EXPECT_EQ(fCarpetasBajo("/2009-07-14/f/a/b.jpg", "/2009-07-14/f/"), "a");
     EXPECT_EQ(fCarpetasBajo("/f/b.jpg", "/f/"), "");
     EXPECT_EQ(fCarpetasBajo("/g/b.jpg", "/f/"), "/g");
+}
+
+TEST(FechaVideo, TakesTheMakersLocalDateFirst)
+{
+    const struct {
+        const char *strDatos;
+        const char *strFecha; ///< empty: none
+    } lstCasos[] = {
+        {"creation_time=2009-07-14T16:03:22.000000Z\n", "14/07/2009 16:03:22 UTC"},
+        {"creation_time=2009-07-14 18:03:22\n", "14/07/2009 18:03:22"}, // of an AVI
+        {"creation_time=2009-07-14T16:03:22.000000Z\n"
+         "com.apple.quicktime.creationdate=2009-07-14T18:03:22+0200\n",
+         "14/07/2009 18:03:22 +120"},
+        {"creation_time=2009-07-14T16:03:22Z\ndate=2009-07-14T18:03:20+02:00\n",
+         "14/07/2009 18:03:20 +120"},
+        {"date=2009-07-14\ncreation_time=2009-07-14T16:03:22Z\n", "14/07/2009 16:03:22 UTC"},
+        {"DATE=2009-07-14", "14/07/2009"},
+        {"WM/EncodingTime=128920610020000000\n", "14/07/2009 16:03:22 UTC"},
+        {"metadatadate=2007-06-12T19:03:11.528553Z\n", "12/06/2007 19:03:11.528553000 UTC"},
+        {"creation_time=1970-01-01T00:00:00.000000Z\n", ""},
+        {"creation_time=1904-01-01T00:00:00Z\n", ""},
+        {"creation_time=1970-01-01T00:00:00Z\ndate=2009-07-14\n", "14/07/2009"},
+        {"date=2009\n", ""},
+        {"WM/EncodingTime=9223372036854775807\n", ""},
+        {"WM/EncodingTime=-1\n", ""},
+        {"title=2009-07-14\n", ""},
+        {"", ""},
+        {"\n\n=\ncreation_time", ""},
+    };
+    for (const auto &caso : lstCasos) {
+        const auto fecha = fFechaDeVideo(caso.strDatos);
+        EXPECT_EQ(fecha ? fTextoDeFuente(*fecha) : "", caso.strFecha) << caso.strDatos;
+    }
+}
+
+TEST(FechasFichero, AsksForWhatIsInsideAVideo)
+{
+    const clsArbol arbol;
+    arbol.fCrear("VID_20090715.mp4", "no picture");
+    arbol.fCrear("foto.jpg", "no picture");
+    const auto fVideo = [](const clsAbierto &abierto) {
+        EXPECT_EQ(abierto.huella.lngBytes, 10);
+        return std::string("creation_time=2009-07-14T16:03:22Z\n");
+    };
+    const auto fSources = [&](const char *strNombre) {
+        return fTextoDeFuentes(
+            fLeerFechas(arbol.fRuta(strNombre), arbol.fRaiz(), fVideo).lstFuentes);
+    };
+    EXPECT_EQ(fSources("VID_20090715.mp4"), "14/07/2009 16:03:22 UTC, 15/07/2009");
+    EXPECT_EQ(fSources("foto.jpg"), "");
 }

@@ -5,6 +5,7 @@
 #include "shared/uri.h"
 #include "sistema/entorno.h"
 #include "soporte/arbol.h"
+#include "viewer/fechas_videos.h"
 
 #include <QBuffer>
 #include <QColor>
@@ -159,6 +160,31 @@ TEST_F(Fotogramas, AreUprightFitTheBoxAndComeFromATenthOfTheLength)
                         bolGirado ? QPoint(imagen.width() - 4, imagen.height() / 2)
                                   : QPoint(imagen.width() / 2, 3)));
     }
+}
+
+TEST_F(Fotogramas, ComeWithWhatTheFileSaysOfItsDate)
+{
+    constexpr std::time_t lngMomento = 1247587402; // 2009/07/14 16:03:22 universal time
+    const QSize tam(64, 36);
+    std::string strAvi = fAviRojo(tam);
+    // RIFF: what a camera says when it recorded stands in the list of headers.
+    const std::string strIdit("IDIT\x1a\0\0\0Tue Jul 14 18:03:22 2009\n\0", 34);
+    const std::size_t lngLista = strAvi.find("hdrl");
+    strAvi.insert(strAvi.find("LIST", lngLista), strIdit);
+    strAvi[lngLista - 4] = static_cast<char>(strAvi[lngLista - 4] + strIdit.size());
+    m_arbol.fCrear("a.mov", demo::fMov(fCuadros(tam), tam, 10, lngMomento).toStdString());
+    m_arbol.fCrear("a.avi", strAvi);
+    m_arbol.fCrear("sin.avi", fAviRojo(tam));
+    m_arbol.fCrear("a.mp4", "no video");
+    clsFechasVideos fechas(m_strHijo);
+    const auto fDatos = [&](const char *strNombre) {
+        return fechas.fDatos(fAbrirRegular(m_arbol.fRuta(strNombre)).value(), bolQuerido);
+    };
+    EXPECT_EQ(fDatos("a.mov"), "creation_time=2009-07-14T16:03:22.000000Z\n");
+    EXPECT_EQ(fDatos("a.avi"), "creation_time=2009-07-14 18:03:22\n");
+    EXPECT_EQ(fDatos("sin.avi"), "");
+    EXPECT_EQ(fDatos("a.mp4"), "");
+    EXPECT_EQ(fDatos("a.mov"), "creation_time=2009-07-14T16:03:22.000000Z\n") << "still alive";
 }
 
 TEST_F(Fotogramas, AreNullForWhatIsNoVideo)

@@ -5,8 +5,10 @@
 
 #include "sistema/canal.h"
 #include "sistema/encierro.h"
+#include "viewer/hijo/fechas.h"
 #include "viewer/hijo/fotograma.h"
 
+#include <algorithm>
 #include <chrono>
 #include <cstdlib>
 #include <string>
@@ -47,6 +49,21 @@ bool fContestar(std::uint32_t lngNumero, const hijo::clsFotograma &fotograma)
     return !fEscribirTodo(salida, strBytes);
 }
 
+/// A text in the place of one row of pixels; none when there is no text.
+hijo::clsFotograma fComoImagen(std::string strTexto)
+{
+    hijo::clsFotograma fotograma;
+    strTexto.resize(std::min<std::size_t>(strTexto.size(), lngTextoMaximo));
+    fotograma.lstPuntos.resize((strTexto.size() + 3) / 4);
+    strTexto.copy(reinterpret_cast<char *>(fotograma.lstPuntos.data()), strTexto.size());
+    if (!strTexto.empty()) {
+        fotograma.estado = EstadoHijo::Imagen;
+        fotograma.intAncho = static_cast<int>(fotograma.lstPuntos.size());
+        fotograma.intAlto = 1;
+    }
+    return fotograma;
+}
+
 bool fAtender()
 {
     // Nothing to do for a second: what was kept goes back.
@@ -65,7 +82,9 @@ bool fAtender()
     // The next request comes early only when nobody waits for the answer to this one any more.
     const auto fAnulado = [] { return fHay(std::chrono::milliseconds(0)); };
     const auto fotograma =
-        hijo::fTomarFotograma(video, static_cast<int>(peticion.lngLado), fAnulado);
+        peticion.cual == PeticionHijo::Fechas
+            ? fComoImagen(hijo::fTomarFechas(video, fAnulado))
+            : hijo::fTomarFotograma(video, static_cast<int>(peticion.lngLado), fAnulado);
     // Whoever has the answer can count on it that nothing is open here.
     video.descriptor.fCerrar();
     return fContestar(peticion.lngNumero, fotograma);

@@ -68,6 +68,38 @@ clsPelicula::clsPelicula(clsEntrada &entrada, const clsEmpeno &empeno, int intLa
     av_dict_free(&opciones);
 }
 
+void clsPelicula::fLeerCabeza()
+{
+    constexpr int intPrimeros = 8;
+    m_bolCabeza = true;
+    // Where the format has no header, what the file says of itself comes with its first packets.
+    const bool bolSinCabeza = (m_formato->ctx_flags & AVFMTCTX_NOHEADER) != 0;
+    const std::unique_ptr<AVPacket, clsSoltarAv> paquete(av_packet_alloc());
+    for (int intVisto = 0; bolSinCabeza && paquete && intVisto < intPrimeros; ++intVisto) {
+        if (av_read_frame(m_formato.get(), paquete.get()) < 0) {
+            return;
+        }
+        av_packet_unref(paquete.get());
+    }
+}
+
+std::string clsPelicula::fDato(const std::string &strClave)
+{
+    if (!fAbierta()) {
+        return {};
+    }
+    if (!m_bolCabeza) {
+        fLeerCabeza();
+    }
+    const AVDictionaryEntry *dato = av_dict_get(m_formato->metadata, strClave.c_str(), nullptr, 0);
+    for (unsigned lng = 0; dato == nullptr && lng < m_formato->nb_streams; ++lng) {
+        dato = av_dict_get(m_formato->streams[lng]->metadata, strClave.c_str(), nullptr, 0);
+    }
+    std::string strValor(dato == nullptr ? "" : dato->value);
+    std::replace(strValor.begin(), strValor.end(), '\n', ' ');
+    return strValor;
+}
+
 bool clsPelicula::fElegirFlujo()
 {
     m_flujo = nullptr;

@@ -4,6 +4,7 @@
 
 #include <functional>
 #include <memory>
+#include <string>
 
 extern "C" {
 #include <libavcodec/avcodec.h>
@@ -36,6 +37,9 @@ public:
 
     /// Whether libav knows the file's format; without that more trouble is of no use.
     [[nodiscard]] bool fAbierta() const { return m_formato != nullptr; }
+    /// What the file, else one of its streams, has under a name; without line breaks, empty where
+    /// there is nothing.
+    [[nodiscard]] std::string fDato(const std::string &strClave);
     /// One frame as the decoder gives it; nullptr when none comes out.
     [[nodiscard]] clsCuadro fCuadro();
     /// Width to height of one pixel of that frame; 1 when nothing is known.
@@ -47,6 +51,7 @@ public:
     [[nodiscard]] const std::int32_t *fMatriz() const;
 
 private:
+    void fLeerCabeza();
     [[nodiscard]] bool fElegirFlujo();
     [[nodiscard]] bool fBuscarFlujo();
     void fIrADecima();
@@ -59,6 +64,7 @@ private:
     std::unique_ptr<AVFormatContext, clsSoltarAv> m_formato;
     std::unique_ptr<AVCodecContext, clsSoltarAv> m_codec;
     AVStream *m_flujo = nullptr;
+    bool m_bolCabeza = false; ///< fLeerCabeza has run
 };
 
 } // namespace hijo
