@@ -8,6 +8,8 @@
 #include "repair/textos_reparar.h"
 #include "sistema/archivo.h"
 #include "sistema/entorno.h"
+#include "viewer/fechas_videos.h"
+#include "viewer/fotogramas.h"
 #include "viewer/pieza_mini.h"
 
 #include <algorithm>
@@ -112,13 +114,23 @@ std::optional<clsFinReparacion> fCorregirReparados(const clsComun &comun,
         fPaso);
 }
 
+/// Reads the dates of files, of videos by the child program. The threads that call it keep that
+/// alive.
+clsLectorFechas fLector(const clsComun &comun)
+{
+    const auto videos = std::make_shared<clsFechasVideos>(fProgramaHijo(fOrigenUsual()));
+    return [videos, strRaiz = comun.archivo.strRaiz](const std::string &strRuta) {
+        return fLeerFechas(strRuta, strRaiz, [&](const clsAbierto &video) {
+            return videos->fDatos(video, clsAnulado(false));
+        });
+    };
+}
+
 /// What the window that repairs dates takes from the program.
 clsEntornoReparar fEntorno(const clsComun &comun)
 {
     return {
-        [strRaiz = comun.archivo.strRaiz](const std::string &strRuta) {
-            return fLeerFechas(strRuta, strRaiz);
-        },
+        fLector(comun),
         [](const std::string &strRuta) { return fConsultar(strRuta, false).fError() != ENOENT; },
         [fFotograma = comun.fFotograma](const std::string &strRuta, int intLado) {
             const clsAnulado anulado = false;
@@ -180,7 +192,7 @@ void fRevisar(const clsComun &comun)
 {
     std::vector<int> lstTodas(static_cast<std::size_t>(comun.estado.filas.fCantidad()));
     std::iota(lstTodas.begin(), lstTodas.end(), 0);
-    frmRevisar ventana(comun.ventana, fRutas(comun, lstTodas), fEntorno(comun).fLeer);
+    frmRevisar ventana(comun.ventana, fRutas(comun, lstTodas), fLector(comun));
     ventana.setWindowIcon(comun.ventana->windowIcon());
     if (auto lstRutas = ventana.fMostrar(); !lstRutas.empty()) {
         fReparar(comun, std::move(lstRutas));

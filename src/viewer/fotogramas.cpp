@@ -17,13 +17,6 @@ using Fin = clsCuadroVideo::Fin;
 /// How often a call that waits for its turn looks whether it is still wanted.
 constexpr std::chrono::milliseconds pasoTurno(20);
 
-/// The first of these programs that may be run; empty when none is there.
-std::string fPrimero(const std::vector<std::string> &lstProgramas)
-{
-    const auto it = std::find_if(lstProgramas.begin(), lstProgramas.end(), fEjecutable);
-    return it == lstProgramas.end() ? std::string() : *it;
-}
-
 QImage fDeCuadro(const clsCuadroVideo &cuadro)
 {
     return QImage(reinterpret_cast<const uchar *>(cuadro.lstPuntos.data()), cuadro.intAncho,
@@ -46,9 +39,14 @@ clsOrigenFotogramas fOrigenUsual()
     return origen;
 }
 
+std::string fProgramaHijo(const clsOrigenFotogramas &origen)
+{
+    const auto it = std::find_if(origen.lstHijos.begin(), origen.lstHijos.end(), fEjecutable);
+    return it == origen.lstHijos.end() ? std::string() : *it;
+}
+
 clsFotogramas::clsFotogramas(clsOrigenFotogramas origen)
-    : m_origen(std::move(origen)), m_cache(m_origen.strCache),
-      m_strHijo(fPrimero(m_origen.lstHijos))
+    : m_origen(std::move(origen)), m_cache(m_origen.strCache), m_strHijo(fProgramaHijo(m_origen))
 {
     const unsigned lngCuantos = m_origen.intHijos > 0 ? static_cast<unsigned>(m_origen.intHijos)
                                                       : std::thread::hardware_concurrency();

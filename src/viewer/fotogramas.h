@@ -33,6 +33,9 @@ struct clsOrigenFotogramas {
 /// the cache of the freedesktop Base Directory standard.
 [[nodiscard]] clsOrigenFotogramas fOrigenUsual();
 
+/// The path of our child program; empty when it is not installed.
+[[nodiscard]] std::string fProgramaHijo(const clsOrigenFotogramas &origen);
+
 /// Thumbnails of videos. Safe to call on several threads at once; a call waits for a child as long
 /// as all are at work. The children are killed when it goes.
 class clsFotogramas {
