@@ -1,7 +1,9 @@
 #include "app/mensajes_qt.h"
 
+#include "shared/hilos.h"
 #include "shared/programa.h"
 #include "shared/qtexto.h"
+#include "sistema/archivo.h"
 
 #include <QApplication>
 #include <QCursor>
@@ -13,6 +15,7 @@
 #include <QMessageBox>
 #include <QPushButton>
 
+#include <chrono>
 #include <optional>
 
 namespace {
@@ -57,6 +60,18 @@ int fCorrer(QDialog &caja, bool bolModal = true)
         QApplication::setOverrideCursor(*espera);
     }
     return caja.result();
+}
+
+/// Whether a folder is there and answers at once; who shows it reads it in the window's thread.
+bool fResponde(const QString &strCarpeta)
+{
+    constexpr std::chrono::milliseconds paciencia(150);
+    bool bolHay = false;
+    clsHilos hilos({.intHilos = 1, .intMaximo = 1});
+    const auto orden = hilos.fPedir(
+        [strRuta = QFile::encodeName(strCarpeta).toStdString()] { return fExisteCarpeta(strRuta); },
+        [&bolHay](bool bolSuya) { bolHay = bolSuya; });
+    return hilos.fEsperar(orden, paciencia) && bolHay;
 }
 
 /// Shows a text and waits for a button; the last one is the default and the answer of Esc.
@@ -137,8 +152,9 @@ std::string clsMensajesQt::fElegirCarpeta(const std::string &strTitulo, const st
     caja.setFileMode(QFileDialog::Directory);
     caja.setOption(QFileDialog::ShowDirsOnly);
     caja.setOption(QFileDialog::ReadOnly); // nothing is renamed or deleted by the way
-    caja.setDirectory(strAntes.empty() ? m_strCarpeta
-                                       : QFile::decodeName(QByteArray::fromStdString(strAntes)));
+    const QString strDesde =
+        strAntes.empty() ? m_strCarpeta : QFile::decodeName(QByteArray::fromStdString(strAntes));
+    caja.setDirectory(fResponde(strDesde) ? strDesde : QDir::homePath());
     if (fCorrer(caja) != QDialog::Accepted || caja.selectedFiles().isEmpty()) {
         return {};
     }

@@ -1,9 +1,11 @@
 // What must not go wrong: closing in the middle of something, odd files, odd names.
+#include "app/mensajes_qt.h"
 #include "sesion.h"
 #include "soporte/fallos.h"
 
 #include <QAbstractButton>
 #include <QDialog>
+#include <QFileDialog>
 #include <QLineEdit>
 #include <QPlainTextEdit>
 #include <QTableView>
@@ -285,6 +287,28 @@ private slots:
             QTRY_VERIFY(!sesion.ventana->isVisible());
             QVERIFY(QApplication::overrideCursor() == nullptr);
         }
+    }
+
+    void fTheFolderPickerOpensAtHomeWhenTheLastFolderDoesNotAnswer()
+    {
+        const clsArbol arbol;
+        const QString strArbol = QString::fromStdString(arbol.fRaiz()).chopped(1);
+        clsMensajesQt mensajes;
+        const auto fElegirArbol = [&] {
+            QString strDonde;
+            const clsCuando cuando = fEnDialogo("dlgCarpeta", [&](QDialog &dialogo) {
+                auto &caja = dynamic_cast<QFileDialog &>(dialogo);
+                strDonde = caja.directory().path();
+                caja.setDirectory(strArbol);
+                caja.done(QDialog::Accepted);
+            });
+            static_cast<void>(mensajes.fElegirCarpeta("Selecciona carpeta de destino:"));
+            return cuando.fHecho() ? strDonde : QString();
+        };
+        QCOMPARE(fElegirArbol(), QDir::homePath());
+        QCOMPARE(fElegirArbol(), strArbol);
+        const clsDiscoParado disco;
+        QCOMPARE(fElegirArbol(), QDir::homePath());
     }
 
     void fClosingBesideTheMessageOfOneCellEndsThemAll()
