@@ -9,6 +9,7 @@
 
 #include <QString>
 #include <QTimer>
+#include <QWidget>
 
 #include <algorithm>
 #include <optional>
