@@ -48,9 +48,10 @@ std::string clsFilas::fRutaDisco(int lngPos) const
     return fBajoRaiz(strRuta, m_strRaiz) ? strRuta : std::string();
 }
 
-int clsFilas::fContarMarcados() const
+void clsFilas::fMarcar(int lngPos, bool bolMarca)
 {
-    return static_cast<int>(std::count(m_lstMarcas.begin(), m_lstMarcas.end(), true));
+    m_lngMarcados += static_cast<int>(bolMarca) - static_cast<int>(fMarcada(lngPos));
+    m_lstMarcas[fNumero(lngPos)] = bolMarca;
 }
 
 int clsFilas::fBuscarRuta(std::string_view strRuta) const
@@ -154,6 +155,7 @@ void clsFilas::fConservar(const std::vector<clsConservada> &lstConservadas)
     m_lstOrden.shrink_to_fit();
     std::iota(m_lstOrden.begin(), m_lstOrden.end(), 0U);
     m_lstMarcas.assign(m_lstFilas.size(), false);
+    m_lngMarcados = 0;
     ++m_lngRevision;
 }
 

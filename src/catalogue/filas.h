@@ -45,8 +45,8 @@ public:
     [[nodiscard]] std::int64_t fTamano(int lngPos) const { return fBytes(fNumero(lngPos)); }
 
     [[nodiscard]] bool fMarcada(int lngPos) const { return m_lstMarcas[fNumero(lngPos)]; }
-    void fMarcar(int lngPos, bool bolMarca) { m_lstMarcas[fNumero(lngPos)] = bolMarca; }
-    [[nodiscard]] int fContarMarcados() const;
+    void fMarcar(int lngPos, bool bolMarca);
+    [[nodiscard]] int fContarMarcados() const { return m_lngMarcados; }
 
     /// The last position whose full path is exactly this one; -1 when there is none.
     [[nodiscard]] int fBuscarRuta(std::string_view strRuta) const;
@@ -112,6 +112,7 @@ private:
     std::vector<clsFecha> m_lstFechas;         ///< datNinguna where the text is no date
     std::vector<std::uint32_t> m_lstOrden;
     std::vector<bool> m_lstMarcas;
+    int m_lngMarcados = 0; ///< every step asks for it
     std::vector<std::string> m_lstCarpetas;
     std::unordered_map<std::string, std::uint32_t> m_mapCarpetas;
     std::uint64_t m_lngRevision = 0;

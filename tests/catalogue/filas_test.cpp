@@ -83,6 +83,7 @@ TEST(Filas, CarryTheirTicksIntoANewOrder)
 {
     clsFilas filas = fTres();
     filas.fMarcar(0, true);
+    filas.fMarcar(0, true);
     filas.fMarcar(1, true);
     filas.fMarcar(1, false);
     const std::uint64_t lngRevision = filas.fRevision();
@@ -93,6 +94,8 @@ TEST(Filas, CarryTheirTicksIntoANewOrder)
     EXPECT_EQ(filas.fContarMarcados(), 1);
     EXPECT_EQ(filas.fBuscarRuta("/f/a.jpg"), 2);
     EXPECT_EQ(filas.fFecha(2), strTomada);
+    filas.fConservar({{2, -1, {}}});
+    EXPECT_EQ(filas.fContarMarcados(), 0);
 }
 
 TEST(Filas, StartAgainWithAHigherRevision)
