@@ -292,7 +292,7 @@ private slots:
     void fTheFolderPickerOpensAtHomeWhenTheLastFolderDoesNotAnswer()
     {
         const clsArbol arbol;
-        const QString strArbol = QString::fromStdString(arbol.fRaiz()).chopped(1);
+        const QString strArbol = QDir::cleanPath(QString::fromStdString(arbol.fRaiz()));
         clsMensajesQt mensajes;
         const auto fElegirArbol = [&] {
             QString strDonde;
@@ -300,9 +300,9 @@ private slots:
                 auto &caja = dynamic_cast<QFileDialog &>(dialogo);
                 strDonde = caja.directory().path();
                 caja.setDirectory(strArbol);
-                caja.done(QDialog::Accepted);
+                static_cast<QDialog &>(caja).done(QDialog::Accepted); // its own is protected
             });
-            static_cast<void>(mensajes.fElegirCarpeta("Selecciona carpeta de destino:"));
+            static_cast<void>(mensajes.fElegirCarpeta("Selecciona carpeta de destino:", {}));
             return cuando.fHecho() ? strDonde : QString();
         };
         QCOMPARE(fElegirArbol(), QDir::homePath());

@@ -2,6 +2,7 @@
 
 #include "app/arranque.h"
 #include "dates/tiff_prueba.h"
+#include "shared/texto.h"
 
 #include <QBuffer>
 #include <QElapsedTimer>
@@ -270,7 +271,9 @@ int clsSesion::fPosicion()
     const int lngFila = fLista()->currentIndex().row();
     const QString strInfo1 =
         QStringLiteral("%1 de %2").arg(lngFila + 1).arg(fLista()->model()->rowCount());
-    const QString strRuta = fCelda(lngFila, 3) + fCelda(lngFila, 0) + QLatin1String("      ");
+    const std::string strMostrada =
+        fSinGiros((fCelda(lngFila, 3) + fCelda(lngFila, 0)).toStdString());
+    const QString strRuta = QString::fromStdString(strMostrada) + QLatin1String("      ");
     const bool bolDeAcuerdo = fLista()->selectionModel()->isRowSelected(lngFila) &&
                               fTexto("txtInfo1") == strInfo1 &&
                               fTexto("txtInfo2").startsWith(strRuta);
