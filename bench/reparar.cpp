@@ -1,6 +1,6 @@
 /// How long the table of repairs takes for what a window asks of it: best and worst of 15 times.
 
-#include "dates/reparacion.h"
+#include "repair/reparacion.h"
 
 #include <algorithm>
 #include <chrono>

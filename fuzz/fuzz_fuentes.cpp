@@ -6,8 +6,8 @@
 #include "dates/fecha_video.h"
 #include "dates/fecha_xmp.h"
 #include "dates/fuentes.h"
-#include "dates/nombre_reparado.h"
 #include "dates/origen.h"
+#include "repair/nombre_reparado.h"
 
 #include <cstddef>
 #include <cstdint>

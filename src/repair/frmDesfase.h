@@ -1,6 +1,6 @@
 #pragma once
 
-#include "dates/desfase.h"
+#include "repair/desfase.h"
 
 #include <QDialog>
 

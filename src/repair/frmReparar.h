@@ -1,8 +1,8 @@
 #pragma once
 
-#include "dates/reparacion.h"
 #include "repair/lectura_fechas.h"
 #include "repair/modelo_reparacion.h"
+#include "repair/reparacion.h"
 #include "shared/hilos.h"
 #include "shared/mensajes.h"
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "dates/reparacion.h"
+#include "repair/reparacion.h"
 
 #include <QAbstractTableModel>
 

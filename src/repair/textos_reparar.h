@@ -2,7 +2,7 @@
 
 #include "dates/deshacer.h"
 #include "dates/fuentes.h"
-#include "dates/reparacion.h"
+#include "repair/reparacion.h"
 
 #include <chrono>
 #include <string>

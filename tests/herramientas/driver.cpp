@@ -13,7 +13,7 @@
 #include "dates/deshacer.h"
 #include "dates/formulario_fecha.h"
 #include "dates/informe.h"
-#include "dates/reparacion.h"
+#include "repair/reparacion.h"
 #include "shared/errores.h"
 #include "shared/medios.h"
 #include "shared/rutas.h"

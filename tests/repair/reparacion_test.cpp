@@ -1,4 +1,4 @@
-#include "dates/reparacion.h"
+#include "repair/reparacion.h"
 
 #include <algorithm>
 #include <gtest/gtest.h>

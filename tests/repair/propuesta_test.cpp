@@ -1,6 +1,6 @@
-#include "dates/propuesta.h"
+#include "repair/propuesta.h"
 
-#include "fecha_texto.h"
+#include "dates/fecha_texto.h"
 #include "soporte/arbol.h"
 
 #include <gtest/gtest.h>

@@ -1,4 +1,4 @@
-#include "dates/nombre_reparado.h"
+#include "repair/nombre_reparado.h"
 
 #include "dates/correccion.h"
 #include "dates/fecha_nombre.h"

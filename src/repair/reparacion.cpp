@@ -1,4 +1,4 @@
-#include "dates/reparacion.h"
+#include "repair/reparacion.h"
 
 #include "shared/rutas.h"
 #include "shared/texto.h"

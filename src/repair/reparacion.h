@@ -1,10 +1,10 @@
 #pragma once
 
 #include "catalogue/orden.h"
-#include "dates/cuentas_reparacion.h"
-#include "dates/desfase.h"
-#include "dates/nombre_reparado.h"
-#include "dates/propuesta.h"
+#include "repair/cuentas_reparacion.h"
+#include "repair/desfase.h"
+#include "repair/nombre_reparado.h"
+#include "repair/propuesta.h"
 
 #include <optional>
 #include <string>

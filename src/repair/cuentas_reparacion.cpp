@@ -1,4 +1,4 @@
-#include "dates/cuentas_reparacion.h"
+#include "repair/cuentas_reparacion.h"
 
 #include "shared/numeros.h"
 

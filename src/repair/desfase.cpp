@@ -1,4 +1,4 @@
-#include "dates/desfase.h"
+#include "repair/desfase.h"
 
 std::int64_t clsDesfase::fSegundos() const
 {

@@ -1,4 +1,4 @@
-#include "dates/propuesta.h"
+#include "repair/propuesta.h"
 
 #include "shared/texto.h"
 
