@@ -105,13 +105,19 @@ bool clsPuerta::eventFilter(QObject *objeto, QEvent *evento)
     }
     fSeguirCtrl(*evento);
     if (m_estado.bolOcupado) {
-        if (const auto *const raton = static_cast<QMouseEvent *>(evento);
-            evento->type() == QEvent::MouseButtonDblClick && raton->button() == Qt::LeftButton) {
-            emit fDobleClicOcupada(static_cast<QWidget *>(objeto), raton->position().toPoint());
+        if (evento->type() == QEvent::MouseButtonDblClick) {
+            fDobleClic(objeto, static_cast<const QMouseEvent &>(*evento));
         }
         return true;
     }
     return bolPulsada && fTecla(*objeto, static_cast<const QKeyEvent &>(*evento));
+}
+
+void clsPuerta::fDobleClic(QObject *objeto, const QMouseEvent &raton)
+{
+    if (raton.button() == Qt::LeftButton) {
+        emit fDobleClicOcupada(static_cast<QWidget *>(objeto), raton.position().toPoint());
+    }
 }
 
 bool clsPuerta::fTecla(const QObject &objeto, const QKeyEvent &evento) const

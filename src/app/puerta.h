@@ -8,6 +8,7 @@
 [[nodiscard]] int fEstadoMayus(Qt::KeyboardModifiers teclas);
 
 class QKeyEvent;
+class QMouseEvent;
 class QWidget;
 
 /// The gate before the main window: while it is busy, what the user does to it is dropped; else its
@@ -33,6 +34,7 @@ protected:
     bool eventFilter(QObject *objeto, QEvent *evento) override;
 
 private:
+    void fDobleClic(QObject *objeto, const QMouseEvent &raton);
     [[nodiscard]] bool fTecla(const QObject &objeto, const QKeyEvent &evento) const;
     void fSeguirCtrl(const QEvent &evento);
 
