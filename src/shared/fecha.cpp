@@ -44,8 +44,9 @@ constexpr int *fParte(clsPartesFecha &partes, char chr)
     int *const intParte = fParte(partes, chrForma);
     chr = chrForma;
     if (intParte != nullptr) {
-        chr = static_cast<char>('0' + *intParte % 10);
-        *intParte /= 10;
+        const auto lngParte = static_cast<unsigned>(*intParte); // is divided faster
+        chr = static_cast<char>('0' + lngParte % 10);
+        *intParte = static_cast<int>(lngParte / 10);
     }
 }
 
