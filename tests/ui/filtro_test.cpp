@@ -119,6 +119,7 @@ private slots:
             QTRY_VERIFY(cuando.fHecho());
             m_dialogo->activateWindow(); // what a window manager does
             QVERIFY(QTest::qWaitForWindowActive(m_dialogo.get()));
+            QTRY_VERIFY(fCaja(strCaja)->hasSelectedText());
             QTest::keyClick(m_dialogo->windowHandle(), Qt::Key_0);
             QCOMPARE(fCaja(strCaja)->text(), QString("0"));
         }
