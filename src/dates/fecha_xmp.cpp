@@ -13,7 +13,7 @@ struct clsPropiedad {
     std::string_view strEspacio; ///< its namespace
     std::string_view strNombre;
 };
-// XMP specification, parts 1 and 2.
+// ISO 16684-1 (XMP data model and serialization).
 constexpr clsPropiedad lstPropiedades[] = {
     {"http://ns.adobe.com/exif/1.0/",      "DateTimeOriginal"},
     {"http://ns.adobe.com/photoshop/1.0/", "DateCreated"     },
