@@ -73,8 +73,7 @@ void fAtenderProgramas(const clsComun &comun, clsMandos &mandos);
 /// wanted or needed. Says what went wrong; the list may still be empty then. The catalogue of an
 /// archive that has moved is taken over, on the disk, too, where that can be written.
 /// @return by what its paths were taken over; nothing when Esc has left a disk that does not
-/// answer,
-///         or the window is to close.
+///         answer, or the window is to close.
 [[nodiscard]] std::optional<clsMudanza> fCargarCatalogo(const clsComun &comun, bool bolForzar);
 /// Say why the catalogue is not written: another Miravel works on it; or the reason given.
 void fAvisarOcupada(clsMensajes &mensajes);

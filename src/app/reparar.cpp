@@ -29,7 +29,7 @@ namespace {
 /// @param fHacer runs on a thread, and gets what asks after each file whether to go on.
 /// @param fPaso  gets how many files are done, and lets events run; false: no further ones.
 template <typename Hacer, typename Paso>
-auto fHacerFaena(const clsComun &comun, const Hacer &fHacer, const Paso &fPaso)
+auto fCambiarAparte(const clsComun &comun, const Hacer &fHacer, const Paso &fPaso)
 {
     constexpr std::chrono::milliseconds paciencia(700);
     const auto parar = std::make_shared<std::atomic<bool>>(false);
@@ -102,7 +102,7 @@ std::optional<clsFinReparacion> fCorregirReparados(const clsComun &comun,
                                            .fecha = uno.fecha,
                                            .bolNombre = uno.strRutaNueva != uno.strRuta};
                    });
-    return fHacerFaena(
+    return fCambiarAparte(
         comun,
         [fin, strRaiz = comun.archivo.strRaiz,
          bolEscritura = comun.archivo.bolEscritura](const clsSeguir &fSeguir) {
@@ -217,7 +217,7 @@ void fVolverAtras(const clsComun &comun)
     if (!comun.mensajes.fAceptarCancelar(fPreguntaDeshacer(*lstHechas))) {
         return;
     }
-    const auto fin = fHacerFaena(
+    const auto fin = fCambiarAparte(
         comun,
         [strRaiz = comun.archivo.strRaiz, bolEscritura = comun.archivo.bolEscritura](
             const clsSeguir &fSeguir) { return fDeshacer(strRaiz, bolEscritura, fSeguir); },
