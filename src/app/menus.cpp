@@ -53,7 +53,7 @@ QAction *fCrearEntrada(QMenu &menu, const clsComando &comando, const clsElegido 
 void fLlenar(QMenu &menu, Menu cual, const clsElegido &fElegido)
 {
     const clsComando *anterior = nullptr;
-    QActionGroup *grupo = nullptr;
+    QAction *accionAnterior = nullptr;
     for (const clsComando &comando : fComandos()) {
         if (comando.entrada.menu != cual) {
             continue;
@@ -62,12 +62,16 @@ void fLlenar(QMenu &menu, Menu cual, const clsElegido &fElegido)
             menu.addSeparator();
         }
         QAction *const accion = fCrearEntrada(menu, comando, fElegido);
-        if (comando.fMarca != nullptr) {
-            const bool bolSigue = anterior != nullptr && anterior->fMarca == comando.fMarca;
-            grupo = bolSigue ? grupo : new QActionGroup(&menu);
-            accion->setActionGroup(grupo);
+        if (comando.fMarca != nullptr && anterior != nullptr &&
+            anterior->fMarca == comando.fMarca) {
+            // Not for one alone: its mark comes and goes.
+            if (accionAnterior->actionGroup() == nullptr) {
+                accionAnterior->setActionGroup(new QActionGroup(&menu));
+            }
+            accion->setActionGroup(accionAnterior->actionGroup());
         }
         anterior = &comando;
+        accionAnterior = accion;
     }
 }
 

@@ -4,12 +4,14 @@
 #include "app/mensajes_qt.h"
 
 #include <QAction>
+#include <QActionGroup>
 #include <QElapsedTimer>
 #include <QLineEdit>
 #include <QMenu>
 #include <QMenuBar>
 #include <QMessageBox>
 #include <QPushButton>
+#include <QSet>
 #include <QTableView>
 #include <QToolButton>
 
@@ -304,6 +306,24 @@ private slots:
         m_sesion->fElegirEntrada("mnuFotoValor0");
         m_sesion->fTecla(Qt::Key_Minus, Qt::KeypadModifier);
         QVERIFY(fMarcado("mnuFotoValor1"));
+    }
+
+    void fEntriesThatExcludeEachOtherShowIt()
+    {
+        const std::pair<const char *, const char *> lstCasos[] = {
+            {"mnuOpcionesFotosVideos0", "mnuOpcionesFotosVideos2"},
+            {"mnuOpcionesThump0", "mnuOpcionesThump2"},
+            {"mnuFotoAjustar", "mnuFotoValor5"},
+        };
+        QSet<QActionGroup *> grupos{nullptr};
+        for (const auto &[strUna, strOtra] : lstCasos) {
+            QActionGroup *const grupo = m_sesion->fControl<QAction>(strUna)->actionGroup();
+            QVERIFY2(!grupos.contains(grupo), strUna);
+            QCOMPARE(m_sesion->fControl<QAction>(strOtra)->actionGroup(), grupo);
+            grupos.insert(grupo);
+        }
+        // One alone is a tick that can be taken away.
+        QVERIFY(m_sesion->fControl<QAction>("mnuMasCompleta")->actionGroup() == nullptr);
     }
 
     void fF10AndLettersOpenTheMenus()
