@@ -1,6 +1,7 @@
 // A JPEG file as the pictures read it: size, orientation, place of the thumbnail, what it takes.
 
 #include "viewer/cabecera_jpeg.h"
+#include "viewer/recorte_mini.h"
 
 #include <cstdint>
 #include <cstdlib>
@@ -17,7 +18,11 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *bytDatos, std::size_t 
             (cabecera.lngBytesMini != 0 && lngFin > static_cast<std::int64_t>(lngBytes))) {
             std::abort();
         }
-        static_cast<void>(fMiniaturaSirve(cabecera.intAncho, cabecera.intAlto, cabecera, 100));
+        const auto recorte = fRecorteMini({160, 120}, {cabecera.intAncho, cabecera.intAlto});
+        if (recorte && (recorte->intX < 0 || recorte->intY < 0 || recorte->intAncho <= 0 ||
+                        recorte->intAlto <= 0)) {
+            std::abort();
+        }
     }
     if (const auto esfuerzo = fMedirJpeg(lector);
         esfuerzo && (esfuerzo->intPasadas < 1 || esfuerzo->lngCoeficientes < 0)) {

@@ -4,7 +4,6 @@
 #include "dates/segmentos.h"
 
 #include <algorithm>
-#include <cstdlib>
 #include <utility>
 #include <vector>
 
@@ -278,19 +277,4 @@ bool fDecodificable(const clsEsfuerzoJpeg &esfuerzo, std::int64_t lngBytes)
            esfuerzo.lngCoeficientes / lngBytesBloque * esfuerzo.intPasadas <= lngMaximoVisitas &&
            (esfuerzo.lngPixeles <= lngPixelesDudosos ||
             esfuerzo.lngPixeles / lngPixelesPorByte <= lngBytes);
-}
-
-bool fMiniaturaSirve(int intAnchoMini, int intAltoMini, const clsCabeceraJpeg &cabecera,
-                     int intLado)
-{
-    const std::int64_t lngAncho = cabecera.intAncho;
-    const std::int64_t lngAlto = cabecera.intAlto;
-    if (intAnchoMini <= 0 || intAltoMini <= 0 || lngAncho <= 0 || lngAlto <= 0) {
-        return false;
-    }
-    // Cross products: how far each side is from the one that the other side asks for.
-    const std::int64_t lngResto = std::abs(intAnchoMini * lngAlto - intAltoMini * lngAncho);
-    const std::int64_t lngMayor = std::max(lngAncho, lngAlto);
-    const int intMayorMini = std::max(intAnchoMini, intAltoMini);
-    return lngResto <= lngMayor && intMayorMini >= std::min<std::int64_t>(lngMayor, intLado);
 }

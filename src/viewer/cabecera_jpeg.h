@@ -44,9 +44,3 @@ struct clsEsfuerzoJpeg {
 
 /// Bytes of coefficients a picture may take: 100 megapixels without any subsampling.
 inline constexpr std::int64_t lngMaximoCoeficientes = std::int64_t{608} << 20;
-
-/// Whether a thumbnail can stand for its picture in a box: it has the picture's proportions, give
-/// or take a pixel, and as many pixels as the box shows of the picture.
-/// @param intLado side of the box in pixels.
-[[nodiscard]] bool fMiniaturaSirve(int intAnchoMini, int intAltoMini,
-                                   const clsCabeceraJpeg &cabecera, int intLado);

@@ -4,6 +4,7 @@
 #include "viewer/cabecera_jpeg.h"
 #include "viewer/colores.h"
 #include "viewer/decodificador.h"
+#include "viewer/recorte_mini.h"
 
 #include <QColorSpace>
 #include <QPainter>
@@ -65,6 +66,34 @@ QColorSpace fPerfil(clsLector &lector, const clsCabeceraJpeg &cabecera)
         QByteArray::fromStdString(lector.fCopiar(cabecera.lngPerfil, cabecera.lngBytesPerfil)));
 }
 
+/// Whether a stripe at the edge of a thumbnail is a bar. The line next to the picture is not looked
+/// at: it may show half of it.
+bool fEsFranja(const QImage &imagen, QRect franja)
+{
+    const QImage puntos = imagen.copy(franja).convertToFormat(QImage::Format_RGB32);
+    return fOscura({reinterpret_cast<const std::uint32_t *>(puntos.constBits()),
+                    static_cast<std::size_t>(puntos.sizeInBytes()) / sizeof(std::uint32_t)});
+}
+
+/// The middle of a thumbnail; null when something else than bars lies beside it.
+QImage fSinFranjas(const QImage &imagen, const clsRecorte &recorte)
+{
+    const QRect sitio(recorte.intX, recorte.intY, recorte.intAncho, recorte.intAlto);
+    if (imagen.rect() == sitio) {
+        return imagen;
+    }
+    QSize tam = imagen.size();
+    if (recorte.intX > 0) {
+        tam.setWidth(std::max(recorte.intX - 1, 1));
+    } else {
+        tam.setHeight(std::max(recorte.intY - 1, 1));
+    }
+    QRect opuesta(QPoint(), tam);
+    opuesta.moveBottomRight(imagen.rect().bottomRight());
+    return fEsFranja(imagen, {QPoint(), tam}) && fEsFranja(imagen, opuesta) ? imagen.copy(sitio)
+                                                                            : QImage();
+}
+
 QImage fMiniaturaExif(clsLector &lector, const clsCabeceraJpeg &cabecera, int intLado)
 {
     constexpr std::uint32_t lngMaximo = 1 << 20; // the segment it lies in has 64 KiB by right
@@ -77,22 +106,27 @@ QImage fMiniaturaExif(clsLector &lector, const clsCabeceraJpeg &cabecera, int in
     clsLector lectorMini(memoria);
     clsCabeceraJpeg mini;
     // Its own head first: what claims to be larger than a thumbnail is not worth decoding.
-    if (!fLeerCabeceraJpeg(lectorMini, mini) ||
-        !fMiniaturaSirve(mini.intAncho, mini.intAlto, cabecera, intLado) ||
-        qint64{mini.intAncho} * mini.intAlto > lngMaximo) {
+    if (!fLeerCabeceraJpeg(lectorMini, mini) || qint64{mini.intAncho} * mini.intAlto > lngMaximo) {
+        return {};
+    }
+    const clsLados foto{cabecera.intAncho, cabecera.intAlto};
+    const auto recorte = fRecorteMini({mini.intAncho, mini.intAlto}, foto);
+    if (!recorte || !fBastanPixeles({recorte->intAncho, recorte->intAlto}, foto, intLado)) {
         return {};
     }
     const auto esfuerzo = fMedirJpeg(lectorMini);
     if (!esfuerzo || !fDecodificable(*esfuerzo, cabecera.lngBytesMini)) {
         return {};
     }
-    QImage imagen = QImage::fromData(reinterpret_cast<const uchar *>(strBytes.data()),
-                                     static_cast<int>(strBytes.size()), "JPG");
+    QImage imagen = fSinFranjas(QImage::fromData(reinterpret_cast<const uchar *>(strBytes.data()),
+                                                 static_cast<int>(strBytes.size()), "JPG"),
+                                *recorte);
     if (!imagen.colorSpace().isValid() && cabecera.lngBytesPerfil > 0) {
         // Cameras and programs make it from the picture's values, and its profile holds for both.
         imagen.setColorSpace(fPerfil(lector, cabecera));
     }
-    return fEnderezar(fEncoger(imagen, fEnCaja(imagen.size(), intLado)), cabecera.intOrientacion);
+    const QSize tam = fEnCaja({foto.intAncho, foto.intAlto}, intLado);
+    return fEnderezar(fEncoger(imagen, tam), cabecera.intOrientacion);
 }
 
 } // namespace

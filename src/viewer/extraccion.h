@@ -26,8 +26,9 @@ struct clsMiniatura {
 
 /// The thumbnail of a photo. Works on any thread. Only regular files are read.
 ///
-/// The EXIF thumbnail is taken where it has enough pixels for the box and the proportions of the
-/// picture; else the picture is decoded in the size of the box. It is never enlarged.
+/// The EXIF thumbnail is taken where it has enough pixels for the box and, without the bars it may
+/// have, the proportions of the picture; else the picture is decoded in the size of the box. It is
+/// never enlarged.
 /// @param intLado    side of the box in device pixels.
 /// @param bolAnulado may become true meanwhile: the result is then of no use.
 [[nodiscard]] clsMiniatura fExtraerFoto(const std::string &strRuta, int intLado,

@@ -39,6 +39,22 @@ bool fEsAzul(const QImage &imagen)
     return color.blue() > 120 && color.red() < 100;
 }
 
+/// A thumbnail as cameras fill it up: the picture in the middle of a black one of that size.
+QImage fConFranjas(const QImage &imagen, QSize tam)
+{
+    QImage entera = fLlano(tam, Qt::black);
+    QPainter(&entera).drawImage((tam.width() - imagen.width()) / 2,
+                                (tam.height() - imagen.height()) / 2, imagen);
+    return entera;
+}
+
+/// How far apart two colours are, in one of red, green and blue.
+int fDistancia(const QColor &uno, const QColor &otro)
+{
+    return std::max({std::abs(uno.red() - otro.red()), std::abs(uno.green() - otro.green()),
+                     std::abs(uno.blue() - otro.blue())});
+}
+
 /// How far apart the colours are in the middle of the four quarters, at most, of one of red, green
 /// and blue.
 int fDistancia(const QImage &una, const QImage &otra)
@@ -47,11 +63,7 @@ int fDistancia(const QImage &una, const QImage &otra)
     for (const QPointF &punto : {QPointF(.25, .25), {.75, .25}, {.25, .75}, {.75, .75}}) {
         const QPoint donde(static_cast<int>(punto.x() * una.width()),
                            static_cast<int>(punto.y() * una.height()));
-        const QColor color = una.pixelColor(donde);
-        const QColor otro = otra.pixelColor(donde);
-        intMayor = std::max({intMayor, std::abs(color.red() - otro.red()),
-                             std::abs(color.green() - otro.green()),
-                             std::abs(color.blue() - otro.blue())});
+        intMayor = std::max(intMayor, fDistancia(una.pixelColor(donde), otra.pixelColor(donde)));
     }
     return intMayor;
 }
@@ -174,6 +186,11 @@ private slots:
         const QImage mini = fLlano({160, 120}, colMini);
         const QImage otra = fLlano({160, 119}, colMini);
         const QImage ancha = fLlano({450, 300}, colFoto);
+        const QImage cuadrada = fLlano({300, 300}, colFoto);
+        const QImage franjas = fConFranjas(fLlano({160, 107}, colMini), {160, 120});
+        const QImage lados = fConFranjas(fLlano({120, 120}, colMini), {160, 120});
+        QImage media = franjas;
+        QPainter(&media).fillRect(0, 0, 160, 60, colMini);
         struct {
             const char *strQue;
             clsJpegConMini jpeg;
@@ -185,6 +202,11 @@ private slots:
             {"too few pixels", {foto, mini}, 200, false},
             {"as small as its photo", {mini, mini}, 200, true},
             {"other proportions", {ancha, mini}, 66, false},
+            {"bars above and below", {ancha, franjas}, 133, true},
+            {"bars left and right", {cuadrada, lados}, 100, true},
+            {"too few pixels between them", {cuadrada, lados}, 133, false},
+            {"a bar below only", {ancha, media}, 66, false},
+            {"bars where none belong", {cuadrada, franjas}, 66, false},
             {"past the end", {foto, mini, 1, 1 << 30}, 66, false},
             {"4 GB long", {foto, mini, 1, 0, 0xFFFFFFFF}, 66, false},
             {"not there", {foto, mini, 1, 7}, 66, false},
@@ -202,21 +224,25 @@ private slots:
     void fEveryOrientationComesOutUpright()
     {
         const clsArbol arbol;
-        const QImage foto = fCuartos({400, 300});
-        for (int intOrientacion = 1; intOrientacion <= 8; ++intOrientacion) {
-            const clsJpegConMini jpeg{foto, fCuartos({160, 120}), intOrientacion};
-            const QImage miniatura = fExtraer(arbol, jpeg.fBytes(), 100).imagen; // the one inside
-            QImageReader lector(QString::fromStdString(arbol.fRuta("foto.jpg")));
-            lector.setAutoTransform(true);
-            const QImage debida = lector.read().scaled(miniatura.size());
-            QVERIFY(miniatura.width() == (intOrientacion < 5 ? 100 : 75));
-            for (const QPoint punto : {QPoint(20, 20), QPoint(60, 20), QPoint(20, 60)}) {
-                const QColor color = miniatura.pixelColor(punto);
-                const QColor otro = debida.pixelColor(punto);
-                QVERIFY(std::abs(color.red() - otro.red()) +
-                            std::abs(color.green() - otro.green()) +
-                            std::abs(color.blue() - otro.blue()) <
-                        60);
+        const std::pair<QSize, QImage> lstCasos[] = {
+            {QSize(400, 300), fCuartos({160, 120})},
+            {QSize(500, 300), fConFranjas(fCuartos({160, 96}), {160, 120})},
+        };
+        for (const auto &[tam, mini] : lstCasos) {
+            for (int intOrientacion = 1; intOrientacion <= 8; ++intOrientacion) {
+                const clsJpegConMini jpeg{fCuartos(tam), mini, intOrientacion};
+                const QImage miniatura = fExtraer(arbol, jpeg.fBytes(), 100).imagen;
+                QCOMPARE(miniatura.size(), (intOrientacion < 5 ? tam : tam.transposed())
+                                               .scaled(100, 100, Qt::KeepAspectRatio));
+                QImageReader lector(QString::fromStdString(arbol.fRuta("foto.jpg")));
+                lector.setAutoTransform(true);
+                const QImage debida = lector.read().scaled(miniatura.size());
+                for (const QPoint punto : {QPoint(20, 20), QPoint(60, 20), QPoint(20, 60)}) {
+                    QVERIFY(fDistancia(miniatura.pixelColor(punto), debida.pixelColor(punto)) < 40);
+                }
+                for (const QPoint punto : {QPoint(20, 0), QPoint(0, 20)}) { // no bar is left
+                    QVERIFY(miniatura.pixelColor(punto).value() > 120);
+                }
             }
         }
     }
