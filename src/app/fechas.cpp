@@ -174,6 +174,7 @@ void fModificar(const clsComun &comun, bool bolSiempre)
     if (cierre == frmFecha::Cierre::Cancelada || lstCorregidos.empty()) {
         return;
     }
+    fSeguirNombres(comun.estado, lstCorregidos);
     comun.fLlenar(false, cierre == frmFecha::Cierre::Quedarse
                              ? lstCorregidos.back().strFilePathNew
                              : fRutaAlSeguir(comun.estado, lstCorregidos));

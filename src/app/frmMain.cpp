@@ -74,10 +74,11 @@ frmMain::frmMain(clsArchivo archivo, clsAjustes &ajustes, clsAjustes &escritorio
       m_fFotograma(fDeVideos()), m_lngAncho(m_archivo.preferencias.lngAncho),
       m_cliente(new QWidget(this)),
       m_modelo(new clsModeloFotos(m_estado.filas, fSignosLocales(), this)),
-      m_lista(new lstFotos(m_cliente)), m_visor(new clsVisor(m_cliente)),
+      m_lista(new lstFotos(m_cliente)), m_visor(new clsVisor(m_cliente, m_estado.giros)),
       m_miniaturas(new clsMiniaturas(
           m_cliente, m_estado.filas, fSignosLocales(),
-          [this](const std::string &strTexto) { return fQueja(strTexto); }, m_fFotograma)),
+          [this](const std::string &strTexto) { return fQueja(strTexto); }, m_fFotograma,
+          m_estado.giros)),
       m_divisor(new cmdAncho(m_cliente)),
       m_toolBar(fCrearBarra(m_cliente, [this](const auto &comando) { fElegido(comando); })),
       m_informacion(
@@ -203,6 +204,7 @@ void frmMain::fAtenderPanel()
     m_mandos.fAtender("zoom", [this](int intZoom) { fFijarZoom(intZoom); });
     m_mandos.fAtender("tamMini", [this](int intTam) { fFijarTamMini(intTam); });
     m_mandos.fAtender("aumentar", [this](int intPasos) { fAumentar(intPasos); });
+    m_mandos.fAtender("girar", [this](int intCuartos) { fGirar(intCuartos); });
     m_mandos.fAtender("completa", [this] { fAlternarCompleta(); });
     m_mandos.fAtender("anular", [this] {
         if (m_estado.bolCompleta) {
@@ -451,6 +453,18 @@ void frmMain::fAumentar(int intPasos)
     }
 }
 
+/// Turns what is seen of the current file.
+void frmMain::fGirar(int intCuartos)
+{
+    m_estado.giros.fGirar(m_estado.filas.fRutaDisco(m_estado.lngActual), intCuartos);
+    if (m_estado.bolMiniaturas) {
+        fRedibujar();
+    } else {
+        m_visor->fGirar();
+        fDescribir();
+    }
+}
+
 // --- The list ---
 
 void frmMain::fLlenarLista(bool bolForzar, const std::string &strRuta)
@@ -589,14 +603,24 @@ bool frmMain::fQueja(const std::string &strTexto)
     return m_estado.parada == Parada::Ninguna;
 }
 
+/// Tells assistive technology what the picture is of, and how it is seen.
+void frmMain::fDescribir()
+{
+    const clsFilas &filas = m_estado.filas;
+    const int lngPos = m_estado.lngActual;
+    const int intCuartos = m_estado.giros.fCuartos(filas.fRutaDisco(lngPos));
+    m_visor->fDescribir(
+        fQPantalla(filas.fNombre(lngPos)) + QStringLiteral(" (") +
+        fQPantalla(filas.fFecha(lngPos)) + QLatin1Char(')') +
+        (intCuartos == 0 ? QString() : QStringLiteral(", ") + fQ(fTextoGiro(intCuartos))));
+}
+
 void frmMain::fTerminarMostrar()
 {
     m_lista->fElegir(m_estado.lngActual);
     fMirarPendiente();
     m_informacion->fMostrar(m_estado);
-    m_visor->fDescribir(fQPantalla(m_estado.filas.fNombre(m_estado.lngActual)) +
-                        QStringLiteral(" (") +
-                        fQPantalla(m_estado.filas.fFecha(m_estado.lngActual)) + QLatin1Char(')'));
+    fDescribir();
     if (m_bolGuardarSelec) {
         m_bolGuardarSelec = false;
         m_ajustes.fGuardarIni(strSeccionGeneral, "SELEC", m_estado.filas.fRuta(m_estado.lngActual));

@@ -64,6 +64,7 @@ private:
     void fFijarTamMini(int intTam);
     void fFijarZoom(int intZoom);
     void fAumentar(int intPasos);
+    void fGirar(int intCuartos);
 
     // The list
     void fLlenarLista(bool bolForzar, const std::string &strRuta);
@@ -77,6 +78,7 @@ private:
     void fMostrarOcupada(int lngPos);
     [[nodiscard]] bool fDibujar();
     [[nodiscard]] bool fQueja(const std::string &strTexto);
+    void fDescribir();
     void fTerminarMostrar();
     void fRedibujar();
 

@@ -184,6 +184,7 @@ void fReparar(const clsComun &comun, std::vector<std::string> lstRutas)
     ventana.setWindowIcon(comun.ventana->windowIcon());
     ventana.exec();
     if (fin && fHaCambiado(fin->fin) && !comun.estado.fCerrando()) {
+        fSeguirNombres(comun.estado, fin->lstFicheros);
         comun.fLlenar(false, fRutaTras(comun, fin->lstFicheros));
     }
 }
@@ -230,6 +231,7 @@ void fVolverAtras(const clsComun &comun)
     }
     fInformar(comun, fin->fin, fin->lstFicheros, "restaurado");
     if (fHaCambiado(fin->fin) && !comun.estado.fCerrando()) {
+        fSeguirNombres(comun.estado, fin->lstFicheros);
         comun.fLlenar(false, fRutaTras(comun, fin->lstFicheros));
     }
 }

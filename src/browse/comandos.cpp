@@ -135,6 +135,12 @@ constexpr clsComando lstComandos[] = {
      .espera = ALaVista, .fPermitido = fSiempre},
     {.strNombre = "completa", .entrada = {Menu::Mas, "mnuMasCompleta", "&Pantalla completa", "F9"},
      .fPermitido = fSiempre, .fMarca = fEnCompleta},
+    {.strNombre = "girarIzquierda",
+     .entrada = {Menu::Mas, "mnuMasGirarIzquierda", "Girar a la &izquierda", "F7", true},
+     .obra = fObra("girar", -1), .espera = ALaVista},
+    {.strNombre = "girarDerecha",
+     .entrada = {Menu::Mas, "mnuMasGirarDerecha", "Girar a la derec&ha", "F8"},
+     .obra = fObra("girar", 1), .espera = ALaVista},
 
     // Ayuda
     {.strNombre = "ayuda", .linea = {10, "[F1]: Ayuda."},

@@ -51,6 +51,20 @@ std::string fRutaAlSeguir(const clsEstado &estado, const std::vector<clsCorregid
     return std::string(mapNuevas.at(estado.filas.fRuta(estado.lngActual)));
 }
 
+void fSeguirNombres(clsEstado &estado, const std::vector<clsCorregido> &lstCorregidos)
+{
+    if (estado.giros.fNinguno()) {
+        return;
+    }
+    const clsGiros antes = estado.giros;
+    for (const clsCorregido &uno : lstCorregidos) { // one may have got another's former name
+        estado.giros.fGirar(uno.strFilePath, -antes.fCuartos(uno.strFilePath));
+    }
+    for (const clsCorregido &uno : lstCorregidos) {
+        estado.giros.fGirar(uno.strFilePathNew, antes.fCuartos(uno.strFilePath));
+    }
+}
+
 void fHacerActual(clsEstado &estado, int lngPos)
 {
     estado.lngActual = std::clamp(lngPos, 0, fUltima(estado));

@@ -4,6 +4,7 @@
 #include "browse/mover.h"
 #include "catalogue/filas.h"
 #include "catalogue/orden.h"
+#include "shared/giros.h"
 #include "shared/medios.h"
 #include "shared/numeros.h"
 
@@ -43,6 +44,7 @@ struct clsEstado : clsLista {
     bool bolCompleta = false;        ///< the panel has the whole screen
     int intTamMini = 2;              ///< index of their size
     int intZoom = 100;               ///< of the single picture, percent; 0 fits
+    clsGiros giros;                  ///< how files are seen turned
     int intCeldas = 1;               ///< how many fit on a page
     int lngEnBaul = 0;               ///< files in the Baúl
     clsCopiados copiados;            ///< what is told of the last copy; none done: nothing any more
@@ -76,6 +78,9 @@ clsLista fEmpezarLista(clsEstado &estado, clsLista nueva = {});
 /// current file under its new name. The list must not be empty.
 [[nodiscard]] std::string fRutaAlSeguir(const clsEstado &estado,
                                         const std::vector<clsCorregido> &lstCorregidos);
+
+/// The turns of files follow their names, which a correction has changed.
+void fSeguirNombres(clsEstado &estado, const std::vector<clsCorregido> &lstCorregidos);
 
 /// Makes a position current; one outside the list, which must not be empty, gives its nearer end.
 void fHacerActual(clsEstado &estado, int lngPos);

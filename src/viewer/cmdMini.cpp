@@ -1,5 +1,8 @@
 #include "viewer/cmdMini.h"
 
+#include "shared/giros.h"
+#include "shared/qtexto.h"
+
 #include <QFontInfo>
 #include <QMouseEvent>
 #include <QPainter>
@@ -35,6 +38,7 @@ cmdMini::cmdMini(int intIndice, QWidget *padre) : QPushButton(padre)
 void cmdMini::fPoner(const QPixmap &imagen, const QString &strTexto)
 {
     m_imagen = imagen;
+    m_intCuartos = 0;
     setIcon(QIcon(imagen));
     setText(strTexto);
     fNombrar();
@@ -51,6 +55,24 @@ void cmdMini::fEstado(bool bolMarcada, bool bolActual)
     }
 }
 
+void cmdMini::fGirar(int intCuartos)
+{
+    if (intCuartos != m_intCuartos) {
+        m_intCuartos = intCuartos;
+        setIcon(QIcon(fVista()));
+        fNombrar();
+        update();
+    }
+}
+
+/// The picture as it is shown.
+QPixmap cmdMini::fVista() const
+{
+    constexpr int intCuarto = 90; // degrees
+    return m_intCuartos == 0 ? m_imagen
+                             : m_imagen.transformed(QTransform().rotate(intCuarto * m_intCuartos));
+}
+
 void cmdMini::fConsejo(const QString &strConsejo)
 {
     m_strConsejo = strConsejo;
@@ -59,12 +81,15 @@ void cmdMini::fConsejo(const QString &strConsejo)
     fNombrar();
 }
 
-/// The cell's name is the file, its caption, and whether it is ticked. The file is told besides:
-/// without a description of its own the tooltip would be taken for one, which knows nothing of
-/// ticks.
+/// The cell's name is the file, its caption, whether it is ticked, and how it is turned. The file
+/// is told besides: without a description of its own the tooltip would be taken for one, which
+/// knows nothing of ticks.
 void cmdMini::fNombrar()
 {
-    const QString strMarca = m_bolMarcada ? QStringLiteral(", seleccionado") : QString();
+    QString strMarca = m_bolMarcada ? QStringLiteral(", seleccionado") : QString();
+    if (m_intCuartos != 0) {
+        strMarca += QStringLiteral(", ") + fQ(fTextoGiro(m_intCuartos));
+    }
     const QString strTodo = m_strConsejo + strMarca;
     QString strRotulo = text();
     if (strRotulo.contains(QLatin1String("  "))) {
@@ -84,13 +109,14 @@ void cmdMini::paintEvent(QPaintEvent *)
 {
     QPainter pintor(this);
     pintor.fillRect(rect(), QColor(underMouse() ? colEncima : colCelda));
-    const QSizeF tam = m_imagen.deviceIndependentSize();
+    const QPixmap vista = fVista();
+    const QSizeF tam = vista.deviceIndependentSize();
     // On whole device pixels, so that no pixel of the picture is smeared over two.
     const double dblDpr = devicePixelRatioF();
     const auto fEntero = [dblDpr](double dblX) { return std::floor(dblX * dblDpr) / dblDpr; };
     pintor.drawPixmap(
         QPointF(fEntero((width() - tam.width()) / 2), fEntero((height() - tam.height()) / 2)),
-        m_imagen);
+        vista);
     fPintarTexto(pintor);
     pintor.setRenderHint(QPainter::Antialiasing);
     const int intGrosor = m_bolActual ? intMarco : 1;

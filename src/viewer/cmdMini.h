@@ -14,6 +14,8 @@ public:
     void fPoner(const QPixmap &imagen, const QString &strTexto);
     /// Shows whether the file is ticked and whether it is the current one.
     void fEstado(bool bolMarcada, bool bolActual);
+    /// Shows the picture turned to the right by so many quarters, 0 to 3; until the next fPoner.
+    void fGirar(int intCuartos);
     /// Name, date and size of the file: the tooltip, and what screen readers say.
     void fConsejo(const QString &strConsejo);
 
@@ -36,11 +38,13 @@ protected:
 
 private:
     [[nodiscard]] QFont fLetra() const;
+    [[nodiscard]] QPixmap fVista() const;
     void fPintarTexto(QPainter &pintor) const;
     void fPintarMarca(QPainter &pintor) const;
     void fNombrar();
 
-    QPixmap m_imagen;
+    QPixmap m_imagen; ///< as it came
+    int m_intCuartos = 0;
     QString m_strConsejo;
     bool m_bolMarcada = false;
     bool m_bolActual = false;

@@ -19,6 +19,27 @@ QAccessibleInterface *fLectorFoto(const QString &strClase, QObject *objeto)
     return foto == nullptr ? nullptr : new QAccessibleWidget(foto, QAccessible::Graphic);
 }
 
+/// From a picture as it lies in memory to the one that is seen turned; both begin at (0, 0).
+/// @param tam of the picture that lies in memory.
+QTransform fGiro(int intCuartos, QSizeF tam)
+{
+    switch (intCuartos) {
+    case 1:
+        return {0, 1, -1, 0, tam.height(), 0};
+    case 2:
+        return {-1, 0, 0, -1, tam.width(), tam.height()};
+    case 3:
+        return {0, -1, 1, 0, 0, tam.width()};
+    default:
+        return {};
+    }
+}
+
+QSizeF fTamGirado(QSizeF tam, int intCuartos)
+{
+    return intCuartos % 2 == 0 ? tam : tam.transposed();
+}
+
 } // namespace
 
 imgFoto::imgFoto(QWidget *recuadro) : QWidget(recuadro)
@@ -49,9 +70,8 @@ void imgFoto::fColocar(int intZoom)
         return;
     }
     const double dblTwips = intTwipsPixel / devicePixelRatioF();
-    m_encaje = fEncajar(
-        fRecuadro(), {m_fuente->natural.width() * dblTwips, m_fuente->natural.height() * dblTwips},
-        intZoom);
+    const QSizeF natural = fTamGirado(m_fuente->natural, m_intCuartos) * dblTwips;
+    m_encaje = fEncajar(fRecuadro(), {natural.width(), natural.height()}, intZoom);
     m_intZoom = intZoom;
     setCursor(m_encaje.bolArrastrable ? Qt::OpenHandCursor : Qt::ArrowCursor);
     fAplicar();
@@ -77,7 +97,9 @@ void imgFoto::paintEvent(QPaintEvent *)
     const bool bolExacta = m_intZoom == 100 && m_fuente->imagen.size() == m_fuente->natural;
     if (!bolExacta) {
         pintor.setRenderHint(QPainter::SmoothPixmapTransform);
-        pintor.drawImage(QRectF(rect()), m_fuente->imagen);
+        const QSizeF tam = fTamGirado(size(), m_intCuartos);
+        pintor.setTransform(fGiro(m_intCuartos, tam), true);
+        pintor.drawImage(QRectF({0, 0}, tam), m_fuente->imagen);
         return;
     }
     // On a scaled screen the control can begin between two device pixels; the picture must not.
@@ -86,6 +108,7 @@ void imgFoto::paintEvent(QPaintEvent *)
     pintor.translate((std::round(origen.x()) - origen.x()) / dblRazon,
                      (std::round(origen.y()) - origen.y()) / dblRazon);
     pintor.scale(1 / dblRazon, 1 / dblRazon);
+    pintor.setTransform(fGiro(m_intCuartos, m_fuente->imagen.size()), true);
     pintor.drawImage(0, 0, m_fuente->imagen);
 }
 

@@ -16,6 +16,8 @@ public:
 
     /// Takes a picture, or the same one with more pixels; none (nullptr) empties the control.
     void fPoner(std::shared_ptr<const clsFuente> fuente);
+    /// Shows it turned to the right by so many quarters, 0 to 3, from the next fColocar on.
+    void fGirar(int intCuartos) { m_intCuartos = intCuartos; }
     /// Places the picture for the frame's present size.
     /// @param intZoom percentage of the natural size, 0: fit.
     void fColocar(int intZoom);
@@ -34,6 +36,7 @@ private:
     std::shared_ptr<const clsFuente> m_fuente;
     clsEncaje m_encaje;
     int m_intZoom = 0;
+    int m_intCuartos = 0;
     bool m_bolArrastrando = false;
     QPointF m_pulsado; ///< press point in frame coordinates, pixels
 };

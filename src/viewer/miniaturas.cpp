@@ -40,9 +40,9 @@ QString fTextoConsejo(const clsFilas &filas, int lngPos, const clsSignos &signos
 } // namespace
 
 clsMiniaturas::clsMiniaturas(QWidget *cliente, const clsFilas &filas, clsSignos signos,
-                             clsAvisar fAvisar, clsFotograma fFotograma)
+                             clsAvisar fAvisar, clsFotograma fFotograma, const clsGiros &giros)
     : QObject(cliente), m_cliente(cliente), m_filas(filas), m_signos(std::move(signos)),
-      m_fAvisar(std::move(fAvisar)), m_fFotograma(std::move(fFotograma)),
+      m_fAvisar(std::move(fAvisar)), m_fFotograma(std::move(fFotograma)), m_giros(giros),
       m_almacen({.lngBytes = lngMaximoGuardado,
                  .lngEntradas = lngMaximoEntradas,
                  .intHilos = fNucleos(),
@@ -177,6 +177,8 @@ void clsMiniaturas::fRepartir(int lngInicio, int lngActual)
 
 void clsMiniaturas::fMarcar(const clsCelda &celda, int lngActual)
 {
+    celda.boton->fGirar(celda.lngImagen == 0 ? 0
+                                             : m_giros.fCuartos(m_filas.fRutaDisco(celda.lngPos)));
     celda.boton->fEstado(m_filas.fMarcada(celda.lngPos), celda.lngPos == lngActual);
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "catalogue/filas.h"
+#include "shared/giros.h"
 #include "shared/numeros.h"
 #include "viewer/cThumbnailGenerator.h"
 #include "viewer/entorno.h"
@@ -28,8 +29,9 @@ public:
     using clsAvisar = std::function<bool(const std::string &strTexto)>;
 
     /// @param filas must outlive it.
+    /// @param giros how files are seen turned; must outlive it, too.
     clsMiniaturas(QWidget *cliente, const clsFilas &filas, clsSignos signos, clsAvisar fAvisar,
-                  clsFotograma fFotograma);
+                  clsFotograma fFotograma, const clsGiros &giros);
 
     /// Lays the cells out on the viewing panel, all hidden and empty.
     /// @param intTam index of the thumbnail size, 0 to 2.
@@ -92,6 +94,7 @@ private:
     const clsSignos m_signos;
     const clsAvisar m_fAvisar;
     const clsFotograma m_fFotograma;
+    const clsGiros &m_giros;
     clsAlmacenMini m_almacen;
     cThumbnailGenerator m_generador;
     clsRejilla m_rejilla;

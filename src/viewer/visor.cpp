@@ -53,9 +53,9 @@ void fFondoNeutro(QWidget &control)
 
 } // namespace
 
-clsVisor::clsVisor(QWidget *cliente)
-    : QObject(cliente), m_lblFondo(new QLabel(cliente)), m_frmRecuadro(new QFrame(cliente)),
-      m_imgFoto(new imgFoto(m_frmRecuadro)),
+clsVisor::clsVisor(QWidget *cliente, const clsGiros &giros)
+    : QObject(cliente), m_giros(giros), m_lblFondo(new QLabel(cliente)),
+      m_frmRecuadro(new QFrame(cliente)), m_imgFoto(new imgFoto(m_frmRecuadro)),
       m_almacen({.lngBytes = lngMaximoFotos,
                  .intHilos = 2, // the visible picture and one neighbour at a time
                  .fAvisar = fAvisarA(this),
@@ -119,7 +119,9 @@ clsPedido clsVisor::fPedido(const std::string &strRuta, qint64 lngMaximo) const
     // Only fit depends on the frame, and beyond 100 % there are no more pixels to decode.
     const QSize recuadro =
         m_intZoom == 0 ? m_frmRecuadro->size() * m_frmRecuadro->devicePixelRatioF() : QSize();
-    return {strRuta, recuadro, std::min(m_intZoom, 100), lngMaximo};
+    const bool bolTumbada = m_giros.fCuartos(strRuta) % 2 != 0;
+    return {strRuta, bolTumbada ? recuadro.transposed() : recuadro, std::min(m_intZoom, 100),
+            lngMaximo};
 }
 
 /// What to decode first of a large photo that is not fitted: enough pixels to recognise it.
@@ -268,12 +270,18 @@ void clsVisor::fPoner(std::shared_ptr<const clsFuente> fuente)
 {
     m_imgPuente = std::move(fuente);
     m_imgFoto->fPoner(m_imgPuente);
-    m_imgFoto->fColocar(m_intZoom);
+    fColocar();
     m_imgFoto->show();
     if (m_imgPuente != m_imgNoImagen) {
         fEncargar(false); // the zoom may have changed while the picture was decoded
         fAfinar();
     }
+}
+
+void clsVisor::fColocar()
+{
+    m_imgFoto->fGirar(m_imgPuente == m_imgNoImagen ? 0 : m_giros.fCuartos(m_strRuta));
+    m_imgFoto->fColocar(m_intZoom);
 }
 
 void clsVisor::fAnticipar(const std::string &strRuta)
@@ -317,8 +325,14 @@ void clsVisor::fAdelantar(const std::vector<std::string> &lstRutas)
 void clsVisor::fFijarZoom(int intZoom)
 {
     m_intZoom = intZoom;
+    fRecolocar();
+}
+
+/// Places anew what is shown, and has decoded what it lacks so.
+void clsVisor::fRecolocar()
+{
     if (m_imgPuente != nullptr) {
-        m_imgFoto->fColocar(intZoom);
+        fColocar();
     }
     if (m_imgPuente != nullptr || m_bolPendiente) {
         fEncargar(false);

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "shared/giros.h"
 #include "shared/hilos.h"
 #include "viewer/almacen.h"
 #include "viewer/entorno.h"
@@ -22,7 +23,8 @@ class imgFoto;
 class clsVisor : public QObject {
     Q_OBJECT
 public:
-    explicit clsVisor(QWidget *cliente);
+    /// @param giros how files are seen turned; must outlive it.
+    clsVisor(QWidget *cliente, const clsGiros &giros);
 
     /// Places background and frame and hides the picture, which fills the frame until it is drawn.
     /// @param bolRecuadro whether the frame is shown: it is not beside the page of thumbnails.
@@ -52,6 +54,8 @@ public:
 
     /// Percentage of the natural size; 0 fits.
     void fFijarZoom(int intZoom);
+    /// Shows the picture as it is turned by now.
+    void fGirar() { fRecolocar(); }
 
 signals:
     /// What the disk did not give in time is shown.
@@ -70,6 +74,8 @@ private:
     [[nodiscard]] clsPedido fPedido(const std::string &strRuta, qint64 lngMaximo) const;
     [[nodiscard]] std::shared_ptr<const clsFuente> fCargar(const std::string &strRuta,
                                                            const clsEntorno &entorno);
+    void fColocar();
+    void fRecolocar();
     void fPoner(std::shared_ptr<const clsFuente> fuente);
     void fPonerTarde(std::shared_ptr<const clsFuente> fuente);
     void fTomarMirada(const std::string &strRuta, const std::optional<clsHuella> &huella,
@@ -81,6 +87,7 @@ private:
     void fLlegar(const std::string &strClave);
     void fAfinar();
 
+    const clsGiros &m_giros;
     QLabel *m_lblFondo;
     QFrame *m_frmRecuadro;
     imgFoto *m_imgFoto;

@@ -219,6 +219,23 @@ TEST(Estado, GoesOnAfterACorrectionWithTheNextFileThatKeptItsName)
     }
 }
 
+TEST(Estado, TurnsFollowTheNamesOfFiles)
+{
+    clsEstado estado;
+    estado.giros.fGirar("/a", 1);
+    estado.giros.fGirar("/b", 2);
+    estado.giros.fGirar("/c", 3);
+    // One gets the name that another one had, one keeps its own, one was never turned.
+    fSeguirNombres(estado, {{.strFilePath = "/a", .strFilePathNew = "/b"},
+                            {.strFilePath = "/b", .strFilePathNew = "/z"},
+                            {.strFilePath = "/c", .strFilePathNew = "/c"},
+                            {.strFilePath = "/d", .strFilePathNew = "/a"}});
+    const std::pair<const char *, int> lstCasos[] = {{"/a", 0}, {"/b", 1}, {"/z", 2}, {"/c", 3}};
+    for (const auto &[strRuta, intCuartos] : lstCasos) {
+        EXPECT_EQ(estado.giros.fCuartos(strRuta), intCuartos) << strRuta;
+    }
+}
+
 TEST(Estado, ActsOnTheTickedRowsOrTheCurrentOne)
 {
     clsEstado estado = fLleno();
