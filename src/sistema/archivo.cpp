@@ -137,6 +137,11 @@ clsResultado<std::size_t> fLeerEn(const clsDescriptor &abierto, std::int64_t lng
         fInsistir<&clsLlamadas::fLeerEn>(abierto.fFd(), bytDatos, lngBytes, off_t{lngPos}));
 }
 
+void fAnunciarLectura(const clsDescriptor &abierto)
+{
+    static_cast<void>(posix_fadvise(abierto.fFd(), 0, 0, POSIX_FADV_SEQUENTIAL));
+}
+
 clsResultado<std::string> fLeerArchivo(const std::string &strRuta)
 {
     const auto archivo = fAbrirRegular(strRuta);

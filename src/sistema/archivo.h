@@ -105,6 +105,10 @@ struct clsAbierto {
 [[nodiscard]] clsResultado<std::size_t> fLeerEn(const clsDescriptor &abierto, std::int64_t lngPos,
                                                 void *bytDatos, std::size_t lngBytes);
 
+/// Tells the system that an open file is going to be read from its beginning to its end, so that it
+/// reads ahead.
+void fAnunciarLectura(const clsDescriptor &abierto);
+
 /// Reads a regular file as a whole. EFBIG: it is longer than a mebibyte.
 [[nodiscard]] clsResultado<std::string> fLeerArchivo(const std::string &strRuta);
 [[nodiscard]] clsResultado<std::string> fLeerArchivo(const clsAbierto &archivo);

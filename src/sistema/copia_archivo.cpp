@@ -28,7 +28,7 @@ public:
         if (fInsistir<&clsLlamadas::fClonar>(m_origen.fFd(), m_destino.fFd()) == 0) {
             return fComprobar(datos);
         }
-        static_cast<void>(posix_fadvise(m_origen.fFd(), 0, 0, POSIX_FADV_SEQUENTIAL));
+        fAnunciarLectura(m_origen);
         constexpr std::int64_t lngBloque = 512; // the disk is given out in whole ones
         const bool bolHuecos = datos.lngOcupados < datos.huella.lngBytes / lngBloque * lngBloque;
         const clsError error =
