@@ -5,6 +5,7 @@
 #include "dates/exif.h"
 #include "dates/exif_fecha.h"
 #include "dates/ifd.h"
+#include "dates/origen_exif.h"
 #include "dates/valor.h"
 #include "shared/texto.h"
 
@@ -76,10 +77,8 @@ void fComprobarTexto(std::string_view strBytes, const clsTablaExif &tabla)
     fExigir(strTexto.size() < std::size_t{32} << 20 && fEsUtf8(strTexto));
 }
 
-void fComprobarExif(std::string_view strBytes)
+void fComprobarTabla(clsOrigen &origen, clsTablaExif &tabla)
 {
-    clsOrigenMemoria origen(strBytes);
-    clsTablaExif tabla;
     clsMarcas marcas;
     const bool bolLeido = ReadExifTable(origen, tabla, marcas).empty();
     fExigir(bolLeido || tabla.lstFilas.empty());
@@ -88,10 +87,22 @@ void fComprobarExif(std::string_view strBytes)
     for (const clsFilaExif &fila : tabla.lstFilas) {
         fExigir(fila.strValor.size() <= lngMaximoValor && fila.strCodigo.size() == 4);
     }
-    fComprobarTexto(strBytes, tabla);
     const clsFechasExif fechas = fLeerFechasExif(origen);
     fExigir(fechas.datFecha == fFecha(tabla, "0132"));
     fExigir(fechas.datTomada == fFecha(tabla, "9003"));
+}
+
+void fComprobarExif(std::string_view strBytes)
+{
+    clsOrigenMemoria origen(strBytes);
+    clsTablaExif tabla;
+    fComprobarTabla(origen, tabla);
+    fComprobarTexto(strBytes, tabla);
+    // As a file of another format, which may hold the data somewhere in it.
+    if (const auto dentro = fExifDentro(origen)) {
+        fExigir(dentro->fTamano() >= 0);
+        fComprobarTabla(*dentro, tabla);
+    }
 }
 
 void fComprobarFechas(std::string_view strTexto)

@@ -1,5 +1,6 @@
 #include "dates/clsFile.h"
 
+#include "dates/origen_exif.h"
 #include "shared/rutas.h"
 #include "sistema/archivo.h"
 
@@ -57,7 +58,7 @@ void clsFile::fCargar(const std::string &strRuta)
     clsHuella huella;
     if (const auto archivo = fAbrirRegular(strRuta)) {
         huella = archivo->huella;
-        clsOrigenArchivo origen(*archivo);
+        clsOrigenExif origen(*archivo, strRuta);
         file.m_exif = fLeerFechasExif(origen);
     } else if (const auto cerrado = fHuella(strRuta)) {
         huella = *cerrado; // It exists and may not be read: no EXIF dates.

@@ -2,6 +2,7 @@
 
 #include "dates/exif_fecha.h"
 #include "dates/nombres.h"
+#include "dates/origen_exif.h"
 #include "dates/valor.h"
 #include "shared/texto.h"
 #include "sistema/archivo.h"
@@ -121,7 +122,7 @@ std::string ReadExifTable(const std::string &strRuta, clsTablaExif &tabla, clsMa
         return "No file path provided";
     }
     if (const auto archivo = fAbrirRegular(strRuta)) {
-        clsOrigenArchivo origen(*archivo);
+        clsOrigenExif origen(*archivo, strRuta);
         return ReadExifTable(origen, tabla, marcas);
     }
     // A file that may not be read gives no bytes to recognise it by.

@@ -5,6 +5,7 @@
 #include "dates/fecha_video.h"
 #include "dates/fecha_xmp.h"
 #include "dates/fuentes_exif.h"
+#include "dates/origen_exif.h"
 #include "dates/segmentos.h"
 #include "dates/valor.h"
 #include "shared/medios.h"
@@ -133,7 +134,7 @@ clsFechasFichero fLeerFechas(const std::string &strRuta, const std::string &strR
     clsHuella huella;
     if (const auto archivo = fAbrirRegular(strRuta)) {
         huella = archivo->huella;
-        clsOrigenArchivo origen(*archivo);
+        clsOrigenExif origen(*archivo, strRuta);
         fechas.lstFuentes = fLeerFuentesFoto(origen, exif);
         if (fVideo && fEsVideo(strRuta)) {
             fAnadir(fechas.lstFuentes, fFechaDeVideo(fVideo(*archivo)));

@@ -25,6 +25,26 @@ std::size_t clsOrigenMemoria::fLeer(std::int64_t lngPos, char *chrDestino, std::
     return m_strBytes.copy(chrDestino, lngBytes, lngDesde);
 }
 
+clsOrigenTramo::clsOrigenTramo(clsOrigen &origen, std::int64_t lngInicio, std::int64_t lngBytes,
+                               std::string_view strCabeza)
+    : m_origen(origen), m_lngInicio(lngInicio),
+      m_lngTamano(std::clamp<std::int64_t>(lngBytes, 0, origen.fTamano() - lngInicio)),
+      m_strCabeza(strCabeza)
+{
+}
+
+std::size_t clsOrigenTramo::fLeer(std::int64_t lngPos, char *chrDestino, std::size_t lngBytes)
+{
+    const auto lngHay = static_cast<std::size_t>(std::max<std::int64_t>(m_lngTamano - lngPos, 0));
+    const std::size_t lngLeidos =
+        m_origen.fLeer(m_lngInicio + lngPos, chrDestino, std::min(lngBytes, lngHay));
+    const auto lngDesde = static_cast<std::size_t>(lngPos);
+    if (lngDesde < m_strCabeza.size()) {
+        m_strCabeza.copy(chrDestino, lngLeidos, lngDesde);
+    }
+    return lngLeidos;
+}
+
 std::size_t clsLector::fQuedan(std::int64_t lngPos, std::uint64_t lngBytes) const
 {
     if (lngPos < 0 || lngPos >= m_lngTamano) {

@@ -47,6 +47,24 @@ private:
     std::string_view m_strBytes;
 };
 
+/// A stretch of another origin, which must outlive it, perhaps with another beginning.
+class clsOrigenTramo final : public clsOrigen {
+public:
+    /// @param lngInicio within the other one, or its end.
+    /// @param lngBytes  what the other one has not is left out.
+    /// @param strCabeza in the place of as many bytes at its beginning.
+    clsOrigenTramo(clsOrigen &origen, std::int64_t lngInicio, std::int64_t lngBytes,
+                   std::string_view strCabeza = {});
+    [[nodiscard]] std::int64_t fTamano() const override { return m_lngTamano; }
+    std::size_t fLeer(std::int64_t lngPos, char *chrDestino, std::size_t lngBytes) override;
+
+private:
+    clsOrigen &m_origen;
+    const std::int64_t m_lngInicio;
+    const std::int64_t m_lngTamano;
+    const std::string m_strCabeza;
+};
+
 /// The one way to the bytes: whatever position and length are asked for, it gives the bytes that
 /// exist and never asks the origin for others. A window of it is kept, so that an ordinary photo
 /// costs one small read.
