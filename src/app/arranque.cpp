@@ -35,26 +35,31 @@ std::optional<clsAjusteMalo> fLeerPreferencias(clsAjustes &ajustes, clsPreferenc
     struct clsFila {
         const char *strClave;
         int intDefecto;
-        bool bolIndice; ///< only 0, 1 and 2
+        int intMaximo; ///< it is a number from 0 to that; 0: any number
+        bool bolSuma;  ///< an addition: absent until it is chosen
     };
     static constexpr clsFila lstFilas[] = {
-        {"ANCHO",     3000, false},
-        {"TAM_MINI",  2,    true },
-        {"FOTOVIDEO", 2,    true },
+        {"ANCHO",     3000, 0, false},
+        {"TAM_MINI",  2,    2, false},
+        {"FOTOVIDEO", 2,    2, false},
+        {"FORMATOS",  0,    1, true },
     };
     std::vector<int> lstValores;
     for (const clsFila &fila : lstFilas) {
         const std::string strValor = ajustes.fConsultar(strSeccionGeneral, fila.strClave);
         const auto intValor = strValor.empty() ? fila.intDefecto : fLeerEntero(strValor);
-        if (!intValor || (fila.bolIndice && (*intValor < 0 || *intValor > 2))) {
+        if (!intValor || (fila.intMaximo > 0 && (*intValor < 0 || *intValor > fila.intMaximo))) {
             return clsAjusteMalo{fila.strClave, fTextoPantalla(strValor)};
         }
         lstValores.push_back(*intValor);
     }
     for (const clsFila &fila : lstFilas) {
-        static_cast<void>(
-            ajustes.fLeerIni(strSeccionGeneral, fila.strClave, std::to_string(fila.intDefecto)));
+        if (!fila.bolSuma) {
+            static_cast<void>(ajustes.fLeerIni(strSeccionGeneral, fila.strClave,
+                                               std::to_string(fila.intDefecto)));
+        }
     }
-    preferencias = {lstValores[0], lstValores[1], static_cast<Medios>(lstValores[2])};
+    preferencias = {lstValores[0], lstValores[1], static_cast<Medios>(lstValores[2]),
+                    lstValores[3] == 1};
     return {};
 }

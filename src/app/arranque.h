@@ -24,6 +24,7 @@ struct clsPreferencias {
     int lngAncho = 3000;           ///< panel width in twips
     int intTamMini = 2;            ///< index of the thumbnail size
     Medios medios = Medios::Todos; ///< which files the list shows
+    bool bolFormatos = false;      ///< and those of other formats, too
 };
 
 /// A setting that cannot be used.
@@ -32,7 +33,8 @@ struct clsAjusteMalo {
     std::string strValor;
 };
 
-/// Reads the settings; absent ones get their defaults, which are then written. When one cannot be
+/// Reads the settings; absent ones get their defaults, which are then written, unless they are
+/// those of additions. When one cannot be
 /// used (no number, or an index that does not exist), nothing is written.
 [[nodiscard]] std::optional<clsAjusteMalo> fLeerPreferencias(clsAjustes &ajustes,
                                                              clsPreferencias &preferencias);

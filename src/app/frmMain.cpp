@@ -91,6 +91,7 @@ frmMain::frmMain(clsArchivo archivo, clsAjustes &ajustes, clsAjustes &escritorio
         m_visor->fAnticipar(strSelec);
     }
     m_estado.medios = m_archivo.preferencias.medios;
+    m_estado.bolFormatos = m_archivo.preferencias.bolFormatos;
     m_estado.intTamMini = m_archivo.preferencias.intTamMini;
     fCrearControles();
     fConectarLista();

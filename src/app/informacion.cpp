@@ -137,11 +137,12 @@ void clsInformacion::fCrearAviso()
 void clsInformacion::fCrearEtiquetas()
 {
     constexpr const char *lstNombres[][2] = {
-        {"txtEstado0", "Filtro"},
-        {"txtEstado1", "Marcas"},
-        {"txtEstado2", "Zoom"  },
-        {"txtEstado3", "Carga" },
-        {"txtEstado4", "Copias"}
+        {"txtEstado0", "Filtro"        },
+        {"txtEstado1", "Marcas"        },
+        {"txtEstado2", "Zoom"          },
+        {"txtEstado3", "Carga"         },
+        {"txtEstado4", "Copias"        },
+        {"txtEstado5", "Otros formatos"}
     };
     static_assert(std::size(lstNombres) == std::tuple_size_v<clsEtiquetas>);
     for (std::size_t lng = 0; lng < m_lstEtiquetas.size(); ++lng) {

@@ -27,6 +27,14 @@ void fElegirMedios(const clsComun &comun, Medios medios)
     fRecargar(comun, false);
 }
 
+void fAlternarFormatos(const clsComun &comun)
+{
+    comun.estado.bolFormatos = !comun.estado.bolFormatos;
+    comun.fEstadoCambiado();
+    comun.ajustes.fGuardarIni(strSeccionGeneral, "FORMATOS", comun.estado.bolFormatos ? "1" : "0");
+    fRecargar(comun, false);
+}
+
 void fActualizar(const clsComun &comun)
 {
     if (comun.mensajes.fSiNo("¿Actualizar lista de archivos?")) {
@@ -36,7 +44,8 @@ void fActualizar(const clsComun &comun)
 
 void fFiltrar(const clsComun &comun, clsValoresFiltro &valores)
 {
-    frmFiltro dialogo(comun.ventana, comun.estado.filas, valores, comun.mensajes, comun.fSeguir);
+    frmFiltro dialogo(comun.ventana, comun.estado.filas, valores, comun.mensajes, comun.fSeguir,
+                      comun.estado.bolFormatos);
     const auto filtrado = dialogo.fMostrar();
     if (!filtrado || comun.estado.fCerrando()) {
         return;
@@ -80,6 +89,7 @@ void fAtenderListado(const clsComun &comun, clsMandos &mandos)
     mandos.fAtender("medios", [&comun](int intCuales) {
         fElegirMedios(comun, static_cast<Medios>(intCuales));
     });
+    mandos.fAtender("formatos", [&comun] { fAlternarFormatos(comun); });
     mandos.fAtender("actualizar", [&comun] { fActualizar(comun); });
     // The dialog shows again what it last filtered by.
     mandos.fAtender("filtrar",

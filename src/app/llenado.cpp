@@ -12,6 +12,8 @@
 
 #include <cerrno>
 #include <optional>
+#include <string_view>
+#include <utility>
 
 namespace {
 
@@ -23,8 +25,9 @@ struct clsLeida {
 };
 
 /// Reads the catalogue, and takes it over before that where the archive has moved.
+/// @param strExtensiones of the files that are listed, and of those that are only counted.
 clsLeida fLeer(const std::string &strCatalogo, const std::string &strRaiz, bool bolEscritura,
-               Medios medios)
+               std::pair<std::string_view, std::string_view> strExtensiones)
 {
     clsLeida leida{fBuscarMudanza(strCatalogo, strRaiz, fExisteArchivo), {}, clsError()};
     const bool bolEscrita =
@@ -33,9 +36,19 @@ clsLeida fLeer(const std::string &strCatalogo, const std::string &strRaiz, bool 
     if (bolEscritura && (bolEscrita || !leida.mudanza.fHay())) {
         fTerminarCorreccion(strRaiz);
     }
-    leida.lectura = fLeerFicheroCatalogo(strCatalogo, fExtensionesVisibles(medios), leida.filas,
-                                         bolEscrita ? clsMudanza() : leida.mudanza);
+    leida.lectura =
+        fLeerFicheroCatalogo(strCatalogo, strExtensiones.first, leida.filas,
+                             bolEscrita ? clsMudanza() : leida.mudanza, strExtensiones.second);
     return leida;
+}
+
+/// The extensions of the files that are listed, and of those that are only counted: of other
+/// formats, once a start.
+std::pair<std::string_view, std::string_view> fExtensiones(const clsEstado &estado)
+{
+    const bool bolContar = !estado.bolFormatos && estado.lngOtros < 0;
+    return {fExtensionesVisibles(estado.medios, estado.bolFormatos),
+            bolContar ? fExtensionesVisibles(estado.medios, true) : std::string_view()};
 }
 
 /// Builds the catalogue; false when the window is to close, or Esc has left a disk that does not
@@ -69,6 +82,7 @@ void fTomar(const clsComun &comun, clsLeida &leida, const std::string &strCatalo
     const std::string strMostrado = fTextoPantalla(strCatalogo) + "\r\n";
     const clsResultado<clsLectura> &lectura = leida.lectura;
     comun.estado.lngTotalKB = lectura ? lectura->lngTotalKB : 0;
+    comun.estado.lngOtros = lectura ? lectura->lngContados : 0;
     if (!lectura && lectura.fError() != ENOENT) {
         comun.mensajes.fAviso(
             Icono::Problema,
@@ -119,8 +133,8 @@ std::optional<clsMudanza> fCargarCatalogo(const clsComun &comun, bool bolForzar)
     if (decision.bolSinPermiso) {
         fAvisarSinCatalogo(comun.mensajes, "No tienes permiso de escritura.");
     }
-    auto leida = fAnalizando(comun, [=, medios = comun.estado.medios] {
-        return fLeer(strCatalogo, strRaiz, bolEscritura, medios);
+    auto leida = fAnalizando(comun, [=, strExtensiones = fExtensiones(comun.estado)] {
+        return fLeer(strCatalogo, strRaiz, bolEscritura, strExtensiones);
     });
     if (!leida) {
         return {};

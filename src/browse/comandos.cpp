@@ -15,6 +15,7 @@ bool fConBaul(const clsEstado &estado) { return estado.lngEnBaul > 0; }
 
 bool fEnMiniaturas(const clsEstado &estado, int /*intValor*/) { return estado.bolMiniaturas; }
 bool fEnCompleta(const clsEstado &estado, int /*intValor*/) { return estado.bolCompleta; }
+bool fConFormatos(const clsEstado &estado, int /*intValor*/) { return estado.bolFormatos; }
 bool fEsZoom(const clsEstado &estado, int intZoom) { return estado.intZoom == intZoom; }
 bool fEsTamMini(const clsEstado &estado, int intTam) { return estado.intTamMini == intTam; }
 bool fSonMedios(const clsEstado &estado, int intMedios)
@@ -141,6 +142,8 @@ constexpr clsComando lstComandos[] = {
     {.strNombre = "girarDerecha",
      .entrada = {Menu::Mas, "mnuMasGirarDerecha", "Girar a la derec&ha", "F8"},
      .obra = fObra("girar", 1), .espera = ALaVista},
+    {.strNombre = "formatos", .entrada = {Menu::Mas, "mnuMasFormatos", "Otros &formatos", "", true},
+     .fPermitido = fSiempre, .fMarca = fConFormatos},
 
     // Ayuda
     {.strNombre = "ayuda", .linea = {10, "[F1]: Ayuda."},

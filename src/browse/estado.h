@@ -39,6 +39,9 @@ struct clsLista {
 /// Where we are: the rows of the list, which of them is current and how it is shown.
 struct clsEstado : clsLista {
     Medios medios = Medios::Todos; ///< which files the list shows
+    bool bolFormatos = false;      ///< and those of other formats, too
+    int lngOtros =
+        -1; ///< those that it does not show, as long as that is told; below 0: not counted yet
     Avance avance = Avance::Normal;
     bool bolMiniaturas = false;      ///< the panel shows a page of thumbnails
     bool bolCompleta = false;        ///< the panel has the whole screen

@@ -20,15 +20,19 @@ std::string fTextoZoom(const clsEstado &estado)
 
 clsEtiquetas fEtiquetas(const clsEstado &estado)
 {
+    const std::string strOtros =
+        estado.lngOtros > 0 ? std::to_string(estado.lngOtros) + " de otros formatos" : "";
     if (estado.filas.fVacia()) {
-        return {};
+        return {"", "", "", "", "", strOtros};
     }
     const int lngMarcados = estado.filas.fContarMarcados();
     const clsCopiados &copiados = estado.copiados;
     return {estado.bolFiltrada ? "FILTRO" : "",
-            lngMarcados > 0 ? fCuenta(lngMarcados, "marcado") : "", fTextoZoom(estado),
+            lngMarcados > 0 ? fCuenta(lngMarcados, "marcado") : "",
+            fTextoZoom(estado),
             estado.bolPendiente ? "Cargando..." : "",
             copiados.lngHechos > 0 ? fCuenta(copiados.lngHechos, "copiado") + ", " +
                                          fCuenta(copiados.lngReemplazados, "reemplazado")
-                                   : ""};
+                                   : "",
+            strOtros};
 }

@@ -14,14 +14,19 @@ namespace {
 /// Turns the lines of records into rows.
 class clsRellenador {
 public:
-    clsRellenador(std::string_view strExtensiones, clsFilas &filas, const clsMudanza &mudanza)
-        : m_strExtensiones(strExtensiones), m_filas(filas), m_mudanza(mudanza)
+    clsRellenador(std::string_view strExtensiones, clsFilas &filas, const clsMudanza &mudanza,
+                  std::string_view strContadas)
+        : m_strExtensiones(strExtensiones), m_strContadas(strContadas), m_filas(filas),
+          m_mudanza(mudanza)
     {
     }
     /// @return whether reading goes on.
     [[nodiscard]] bool fTomar(const clsRegistro &registro)
     {
-        if (!fExtensionEn(registro.lstLineas[0].strTexto, m_strExtensiones)) {
+        const std::string_view strRuta = registro.lstLineas[0].strTexto;
+        if (!fExtensionEn(strRuta, m_strExtensiones)) {
+            const bool bolCuenta = fExtensionEn(strRuta, m_strContadas) && !fRutaOculta(strRuta);
+            m_lectura.lngContados += bolCuenta ? 1 : 0;
             m_lngLinea += static_cast<std::int64_t>(registro.lngLineas);
             return true;
         }
@@ -77,6 +82,7 @@ private:
     }
 
     const std::string_view m_strExtensiones;
+    const std::string_view m_strContadas;
     clsFilas &m_filas;
     const clsMudanza &m_mudanza;
     clsLectura m_lectura;
@@ -93,9 +99,9 @@ private:
 } // namespace
 
 clsLectura fLeerCatalogo(clsRegistros &registros, std::string_view strExtensiones, clsFilas &filas,
-                         const clsMudanza &mudanza)
+                         const clsMudanza &mudanza, std::string_view strContadas)
 {
-    clsRellenador rellenador(strExtensiones, filas, mudanza);
+    clsRellenador rellenador(strExtensiones, filas, mudanza, strContadas);
     const clsRegistro *registro = registros.fSiguiente();
     while (registro != nullptr && rellenador.fTomar(*registro)) {
         registro = registros.fSiguiente();
@@ -105,7 +111,8 @@ clsLectura fLeerCatalogo(clsRegistros &registros, std::string_view strExtensione
 
 clsResultado<clsLectura> fLeerFicheroCatalogo(const std::string &strRuta,
                                               std::string_view strExtensiones, clsFilas &filas,
-                                              const clsMudanza &mudanza)
+                                              const clsMudanza &mudanza,
+                                              std::string_view strContadas)
 {
     const auto archivo = fAbrirRegular(strRuta, false);
     if (!archivo) {
@@ -119,7 +126,8 @@ clsResultado<clsLectura> fLeerFicheroCatalogo(const std::string &strRuta,
         static_cast<std::size_t>(std::min(archivo->huella.lngBytes / lngRegistroCorto, lngMaximas));
     filas.fReservar(lngFilas, lngFilas * lngNombreCorto);
     clsRegistros registros(fBytesDe(archivo->descriptor));
-    const clsLectura lectura = fLeerCatalogo(registros, strExtensiones, filas, mudanza);
+    const clsLectura lectura =
+        fLeerCatalogo(registros, strExtensiones, filas, mudanza, strContadas);
     if (registros.fError()) {
         return registros.fError();
     }

@@ -1,6 +1,8 @@
 #include "filter/filtro.h"
 
+#include "shared/medios.h"
 #include "shared/ritmo.h"
+#include "shared/rutas.h"
 #include "shared/texto.h"
 #include "sistema/archivo.h"
 
@@ -11,7 +13,6 @@
 
 namespace {
 
-constexpr int intCorte = 4; // characters cut off: a dot and an extension of three letters
 constexpr std::size_t lngBloques = 32; // looked up ahead
 
 unsigned char fByte(char chr) { return static_cast<unsigned char>(chr); }
@@ -94,6 +95,15 @@ bool fMayusculasLatin1(std::string_view strUtf8, std::string &strSalida)
     }
     strSalida.resize(lngFin);
     return true;
+}
+
+/// Characters cut off a name: its dot and its extension, which has three letters, or is no
+/// matter of ours.
+int fCorte(std::string_view strNombre, bool bolFormatos)
+{
+    return bolFormatos && fEsOtroFormato(strNombre)
+               ? static_cast<int>(fExtensionDe(strNombre).size()) + 1
+               : 4;
 }
 
 /// The text without its last characters (code points), all of it when there are fewer.
@@ -263,7 +273,7 @@ const std::string &clsBuscaTexto::fCarpeta(const clsFilas &filas, int lngPos)
 
 void clsBuscaTexto::fComponerSujeto(const clsFilas &filas, int lngPos)
 {
-    int intResto = intCorte;
+    int intResto = fCorte(filas.fNombre(lngPos), m_filtro.bolFormatos);
     std::string strHueco;
     const std::string_view strNombre =
         fCortar(fDescifrar(filas.fNombre(lngPos), strHueco), intResto);

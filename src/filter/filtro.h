@@ -23,6 +23,7 @@ struct clsFiltro {
     std::vector<std::string> lstPalabras; ///< UTF-8; blanks around them do not count, empty ones do
     bool bolCarpeta = false;              ///< the words may lie in the folders, too
     ModoTexto modo = ModoTexto::And;
+    bool bolFormatos = false; ///< other formats are listed: their whole extension is cut off
 };
 
 /// A UTF-8 text in capitals and composed (NFC).

@@ -39,10 +39,11 @@ QPushButton *fBoton(QWidget *padre, const char *strNombre, const QString &strTex
 } // namespace
 
 frmFiltro::frmFiltro(QWidget *padre, const clsFilas &filas, clsValoresFiltro &valores,
-                     clsMensajes &mensajes, clsSeguir fSeguir)
+                     clsMensajes &mensajes, clsSeguir fSeguir, bool bolFormatos)
     : QDialog(padre), m_filas(filas), m_valores(valores), m_mensajes(mensajes),
-      m_fSeguir(std::move(fSeguir)), m_lstFechas{fNombrar(new txtFecha(this), "txtFecha0"),
-                                                 fNombrar(new txtFecha(this), "txtFecha1")},
+      m_fSeguir(std::move(fSeguir)),
+      m_bolFormatos(bolFormatos), m_lstFechas{fNombrar(new txtFecha(this), "txtFecha0"),
+                                              fNombrar(new txtFecha(this), "txtFecha1")},
       m_txtTexto(fNombrar(new QLineEdit(this), "txtTexto")),
       m_chkCarpeta(fNombrar(new QCheckBox(QStringLiteral("Incluir carpeta"), this), "chkCarpeta")),
       m_lblFiltrando(
@@ -243,12 +244,13 @@ void frmFiltro::fAceptar()
         return;
     }
     clsValoresFiltro valores = fValores();
-    const clsPeticionFiltro peticion = fPedirFiltro(valores);
+    clsPeticionFiltro peticion = fPedirFiltro(valores);
     if (!peticion.strFallo.empty()) {
         fSeguirAbierto(peticion.strFallo);
         return;
     }
     m_txtTexto->setText(fQ(valores.strFiltroTexto));
+    peticion.filtro.bolFormatos = m_bolFormatos;
     fFiltrarPor(peticion.filtro, valores);
 }
 

@@ -24,8 +24,9 @@ public:
     /// @param filas   the list; only read, and not to be changed while the dialog is open.
     /// @param valores what the dialog shows first; what it filtered by afterwards.
     /// @param fSeguir false ends the filter (the program is closing).
+    /// @param bolFormatos whether files of other formats are listed.
     frmFiltro(QWidget *padre, const clsFilas &filas, clsValoresFiltro &valores,
-              clsMensajes &mensajes, clsSeguir fSeguir);
+              clsMensajes &mensajes, clsSeguir fSeguir, bool bolFormatos = false);
     ~frmFiltro() override;
 
     /// Shows it and waits until it is closed.
@@ -55,6 +56,7 @@ private:
     clsValoresFiltro &m_valores;
     clsMensajes &m_mensajes;
     clsSeguir m_fSeguir;
+    const bool m_bolFormatos;
 
     std::array<txtFecha *, 2> m_lstFechas;
     QLineEdit *m_txtTexto;

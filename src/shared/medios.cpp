@@ -3,33 +3,57 @@
 #include "shared/rutas.h"
 #include "shared/texto.h"
 
-#include <algorithm>
-#include <array>
+#include <cstddef>
+#include <string>
 
 namespace {
-constexpr std::string_view strFotos = "/JPG/";
-constexpr std::string_view strVideos = "/MPG/AVI/WMV/3GP/FLV/MOV/MP4/";
-constexpr std::string_view strTodos = "/JPG/ /MPG/AVI/WMV/3GP/FLV/MOV/MP4/";
+
+/// All of them, so that each list is a part of this one: raw photos, the other formats of photos,
+/// the usual photos, the usual videos, the other formats of videos.
+constexpr std::string_view strTodas = "/DNG/CR2/CR3/NEF/ARW/ORF/RW2/RAF"
+                                      "/JPEG/JPE/PNG/WEBP/TIF/TIFF/BMP/GIF/HEIC/HEIF/AVIF"
+                                      "/JPG/ /MPG/AVI/WMV/3GP/FLV/MOV/MP4"
+                                      "/M4V/MKV/WEBM/MTS/M2TS/TS/MOD/VOB/OGV/";
+
+/// From one extension to another, both included.
+constexpr std::string_view fEntre(std::string_view strPrimera, std::string_view strUltima)
+{
+    const std::size_t lngInicio = strTodas.find(strPrimera);
+    return strTodas.substr(lngInicio, strTodas.find(strUltima) + strUltima.size() - lngInicio);
+}
+
+constexpr std::string_view strCrudas = fEntre("/DNG/", "/RAF/");
+constexpr std::string_view strVideos = fEntre("/MPG/", "/OGV/");
+constexpr std::string_view strUsuales = fEntre("/JPG/", "/MP4/");
+
+/// By whether the other formats are among them, and by the media kind.
+constexpr std::string_view lstVisibles[2][3] = {
+    {fEntre("/JPG/", "/JPG/"), fEntre("/MPG/", "/MP4/"),         strUsuales},
+    {fEntre("/DNG/",              "/JPG/"),         strVideos,  strTodas}
+};
+
 } // namespace
 
-std::string_view fExtensionesVisibles(Medios medios)
+std::string_view fExtensionesVisibles(Medios medios, bool bolFormatos)
 {
-    return medios == Medios::Fotos    ? strFotos
-           : medios == Medios::Videos ? strVideos
-           : medios == Medios::Todos  ? strTodos
-                                      : std::string_view();
+    const auto lngCual = static_cast<std::size_t>(medios);
+    return lngCual < 3 ? lstVisibles[bolFormatos ? 1 : 0][lngCual] : std::string_view();
 }
 
 bool fExtensionEn(std::string_view strRuta, std::string_view strExtensiones)
 {
-    // Every extension known here has three characters, between two bars.
+    // Every extension known here has two to four characters, between two bars.
     const std::string_view strExtension = fExtensionDe(strRuta);
-    if (strExtension.size() != 3) {
-        return false;
-    }
-    std::array<char, 5> lstBuscada = {'/', 0, 0, 0, '/'};
-    std::transform(strExtension.begin(), strExtension.end(), lstBuscada.begin() + 1, fMayuscula);
-    return strExtensiones.find({lstBuscada.data(), lstBuscada.size()}) != std::string_view::npos;
+    return strExtension.size() >= 2 && strExtension.size() <= 4 &&
+           strExtensiones.find('/' + fMayusculasAscii(strExtension) + '/') !=
+               std::string_view::npos;
 }
 
 bool fEsVideo(std::string_view strRuta) { return fExtensionEn(strRuta, strVideos); }
+
+bool fEsCruda(std::string_view strRuta) { return fExtensionEn(strRuta, strCrudas); }
+
+bool fEsOtroFormato(std::string_view strRuta)
+{
+    return fExtensionEn(strRuta, strTodas) && !fExtensionEn(strRuta, strUsuales);
+}

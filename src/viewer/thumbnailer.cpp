@@ -15,20 +15,31 @@ namespace {
 
 using clsTextos = std::vector<std::string>;
 
-/// The types that desktops know the seven extensions by, in the shared MIME database and before it.
+/// The types that desktops know the extensions by, in the shared MIME database and before it.
 constexpr std::pair<const char *, const char *> lstTiposVideo[] = {
-    {"MPG", "video/mpeg"     },
-    {"MPG", "video/x-mpeg"   },
-    {"AVI", "video/x-msvideo"},
-    {"AVI", "video/vnd.avi"  },
-    {"AVI", "video/msvideo"  },
-    {"WMV", "video/x-ms-wmv" },
-    {"3GP", "video/3gpp"     },
-    {"3GP", "video/3gp"      },
-    {"FLV", "video/x-flv"    },
-    {"FLV", "video/flv"      },
-    {"MOV", "video/quicktime"},
-    {"MP4", "video/mp4"      },
+    {"MPG",  "video/mpeg"        },
+    {"MPG",  "video/x-mpeg"      },
+    {"AVI",  "video/x-msvideo"   },
+    {"AVI",  "video/vnd.avi"     },
+    {"AVI",  "video/msvideo"     },
+    {"WMV",  "video/x-ms-wmv"    },
+    {"3GP",  "video/3gpp"        },
+    {"3GP",  "video/3gp"         },
+    {"FLV",  "video/x-flv"       },
+    {"FLV",  "video/flv"         },
+    {"MOV",  "video/quicktime"   },
+    {"MP4",  "video/mp4"         },
+    {"M4V",  "video/x-m4v"       },
+    {"M4V",  "video/mp4"         },
+    {"MKV",  "video/x-matroska"  },
+    {"WEBM", "video/webm"        },
+    {"MTS",  "video/mp2t"        },
+    {"M2TS", "video/mp2t"        },
+    {"TS",   "video/mp2t"        },
+    {"MOD",  "video/mpeg"        },
+    {"VOB",  "video/mpeg"        },
+    {"OGV",  "video/ogg"         },
+    {"OGV",  "video/x-theora+ogg"},
 };
 
 /// A value of a key file without its escapes \s \n \t \r and \\.

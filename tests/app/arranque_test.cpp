@@ -84,6 +84,7 @@ TEST(Preferencias, OfAFirstRunAreTheDefaultsAndStayInTheFile)
     EXPECT_EQ(preferencias.lngAncho, 3000);
     EXPECT_EQ(preferencias.intTamMini, 2);
     EXPECT_EQ(preferencias.medios, Medios::Todos);
+    EXPECT_FALSE(preferencias.bolFormatos);
     EXPECT_EQ(arbol.fLeer("Miravel.ini"),
               "[GENERAL]\r\nANCHO=3000\r\nTAM_MINI=2\r\nFOTOVIDEO=2\r\n");
 }
@@ -91,13 +92,15 @@ TEST(Preferencias, OfAFirstRunAreTheDefaultsAndStayInTheFile)
 TEST(Preferencias, AreReadAsTheyStand)
 {
     const clsArbol arbol;
-    arbol.fCrear("Miravel.ini", "[general]\nancho= 40000 \ntam_mini=\"0\"\nFOTOVIDEO=1\n");
+    arbol.fCrear("Miravel.ini",
+                 "[general]\nancho= 40000 \ntam_mini=\"0\"\nFOTOVIDEO=1\nformatos=1\n");
     clsAjustes ajustes(arbol.fRuta("Miravel.ini"), true);
     clsPreferencias preferencias;
     EXPECT_FALSE(fLeerPreferencias(ajustes, preferencias));
     EXPECT_EQ(preferencias.lngAncho, 40000);
     EXPECT_EQ(preferencias.intTamMini, 0);
     EXPECT_EQ(preferencias.medios, Medios::Videos);
+    EXPECT_TRUE(preferencias.bolFormatos);
 }
 
 TEST(Preferencias, ThatCannotBeUsedAreNamedAndTheFileStaysAsItIs)
@@ -112,6 +115,7 @@ TEST(Preferencias, ThatCannotBeUsedAreNamedAndTheFileStaysAsItIs)
         {"[GENERAL]\nANCHO=99999999999\n", "ANCHO", "99999999999"},
         {"[GENERAL]\nTAM_MINI=3\n", "TAM_MINI", "3"},
         {"[GENERAL]\nTAM_MINI=1\nFOTOVIDEO=-1", "FOTOVIDEO", "-1"},
+        {"[GENERAL]\nFORMATOS=2\n", "FORMATOS", "2"},
         {"[GENERAL]\nFOTOVIDEO=\xF1\n", "FOTOVIDEO", "\u00F1"},
     };
     for (const clsCaso &caso : lstCasos) {

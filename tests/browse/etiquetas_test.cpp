@@ -42,6 +42,15 @@ TEST(Etiquetas, TellWhatIsNotSeenAndOnlyWhileItApplies)
              estado.copiados = {7, 1};
          },
          {"", "", "", "", "7 copiados, 1 reemplazado"}},
+        {"files of other formats",
+         [](clsEstado &estado) { estado.lngOtros = 12; },
+         {"", "", "", "", "", "12 de otros formatos"}},
+        {"and nothing else",
+         [](clsEstado &estado) {
+             estado.filas.fVaciar();
+             estado.lngOtros = 1;
+         },
+         {"", "", "", "", "", "1 de otros formatos"}},
         {"an empty list",
          [](clsEstado &estado) {
              estado.filas.fVaciar();

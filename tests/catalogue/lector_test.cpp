@@ -164,6 +164,29 @@ TEST(Lector, LeavesOutWhatIsHiddenOrOfAnotherKind)
               std::vector<std::string>{"/f/b.avi|" + strFecha + "|2"});
 }
 
+TEST(Lector, CountsThoseOfFurtherExtensionsWithoutListingThem)
+{
+    std::string_view strBytes =
+        "/f/a.jpg\n2009/07/14 18:03:22\n1\n/f/b.HEIC\n2009/07/14 18:03:22\n2\n"
+        "/f/X_c.png\n2009/07/14 18:03:22\n3\n/f/d.txt\n2009/07/14 18:03:22\n4\n"
+        "/f/e.mkv\n2009/07/14 18:03:22\nno size\n/f/f.mp4\n2009/07/14 18:03:22\n5\n";
+    for (const auto &[medios, lngFilas, lngContados] :
+         {std::tuple(Medios::Fotos, 1, 1), {Medios::Videos, 1, 1}, {Medios::Todos, 2, 2}}) {
+        clsRegistros registros(
+            [strResto = strBytes](char *chrDestino, std::size_t lngBytes) mutable {
+                const std::size_t lngDados = strResto.copy(chrDestino, lngBytes);
+                strResto.remove_prefix(lngDados);
+                return clsResultado<std::size_t>(lngDados);
+            });
+        clsFilas filas;
+        const auto lectura = fLeerCatalogo(registros, fExtensionesVisibles(medios), filas, {},
+                                           fExtensionesVisibles(medios, true));
+        EXPECT_EQ(filas.fCantidad(), lngFilas);
+        EXPECT_EQ(lectura.lngContados, lngContados);
+        EXPECT_FALSE(lectura.fallo);
+    }
+}
+
 TEST(Lector, StopsAtASizeThatIsNoNumberAndKeepsTheRowsBefore)
 {
     const clsLeido leido = fLeer(fLineas({"/f/a.jpg", strFecha, " 2048 ", "/f/b.jpg", strFecha,

@@ -110,6 +110,28 @@ TEST(FiltroTexto, LooksForTheWordsInWhatIsLeftOfTheName)
     }
 }
 
+TEST(FiltroTexto, CutsTheWholeExtensionWhereOtherFormatsAreListed)
+{
+    struct clsCaso {
+        const char *strRuta;
+        const char *strTexto;
+        bool bolSin, bolCon; ///< passes without and with the other formats
+    };
+    const clsCaso lstCasos[] = {
+        {"/f/boda.jpeg", "boda.", true, false}, {"/f/boda.jpeg", "boda", true, true},
+        {"/f/boda.HEIC", "boda.", true, false}, {"/f/boda.ts", "boda", false, true},
+        {"/f/boda.ts", "boda.", false, false},  {"/f/boda.jpg", "boda", true, true},
+        {"/f/boda.png", "png", false, false},   {"/f/boda.texto", "boda.t", true, true},
+    };
+    for (const clsCaso &caso : lstCasos) {
+        SCOPED_TRACE(std::string(caso.strRuta) + " | " + caso.strTexto);
+        clsFiltro filtro = fPalabras(caso.strTexto);
+        EXPECT_EQ(fPasa(caso.strRuta, filtro), caso.bolSin);
+        filtro.bolFormatos = true;
+        EXPECT_EQ(fPasa(caso.strRuta, filtro), caso.bolCon);
+    }
+}
+
 TEST(FiltroFechas, ReadsTheDiskAndNotTheList)
 {
     const clsZona zona("Europe/Madrid");

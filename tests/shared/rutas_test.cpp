@@ -84,4 +84,39 @@ TEST(Medios, GoByTheWholeExtensionInEitherCase)
     EXPECT_EQ(fExtensionesVisibles(static_cast<Medios>(3)), "");
 }
 
+TEST(Medios, KnowTheOtherFormatsApartFromTheUsualOnes)
+{
+    struct clsCaso {
+        const char *strRuta;
+        bool bolFoto, bolVideo, bolCruda, bolOtro;
+    };
+    const clsCaso lstCasos[] = {
+        {"/f/a.jpg", true, false, false, false},  {"/f/a.JPEG", true, false, false, true},
+        {"/f/a.jpe", true, false, false, true},   {"/f/a.Heic", true, false, false, true},
+        {"/f/a.avif", true, false, false, true},  {"/f/a.png", true, false, false, true},
+        {"/f/a.dng", true, false, true, true},    {"/f/a.CR3", true, false, true, true},
+        {"/f/a.raf", true, false, true, true},    {"/f/a.mp4", false, true, false, false},
+        {"/f/a.m4v", false, true, false, true},   {"/f/a.ts", false, true, false, true},
+        {"/f/a.m2ts", false, true, false, true},  {"/f/a.ogv", false, true, false, true},
+        {"/f/a.svg", false, false, false, false}, {"/f/a.jpegx", false, false, false, false},
+        {"/f/a.m", false, false, false, false},   {"/f/a. ", false, false, false, false},
+        {"/f/a.", false, false, false, false},    {"/f.ts/a", false, false, false, false},
+    };
+    for (const clsCaso &caso : lstCasos) {
+        SCOPED_TRACE(caso.strRuta);
+        const auto fVisible = [&](Medios medios, bool bolFormatos) {
+            return fExtensionEn(caso.strRuta, fExtensionesVisibles(medios, bolFormatos));
+        };
+        EXPECT_EQ(fVisible(Medios::Fotos, true), caso.bolFoto);
+        EXPECT_EQ(fVisible(Medios::Videos, true), caso.bolVideo);
+        EXPECT_EQ(fVisible(Medios::Todos, true), caso.bolFoto || caso.bolVideo);
+        EXPECT_EQ(fVisible(Medios::Fotos, false), caso.bolFoto && !caso.bolOtro);
+        EXPECT_EQ(fVisible(Medios::Videos, false), caso.bolVideo && !caso.bolOtro);
+        EXPECT_EQ(fEsVideo(caso.strRuta), caso.bolVideo);
+        EXPECT_EQ(fEsCruda(caso.strRuta), caso.bolCruda);
+        EXPECT_EQ(fEsOtroFormato(caso.strRuta), caso.bolOtro);
+    }
+    EXPECT_EQ(fExtensionesVisibles(static_cast<Medios>(3), true), "");
+}
+
 } // namespace

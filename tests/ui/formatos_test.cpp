@@ -1,0 +1,53 @@
+// The formats besides JPEG: when they are listed, and what is shown of them.
+#include "sesion.h"
+
+namespace {
+
+/// A photo of the usual format, two files of others, one of none.
+std::vector<std::pair<std::string, std::string>> fMezcla()
+{
+    return {{"a.jpg", fJpeg(fCuartos({40, 30}))},
+            {"b.heic", "no picture"},
+            {"c.mkv", "no film"},
+            {"d.txt", "text"}};
+}
+
+} // namespace
+
+class clsPruebasFormatos : public QObject {
+    Q_OBJECT
+private slots:
+    void fAreListedWhenTheUserWantsThemAndTheirNumberIsToldBefore()
+    {
+        clsSesion sesion(fMezcla());
+        QVERIFY(sesion.fAbrir());
+        QCOMPARE(sesion.fNombres(), QStringList({QStringLiteral("a.jpg")}));
+        QCOMPARE(sesion.fTexto("txtEstado5"), QStringLiteral("2 de otros formatos"));
+        QCOMPARE(sesion.fAjuste("FORMATOS"), "");
+        const auto fMarcada = [&sesion] {
+            return sesion.fControl<QAction>("mnuMasFormatos")->isChecked();
+        };
+        QVERIFY(!fMarcada());
+        sesion.fElegirEntrada("mnuMasFormatos");
+        QVERIFY(sesion.fEsperarLista());
+        QCOMPARE(sesion.fNombres(), QStringList({QStringLiteral("a.jpg"), QStringLiteral("b.heic"),
+                                                 QStringLiteral("c.mkv")}));
+        QCOMPARE(sesion.fTexto("txtEstado5"), QString());
+        QCOMPARE(sesion.fAjuste("FORMATOS"), "1");
+        QVERIFY(fMarcada());
+        sesion.fElegirEntrada("mnuOpcionesFotosVideos0");
+        QVERIFY(sesion.fEsperarLista());
+        QCOMPARE(sesion.fNombres(),
+                 QStringList({QStringLiteral("a.jpg"), QStringLiteral("b.heic")}));
+        sesion.fElegirEntrada("mnuMasFormatos");
+        QVERIFY(sesion.fEsperarLista());
+        QCOMPARE(sesion.fNombres(), QStringList({QStringLiteral("a.jpg")}));
+        QCOMPARE(sesion.fTexto("txtEstado5"), QString()); // once a start
+        QCOMPARE(sesion.fAjuste("FORMATOS"), "0");
+        QVERIFY(!fMarcada());
+    }
+};
+
+static const clsTema temaFormatos{"formatos", fCorrer<clsPruebasFormatos>};
+
+#include "formatos_test.moc"
