@@ -43,6 +43,7 @@ clsSinHilo &fSinHilo()
 
 struct clsHilos::clsTarea {
     clsPieza fPieza;
+    int intTurno = 0;
     std::function<void()> fTomar; ///< the answer; none until it is there
     clsAnulado anulado = false;
     bool bolTomada = false;
@@ -88,7 +89,7 @@ private:
     mutable std::mutex m_cerrojo; ///< of everything below, and of the orders
     std::condition_variable m_hayPieza;
     std::condition_variable m_hayRespuesta;
-    std::deque<clsOrden> m_cola;    ///< not begun
+    std::deque<clsOrden> m_cola;    ///< not begun, by their turns
     std::deque<clsOrden> m_bandeja; ///< answers to be taken; in order of asking, those to come too
     std::list<clsEnMarcha> m_lstEnMarcha; ///< the oldest first
     std::size_t m_lngPendientes = 0;
@@ -104,7 +105,10 @@ private:
 void clsHilos::clsPiscina::fEncolar(const clsOrden &tarea)
 {
     clsGuarda guarda(m_cerrojo);
-    m_cola.push_back(tarea);
+    const auto fAntes = [](int intTurno, const clsOrden &otra) {
+        return intTurno < otra->intTurno;
+    };
+    m_cola.insert(std::upper_bound(m_cola.begin(), m_cola.end(), tarea->intTurno, fAntes), tarea);
     ++m_lngPendientes;
     if (m_opciones.bolEnOrden) {
         m_bandeja.push_back(tarea);
@@ -309,10 +313,11 @@ clsHilos::clsHilos(clsOpciones opciones)
 
 clsHilos::~clsHilos() { m_piscina->fCerrar(); }
 
-clsHilos::clsOrden clsHilos::fEncolar(clsPieza fPieza)
+clsHilos::clsOrden clsHilos::fEncolar(clsPieza fPieza, int intTurno)
 {
     auto orden = std::make_shared<clsTarea>();
     orden->fPieza = std::move(fPieza);
+    orden->intTurno = intTurno;
     m_piscina->fEncolar(orden);
     return orden;
 }

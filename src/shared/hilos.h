@@ -48,17 +48,21 @@ public:
     clsHilos(const clsHilos &) = delete;
     clsHilos &operator=(const clsHilos &) = delete;
 
-    /// Orders a piece of work: first come, first served.
-    /// @param fHacer runs on a thread; it may take a const clsAnulado &.
-    /// @param fTomar gets what fHacer returned.
-    template <typename Hacer, typename Tomar> clsOrden fPedir(Hacer fHacer, Tomar fTomar)
+    /// Orders a piece of work: within its turn first come, first served.
+    /// @param fHacer   runs on a thread; it may take a const clsAnulado &.
+    /// @param fTomar   gets what fHacer returned.
+    /// @param intTurno those of lower turns begin before.
+    template <typename Hacer, typename Tomar>
+    clsOrden fPedir(Hacer fHacer, Tomar fTomar, int intTurno = 0)
     {
-        return fEncolar([fHacer = std::move(fHacer),
-                         fTomar = std::move(fTomar)](const clsAnulado &anulado) {
-            return std::function<void()>([fTomar, respuesta = fLlamar(fHacer, anulado)]() mutable {
-                fTomar(std::move(respuesta));
-            });
-        });
+        return fEncolar(
+            [fHacer = std::move(fHacer), fTomar = std::move(fTomar)](const clsAnulado &anulado) {
+                return std::function<void()>(
+                    [fTomar, respuesta = fLlamar(fHacer, anulado)]() mutable {
+                        fTomar(std::move(respuesta));
+                    });
+            },
+            intTurno);
     }
 
     /// Gives up an order, whether its piece has begun or not; nothing happens to one that has been
@@ -101,7 +105,7 @@ private:
             return fHacer();
         }
     }
-    clsOrden fEncolar(clsPieza fPieza);
+    clsOrden fEncolar(clsPieza fPieza, int intTurno);
 
     std::shared_ptr<clsPiscina> m_piscina;
 };

@@ -28,10 +28,12 @@ public:
         Valor valor;
         bool bolGuardar = true; ///< for as long as there is room
         clsPieza fSigue{};      ///< what is still to be done for it, on threads for what is slow
+        int intMas = 0;         ///< by how much the turn of that is later
     };
     struct clsEncargo {
         std::string strClave;
-        clsPieza fPieza; ///< empty: it is kept, and is to stay
+        clsPieza fPieza;  ///< empty: it is kept, and is to stay
+        int intTurno = 0; ///< what is slow begins in the order of the turns, then of this list
     };
     struct clsLimites {
         std::int64_t lngBytes;              ///< of what is kept
@@ -62,8 +64,11 @@ public:
                 std::move(encargo.strClave), bolVale ? std::move(antes.mapped()) : clsTrabajo());
             clsTrabajo &trabajo = it->second;
             if (bolNuevo && !bolVale) {
-                trabajo.bolHecho = encargo.fPieza == nullptr;
+                trabajo.bolHay = trabajo.bolHecho = encargo.fPieza == nullptr;
                 trabajo.fPieza = std::move(encargo.fPieza);
+            }
+            if (bolNuevo) {
+                trabajo.intTurno = encargo.intTurno;
             }
             if (!trabajo.bolHecho && (!trabajo.orden || clsHilos::fAnulada(trabajo.orden))) {
                 fLanzar(it->first, trabajo);
@@ -77,11 +82,11 @@ public:
         fRecortar(); // a large one that is no longer wanted makes room for what comes
     }
 
-    /// What was made of an order of the last fEncargar; nullptr when that is still to come.
+    /// What has come by now of an order of the last fEncargar; nullptr when that is nothing.
     [[nodiscard]] const Valor *fTomar(const std::string &strClave)
     {
         const auto it = m_mapTrabajos.find(strClave);
-        if (it == m_mapTrabajos.end() || (!it->second.bolHecho && !it->second.resultado)) {
+        if (it == m_mapTrabajos.end() || !it->second.bolHay) {
             return nullptr;
         }
         return it->second.resultado ? &*it->second.resultado : fGuardado(strClave);
@@ -109,8 +114,11 @@ public:
 private:
     struct clsTrabajo {
         clsPieza fPieza;
+        int intTurno = 0;
+        int intMas = 0;
         bool bolLento = false;
-        bool bolHecho = false;
+        bool bolHay = false;            ///< something of it has come
+        bool bolHecho = false;          ///< all of it
         std::optional<Valor> resultado; ///< unless it is kept
         clsHilos::clsOrden orden;
     };
@@ -122,10 +130,12 @@ private:
 
     void fLanzar(const std::string &strClave, clsTrabajo &trabajo)
     {
-        trabajo.orden = (trabajo.bolLento ? m_lentos : m_hilos)
-                            .fPedir(trabajo.fPieza, [this, strClave](clsHecho hecho) {
-                                fRecibir(strClave, std::move(hecho));
-                            });
+        trabajo.orden =
+            (trabajo.bolLento ? m_lentos : m_hilos)
+                .fPedir(
+                    trabajo.fPieza,
+                    [this, strClave](clsHecho hecho) { fRecibir(strClave, std::move(hecho)); },
+                    trabajo.intTurno + trabajo.intMas);
     }
 
     void fRecibir(const std::string &strClave, clsHecho hecho)
@@ -137,10 +147,12 @@ private:
         } else {
             trabajo.resultado = std::move(hecho.valor);
         }
+        trabajo.bolHay = true;
         trabajo.bolHecho = hecho.fSigue == nullptr;
         trabajo.fPieza = std::move(hecho.fSigue);
         if (!trabajo.bolHecho) {
             trabajo.bolLento = true;
+            trabajo.intMas = hecho.intMas;
             fLanzar(strClave, trabajo);
         }
         m_limites.fLlegada(strClave);

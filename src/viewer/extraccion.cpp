@@ -40,9 +40,9 @@ QSize fEnCaja(QSize tam, int intLado)
     return {fReducido(tam.width()), fReducido(tam.height())};
 }
 
-/// Makes a picture smaller. Down to the half of it, interpolating between neighbours is as good as
-/// the mean of all pixels and a good deal faster.
-QImage fEncoger(const QImage &imagen, QSize tam)
+/// Gives a picture another size. From the half of it on, interpolating between neighbours is as
+/// good as the mean of all pixels and a good deal faster.
+QImage fAjustar(const QImage &imagen, QSize tam)
 {
     if (imagen.isNull() || tam == imagen.size()) {
         return imagen;
@@ -50,13 +50,13 @@ QImage fEncoger(const QImage &imagen, QSize tam)
     if (tam.width() * 2 < imagen.width() || imagen.hasAlphaChannel()) {
         return imagen.scaled(tam, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
     }
-    QImage pequena(tam, QImage::Format_RGB32);
-    pequena.setColorSpace(imagen.colorSpace());
-    QPainter pintor(&pequena);
+    QImage ajustada(tam, QImage::Format_RGB32);
+    ajustada.setColorSpace(imagen.colorSpace());
+    QPainter pintor(&ajustada);
     pintor.setRenderHint(QPainter::SmoothPixmapTransform);
     pintor.setCompositionMode(QPainter::CompositionMode_Source);
-    pintor.drawImage(pequena.rect(), imagen);
-    return pequena;
+    pintor.drawImage(ajustada.rect(), imagen);
+    return ajustada;
 }
 
 /// The profile that a photo embeds; not valid when it cannot be used.
@@ -94,12 +94,14 @@ QImage fSinFranjas(const QImage &imagen, const clsRecorte &recorte)
                                                                             : QImage();
 }
 
-QImage fMiniaturaExif(clsLector &lector, const clsCabeceraJpeg &cabecera, int intLado)
+/// The EXIF thumbnail in a box; "Pendiente" where there is none that can stand for the picture.
+clsMiniatura fMiniaturaExif(clsLector &lector, const clsCabeceraJpeg &cabecera, int intLado)
 {
+    const clsMiniatura ninguna{Extraccion::Pendiente, {}};
     constexpr std::uint32_t lngMaximo = 1 << 20; // the segment it lies in has 64 KiB by right
     if (cabecera.lngBytesMini == 0 || cabecera.lngBytesMini > lngMaximo ||
         cabecera.bolPerfilPartido) {
-        return {};
+        return ninguna;
     }
     const std::string strBytes = lector.fCopiar(cabecera.lngMiniatura, cabecera.lngBytesMini);
     clsOrigenMemoria memoria(strBytes);
@@ -107,26 +109,27 @@ QImage fMiniaturaExif(clsLector &lector, const clsCabeceraJpeg &cabecera, int in
     clsCabeceraJpeg mini;
     // Its own head first: what claims to be larger than a thumbnail is not worth decoding.
     if (!fLeerCabeceraJpeg(lectorMini, mini) || qint64{mini.intAncho} * mini.intAlto > lngMaximo) {
-        return {};
+        return ninguna;
     }
     const clsLados foto{cabecera.intAncho, cabecera.intAlto};
     const auto recorte = fRecorteMini({mini.intAncho, mini.intAlto}, foto);
-    if (!recorte || !fBastanPixeles({recorte->intAncho, recorte->intAlto}, foto, intLado)) {
-        return {};
-    }
-    const auto esfuerzo = fMedirJpeg(lectorMini);
+    const auto esfuerzo = recorte ? fMedirJpeg(lectorMini) : std::nullopt;
     if (!esfuerzo || !fDecodificable(*esfuerzo, cabecera.lngBytesMini)) {
-        return {};
+        return ninguna;
     }
     QImage imagen = fSinFranjas(QImage::fromData(reinterpret_cast<const uchar *>(strBytes.data()),
                                                  static_cast<int>(strBytes.size()), "JPG"),
                                 *recorte);
+    if (imagen.isNull()) {
+        return ninguna;
+    }
     if (!imagen.colorSpace().isValid() && cabecera.lngBytesPerfil > 0) {
         // Cameras and programs make it from the picture's values, and its profile holds for both.
         imagen.setColorSpace(fPerfil(lector, cabecera));
     }
-    const QSize tam = fEnCaja({foto.intAncho, foto.intAlto}, intLado);
-    return fEnderezar(fEncoger(imagen, tam), cabecera.intOrientacion);
+    imagen = fAjustar(imagen, fEnCaja({foto.intAncho, foto.intAlto}, intLado));
+    return {Extraccion::Hecha, fParaPantalla(fEnderezar(imagen, cabecera.intOrientacion)),
+            fBastanPixeles({recorte->intAncho, recorte->intAlto}, foto, intLado)};
 }
 
 } // namespace
@@ -134,7 +137,7 @@ QImage fMiniaturaExif(clsLector &lector, const clsCabeceraJpeg &cabecera, int in
 QImage fEncajada(const QImage &imagen, int intLado)
 {
     return imagen.isNull() ? imagen
-                           : fParaPantalla(fEncoger(imagen, fEnCaja(imagen.size(), intLado)));
+                           : fParaPantalla(fAjustar(imagen, fEnCaja(imagen.size(), intLado)));
 }
 
 Extraccion fSinAbrir(clsError error)
@@ -151,8 +154,16 @@ Extraccion fSinAbrir(clsError error)
     }
 }
 
-clsMiniatura fExtraerFoto(const std::string &strRuta, int intLado,
-                          const std::atomic<bool> &bolAnulado)
+clsMiniatura fDeOtra(const clsMiniatura &otra, QSize natural, int intLado)
+{
+    const QSize suyo = otra.imagen.size();
+    const QSize tam = natural.isEmpty() ? suyo.scaled(intLado, intLado, Qt::KeepAspectRatio)
+                                        : fEnCaja(natural, intLado);
+    return {Extraccion::Hecha, fAjustar(otra.imagen, tam),
+            otra.bolFina && suyo.width() >= tam.width() && suyo.height() >= tam.height()};
+}
+
+clsMiniatura fMirarFoto(const std::string &strRuta, int intLado, const clsMiniatura &otra)
 {
     const auto abierto = fAbrirRegular(strRuta);
     if (!abierto) {
@@ -162,8 +173,24 @@ clsMiniatura fExtraerFoto(const std::string &strRuta, int intLado,
     clsLector lector(origen);
     clsCabeceraJpeg cabecera;
     static_cast<void>(fLeerCabeceraJpeg(lector, cabecera));
-    if (QImage imagen = fMiniaturaExif(lector, cabecera, intLado); !imagen.isNull()) {
-        return {Extraccion::Hecha, fParaPantalla(std::move(imagen))};
+    clsMiniatura exif = fMiniaturaExif(lector, cabecera, intLado);
+    const bool bolHay = exif.extraccion == Extraccion::Hecha;
+    if (otra.imagen.isNull() || (bolHay && exif.bolFina)) {
+        return exif;
+    }
+    constexpr int intGirada = 5; // from this orientation on the picture lies on its side
+    const QSize natural(cabecera.intAncho, cabecera.intAlto);
+    clsMiniatura hecha = fDeOtra(
+        otra, cabecera.intOrientacion < intGirada ? natural : natural.transposed(), intLado);
+    return bolHay && !hecha.bolFina ? exif : hecha;
+}
+
+clsMiniatura fDecodificarMini(const std::string &strRuta, int intLado,
+                              const std::atomic<bool> &bolAnulado)
+{
+    const auto abierto = fAbrirRegular(strRuta);
+    if (!abierto) {
+        return {fSinAbrir(abierto.fError()), {}};
     }
     clsDecodificador decodificador(*abierto, bolAnulado);
     const QSize tam = decodificador.fTam();
@@ -172,4 +199,12 @@ clsMiniatura fExtraerFoto(const std::string &strRuta, int intLado,
         return {decodificador.fFalloDisco() ? Extraccion::Disco : Extraccion::SinImagen, {}};
     }
     return {Extraccion::Hecha, fParaPantalla(std::move(imagen))};
+}
+
+clsMiniatura fExtraerFoto(const std::string &strRuta, int intLado,
+                          const std::atomic<bool> &bolAnulado)
+{
+    clsMiniatura vista = fMirarFoto(strRuta, intLado);
+    const bool bolFalta = vista.extraccion == Extraccion::Pendiente || !vista.bolFina;
+    return bolFalta ? fDecodificarMini(strRuta, intLado, bolAnulado) : vista;
 }

@@ -13,7 +13,7 @@
 enum class Extraccion {
     Hecha,     ///< there is an image
     SinImagen, ///< the file can be read, but no image made of it
-    Pendiente, ///< a video whose frame is still to be made
+    Pendiente, ///< nothing is there at once: it is still to be made
     Falta,     ///< there is no such file
     Disco,     ///< the file system does not give the file
 };
@@ -22,17 +22,31 @@ enum class Extraccion {
 struct clsMiniatura {
     Extraccion extraccion = Extraccion::SinImagen;
     QImage imagen; ///< upright, no larger than the box, with one pixel per device pixel
+    /// false: enlarged from fewer pixels than the box can show, until there are sharper ones
+    bool bolFina = true;
 };
 
-/// The thumbnail of a photo. Works on any thread. Only regular files are read.
-///
-/// The EXIF thumbnail is taken where it has enough pixels for the box and, without the bars it may
-/// have, the proportions of the picture; else the picture is decoded in the size of the box. It is
-/// never enlarged.
-/// @param intLado    side of the box in device pixels.
+// Thumbnails of photos. These work on any thread and read regular files only. A box has a side of
+// intLado device pixels.
+
+/// What there is of a photo without decoding it: the EXIF thumbnail where it has, without the bars
+/// it may have, the proportions of the picture; else what was made for another box.
+/// @param otra what that is, if there is an image of it.
+[[nodiscard]] clsMiniatura fMirarFoto(const std::string &strRuta, int intLado,
+                                      const clsMiniatura &otra = {});
+
+/// The picture decoded in the size of the box, never enlarged.
 /// @param bolAnulado may become true meanwhile: the result is then of no use.
+[[nodiscard]] clsMiniatura fDecodificarMini(const std::string &strRuta, int intLado,
+                                            const std::atomic<bool> &bolAnulado);
+
+/// The EXIF thumbnail where it has enough pixels for the box, else the picture decoded.
 [[nodiscard]] clsMiniatura fExtraerFoto(const std::string &strRuta, int intLado,
                                         const std::atomic<bool> &bolAnulado);
+
+/// Makes of a thumbnail one for another box.
+/// @param natural size of the upright picture, empty where it is not known.
+[[nodiscard]] clsMiniatura fDeOtra(const clsMiniatura &otra, QSize natural, int intLado);
 
 /// A picture in a format of the screen, made smaller when it does not fit into the box.
 /// @param intLado side of the box in device pixels.

@@ -68,11 +68,24 @@ int clsMiniaturas::fLado() const
     return static_cast<int>(m_generador.DesiredWidth * m_cliente->devicePixelRatioF());
 }
 
-/// What was made by now of what was ordered; nothing when that is still to come.
+/// What has come by now of what was ordered; nothing when that is still to come.
 std::optional<clsMiniatura> clsMiniaturas::fHecha(const std::string &strRuta)
 {
     const clsMiniGuardada *const hecha = m_almacen.fTomar(fClaveMini(strRuta, fLado()));
     return hecha != nullptr ? std::optional(hecha->miniatura) : std::nullopt;
+}
+
+/// What is kept of a file for these boxes, else for larger or smaller ones.
+std::optional<clsMiniGuardada> clsMiniaturas::fGuardada(const std::string &strRuta)
+{
+    const double dblDpr = m_cliente->devicePixelRatioF();
+    for (const int intLado : {m_generador.DesiredWidth, fLadoMini(2), fLadoMini(1), fLadoMini(0)}) {
+        const std::string strClave = fClaveMini(strRuta, static_cast<int>(intLado * dblDpr));
+        if (const clsMiniGuardada *const guardada = m_almacen.fGuardado(strClave)) {
+            return *guardada;
+        }
+    }
+    return {};
 }
 
 void clsMiniaturas::fDisponer(const clsRect &fondo, int intTam)
@@ -182,31 +195,30 @@ void clsMiniaturas::fMarcar(const clsCelda &celda, int lngActual)
     celda.boton->fEstado(m_filas.fMarcada(celda.lngPos), celda.lngPos == lngActual);
 }
 
-/// Orders what the page lacks, then the next page and the one before, and at last a look at the
-/// files the page shows.
+/// Orders what the page lacks or does not show sharply, then the next page and the one before, and
+/// at last a look at the files the page shows.
 void clsMiniaturas::fEncargar(int lngInicio)
 {
     const int intCeldas = m_rejilla.intCeldas;
     const int intLado = fLado();
     std::vector<clsAlmacenMini::clsEncargo> lstEncargos;
     lstEncargos.reserve(static_cast<std::size_t>(intCeldas) * 4);
+    int intTurno = 0;
     const auto fAnadir = [&](const std::string &strRuta) {
-        std::string strClave = fClaveMini(strRuta, intLado);
-        const clsMiniGuardada *const guardada = m_almacen.fGuardado(strClave);
-        lstEncargos.push_back(
-            {std::move(strClave),
-             fPiezaMini(strRuta, intLado, guardada ? std::optional(*guardada) : std::nullopt,
-                        m_fFotograma)});
+        lstEncargos.push_back({fClaveMini(strRuta, intLado),
+                               fPiezaMini(strRuta, intLado, fGuardada(strRuta), m_fFotograma),
+                               intTurno});
     };
     const auto fPagina = [&](int lngDesde, bool bolMostradas) {
         const int lngHasta = std::min(lngDesde + intCeldas, m_filas.fCantidad());
         for (int lngPos = std::max(lngDesde, 0); lngPos < lngHasta; ++lngPos) {
             const clsCelda &celda = m_lstCeldas[static_cast<std::size_t>(lngPos - lngDesde)];
-            const bool bolFalta = celda.bolPendiente || !fMuestra(celda, lngPos);
+            const bool bolFalta = celda.bolPendiente || !celda.bolFina || !fMuestra(celda, lngPos);
             if (lngDesde != lngInicio || bolFalta != bolMostradas) {
                 fAnadir(m_filas.fRutaDisco(lngPos));
             }
         }
+        intTurno += 2; // what lacks a picture, what is not sharp
     };
     for (const int lngDesde : {lngInicio, lngInicio + intCeldas, lngInicio - intCeldas}) {
         fPagina(lngDesde, false);
@@ -226,29 +238,42 @@ bool clsMiniaturas::fMostrar(int lngActual, const clsEntorno &entorno)
     m_bolCallar = false;
     m_desdeNovedad.start();
     m_desdeCeder.invalidate();
-    for (int lngPos = lngInicio; lngPos < lngFin; ++lngPos) {
-        const auto lngCelda = static_cast<std::size_t>(lngPos - lngInicio);
-        if (!fMuestra(m_lstCeldas[lngCelda], lngPos) && !fDibujar(lngCelda, lngPos, entorno)) {
-            return false;
+    for (const bool bolTodo : {false, true}) {
+        for (int lngPos = lngInicio; lngPos < lngFin; ++lngPos) {
+            const auto lngCelda = static_cast<std::size_t>(lngPos - lngInicio);
+            if (!fMuestra(m_lstCeldas[lngCelda], lngPos) &&
+                !fDibujar(lngCelda, lngPos, bolTodo, entorno)) {
+                return false;
+            }
         }
     }
     fTomarLlegadas();
     return entorno.fVigente();
 }
 
-bool clsMiniaturas::fDibujar(std::size_t lngCelda, int lngPos, const clsEntorno &entorno)
+/// Waits for what a cell is to show, and draws it.
+/// @param bolTodo also what has to be decoded first; else such a cell is left as it is.
+/// @return false when the drawing was superseded or the window closes.
+bool clsMiniaturas::fDibujar(std::size_t lngCelda, int lngPos, bool bolTodo,
+                             const clsEntorno &entorno)
 {
     if (!m_desdeCeder.isValid()) {
         entorno.fProcesando();
     }
     const std::string strRuta = m_filas.fRutaDisco(lngPos);
     m_almacen.fRecoger();
+    auto hecha = fHecha(strRuta);
+    const auto fPorDescifrar = [&] {
+        return hecha && hecha->extraccion == Extraccion::Pendiente && !fEsVideo(strRuta);
+    };
     // Looked for before every wait: what came while other events ran wakes nobody any more.
-    while (entorno.fVigente() && !fHecha(strRuta)) {
-        if (m_desdeNovedad.hasExpired(intPaciencia)) {
-            break;
-        }
+    while (entorno.fVigente() && (!hecha || (bolTodo && fPorDescifrar())) &&
+           !m_desdeNovedad.hasExpired(intPaciencia)) {
         entorno.fCeder(intPaciencia);
+        hecha = fHecha(strRuta);
+    }
+    if (!bolTodo && fPorDescifrar()) {
+        return entorno.fVigente();
     }
     if (!entorno.fVigente() || !fPintar(lngCelda, lngPos, entorno.fVigente)) {
         return false;
@@ -302,6 +327,7 @@ bool clsMiniaturas::fPintar(std::size_t lngCelda, int lngPos, const std::functio
     celda.strClave = fClaveMini(strRuta, celda.intLado);
     celda.lngImagen = miniatura.imagen.isNull() ? 0 : miniatura.imagen.cacheKey();
     celda.bolPendiente = bolPendiente;
+    celda.bolFina = miniatura.bolFina;
     celda.boton->fPoner(imagen, strTexto);
     celda.boton->fConsejo(fTextoConsejo(m_filas, lngPos, m_signos));
     celda.boton->setProperty("Tag", QString::number(lngPos));
@@ -350,6 +376,7 @@ void clsMiniaturas::fRenovar(std::size_t lngCelda)
     if (!miniatura || miniatura->extraccion == Extraccion::Pendiente) {
         return;
     }
+    celda.bolFina = miniatura->bolFina;
     // A picture that has been lost meanwhile stays until the page is drawn anew.
     const bool bolNueva = miniatura->extraccion == Extraccion::Hecha &&
                           miniatura->imagen.cacheKey() != celda.lngImagen;

@@ -41,9 +41,10 @@ public:
     /// Makes no more thumbnails until the next page.
     void fParar() { m_almacen.fEncargar({}); }
     /// Draws the page that holds the current file. The list must not be empty. Thumbnails appear in
-    /// order as they are made. The frames of videos are waited for by nobody and appear later, and
-    /// so do files that the disk does not give in time, and new pictures of files that were
-    /// replaced while their cells showed them.
+    /// order: those there are at once, sharp or not, then those that have to be decoded. The frames
+    /// of videos are waited for by nobody and appear later, and so do sharper pictures, files that
+    /// the disk does not give in time, and new pictures of files that were replaced while their
+    /// cells showed them.
     /// @return false when it was superseded or the window closes.
     [[nodiscard]] bool fMostrar(int lngActual, const clsEntorno &entorno);
 
@@ -72,13 +73,15 @@ private:
         std::string strClave{};    ///< of its thumbnail
         qint64 lngImagen = 0;      ///< QImage::cacheKey of the thumbnail, 0: none
         bool bolPendiente = false; ///< what it is to show is still to come
+        bool bolFina = false;      ///< it shows all pixels it can
     };
     void fCargarCeldas();
     void fVaciar(clsCelda &celda);
     void fRepartir(int lngInicio, int lngActual);
     [[nodiscard]] bool fMuestra(const clsCelda &celda, int lngPos) const;
     void fEncargar(int lngInicio);
-    [[nodiscard]] bool fDibujar(std::size_t lngCelda, int lngPos, const clsEntorno &entorno);
+    [[nodiscard]] bool fDibujar(std::size_t lngCelda, int lngPos, bool bolTodo,
+                                const clsEntorno &entorno);
     [[nodiscard]] bool fPintar(std::size_t lngCelda, int lngPos,
                                const std::function<bool()> &fVigente);
     void fMarcar(const clsCelda &celda, int lngActual);
@@ -88,6 +91,7 @@ private:
     void fRenovar(std::size_t lngCelda);
     [[nodiscard]] int fLado() const;
     [[nodiscard]] std::optional<clsMiniatura> fHecha(const std::string &strRuta);
+    [[nodiscard]] std::optional<clsMiniGuardada> fGuardada(const std::string &strRuta);
 
     QWidget *m_cliente;
     const clsFilas &m_filas;

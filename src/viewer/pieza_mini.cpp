@@ -2,48 +2,84 @@
 
 #include "shared/medios.h"
 
+#include <algorithm>
 #include <utility>
 
 namespace {
 
 using clsHecho = clsAlmacenMini::clsHecho;
 
+/// What was found out about a file.
+struct clsHallazgo {
+    std::string strRuta;
+    clsHuella huella;
+    int intLado = 0;
+};
+
 /// What the disk did not give today it may give tomorrow: that is not kept.
-clsHecho fHecho(clsMiniatura miniatura, const clsHuella &huella = {}, bool bolGuardar = false)
+clsHecho fHecho(clsMiniatura miniatura, const clsHallazgo &suyo = {}, bool bolGuardar = false)
 {
     return {
-        .valor = {huella, std::move(miniatura)},
+        .valor = {suyo.huella, suyo.intLado, std::move(miniatura)},
           .bolGuardar = bolGuardar
     };
 }
 
-clsHecho fHacerFoto(const std::string &strRuta, const clsHuella &huella, int intLado,
-                    const clsAnulado &anulado)
+/// What there is at once, and what is still to be done for it, if anything.
+clsHecho fPrimero(clsMiniatura vista, const clsHallazgo &suyo, clsAlmacenMini::clsPieza fSigue)
 {
-    clsMiniatura miniatura = fExtraerFoto(strRuta, intLado, anulado);
-    const bool bolVale =
-        miniatura.extraccion == Extraccion::Hecha || miniatura.extraccion == Extraccion::SinImagen;
-    return fHecho(std::move(miniatura), huella, bolVale);
+    const bool bolHay = vista.extraccion == Extraccion::Hecha;
+    const bool bolFalta = vista.extraccion == Extraccion::Pendiente || !vista.bolFina;
+    clsHecho hecho = fHecho(std::move(vista), suyo, bolHay);
+    if (bolFalta) {
+        hecho.fSigue = std::move(fSigue);
+        hecho.intMas = bolHay ? 1 : 0;
+    }
+    return hecho;
+}
+
+clsHecho fHacerFoto(const clsHallazgo &suyo, const clsMiniatura &otra)
+{
+    clsMiniatura vista = fMirarFoto(suyo.strRuta, suyo.intLado, otra);
+    return fPrimero(vista, suyo, [suyo, vista](const clsAnulado &anulado) {
+        clsMiniatura fina = fDecodificarMini(suyo.strRuta, suyo.intLado, anulado);
+        const bool bolNinguna = fina.extraccion == Extraccion::SinImagen;
+        if (bolNinguna && vista.extraccion == Extraccion::Hecha) {
+            fina = {vista.extraccion, vista.imagen}; // nothing sharper will come
+        }
+        return fHecho(fina, suyo, fina.extraccion == Extraccion::Hecha || bolNinguna);
+    });
 }
 
 /// Looks whether a video can be opened; its frame has to wait for its turn.
-clsHecho fHacerVideo(const std::string &strRuta, const clsHuella &huella, int intLado,
+clsHecho fHacerVideo(const clsHallazgo &suyo, const clsMiniatura &otra,
                      const clsFotograma &fFotograma)
 {
-    if (const auto archivo = fAbrirRegular(strRuta); !archivo) {
+    if (const auto archivo = fAbrirRegular(suyo.strRuta); !archivo) {
         return fHecho({fSinAbrir(archivo.fError()), {}});
     }
-    if (!fFotograma || huella.lngBytes == 0) {
-        return fHecho({Extraccion::SinImagen, {}}, huella, true);
+    if (!fFotograma || suyo.huella.lngBytes == 0) {
+        return fHecho({Extraccion::SinImagen, {}}, suyo, true);
     }
-    clsHecho hecho = fHecho({Extraccion::Pendiente, {}});
-    hecho.fSigue = [=](const clsAnulado &anulado) {
-        QImage imagen = fFotograma(strRuta, huella, intLado, anulado);
+    clsMiniatura vista{Extraccion::Pendiente, {}};
+    if (!otra.imagen.isNull()) {
+        vista = fDeOtra(otra, {}, suyo.intLado);
+    }
+    return fPrimero(vista, suyo, [suyo, fFotograma](const clsAnulado &anulado) {
+        QImage imagen = fFotograma(suyo.strRuta, suyo.huella, suyo.intLado, anulado);
         // Without one it may be that the disk was slow: the next visit tries again.
         return imagen.isNull() ? fHecho({Extraccion::SinImagen, {}})
-                               : fHecho({Extraccion::Hecha, std::move(imagen)}, huella, true);
-    };
-    return hecho;
+                               : fHecho({Extraccion::Hecha, std::move(imagen)}, suyo, true);
+    });
+}
+
+/// What of a kept thumbnail can serve for another box: one that is smaller than its own box is all
+/// there is of a small picture.
+clsMiniatura fServible(const clsMiniGuardada &guardada)
+{
+    const QSize tam = guardada.miniatura.imagen.size();
+    return std::max(tam.width(), tam.height()) >= guardada.intLado ? guardada.miniatura
+                                                                   : clsMiniatura{};
 }
 
 } // namespace
@@ -57,15 +93,17 @@ clsAlmacenMini::clsPieza fPiezaMini(const std::string &strRuta, int intLado,
                                     std::optional<clsMiniGuardada> guardada,
                                     const clsFotograma &fFotograma)
 {
-    return [=, guardada = std::move(guardada)](const clsAnulado &anulado) -> clsHecho {
+    return [=, guardada = std::move(guardada)](const clsAnulado & /*anulado*/) -> clsHecho {
         const auto huella = fHuella(strRuta);
         if (!huella) {
             return fHecho({fSinAbrir(huella.fError()), {}});
         }
-        if (guardada && guardada->huella == *huella) {
+        const bool bolVale = guardada && guardada->huella == *huella;
+        if (bolVale && guardada->intLado == intLado && guardada->miniatura.bolFina) {
             return {*guardada};
         }
-        return fEsVideo(strRuta) ? fHacerVideo(strRuta, *huella, intLado, fFotograma)
-                                 : fHacerFoto(strRuta, *huella, intLado, anulado);
+        const clsHallazgo suyo{strRuta, *huella, intLado};
+        const clsMiniatura otra = bolVale ? fServible(*guardada) : clsMiniatura{};
+        return fEsVideo(strRuta) ? fHacerVideo(suyo, otra, fFotograma) : fHacerFoto(suyo, otra);
     };
 }

@@ -10,6 +10,7 @@
 /// A thumbnail as it is kept: true as long as the file has that time and size.
 struct clsMiniGuardada {
     clsHuella huella;
+    int intLado = 0; ///< side of the box it was made for, in device pixels
     clsMiniatura miniatura;
     [[nodiscard]] std::int64_t fBytes() const { return miniatura.imagen.sizeInBytes(); }
 };
@@ -18,9 +19,11 @@ using clsAlmacenMini = clsAlmacen<clsMiniGuardada>;
 /// What a thumbnail is kept under: its file, and the side of its box in device pixels.
 [[nodiscard]] std::string fClaveMini(const std::string &strRuta, int intLado);
 
-/// The work that makes a thumbnail: first what costs little, whether the file is there and what is
-/// kept still true; a video whose file was reached is "Pendiente" until it has had its turn.
-/// @param guardada   what is kept of it.
+/// The work that makes a thumbnail: first what costs little, whether the file is there, what is
+/// kept still true, what there is at once, sharp or not; then what takes long: decoding a photo,
+/// having a frame of a video made. What lacks a picture altogether comes a turn before what is not
+/// sharp.
+/// @param guardada   what is kept of it, for this box or another one.
 /// @param fFotograma makes the frames of videos; an empty one makes none.
 [[nodiscard]] clsAlmacenMini::clsPieza fPiezaMini(const std::string &strRuta, int intLado,
                                                   std::optional<clsMiniGuardada> guardada,

@@ -37,7 +37,8 @@ using Numeros = std::vector<int>;
 class Hilos : public testing::Test {
 protected:
     /// Orders a number; it lands in lstTomadas.
-    clsHilos::clsOrden fPedir(clsHilos &hilos, int intNumero, const Puerta &puerta = {})
+    clsHilos::clsOrden fPedir(clsHilos &hilos, int intNumero, const Puerta &puerta = {},
+                              int intTurno = 0)
     {
         return hilos.fPedir(
             [intNumero, puerta] {
@@ -46,7 +47,7 @@ protected:
                 }
                 return intNumero;
             },
-            [this](int intTomado) { lstTomadas.push_back(intTomado); });
+            [this](int intTomado) { lstTomadas.push_back(intTomado); }, intTurno);
     }
     static void fTomarTodo(clsHilos &hilos)
     {
@@ -94,6 +95,20 @@ TEST_F(Hilos, AnswerAsTheyAreReadyOrInTheOrderOfAsking)
         fTomarTodo(hilos);
         EXPECT_EQ(lstTomadas, bolEnOrden ? Numeros({0, 1, 2, 3, 4}) : Numeros({1, 2, 3, 4, 0}));
     }
+}
+
+TEST_F(Hilos, BeginInTheOrderOfTheirTurns)
+{
+    clsHilos hilos({.intHilos = 1, .intMaximo = 1});
+    fPedir(hilos, 0, atasco, 9); // begins before the others are there
+    ASSERT_TRUE(atasco->fParados(1));
+    for (const auto &[intNumero, intTurno] :
+         {std::pair(5, 2), {3, 1}, {1, -1}, {6, 2}, {2, 0}, {4, 1}}) {
+        fPedir(hilos, intNumero, {}, intTurno);
+    }
+    atasco->fAbrir();
+    fTomarTodo(hilos);
+    EXPECT_EQ(lstTomadas, Numeros({0, 1, 2, 3, 4, 5, 6}));
 }
 
 TEST_F(Hilos, PostOneNoticeForAllThatComesUntilItIsRead)

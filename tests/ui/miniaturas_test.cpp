@@ -1,6 +1,7 @@
 // The page of thumbnails: what each cell shows, whatever happens to list, window and files.
 #include "sesion.h"
 
+#include "jpeg_soporte.h"
 #include "viewer/cmdMini.h"
 
 #include <QHeaderView>
@@ -318,6 +319,36 @@ private slots:
         QVERIFY(pagina.fEsperarLista());
         QCOMPARE(pagina.fPosicion(), 14);
         BIEN(pagina);
+    }
+
+    void fWhatThereIsAtOnceIsShownBeforeWhatHasToBeDecoded()
+    {
+        const clsArbol arbol;
+        fLlenarLento(arbol, 12);
+        QImage foto(2400, 2000, QImage::Format_RGB32);
+        foto.fill(fColor(5));
+        QImage mini(48, 40, QImage::Format_RGB32);
+        mini.fill(fColor(180));
+        arbol.fCrear("ultima.jpg", clsJpegConMini{foto, mini}.fBytes());
+        clsPagina pagina(arbol);
+        QVERIFY(pagina.fAbrir() && pagina.fTamano(800, 600));
+        const auto fEs = [&](int intNumero) {
+            const QImage imagen = pagina.fMini(12)->icon().pixmap(400).toImage();
+            const QColor color = imagen.pixelColor(imagen.rect().center());
+            return std::abs(color.red() - fColor(intNumero).red()) < 12 &&
+                   std::abs(color.blue() - fColor(intNumero).blue()) < 12;
+        };
+        const clsCuando durante(
+            [&] {
+                return pagina.fCeldas() > 12 && pagina.fMini(12)->isVisible() && fEs(180) &&
+                       !pagina.fMini(11)->isVisible();
+            },
+            [] {});
+        pagina.fElegirEntrada("mnuOpcionesThump0");
+        pagina.fTecla(Qt::Key_M);
+        QVERIFY(durante.fHecho());
+        QTRY_VERIFY(fEs(5));
+        QCOMPARE(pagina.fMal(), QString());
     }
 
     void fAReplacedFileShowsItsNewPicture()

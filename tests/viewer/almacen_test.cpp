@@ -31,7 +31,9 @@ protected:
         }
         almacen.fEncargar(std::move(lstEncargos));
     }
-    /// "!" hangs, "?" is not kept, "lenta" takes two steps.
+    /// "!" hangs, "?" is not kept, "lenta" takes two steps, and so does what begins with "~", but
+    /// there is something of it at once, and for the rest it comes a turn later; the second step of
+    /// "~!" hangs.
     clsAlmacenTextos::clsPieza fPieza(const std::string &strTexto)
     {
         return [strTexto, atasco = atasco](const clsAnulado & /*anulado*/) {
@@ -43,6 +45,16 @@ protected:
                 hecho = {{"aun no"}, false};
                 hecho.fSigue = [](const clsAnulado & /*anulado*/) {
                     return clsAlmacenTextos::clsHecho{{"al fin"}};
+                };
+            }
+            if (strTexto.starts_with('~')) {
+                hecho = {{"~"}};
+                hecho.intMas = 1;
+                hecho.fSigue = [=](const clsAnulado & /*anulado*/) {
+                    if (strTexto == "~!") {
+                        atasco->fEsperar();
+                    }
+                    return clsAlmacenTextos::clsHecho{{strTexto}};
                 };
             }
             return hecho;
@@ -122,6 +134,35 @@ TEST_F(Almacen, TakesASecondStepForWhatIsSlow)
     fLlegan(2);
     EXPECT_EQ(fTomado("lenta"), "al fin");
     EXPECT_EQ(fGuardado("lenta"), "al fin");
+}
+
+TEST_F(Almacen, HasWhatThereIsAtOnceAndTheRestByTurns)
+{
+    fEncargar({"~!"});
+    fLlegan(1);
+    ASSERT_TRUE(atasco->fParados(1));
+    almacen.fEncargar({{"~!", fPieza("~!"), 0}, {"~b", fPieza("~b"), 2}, {"~a", fPieza("~a"), 0}});
+    fLlegan(3);
+    EXPECT_EQ(fTomado("~a") + fGuardado("~a") + fTomado("~b"), "~~~");
+    // What was the page to come is shown now.
+    almacen.fEncargar({{"~!", fPieza("~!"), 0}, {"~a", fPieza("~a"), 2}, {"~b", fPieza("~b"), 0}});
+    EXPECT_EQ(fTomado("~a") + fTomado("~b"), "~~") << "it is not made anew";
+    atasco->fAbrir();
+    fLlegan(6);
+    EXPECT_EQ(Textos(lstLlegadas.begin() + 3, lstLlegadas.end()), Textos({"~!", "~b", "~a"}));
+    EXPECT_EQ(fTomado("~a"), "~a");
+}
+
+TEST_F(Almacen, LetsWhatLacksEverythingComeBeforeTheRest)
+{
+    fEncargar({"~!"});
+    fLlegan(1);
+    ASSERT_TRUE(atasco->fParados(1));
+    fEncargar({"~!", "~a", "lenta"});
+    fLlegan(3);
+    atasco->fAbrir();
+    fLlegan(6);
+    EXPECT_EQ(Textos(lstLlegadas.begin() + 3, lstLlegadas.end()), Textos({"~!", "lenta", "~a"}));
 }
 
 TEST_F(Almacen, ForgetsWhatWasNotUsedForLongestButNothingThatIsWanted)
