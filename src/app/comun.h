@@ -6,7 +6,7 @@
 #include "shared/mensajes.h"
 #include "shared/ocupado.h"
 #include "shared/ritmo.h"
-#include "viewer/extraccion.h"
+#include "viewer/pieza_mini.h"
 
 #include <functional>
 #include <optional>
@@ -34,7 +34,7 @@ struct clsComun {
     clsAjustes &escritorio; ///< what is remembered for the desktop
     clsOcupacion &ocupacion;
     clsInformacion &informacion;
-    clsFotograma fFotograma; ///< makes frames of videos
+    clsFuentesMini fuentes; ///< of thumbnails
     /// Makes a position current and shows it.
     std::function<void(int)> fMostrar;
     /// Empties the viewing panel.

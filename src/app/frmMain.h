@@ -93,7 +93,7 @@ private:
     bool m_bolDispuesta = false;    ///< the window has its size, so that pictures can be drawn
     bool m_bolDobleClic = false;    ///< a row was double-clicked while it was being shown
 
-    const clsFotograma m_fFotograma;     ///< makes frames of videos
+    const clsFuentesMini m_fuentes;      ///< of thumbnails
     int m_lngAncho;                      ///< panel width in twips
     QSize m_tamDispuesto;                ///< client size last laid out
     bool m_bolCompletaDispuesta = false; ///< it was with the whole screen for the panel

@@ -10,6 +10,19 @@
 
 namespace {
 
+/// Empties the cache of thumbnails of photos.
+void fVaciarCache(const clsComun &comun)
+{
+    const auto error = fAlLado(comun, [fotos = comun.fuentes.fotos] { return fotos->fVaciar(); });
+    if (error && *error) {
+        comun.mensajes.fAviso(Icono::Problema,
+                              "No se ha podido vaciar la caché de miniaturas.\r\n" +
+                                  fTextoError(*error));
+    } else if (error) {
+        comun.mensajes.fAviso(Icono::Aviso, "Se ha vaciado la caché de miniaturas.");
+    }
+}
+
 /// Shows where a movement leads to, if it leads anywhere.
 template <typename Paso> void fIr(const clsComun &comun, Paso paso)
 {
@@ -78,6 +91,7 @@ void fAtenderPasos(const clsComun &comun, clsMandos &mandos)
 
 void fAtenderProgramas(const clsComun &comun, clsMandos &mandos)
 {
+    mandos.fAtender("vaciarCache", [&comun] { fVaciarCache(comun); });
     mandos.fAtender("abrir", [&comun] { fAbrirArchivo(comun); });
     mandos.fAtender("carpeta", [&comun] {
         fAbrirConSistema(

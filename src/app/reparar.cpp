@@ -132,9 +132,9 @@ clsEntornoReparar fEntorno(const clsComun &comun)
     return {
         fLector(comun),
         [](const std::string &strRuta) { return fConsultar(strRuta, false).fError() != ENOENT; },
-        [fFotograma = comun.fFotograma](const std::string &strRuta, int intLado) {
+        [fuentes = comun.fuentes](const std::string &strRuta, int intLado) {
             const clsAnulado anulado = false;
-            auto hecho = fPiezaMini(strRuta, intLado, {}, fFotograma)(anulado);
+            auto hecho = fPiezaMini(strRuta, intLado, {}, fuentes)(anulado);
             return (hecho.fSigue ? hecho.fSigue(anulado) : hecho).valor.miniatura.imagen;
         },
         {},

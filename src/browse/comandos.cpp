@@ -144,6 +144,9 @@ constexpr clsComando lstComandos[] = {
      .obra = fObra("girar", 1), .espera = ALaVista},
     {.strNombre = "formatos", .entrada = {Menu::Mas, "mnuMasFormatos", "Otros &formatos", "", true},
      .fPermitido = fSiempre, .fMarca = fConFormatos},
+    {.strNombre = "vaciarCache",
+     .entrada = {Menu::Mas, "mnuMasVaciarCache", "Vaciar &caché de miniaturas", "", true},
+     .fPermitido = fSiempre},
 
     // Ayuda
     {.strNombre = "ayuda", .linea = {10, "[F1]: Ayuda."},

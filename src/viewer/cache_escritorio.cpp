@@ -10,7 +10,9 @@
 #include <QFile>
 #include <QImageReader>
 
+#include <algorithm>
 #include <ctime>
+#include <iterator>
 #include <utility>
 
 namespace {
@@ -30,6 +32,8 @@ constexpr const char *strFallos = "fail/miravel-1/";
 /// Until when a note of a failure holds, in seconds since 1970.
 constexpr const char *strHasta = "X-Miravel::Until";
 constexpr std::int64_t lngDia = 86400;
+/// Side of a thumbnail at most, whoever made it: what claims to be larger is not read.
+constexpr int intMaximoPng = 4096;
 
 /// Keys and values of a PNG.
 using clsTextos = QList<std::pair<QByteArray, QByteArray>>;
@@ -133,7 +137,10 @@ QImage fLeerPng(const std::string &strRuta)
     QFile archivo;
     const bool bolAbierto = abierto && archivo.open(abierto->descriptor.fFd(), QIODevice::ReadOnly);
     // The reader itself would cut texts at the first colon of their keys; the image does not.
-    return bolAbierto ? QImageReader(&archivo, "png").read() : QImage();
+    QImageReader lector(&archivo, "png");
+    return bolAbierto && std::max(lector.size().width(), lector.size().height()) <= intMaximoPng
+               ? lector.read()
+               : QImage();
 }
 
 clsCacheEscritorio::clsCacheEscritorio(std::string strCarpeta) : m_strCarpeta(std::move(strCarpeta))
@@ -156,14 +163,20 @@ int clsCacheEscritorio::fLadoCache(int intLado)
     return intLado;
 }
 
-QImage clsCacheEscritorio::fLeer(const std::string &strRuta, const clsHuella &huella,
-                                 int intLado) const
+QImage clsCacheEscritorio::fLeer(const std::string &strRuta, const clsHuella &huella, int intLado,
+                                 bool bolMenores) const
 {
     QImage imagen;
-    for (const clsTamano &tam : lstTamanos) {
-        if (imagen.isNull() && !m_strCarpeta.empty() && tam.intLado >= intLado) {
+    const auto fProbar = [&](const clsTamano &tam, bool bolCabe) {
+        if (imagen.isNull() && !m_strCarpeta.empty() && bolCabe) {
             imagen = fLeerEntrada(m_strCarpeta + tam.strCarpeta, strRuta, huella);
         }
+    };
+    for (const clsTamano &tam : lstTamanos) {
+        fProbar(tam, tam.intLado >= intLado);
+    }
+    for (auto it = std::rbegin(lstTamanos); it != std::rend(lstTamanos); ++it) {
+        fProbar(*it, bolMenores && it->intLado < intLado);
     }
     return imagen;
 }

@@ -27,8 +27,9 @@ public:
 
     /// The thumbnail of the smallest size that fills the box, as it is kept, maybe larger than the
     /// box; null when there is none for a file of that time and size.
-    [[nodiscard]] QImage fLeer(const std::string &strRuta, const clsHuella &huella,
-                               int intLado) const;
+    /// @param bolMenores rather one that does not fill the box, the largest of them, than none.
+    [[nodiscard]] QImage fLeer(const std::string &strRuta, const clsHuella &huella, int intLado,
+                               bool bolMenores = false) const;
     /// Keeps a thumbnail that was made for that box of fLadoCache. Not for files of the cache.
     void fGuardar(const std::string &strRuta, const clsHuella &huella, int intLado,
                   const QImage &imagen) const;

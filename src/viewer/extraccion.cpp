@@ -16,6 +16,9 @@
 
 namespace {
 
+/// Bytes and pixels a thumbnail has at most; by right its segment has 64 KiB.
+constexpr std::uint32_t lngMaximoMini = 1 << 20;
+
 /// Turns a stored picture upright. Source of the numbers: Exif 2.32, tag Orientation.
 QImage fEnderezar(const QImage &imagen, int intOrientacion)
 {
@@ -55,7 +58,13 @@ QImage fAjustar(const QImage &imagen, QSize tam)
     QPainter pintor(&ajustada);
     pintor.setRenderHint(QPainter::SmoothPixmapTransform);
     pintor.setCompositionMode(QPainter::CompositionMode_Source);
-    pintor.drawImage(ajustada.rect(), imagen);
+    // In bands: Qt has more than 95 lines done by other threads, which here costs more than it
+    // saves.
+    constexpr int intBanda = 64;
+    for (int intY = 0; intY < tam.height(); intY += intBanda) {
+        pintor.setClipRect(0, intY, tam.width(), intBanda);
+        pintor.drawImage(ajustada.rect(), imagen);
+    }
     return ajustada;
 }
 
@@ -98,28 +107,14 @@ QImage fSinFranjas(const QImage &imagen, const clsRecorte &recorte)
 clsMiniatura fMiniaturaExif(clsLector &lector, const clsCabeceraJpeg &cabecera, int intLado)
 {
     const clsMiniatura ninguna{Extraccion::Pendiente, {}};
-    constexpr std::uint32_t lngMaximo = 1 << 20; // the segment it lies in has 64 KiB by right
-    if (cabecera.lngBytesMini == 0 || cabecera.lngBytesMini > lngMaximo ||
+    if (cabecera.lngBytesMini == 0 || cabecera.lngBytesMini > lngMaximoMini ||
         cabecera.bolPerfilPartido) {
         return ninguna;
     }
-    const std::string strBytes = lector.fCopiar(cabecera.lngMiniatura, cabecera.lngBytesMini);
-    clsOrigenMemoria memoria(strBytes);
-    clsLector lectorMini(memoria);
-    clsCabeceraJpeg mini;
-    // Its own head first: what claims to be larger than a thumbnail is not worth decoding.
-    if (!fLeerCabeceraJpeg(lectorMini, mini) || qint64{mini.intAncho} * mini.intAlto > lngMaximo) {
-        return ninguna;
-    }
+    QImage imagen = fLeerJpeg(lector.fCopiar(cabecera.lngMiniatura, cabecera.lngBytesMini));
     const clsLados foto{cabecera.intAncho, cabecera.intAlto};
-    const auto recorte = fRecorteMini({mini.intAncho, mini.intAlto}, foto);
-    const auto esfuerzo = recorte ? fMedirJpeg(lectorMini) : std::nullopt;
-    if (!esfuerzo || !fDecodificable(*esfuerzo, cabecera.lngBytesMini)) {
-        return ninguna;
-    }
-    QImage imagen = fSinFranjas(QImage::fromData(reinterpret_cast<const uchar *>(strBytes.data()),
-                                                 static_cast<int>(strBytes.size()), "JPG"),
-                                *recorte);
+    const auto recorte = fRecorteMini({imagen.width(), imagen.height()}, foto);
+    imagen = recorte ? fSinFranjas(imagen, *recorte) : QImage();
     if (imagen.isNull()) {
         return ninguna;
     }
@@ -127,12 +122,26 @@ clsMiniatura fMiniaturaExif(clsLector &lector, const clsCabeceraJpeg &cabecera, 
         // Cameras and programs make it from the picture's values, and its profile holds for both.
         imagen.setColorSpace(fPerfil(lector, cabecera));
     }
+    const bool bolFina = fBastanPixeles({imagen.width(), imagen.height()}, foto, intLado);
     imagen = fAjustar(imagen, fEnCaja({foto.intAncho, foto.intAlto}, intLado));
-    return {Extraccion::Hecha, fParaPantalla(fEnderezar(imagen, cabecera.intOrientacion)),
-            fBastanPixeles({recorte->intAncho, recorte->intAlto}, foto, intLado)};
+    return {Extraccion::Hecha, fParaPantalla(fEnderezar(imagen, cabecera.intOrientacion)), bolFina};
 }
 
 } // namespace
+
+QImage fLeerJpeg(const std::string &strBytes)
+{
+    clsOrigenMemoria memoria(strBytes);
+    clsLector lector(memoria);
+    // Its own head first: what claims to be larger than a thumbnail is not worth decoding.
+    const auto esfuerzo = strBytes.size() <= lngMaximoMini ? fMedirJpeg(lector) : std::nullopt;
+    if (!esfuerzo || esfuerzo->lngPixeles > lngMaximoMini ||
+        !fDecodificable(*esfuerzo, static_cast<std::int64_t>(strBytes.size()))) {
+        return {};
+    }
+    return QImage::fromData(reinterpret_cast<const uchar *>(strBytes.data()),
+                            static_cast<int>(strBytes.size()), "JPG");
+}
 
 QImage fEncajada(const QImage &imagen, int intLado)
 {
@@ -157,8 +166,8 @@ Extraccion fSinAbrir(clsError error)
 clsMiniatura fDeOtra(const clsMiniatura &otra, QSize natural, int intLado)
 {
     const QSize suyo = otra.imagen.size();
-    const QSize tam = natural.isEmpty() ? suyo.scaled(intLado, intLado, Qt::KeepAspectRatio)
-                                        : fEnCaja(natural, intLado);
+    constexpr int intGrande = 64; // times its size: larger than any box
+    const QSize tam = fEnCaja(natural.isEmpty() ? suyo * intGrande : natural, intLado);
     return {Extraccion::Hecha, fAjustar(otra.imagen, tam),
             otra.bolFina && suyo.width() >= tam.width() && suyo.height() >= tam.height()};
 }
@@ -198,7 +207,8 @@ clsMiniatura fDecodificarMini(const std::string &strRuta, int intLado,
     if (imagen.isNull()) {
         return {decodificador.fFalloDisco() ? Extraccion::Disco : Extraccion::SinImagen, {}};
     }
-    return {Extraccion::Hecha, fParaPantalla(std::move(imagen))};
+    // What the disk did not give is grey.
+    return {Extraccion::Hecha, fParaPantalla(std::move(imagen)), !decodificador.fFalloDisco()};
 }
 
 clsMiniatura fExtraerFoto(const std::string &strRuta, int intLado,

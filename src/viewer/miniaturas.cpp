@@ -23,6 +23,10 @@ constexpr int intTurno = 8;
 /// disk that does not answer must not hold up those who want to go on.
 constexpr int intPaciencia = 500;
 
+/// Pages that follow each other within so many milliseconds are being leafed through: decoding what
+/// is not sharp there would only take processors from those to come.
+constexpr int intReposo = 150;
+
 /// What is kept of thumbnails: bytes of pixels, and entries, since failures have none, but names.
 constexpr std::int64_t lngMaximoGuardado = std::int64_t{192} << 20;
 constexpr std::size_t lngMaximoEntradas = 20000;
@@ -40,9 +44,9 @@ QString fTextoConsejo(const clsFilas &filas, int lngPos, const clsSignos &signos
 } // namespace
 
 clsMiniaturas::clsMiniaturas(QWidget *cliente, const clsFilas &filas, clsSignos signos,
-                             clsAvisar fAvisar, clsFotograma fFotograma, const clsGiros &giros)
+                             clsAvisar fAvisar, clsFuentesMini fuentes, const clsGiros &giros)
     : QObject(cliente), m_cliente(cliente), m_filas(filas), m_signos(std::move(signos)),
-      m_fAvisar(std::move(fAvisar)), m_fFotograma(std::move(fFotograma)), m_giros(giros),
+      m_fAvisar(std::move(fAvisar)), m_fuentes(std::move(fuentes)), m_giros(giros),
       m_almacen({.lngBytes = lngMaximoGuardado,
                  .lngEntradas = lngMaximoEntradas,
                  .intHilos = fNucleos(),
@@ -59,6 +63,8 @@ clsMiniaturas::clsMiniaturas(QWidget *cliente, const clsFilas &filas, clsSignos 
                   })
 {
     m_generador.Options = cThumbnailGenerator::IEIFLAG_SCREEN | cThumbnailGenerator::IEIFLAG_ASPECT;
+    m_reposo.setSingleShot(true);
+    connect(&m_reposo, &QTimer::timeout, this, [this] { fEncargar(m_lngInicio); });
     fCargarCeldas(); // the first cell exists always
 }
 
@@ -147,6 +153,7 @@ int clsMiniaturas::fPosicion(const QWidget *control) const
 
 void clsMiniaturas::fVaciar()
 {
+    m_reposo.stop();
     for (clsCelda &celda : m_lstCeldas) {
         fVaciar(celda);
     }
@@ -197,7 +204,8 @@ void clsMiniaturas::fMarcar(const clsCelda &celda, int lngActual)
 
 /// Orders what the page lacks or does not show sharply, then the next page and the one before, and
 /// at last a look at the files the page shows.
-void clsMiniaturas::fEncargar(int lngInicio)
+/// @param bolAfinar whether what is there needs to become sharp, too.
+void clsMiniaturas::fEncargar(int lngInicio, bool bolAfinar)
 {
     const int intCeldas = m_rejilla.intCeldas;
     const int intLado = fLado();
@@ -205,8 +213,9 @@ void clsMiniaturas::fEncargar(int lngInicio)
     lstEncargos.reserve(static_cast<std::size_t>(intCeldas) * 4);
     int intTurno = 0;
     const auto fAnadir = [&](const std::string &strRuta) {
+        auto fPieza = fPiezaMini(strRuta, intLado, fGuardada(strRuta), m_fuentes);
         lstEncargos.push_back({fClaveMini(strRuta, intLado),
-                               fPiezaMini(strRuta, intLado, fGuardada(strRuta), m_fFotograma),
+                               bolAfinar ? std::move(fPieza) : fSinAfinar(std::move(fPieza)),
                                intTurno});
     };
     const auto fPagina = [&](int lngDesde, bool bolMostradas) {
@@ -227,13 +236,29 @@ void clsMiniaturas::fEncargar(int lngInicio)
     m_almacen.fEncargar(std::move(lstEncargos));
 }
 
+/// Whether the page to be drawn is one of several that quickly follow each other.
+bool clsMiniaturas::fDePaso(int lngInicio)
+{
+    if (std::exchange(m_lngInicio, lngInicio) == lngInicio) {
+        return false;
+    }
+    const bool bolRapida = m_desdePagina.isValid() && !m_desdePagina.hasExpired(intReposo);
+    m_desdePagina.start();
+    return bolRapida;
+}
+
 bool clsMiniaturas::fMostrar(int lngActual, const clsEntorno &entorno)
 {
     fCargarCeldas();
     const int lngInicio = fInicioPagina(lngActual, m_rejilla.intCeldas);
     const int lngFin = std::min(lngInicio + m_rejilla.intCeldas, m_filas.fCantidad());
     fRepartir(lngInicio, lngActual);
-    fEncargar(lngInicio);
+    const bool bolDePaso = fDePaso(lngInicio);
+    fEncargar(lngInicio, !bolDePaso);
+    m_reposo.stop();
+    if (bolDePaso) {
+        m_reposo.start(intReposo);
+    }
     m_fFalta = entorno.fFalta;
     m_bolCallar = false;
     m_desdeNovedad.start();

@@ -10,6 +10,7 @@
 
 #include <QElapsedTimer>
 #include <QObject>
+#include <QTimer>
 
 #include <deque>
 #include <string>
@@ -31,7 +32,7 @@ public:
     /// @param filas must outlive it.
     /// @param giros how files are seen turned; must outlive it, too.
     clsMiniaturas(QWidget *cliente, const clsFilas &filas, clsSignos signos, clsAvisar fAvisar,
-                  clsFotograma fFotograma, const clsGiros &giros);
+                  clsFuentesMini fuentes, const clsGiros &giros);
 
     /// Lays the cells out on the viewing panel, all hidden and empty.
     /// @param intTam index of the thumbnail size, 0 to 2.
@@ -39,7 +40,11 @@ public:
     /// Hides and empties all cells.
     void fVaciar();
     /// Makes no more thumbnails until the next page.
-    void fParar() { m_almacen.fEncargar({}); }
+    void fParar()
+    {
+        m_reposo.stop();
+        m_almacen.fEncargar({});
+    }
     /// Draws the page that holds the current file. The list must not be empty. Thumbnails appear in
     /// order: those there are at once, sharp or not, then those that have to be decoded. The frames
     /// of videos are waited for by nobody and appear later, and so do sharper pictures, files that
@@ -79,7 +84,8 @@ private:
     void fVaciar(clsCelda &celda);
     void fRepartir(int lngInicio, int lngActual);
     [[nodiscard]] bool fMuestra(const clsCelda &celda, int lngPos) const;
-    void fEncargar(int lngInicio);
+    [[nodiscard]] bool fDePaso(int lngInicio);
+    void fEncargar(int lngInicio, bool bolAfinar = true);
     [[nodiscard]] bool fDibujar(std::size_t lngCelda, int lngPos, bool bolTodo,
                                 const clsEntorno &entorno);
     [[nodiscard]] bool fPintar(std::size_t lngCelda, int lngPos,
@@ -97,7 +103,7 @@ private:
     const clsFilas &m_filas;
     const clsSignos m_signos;
     const clsAvisar m_fAvisar;
-    const clsFotograma m_fFotograma;
+    const clsFuentesMini m_fuentes;
     const clsGiros &m_giros;
     clsAlmacenMini m_almacen;
     cThumbnailGenerator m_generador;
@@ -107,6 +113,9 @@ private:
     bool m_bolAvisando = false;            ///< a message is open
     bool m_bolCallar = false;              ///< of this page no more messages are wanted
     int m_lngActual = 0;
+    int m_lngInicio = -1;        ///< first position of the page that was drawn last
+    QElapsedTimer m_desdePagina; ///< since pages last changed
+    QTimer m_reposo;             ///< until a page that was turned to quickly is made sharp
     QElapsedTimer m_desdeCeder;
     QElapsedTimer m_desdeNovedad;   ///< since a thumbnail was last made
     std::function<void()> m_fFalta; ///< tells that a file is not on the disk

@@ -3,6 +3,7 @@
 #include "shared/medios.h"
 
 #include <algorithm>
+#include <chrono>
 #include <utility>
 
 namespace {
@@ -25,11 +26,17 @@ clsHecho fHecho(clsMiniatura miniatura, const clsHallazgo &suyo = {}, bool bolGu
     };
 }
 
+/// Whether something is still to be done for what there is at once.
+bool fFalta(const clsMiniatura &vista)
+{
+    return vista.extraccion == Extraccion::Pendiente || !vista.bolFina;
+}
+
 /// What there is at once, and what is still to be done for it, if anything.
 clsHecho fPrimero(clsMiniatura vista, const clsHallazgo &suyo, clsAlmacenMini::clsPieza fSigue)
 {
     const bool bolHay = vista.extraccion == Extraccion::Hecha;
-    const bool bolFalta = vista.extraccion == Extraccion::Pendiente || !vista.bolFina;
+    const bool bolFalta = fFalta(vista);
     clsHecho hecho = fHecho(std::move(vista), suyo, bolHay);
     if (bolFalta) {
         hecho.fSigue = std::move(fSigue);
@@ -38,11 +45,42 @@ clsHecho fPrimero(clsMiniatura vista, const clsHallazgo &suyo, clsAlmacenMini::c
     return hecho;
 }
 
-clsHecho fHacerFoto(const clsHallazgo &suyo, const clsMiniatura &otra)
+/// Decodes a photo, and keeps the thumbnail in the cache, if one is given.
+clsMiniatura fDescifrar(const clsHallazgo &suyo, clsCacheFotos *cache, const clsAnulado &anulado)
+{
+    if (cache == nullptr) {
+        return fDecodificarMini(suyo.strRuta, suyo.intLado, anulado);
+    }
+    const auto antes = std::chrono::steady_clock::now();
+    clsMiniatura fina =
+        fDecodificarMini(suyo.strRuta, std::max(suyo.intLado, clsCacheFotos::intLado), anulado);
+    const auto tardanza = std::chrono::steady_clock::now() - antes;
+    // Of that content, and no other that came in its place meanwhile.
+    const auto huella = fHuella(suyo.strRuta);
+    if (!fina.imagen.isNull() && fina.bolFina && huella && *huella == suyo.huella) {
+        cache->fGuardar(suyo.strRuta, suyo.huella, fina.imagen, tardanza);
+    }
+    fina.imagen = fEncajada(fina.imagen, suyo.intLado);
+    return fina;
+}
+
+clsHecho fHacerFoto(const clsHallazgo &suyo, const clsMiniatura &otra,
+                    std::shared_ptr<clsCacheFotos> cache)
 {
     clsMiniatura vista = fMirarFoto(suyo.strRuta, suyo.intLado, otra);
-    return fPrimero(vista, suyo, [suyo, vista](const clsAnulado &anulado) {
-        clsMiniatura fina = fDecodificarMini(suyo.strRuta, suyo.intLado, anulado);
+    if (cache && fFalta(vista)) {
+        bool bolPropia = false;
+        clsMiniatura guardada = cache->fLeer(suyo.strRuta, suyo.huella, suyo.intLado, bolPropia);
+        if (guardada.extraccion == Extraccion::Hecha &&
+            (guardada.bolFina || vista.extraccion == Extraccion::Pendiente)) {
+            vista = std::move(guardada);
+        }
+        if (bolPropia) {
+            cache.reset(); // there is nothing to add
+        }
+    }
+    return fPrimero(vista, suyo, [suyo, vista, cache](const clsAnulado &anulado) {
+        clsMiniatura fina = fDescifrar(suyo, cache.get(), anulado);
         const bool bolNinguna = fina.extraccion == Extraccion::SinImagen;
         if (bolNinguna && vista.extraccion == Extraccion::Hecha) {
             fina = {vista.extraccion, vista.imagen}; // nothing sharper will come
@@ -91,7 +129,7 @@ std::string fClaveMini(const std::string &strRuta, int intLado)
 
 clsAlmacenMini::clsPieza fPiezaMini(const std::string &strRuta, int intLado,
                                     std::optional<clsMiniGuardada> guardada,
-                                    const clsFotograma &fFotograma)
+                                    const clsFuentesMini &fuentes)
 {
     return [=, guardada = std::move(guardada)](const clsAnulado & /*anulado*/) -> clsHecho {
         const auto huella = fHuella(strRuta);
@@ -104,6 +142,18 @@ clsAlmacenMini::clsPieza fPiezaMini(const std::string &strRuta, int intLado,
         }
         const clsHallazgo suyo{strRuta, *huella, intLado};
         const clsMiniatura otra = bolVale ? fServible(*guardada) : clsMiniatura{};
-        return fEsVideo(strRuta) ? fHacerVideo(suyo, otra, fFotograma) : fHacerFoto(suyo, otra);
+        return fEsVideo(strRuta) ? fHacerVideo(suyo, otra, fuentes.fFotograma)
+                                 : fHacerFoto(suyo, otra, fuentes.fotos);
+    };
+}
+
+clsAlmacenMini::clsPieza fSinAfinar(clsAlmacenMini::clsPieza fPieza)
+{
+    return [fPieza = std::move(fPieza)](const clsAnulado &anulado) {
+        clsHecho hecho = fPieza(anulado);
+        if (hecho.valor.miniatura.extraccion == Extraccion::Hecha) {
+            hecho.fSigue = nullptr;
+        }
+        return hecho;
     };
 }

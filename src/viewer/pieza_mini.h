@@ -2,8 +2,10 @@
 
 #include "sistema/archivo.h"
 #include "viewer/almacen.h"
+#include "viewer/cache_fotos.h"
 #include "viewer/extraccion.h"
 
+#include <memory>
 #include <optional>
 #include <string>
 
@@ -16,6 +18,12 @@ struct clsMiniGuardada {
 };
 using clsAlmacenMini = clsAlmacen<clsMiniGuardada>;
 
+/// Where thumbnails come from besides the files themselves.
+struct clsFuentesMini {
+    clsFotograma fFotograma{};              ///< frames of videos; empty: none are made
+    std::shared_ptr<clsCacheFotos> fotos{}; ///< null: photos are decoded every time
+};
+
 /// What a thumbnail is kept under: its file, and the side of its box in device pixels.
 [[nodiscard]] std::string fClaveMini(const std::string &strRuta, int intLado);
 
@@ -23,8 +31,10 @@ using clsAlmacenMini = clsAlmacen<clsMiniGuardada>;
 /// kept still true, what there is at once, sharp or not; then what takes long: decoding a photo,
 /// having a frame of a video made. What lacks a picture altogether comes a turn before what is not
 /// sharp.
-/// @param guardada   what is kept of it, for this box or another one.
-/// @param fFotograma makes the frames of videos; an empty one makes none.
+/// @param guardada what is kept of it, for this box or another one.
 [[nodiscard]] clsAlmacenMini::clsPieza fPiezaMini(const std::string &strRuta, int intLado,
                                                   std::optional<clsMiniGuardada> guardada,
-                                                  const clsFotograma &fFotograma);
+                                                  const clsFuentesMini &fuentes);
+
+/// The same without what would only make it sharper.
+[[nodiscard]] clsAlmacenMini::clsPieza fSinAfinar(clsAlmacenMini::clsPieza fPieza);

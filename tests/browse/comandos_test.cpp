@@ -165,9 +165,9 @@ TEST(Comandos, LetMenusBeChosenByLettersThatNoKeyLosesBy)
 
 TEST(Comandos, OnAnEmptyListAreFew)
 {
-    const std::set<std::string_view> lstVivos = {"actualizar", "fotos",    "videos",  "fotosVideos",
-                                                 "totales",    "ayuda",    "acerca",  "baul",
-                                                 "deshacer",   "completa", "formatos"};
+    const std::set<std::string_view> lstVivos = {
+        "actualizar", "fotos", "videos",   "fotosVideos", "totales",  "ayuda",
+        "acerca",     "baul",  "deshacer", "completa",    "formatos", "vaciarCache"};
     for (const clsComando &comando : fComandos()) {
         EXPECT_EQ(comando.fPermitido(fEstado(false)), lstVivos.contains(comando.strNombre))
             << comando.strNombre;

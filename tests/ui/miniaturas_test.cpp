@@ -351,6 +351,31 @@ private slots:
         QCOMPARE(pagina.fMal(), QString());
     }
 
+    void fThePageWhereLeafingEndsBecomesSharp()
+    {
+        const clsArbol arbol;
+        QImage foto(600, 500, QImage::Format_RGB32);
+        QImage mini(48, 40, QImage::Format_RGB32);
+        mini.fill(fColor(180));
+        for (int intNumero = 0; intNumero < 60; ++intNumero) {
+            foto.fill(fColor(intNumero));
+            arbol.fCrear("foto_" + std::to_string(1000 + intNumero) + ".jpg",
+                         clsJpegConMini{foto, mini}.fBytes(),
+                         fMomento("2001-01-01 12:00:00") + intNumero * 86400);
+        }
+        clsPagina pagina(arbol);
+        QVERIFY(pagina.fAbrirPagina(600, 450));
+        QVERIFY(pagina.fCeldas() * 3 < 60);
+        for (int intPagina = 1; intPagina <= 2; ++intPagina) {
+            pagina.fTecla(Qt::Key_F12);
+            QCOMPARE(pagina.fPosicion(), intPagina * pagina.fCeldas());
+        }
+        BIEN(pagina); // the colours of the photos, not of what is inside them
+        pagina.fTecla(Qt::Key_F12, Qt::ShiftModifier);
+        pagina.fTecla(Qt::Key_F11, Qt::ShiftModifier);
+        BIEN(pagina);
+    }
+
     void fAReplacedFileShowsItsNewPicture()
     {
         clsPagina pagina(10);

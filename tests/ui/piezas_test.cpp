@@ -4,6 +4,9 @@
 #include "jpeg_soporte.h"
 #include "viewer/pieza_mini.h"
 
+#include <fcntl.h>
+#include <sys/stat.h>
+
 namespace {
 
 const QColor colDentro(200, 30, 30); // of the photo
@@ -146,6 +149,18 @@ private slots:
         }
     }
 
+    void fWhatIsPassedByIsNotMadeSharp()
+    {
+        const clsArbol arbol;
+        const QImage foto = fDeColor({400, 300}, colDentro);
+        const std::string strRuta = arbol.fRuta("foto.jpg");
+        const auto fDePaso = [&] { return fPasos(fSinAfinar(fPiezaMini(strRuta, 266, {}, {}))); };
+        arbol.fCrear("foto.jpg", clsJpegConMini{foto, fDeColor({160, 120}, colExif)}.fBytes());
+        QCOMPARE(fDePaso(), QStringList({"inside 266x200 blurred"}));
+        arbol.fCrear("foto.jpg", fJpeg(foto));
+        QCOMPARE(fDePaso(), QStringList({"pending", "photo 266x200"}));
+    }
+
     void fAVideoShowsFirstWhatIsKeptOfIt()
     {
         const clsArbol arbol;
@@ -155,12 +170,99 @@ private slots:
                                    const clsAnulado &) {
             return fDeColor({intLado, intLado / 2}, colDentro);
         };
-        QCOMPARE(fPasos(fPiezaMini(strRuta, 100, {}, fFotograma)),
+        QCOMPARE(fPasos(fPiezaMini(strRuta, 100, {}, {fFotograma})),
                  QStringList({"pending", "photo 100x50"}));
         const clsMiniGuardada guardada{
             fHuella(strRuta).value(), 66, {Extraccion::Hecha, fDeColor({66, 33}, colOtra)}};
-        QCOMPARE(fPasos(fPiezaMini(strRuta, 100, guardada, fFotograma)),
+        QCOMPARE(fPasos(fPiezaMini(strRuta, 100, guardada, {fFotograma})),
                  QStringList({"kept 100x50 blurred, later", "photo 100x50"}));
+    }
+
+    void fWhatTakesLongIsKeptOnTheDisk()
+    {
+        const clsArbol arbol;
+        const std::string strRuta = arbol.fRuta("foto.jpg");
+        const std::string strPropia = arbol.fRuta("propia/");
+        const std::string strEscritorio = arbol.fRuta("escritorio/");
+        const auto fCache = [&](int intMinimo = 0) {
+            return clsFuentesMini{{},
+                                  std::make_shared<clsCacheFotos>(clsCacheFotos::clsOrigen{
+                                      strPropia, strEscritorio, std::chrono::hours(intMinimo)})};
+        };
+        const auto fVer = [&](int intLado) {
+            return fPasos(fPiezaMini(strRuta, intLado, {}, fCache()));
+        };
+        const QStringList lstDescifrada{"pending", "photo 133x100"};
+        const QImage foto = fDeColor({1200, 900}, colDentro);
+        arbol.fCrear("foto.jpg", fJpeg(foto));
+        QCOMPARE(fPasos(fPiezaMini(strRuta, 133, {}, fCache(1))), lstDescifrada);
+        QVERIFY(!fExisteCarpeta(strPropia)); // it took hardly any time
+        QCOMPARE(fVer(133), lstDescifrada);
+        QCOMPARE(arbol.fNombres("propia").size(), std::size_t{1});
+        // From now on it is there at once, also for two pixels to one.
+        QCOMPARE(fVer(66), QStringList({"photo 66x50"}));
+        QCOMPARE(fVer(133), QStringList({"photo 133x100"}));
+        QCOMPARE(fVer(266), QStringList({"photo 266x200"}));
+        QCOMPARE(fVer(399), QStringList({"photo 399x300 blurred, later", "photo 399x299"}));
+        // Another content, of the same size in the same second.
+        struct stat datos {};
+        QVERIFY(stat(strRuta.c_str(), &datos) == 0);
+        const timespec lstMomentos[] = {datos.st_mtim, {datos.st_mtim.tv_sec, 1}};
+        QVERIFY(utimensat(AT_FDCWD, strRuta.c_str(), lstMomentos, 0) == 0);
+        QCOMPARE(fVer(133), lstDescifrada);
+        QCOMPARE(fVer(133), QStringList({"photo 133x100"}));
+        // Damaged, or whole and no picture.
+        const std::string strEntrada = "propia/" + arbol.fNombres("propia").at(0);
+        const std::string strBuena = arbol.fLeer(strEntrada);
+        arbol.fCrear(strEntrada, strBuena.substr(0, strBuena.size() - 1));
+        QCOMPARE(fVer(133), lstDescifrada);
+        const auto huella = fHuella(strRuta).value();
+        for (const std::string &strImagen :
+             {std::string("no picture"), fJpeg(fDeColor({1200, 900}, colOtra))}) {
+            arbol.fCrear(strEntrada, fEmpaquetarMini(strRuta, huella, strImagen));
+            QCOMPARE(fVer(133), lstDescifrada);
+        }
+        // A good thumbnail inside needs none.
+        QCOMPARE(fCache().fotos->fVaciar(), clsError());
+        arbol.fCrear("foto.jpg", clsJpegConMini{foto, fDeColor({160, 120}, colExif)}.fBytes());
+        QCOMPARE(fVer(133), QStringList({"inside 133x100"}));
+        QVERIFY(arbol.fNombres("propia").empty());
+        QVERIFY(!fExisteCarpeta(strEscritorio)); // photos are nobody else's business
+    }
+
+    void fTheDesktopsThumbnailsServeForPhotos()
+    {
+        const clsArbol arbol;
+        const std::string strRuta = arbol.fRuta("foto.jpg");
+        const std::string strEscritorio = arbol.fRuta("escritorio/");
+        const clsFuentesMini fuentes{
+            {}, std::make_shared<clsCacheFotos>(clsCacheFotos::clsOrigen{{}, strEscritorio})};
+        arbol.fCrear("foto.jpg", fJpeg(fDeColor({1200, 900}, colDentro)));
+        const clsCacheEscritorio escritorio(strEscritorio);
+        const auto huella = fHuella(strRuta).value();
+        escritorio.fGuardar(strRuta, huella, 128, fDeColor({128, 96}, colOtra));
+        QCOMPARE(fPasos(fPiezaMini(strRuta, 100, {}, fuentes)), QStringList({"kept 100x75"}));
+        QCOMPARE(fPasos(fPiezaMini(strRuta, 133, {}, fuentes)),
+                 QStringList({"kept 133x100 blurred, later", "photo 133x100"}));
+        arbol.fCrear("foto.jpg", fJpeg(fDeColor({1200, 900}, colDentro)), 1'000'000'000);
+        QCOMPARE(fPasos(fPiezaMini(strRuta, 100, {}, fuentes)),
+                 QStringList({"pending", "photo 100x75"}));
+    }
+
+    void fTheCommandEmptiesTheCache()
+    {
+        clsSesion sesion({{"foto.jpg", fJpeg(fDeColor({60, 40}, colDentro))}});
+        QVERIFY(sesion.fAbrir());
+        const std::string strCarpeta = clsCacheMini::fCarpetaUsual();
+        clsCacheMini cache(strCarpeta);
+        const clsHuella huella{1, 2, 3};
+        cache.fGuardar("/foto.jpg", huella, "picture");
+        QVERIFY(!cache.fLeer("/foto.jpg", huella).empty());
+        sesion.mensajes.lstTextos.clear();
+        sesion.fElegirEntrada("mnuMasVaciarCache");
+        QTRY_COMPARE(sesion.mensajes.lstTextos,
+                     QStringList({"Se ha vaciado la caché de miniaturas."}));
+        QVERIFY(cache.fLeer("/foto.jpg", huella).empty());
     }
 };
 
