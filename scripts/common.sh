@@ -1,9 +1,10 @@
 # What scripts/run and scripts/test share. Sourced, not run.
 
-# The program: compiler, Qt with SVG and Spanish texts, libav for frames of videos, seccomp to lock it
-# in, a font, and xdg-open.
+# The program: compiler, Qt with SVG, picture formats and Spanish texts, libav for frames of videos,
+# libheif and LibRaw for pictures, seccomp to lock these in, a font, and xdg-open.
 packages_program=(cmake g++ ninja-build qt6-base-dev libqt6svg6 qt6-translations-l10n
     libavformat-dev libavcodec-dev libswscale-dev libavutil-dev libseccomp-dev pkg-config
+    qt6-image-formats-plugins libheif-dev libraw-dev
     fonts-dejavu-core xdg-utils)
 # The package besides: what it depends on is found by dpkg-shlibdeps, which asks file.
 packages_package=(dpkg-dev file)
@@ -39,10 +40,12 @@ install_packages() {
 }
 
 # Installs what the program needs, and further packages. Qt's SVG plug-in, which draws the icons, comes
-# with its library on Debian 12, later in a package of its own.
+# with its library on Debian 12, later in a package of its own; so do libheif's decoders.
 install_program() {
     install_packages "${packages_program[@]}" "$@"
     dpkg-query -L libqt6svg6 | grep '/libqsvg\.so$' >/dev/null || install_packages qt6-svg-plugins
+    dpkg --compare-versions "$(dpkg-query -W -f '${Version}' libheif1)" lt 1.16 \
+        || install_packages libheif-plugin-libde265 libheif-plugin-dav1d
 }
 
 # The name of the package with clang's sanitizers and libFuzzer, which holds clang's version.

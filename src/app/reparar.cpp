@@ -9,7 +9,7 @@
 #include "sistema/archivo.h"
 #include "sistema/entorno.h"
 #include "viewer/fechas_videos.h"
-#include "viewer/fotogramas.h"
+#include "viewer/hijos.h"
 #include "viewer/pieza_mini.h"
 
 #include <algorithm>
@@ -118,7 +118,8 @@ std::optional<clsFinReparacion> fCorregirReparados(const clsComun &comun,
 /// alive.
 clsLectorFechas fLector(const clsComun &comun)
 {
-    const auto videos = std::make_shared<clsFechasVideos>(fProgramaHijo(fOrigenUsual()));
+    const auto videos =
+        std::make_shared<clsFechasVideos>(fProgramaHijo(fSitiosHijo("miravel-fotograma")));
     return [videos, strRaiz = comun.archivo.strRaiz](const std::string &strRuta) {
         return fLeerFechas(strRuta, strRaiz, [&](const clsAbierto &video) {
             return videos->fDatos(video, clsAnulado(false));

@@ -101,10 +101,11 @@ qint64 fPixeles(QSize tam) { return qint64{tam.width()} * tam.height(); }
 class clsDecodificador::clsLectura {
 public:
     clsLectura(const clsAbierto &abierto, const std::atomic<bool> &bolAnulado)
-        : archivo(abierto, bolAnulado), lector(&archivo)
+        : archivo(abierto, bolAnulado), lector(&archivo, "jpeg")
     {
-        // Drawings can refer to other files and repeat themselves without end.
-        if (!lector.format().startsWith("svg")) {
+        // Whatever else it is, nothing is loaded for it here.
+        lector.setAutoDetectImageFormat(false);
+        if (lector.canRead()) {
             fMedir(abierto.huella.lngBytes);
         }
     }
@@ -113,23 +114,14 @@ public:
     void fMedir(qint64 lngBytes)
     {
         clsLector bytes(archivo);
-        bolJpeg = bytes.fMirar(0, 2) == "\xFF\xD8";
-        if (bolJpeg) {
-            // Before anything else: the size alone makes the decoder read all that stands before.
-            const auto esfuerzo = fMedirJpeg(bytes);
-            if (!esfuerzo || !fDecodificable(*esfuerzo, lngBytes)) {
-                return;
-            }
-            lngFijos = esfuerzo->lngCoeficientes;
+        // Before anything else: the size alone makes the decoder read all that stands before.
+        const auto esfuerzo = fMedirJpeg(bytes);
+        if (!esfuerzo || !fDecodificable(*esfuerzo, lngBytes)) {
+            return;
         }
-        const QSize suyo = lector.size();
-        if (!bolJpeg) {
-            // Decoded whole, perhaps in another format than those of the screen, then made smaller.
-            const int intBits = QImage::toPixelFormat(lector.imageFormat()).bitsPerPixel();
-            lngFijos = fPixeles(suyo) * (intBits == 32 ? 4 : 4 + (intBits + 7) / 8);
-        }
+        lngFijos = esfuerzo->lngCoeficientes;
         if (lngFijos < lngMaximoEnMarcha) {
-            tam = suyo;
+            tam = lector.size();
         }
     }
 
@@ -142,7 +134,6 @@ public:
     clsArchivoAnulable archivo;
     QImageReader lector;
     QSize tam;
-    bool bolJpeg = false;
     qint64 lngFijos = 0;
 };
 
@@ -169,8 +160,7 @@ QImage clsDecodificador::fLeer(QSize tam)
 {
     clsLectura &lectura = *m_lectura;
     // The JPEG decoder itself goes down to one eighth.
-    const qint64 lngPixeles =
-        std::max(fPixeles(tam), lectura.bolJpeg ? fPixeles(lectura.tam) / 64 : 0);
+    const qint64 lngPixeles = std::max(fPixeles(tam), fPixeles(lectura.tam) / 64);
     if (lngPixeles * 4 > fSitio()) {
         return {};
     }

@@ -12,8 +12,8 @@
 /// them. Who comes when others have them waits.
 inline constexpr qint64 lngMaximoEnMarcha = qint64{640} << 20;
 
-/// Decodes the picture of an open file within bounds of memory and processor time, whatever the
-/// file claims. Works on any thread, from beginning to end on one.
+/// Decodes the JPEG picture of an open file within bounds of memory and processor time, whatever
+/// the file claims. Works on any thread, from beginning to end on one.
 class clsDecodificador {
 public:
     /// Reads the file's head.

@@ -4,11 +4,12 @@
 #include "viewer/cabecera_jpeg.h"
 #include "viewer/colores.h"
 #include "viewer/decodificador.h"
+#include "viewer/enderezar.h"
+#include "viewer/imagenes.h"
 #include "viewer/recorte_mini.h"
 
 #include <QColorSpace>
 #include <QPainter>
-#include <QTransform>
 
 #include <algorithm>
 #include <cerrno>
@@ -18,17 +19,6 @@ namespace {
 
 /// Bytes and pixels a thumbnail has at most; by right its segment has 64 KiB.
 constexpr std::uint32_t lngMaximoMini = 1 << 20;
-
-/// Turns a stored picture upright. Source of the numbers: Exif 2.32, tag Orientation.
-QImage fEnderezar(const QImage &imagen, int intOrientacion)
-{
-    const bool bolEspejo =
-        intOrientacion == 2 || intOrientacion == 4 || intOrientacion == 5 || intOrientacion == 7;
-    constexpr int lstGiros[] = {0, 0, 0, 180, 180, 270, 90, 90, 270};
-    const int intGiro = lstGiros[intOrientacion];
-    const QImage espejo = bolEspejo ? imagen.mirrored(true, false) : imagen;
-    return intGiro == 0 ? espejo : espejo.transformed(QTransform().rotate(intGiro));
-}
 
 /// Size of a picture in the box, keeping its proportions; not larger than it is.
 QSize fEnCaja(QSize tam, int intLado)
@@ -127,6 +117,17 @@ clsMiniatura fMiniaturaExif(clsLector &lector, const clsCabeceraJpeg &cabecera, 
     return {Extraccion::Hecha, fParaPantalla(fEnderezar(imagen, cabecera.intOrientacion)), bolFina};
 }
 
+/// A thumbnail of a photo that is not for this program to decode.
+QImage fMiniaturaAjena(const clsAbierto &foto, const std::string &strRuta, int intLado,
+                       const std::atomic<bool> &bolAnulado)
+{
+    clsPedido pedido;
+    pedido.strRuta = strRuta;
+    pedido.recuadro = QSize(intLado, intLado);
+    pedido.lngMaximo = qint64{intLado} * intLado * 4;
+    return fDecodificarAjena(foto, pedido, bolAnulado).imagen;
+}
+
 } // namespace
 
 QImage fLeerJpeg(const std::string &strBytes)
@@ -200,6 +201,11 @@ clsMiniatura fDecodificarMini(const std::string &strRuta, int intLado,
     const auto abierto = fAbrirRegular(strRuta);
     if (!abierto) {
         return {fSinAbrir(abierto.fError()), {}};
+    }
+    if (fAjena(*abierto, strRuta)) {
+        QImage ajena = fMiniaturaAjena(*abierto, strRuta, intLado, bolAnulado);
+        const bool bolHay = !ajena.isNull();
+        return {bolHay ? Extraccion::Hecha : Extraccion::SinImagen, std::move(ajena)};
     }
     clsDecodificador decodificador(*abierto, bolAnulado);
     const QSize tam = decodificador.fTam();

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "viewer/hijo_video.h"
+#include "viewer/hijo.h"
 
 #include <mutex>
 
@@ -12,11 +12,11 @@ public:
     explicit clsFechasVideos(std::string strPrograma,
                              std::chrono::milliseconds plazo = std::chrono::seconds(5));
 
-    /// @param bolAnulado see clsHijoVideo.
+    /// @param bolAnulado see clsHijo.
     /// @return for fFechaDeVideo; empty when the video says nothing, or cannot be read.
     [[nodiscard]] std::string fDatos(const clsAbierto &video, const std::atomic<bool> &bolAnulado);
 
 private:
     std::mutex m_cerrojo;
-    clsHijoVideo m_hijo;
+    clsHijo m_hijo;
 };

@@ -12,12 +12,14 @@
 
 namespace {
 
-using Fin = clsCuadroVideo::Fin;
+using Fin = clsCuadroHijo::Fin;
 
-/// How often a call that waits for its turn looks whether it is still wanted.
-constexpr std::chrono::milliseconds pasoTurno(20);
+unsigned fCuantos(int intHijos)
+{
+    return intHijos > 0 ? static_cast<unsigned>(intHijos) : std::thread::hardware_concurrency();
+}
 
-QImage fDeCuadro(const clsCuadroVideo &cuadro)
+QImage fDeCuadro(const clsCuadroHijo &cuadro)
 {
     return QImage(reinterpret_cast<const uchar *>(cuadro.lstPuntos.data()), cuadro.intAncho,
                   cuadro.intAlto, QImage::Format_RGB32)
@@ -28,10 +30,8 @@ QImage fDeCuadro(const clsCuadroVideo &cuadro)
 
 clsOrigenFotogramas fOrigenUsual()
 {
-    const std::string strCarpeta = fCarpetaPrograma();
     clsOrigenFotogramas origen;
-    origen.lstHijos = {strCarpeta + "miravel-fotograma",
-                       strCarpeta + "../libexec/miravel/miravel-fotograma"};
+    origen.lstHijos = fSitiosHijo("miravel-fotograma");
     for (const std::string &strDatos : fCarpetasDatos()) {
         origen.lstThumbnailers.push_back(strDatos + "thumbnailers/");
     }
@@ -39,21 +39,11 @@ clsOrigenFotogramas fOrigenUsual()
     return origen;
 }
 
-std::string fProgramaHijo(const clsOrigenFotogramas &origen)
-{
-    const auto it = std::find_if(origen.lstHijos.begin(), origen.lstHijos.end(), fEjecutable);
-    return it == origen.lstHijos.end() ? std::string() : *it;
-}
-
 clsFotogramas::clsFotogramas(clsOrigenFotogramas origen)
-    : m_origen(std::move(origen)), m_cache(m_origen.strCache), m_strHijo(fProgramaHijo(m_origen))
+    : m_origen(std::move(origen)), m_cache(m_origen.strCache),
+      m_strHijo(fProgramaHijo(m_origen.lstHijos)),
+      m_hijos(m_strHijo, m_origen.plazo, fCuantos(m_origen.intHijos))
 {
-    const unsigned lngCuantos = m_origen.intHijos > 0 ? static_cast<unsigned>(m_origen.intHijos)
-                                                      : std::thread::hardware_concurrency();
-    m_lstPuestos.resize(std::max(lngCuantos, 1U));
-    for (auto &puesto : m_lstPuestos) {
-        puesto.reset(new clsPuesto{clsHijoVideo(m_strHijo, m_origen.plazo), false});
-    }
 }
 
 QImage clsFotogramas::fFotograma(const std::string &strRuta, const clsHuella &huella, int intLado,
@@ -84,12 +74,12 @@ clsFotogramas::clsHecha clsFotogramas::fHacer(const std::string &strRuta, int in
     if (!video) {
         return {{}, Fin::NoSeLee};
     }
-    const clsTurno turno = fTomarPuesto(bolAnulado);
+    const clsHijos::clsTurno turno = m_hijos.fTomar(bolAnulado);
     if (turno == nullptr) {
         return {{}, Fin::Anulado};
     }
     if (!m_strHijo.empty()) {
-        const clsCuadroVideo cuadro = turno->hijo.fPedir(*video, intLado, bolAnulado);
+        const clsCuadroHijo cuadro = turno->fPedir(*video, intLado, bolAnulado);
         if (cuadro.fin != Fin::NoArranca) {
             return {cuadro.fin == Fin::Imagen ? fDeCuadro(cuadro) : QImage(), cuadro.fin};
         }
@@ -118,28 +108,4 @@ clsFotogramas::clsHecha clsFotogramas::fHacerFuera(const std::string &strRuta, i
     QImage imagen = codigo == 0 ? fEncajada(fLeerPng(salida.fRuta()), intLado) : QImage();
     const Fin fin = imagen.isNull() ? Fin::Roto : Fin::Imagen;
     return {std::move(imagen), fin};
-}
-
-clsFotogramas::clsTurno clsFotogramas::fTomarPuesto(const std::atomic<bool> &bolAnulado)
-{
-    std::unique_lock guardia(m_cerrojo);
-    while (!bolAnulado) {
-        // Rather one that owes nothing; among these rather the first, whose child runs already.
-        const auto fPeso = [](const auto &puesto) {
-            return puesto->bolOcupado ? 2 : puesto->hijo.fDebe() ? 1 : 0;
-        };
-        clsPuesto &puesto = **std::ranges::min_element(m_lstPuestos, {}, fPeso);
-        if (!puesto.bolOcupado) {
-            puesto.bolOcupado = true;
-            return {&puesto, [this](clsPuesto *suyo) {
-                        {
-                            const std::lock_guard cierre(m_cerrojo);
-                            suyo->bolOcupado = false;
-                        }
-                        m_libre.notify_one();
-                    }};
-        }
-        m_libre.wait_for(guardia, pasoTurno);
-    }
-    return {};
 }

@@ -2,16 +2,14 @@
 
 #include "sistema/archivo.h"
 #include "viewer/cache_escritorio.h"
-#include "viewer/hijo_video.h"
+#include "viewer/hijos.h"
 
 #include <QImage>
 
 #include <atomic>
 #include <chrono>
-#include <condition_variable>
 #include <functional>
 #include <memory>
-#include <mutex>
 #include <string>
 #include <vector>
 
@@ -33,9 +31,6 @@ struct clsOrigenFotogramas {
 /// the cache of the freedesktop Base Directory standard.
 [[nodiscard]] clsOrigenFotogramas fOrigenUsual();
 
-/// The path of our child program; empty when it is not installed.
-[[nodiscard]] std::string fProgramaHijo(const clsOrigenFotogramas &origen);
-
 /// Thumbnails of videos. Safe to call on several threads at once; a call waits for a child as long
 /// as all are at work. The children are killed when it goes.
 class clsFotogramas {
@@ -55,19 +50,11 @@ public:
                                     int intLado, const std::atomic<bool> &bolAnulado);
 
 private:
-    struct clsPuesto {
-        clsHijoVideo hijo;
-        bool bolOcupado = false;
-    };
-    /// A child that a call has for itself; it is given back at the end.
-    using clsTurno = std::unique_ptr<clsPuesto, std::function<void(clsPuesto *)>>;
     /// A picture, or how its making ended.
     struct clsHecha {
         QImage imagen;
-        clsCuadroVideo::Fin fin = clsCuadroVideo::Fin::SinImagen;
+        clsCuadroHijo::Fin fin = clsCuadroHijo::Fin::SinImagen;
     };
-    /// @return nothing when the call was given up meanwhile.
-    [[nodiscard]] clsTurno fTomarPuesto(const std::atomic<bool> &bolAnulado);
     [[nodiscard]] clsHecha fHacer(const std::string &strRuta, int intLado,
                                   const std::atomic<bool> &bolAnulado);
     [[nodiscard]] clsHecha fHacerFuera(const std::string &strRuta, int intLado,
@@ -76,7 +63,5 @@ private:
     const clsOrigenFotogramas m_origen;
     const clsCacheEscritorio m_cache;
     const std::string m_strHijo; ///< empty: not installed
-    std::mutex m_cerrojo;        ///< guards what follows, but not the children that are at work
-    std::condition_variable m_libre;
-    std::vector<std::unique_ptr<clsPuesto>> m_lstPuestos;
+    clsHijos m_hijos;
 };

@@ -3,6 +3,7 @@
 #include "sistema/archivo.h"
 #include "viewer/colores.h"
 #include "viewer/decodificador.h"
+#include "viewer/imagenes.h"
 
 #include <QPainter>
 #include <QPainterPath>
@@ -59,6 +60,9 @@ clsFuente fDecodificar(const clsPedido &pedido, const std::atomic<bool> &bolAnul
     const auto abierto = fAbrirRegular(pedido.strRuta);
     if (!abierto) {
         return {};
+    }
+    if (fAjena(*abierto, pedido.strRuta)) {
+        return fDecodificarAjena(*abierto, pedido, bolAnulado);
     }
     clsDecodificador decodificador(*abierto, bolAnulado);
     const QSize tam = decodificador.fTam();

@@ -1,4 +1,4 @@
-#include "viewer/hijo_video.h"
+#include "viewer/hijo.h"
 
 #include "sistema/canal.h"
 
@@ -9,22 +9,24 @@
 
 namespace {
 
-using Fin = clsCuadroVideo::Fin;
+using Fin = clsCuadroHijo::Fin;
 
 /// How long the child may keep silent before bolAnulado is looked at again.
 constexpr std::chrono::milliseconds pasoAnulado(20);
 /// What a shell says, and posix_spawn's child, about a program that cannot run.
 constexpr int intNoArranca = 127;
+/// The largest box that a frame of a video is asked for.
+constexpr std::uint32_t lngLadoFotograma = 4096;
 
 /// Waits with one of the two functions of the channel.
 /// @return Imagen when it may be used, else Anulado, Tarde or Roto.
 template <typename Esperar>
-Fin fEsperar(Esperar fCanal, const clsDescriptor &canal, clsHijoVideo::clsReloj::time_point limite,
+Fin fEsperar(Esperar fCanal, const clsDescriptor &canal, clsHijo::clsReloj::time_point limite,
              const std::atomic<bool> &bolAnulado)
 {
     for (;;) {
         const auto queda =
-            std::chrono::ceil<std::chrono::milliseconds>(limite - clsHijoVideo::clsReloj::now());
+            std::chrono::ceil<std::chrono::milliseconds>(limite - clsHijo::clsReloj::now());
         if (bolAnulado) {
             return Fin::Anulado;
         }
@@ -40,32 +42,50 @@ Fin fEsperar(Esperar fCanal, const clsDescriptor &canal, clsHijoVideo::clsReloj:
 
 } // namespace
 
-clsHijoVideo::clsHijoVideo(std::string strPrograma, std::chrono::milliseconds plazo)
+clsHijo::clsHijo(std::string strPrograma, std::chrono::milliseconds plazo)
     : m_strPrograma(std::move(strPrograma)), m_plazo(plazo)
 {
 }
 
-clsCuadroVideo clsHijoVideo::fPedir(const clsAbierto &video, int intLado,
-                                    const std::atomic<bool> &bolAnulado)
+clsCuadroHijo clsHijo::fPedir(const clsAbierto &video, int intLado,
+                              const std::atomic<bool> &bolAnulado)
 {
     const auto lngLado =
-        std::clamp<std::uint32_t>(static_cast<std::uint32_t>(intLado), 1, lngLadoMaximo);
-    return fPreguntar(video, {PeticionHijo::Fotograma, lngLado}, bolAnulado);
+        std::clamp<std::uint32_t>(static_cast<std::uint32_t>(intLado), 1, lngLadoFotograma);
+    return fPreguntar(video,
+                      {
+                          PeticionHijo::Fotograma, {lngLado, lngLado, lngLado * lngLado}
+    },
+                      bolAnulado);
 }
 
-std::string clsHijoVideo::fPedirFechas(const clsAbierto &video, const std::atomic<bool> &bolAnulado)
+clsCuadroHijo clsHijo::fPedirImagen(const clsAbierto &foto, PeticionHijo cual, clsMarcoHijo marco,
+                                    const std::atomic<bool> &bolAnulado)
 {
-    const clsCuadroVideo cuadro = fPreguntar(
-        video, {PeticionHijo::Fechas, lngTextoMaximo / sizeof(std::uint32_t)}, bolAnulado);
+    marco.lngAncho = std::clamp<std::uint32_t>(marco.lngAncho, 1, lngLadoMaximo);
+    marco.lngAlto = std::clamp<std::uint32_t>(marco.lngAlto, 1, lngLadoMaximo);
+    marco.lngPixeles = std::clamp<std::uint32_t>(marco.lngPixeles, 1, lngPixelesMaximos);
+    return fPreguntar(foto, {cual, marco}, bolAnulado);
+}
+
+std::string clsHijo::fPedirFechas(const clsAbierto &video, const std::atomic<bool> &bolAnulado)
+{
+    constexpr std::uint32_t lngPuntos = lngTextoMaximo / sizeof(std::uint32_t);
+    const clsCuadroHijo cuadro =
+        fPreguntar(video,
+                   {
+                       PeticionHijo::Fechas, {lngPuntos, lngPuntos, lngPuntos}
+    },
+                   bolAnulado);
     const std::string_view strBytes(reinterpret_cast<const char *>(cuadro.lstPuntos.data()),
                                     cuadro.lstPuntos.size() * sizeof(std::uint32_t));
     return std::string(strBytes.substr(0, strBytes.find('\0')));
 }
 
-clsCuadroVideo clsHijoVideo::fPreguntar(const clsAbierto &video, clsPregunta pregunta,
-                                        const std::atomic<bool> &bolAnulado)
+clsCuadroHijo clsHijo::fPreguntar(const clsAbierto &archivo, const clsPregunta &pregunta,
+                                  const std::atomic<bool> &bolAnulado)
 {
-    clsCuadroVideo cuadro;
+    clsCuadroHijo cuadro;
     if (bolAnulado) {
         cuadro.fin = Fin::Anulado;
         return cuadro;
@@ -73,23 +93,23 @@ clsCuadroVideo clsHijoVideo::fPreguntar(const clsAbierto &video, clsPregunta pre
     const auto limite = clsReloj::now() + m_plazo;
     const bool bolDebia = fDebe();
     const bool bolRecien = m_bolRecien || !m_proceso.fIniciado();
-    cuadro = fIntentar(video, pregunta, {limite, bolAnulado});
+    cuadro = fIntentar(archivo, pregunta, {limite, bolAnulado});
     // Its failure over an older request says nothing about this file; neither does the death of a
     // child that served before: it may have died of old age.
     const bool bolPorVieja = bolDebia && (cuadro.fin == Fin::Tarde || cuadro.fin == Fin::Roto);
     if (bolPorVieja) {
-        return fIntentar(video, pregunta, {clsReloj::now() + m_plazo, bolAnulado});
+        return fIntentar(archivo, pregunta, {clsReloj::now() + m_plazo, bolAnulado});
     }
     if (cuadro.fin == Fin::Roto && !bolRecien) {
-        return fIntentar(video, pregunta, {limite, bolAnulado});
+        return fIntentar(archivo, pregunta, {limite, bolAnulado});
     }
     return cuadro;
 }
 
-clsCuadroVideo clsHijoVideo::fIntentar(const clsAbierto &video, clsPregunta pregunta,
-                                       clsEspera espera)
+clsCuadroHijo clsHijo::fIntentar(const clsAbierto &archivo, const clsPregunta &pregunta,
+                                 clsEspera espera)
 {
-    clsCuadroVideo cuadro;
+    clsCuadroHijo cuadro;
     cuadro.fin = Fin::NoArranca;
     if (!fPreparar()) {
         return cuadro;
@@ -101,19 +121,19 @@ clsCuadroVideo clsHijoVideo::fIntentar(const clsAbierto &video, clsPregunta preg
     }
     clsPeticionHijo peticion;
     peticion.lngNumero = ++m_lngNumero;
-    peticion.lngBytes = video.huella.lngBytes;
-    peticion.lngLado = pregunta.lngLado;
+    peticion.lngBytes = archivo.huella.lngBytes;
+    peticion.marco = pregunta.marco;
     peticion.cual = pregunta.cual;
-    cuadro.fin = fEnviar(peticion, video.descriptor, espera);
+    cuadro.fin = fEnviar(peticion, archivo.descriptor, espera);
     if (cuadro.fin == Fin::Imagen) {
-        cuadro = fRespuesta(pregunta.lngLado, espera);
+        cuadro = fRespuesta(pregunta.marco, espera);
     } else {
         fDerribar(cuadro.fin); // it will never answer this number
     }
     return cuadro;
 }
 
-bool clsHijoVideo::fPreparar()
+bool clsHijo::fPreparar()
 {
     if (m_proceso.fIniciado()) {
         return true;
@@ -128,8 +148,8 @@ bool clsHijoVideo::fPreparar()
     return m_proceso.fIniciar({m_strPrograma}, extremos->suyo);
 }
 
-Fin clsHijoVideo::fEnviar(const clsPeticionHijo &peticion, const clsDescriptor &video,
-                          const clsEspera &espera) const
+Fin clsHijo::fEnviar(const clsPeticionHijo &peticion, const clsDescriptor &video,
+                     const clsEspera &espera) const
 {
     const std::string_view strBytes(reinterpret_cast<const char *>(&peticion), sizeof peticion);
     for (bool bolHecho = false; !bolHecho;) {
@@ -146,8 +166,8 @@ Fin clsHijoVideo::fEnviar(const clsPeticionHijo &peticion, const clsDescriptor &
     return Fin::Imagen;
 }
 
-Fin clsHijoVideo::fRecibir(void *datos, std::size_t lngBytes, const clsEspera &espera,
-                           std::size_t &lngHechos) const
+Fin clsHijo::fRecibir(void *datos, std::size_t lngBytes, const clsEspera &espera,
+                      std::size_t &lngHechos) const
 {
     for (lngHechos = 0; lngHechos < lngBytes;) {
         const Fin fin = fEsperar(fEsperarLectura, m_canal, espera.limite, espera.bolAnulado);
@@ -164,9 +184,9 @@ Fin clsHijoVideo::fRecibir(void *datos, std::size_t lngBytes, const clsEspera &e
     return Fin::Imagen;
 }
 
-clsCuadroVideo clsHijoVideo::fRespuesta(std::uint32_t lngLado, clsEspera &espera)
+clsCuadroHijo clsHijo::fRespuesta(const clsMarcoHijo &marco, clsEspera &espera)
 {
-    clsCuadroVideo cuadro;
+    clsCuadroHijo cuadro;
     for (;;) {
         clsRespuestaHijo respuesta;
         std::size_t lngHechos = 0;
@@ -176,7 +196,7 @@ clsCuadroVideo clsHijoVideo::fRespuesta(std::uint32_t lngLado, clsEspera &espera
         }
         const bool bolSuya = respuesta.lngNumero == m_lngNumero;
         const bool bolCreible = respuesta.lngNumero == m_lngVista + 1 &&
-                                fCreible(respuesta, bolSuya ? lngLado : lngLadoMaximo);
+                                fCreible(respuesta, bolSuya ? marco : marcoMayor);
         if (cuadro.fin == Fin::Imagen && bolCreible) {
             cuadro.lstPuntos.resize(std::size_t{respuesta.lngAncho} * respuesta.lngAlto);
             cuadro.fin =
@@ -195,6 +215,7 @@ clsCuadroVideo clsHijoVideo::fRespuesta(std::uint32_t lngLado, clsEspera &espera
         if (bolSuya) {
             cuadro.intAncho = static_cast<int>(respuesta.lngAncho);
             cuadro.intAlto = static_cast<int>(respuesta.lngAlto);
+            cuadro.natural = {respuesta.lngAnchoNatural, respuesta.lngAltoNatural};
             cuadro.fin = respuesta.estado == EstadoHijo::Imagen ? Fin::Imagen : Fin::SinImagen;
             return cuadro;
         }
@@ -203,14 +224,15 @@ clsCuadroVideo clsHijoVideo::fRespuesta(std::uint32_t lngLado, clsEspera &espera
     }
 }
 
-void clsHijoVideo::fDerribar(Fin &fin)
+void clsHijo::fDerribar(Fin &fin)
 {
     // The channel closes a moment before the end can be seen.
-    for (int intVez = 0; intVez < 50 && fin == Fin::Roto && m_bolRecien; ++intVez) {
+    for (int intVez = 0; intVez < 50 && fin == Fin::Roto; ++intVez) {
         if (const auto codigo = m_proceso.fFin()) {
-            fin = *codigo == intNoArranca     ? Fin::NoArranca
-                  : *codigo == intSinEncierro ? Fin::SinEncierro
-                                              : fin;
+            fin = *codigo == intTarde                        ? Fin::Tarde
+                  : *codigo == intNoArranca && m_bolRecien   ? Fin::NoArranca
+                  : *codigo == intSinEncierro && m_bolRecien ? Fin::SinEncierro
+                                                             : fin;
             break;
         }
         std::this_thread::sleep_for(std::chrono::milliseconds(1));
