@@ -3,6 +3,7 @@
 #include "repair/lectura_fechas.h"
 #include "repair/modelo_reparacion.h"
 #include "repair/reparacion.h"
+#include "shared/clsProgreso.h"
 #include "shared/hilos.h"
 #include "shared/mensajes.h"
 

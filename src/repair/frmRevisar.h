@@ -2,6 +2,7 @@
 
 #include "repair/lectura_fechas.h"
 #include "repair/resumen.h"
+#include "shared/clsProgreso.h"
 
 #include <QAbstractTableModel>
 #include <QDialog>

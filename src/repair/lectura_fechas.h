@@ -4,34 +4,14 @@
 #include "shared/hilos.h"
 #include "shared/ritmo.h"
 
-#include <QLabel>
-#include <QProgressBar>
+#include <QObject>
 
-#include <chrono>
 #include <functional>
 #include <string>
-#include <string_view>
 #include <vector>
 
 /// Reads the dates of many files; runs on threads, perhaps still when nobody waits any more.
 using clsLectorFechas = std::function<clsFechasFichero(const std::string &strRuta)>;
-
-/// How far long work has come: a text with the time that is left, and a bar.
-class clsProgreso {
-public:
-    explicit clsProgreso(QWidget *padre);
-    void fMostrar(std::string_view strObra, int lngHechos, int lngTodos);
-    /// Nothing is being done.
-    void fQuitar();
-
-    QLabel *const lblProgreso;
-    QProgressBar *const barProgreso;
-
-private:
-    using Reloj = std::chrono::steady_clock;
-    std::string m_strObra;
-    Reloj::time_point m_desde; ///< when this work was shown first
-};
 
 /// Has the dates of many files read beside a window, and gives them in the order of the files.
 class clsLecturaFechas {

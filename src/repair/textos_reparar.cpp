@@ -8,17 +8,6 @@ namespace {
 
 std::string fCuantos(std::int64_t lngCuantos) { return fConGrupos(lngCuantos, {}); }
 
-std::string fResto(std::chrono::seconds resto)
-{
-    const auto fCon = [](std::int64_t lngCuantos, const std::string &strUnidad) {
-        return (lngCuantos == 1 ? ", queda 1 " + strUnidad
-                                : ", quedan " + fCuantos(lngCuantos) + ' ' + strUnidad + 's');
-    };
-    const std::int64_t lngSegundos = std::max<std::int64_t>(resto.count(), 1);
-    return lngSegundos < 60 ? fCon(lngSegundos, "segundo")
-                            : fCon((lngSegundos + 59) / 60, "minuto");
-}
-
 std::string fArchivos(int intCuantos)
 {
     return fCuantos(intCuantos) + (intCuantos == 1 ? " archivo" : " archivos");
@@ -27,19 +16,6 @@ std::string fArchivos(int intCuantos)
 std::string fFecha(clsFecha fecha) { return fEscribirFecha(fecha, strFormaUsuario); }
 
 } // namespace
-
-std::string fTextoProgreso(std::string_view strObra, int lngHechos, int lngTodos,
-                           std::chrono::milliseconds pasado)
-{
-    constexpr std::chrono::seconds pronto{2};
-    std::string strTexto =
-        std::string(strObra) + ": " + fCuantos(lngHechos) + " de " + fCuantos(lngTodos);
-    if (lngHechos > 0 && lngHechos < lngTodos && pasado >= pronto) {
-        const std::int64_t lngResto = pasado.count() * (lngTodos - lngHechos) / lngHechos;
-        strTexto += fResto(std::chrono::seconds((lngResto + 999) / 1000));
-    }
-    return strTexto;
-}
 
 std::string fTextoFuentes(const clsFechasFichero &fechas, const clsRelojLocal &reloj)
 {

@@ -4,16 +4,8 @@
 #include "dates/fuentes.h"
 #include "repair/reparacion.h"
 
-#include <chrono>
 #include <string>
-#include <string_view>
 #include <vector>
-
-/// How far long work has come: "Leyendo fechas: 1.234 de 100.000, quedan 2 minutos". The rest is
-/// left out while too little is done to tell.
-/// @param pasado since it began.
-[[nodiscard]] std::string fTextoProgreso(std::string_view strObra, int lngHechos, int lngTodos,
-                                         std::chrono::milliseconds pasado);
 
 /// All that is known of a file's date, a line each: "EXIF (tomada): 14/07/2009 18:03:22".
 [[nodiscard]] std::string fTextoFuentes(const clsFechasFichero &fechas,
