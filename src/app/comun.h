@@ -64,10 +64,17 @@ void fAtenderCopias(const clsComun &comun, clsMandos &mandos);
 void fAtenderFechas(const clsComun &comun, clsMandos &mandos);
 /// Many files at once: repairing their dates, taking a correction back.
 void fAtenderReparaciones(const clsComun &comun, clsMandos &mandos);
+/// Files of the same content.
+void fAtenderDuplicados(const clsComun &comun, clsMandos &mandos);
 /// Moving along the list.
 void fAtenderPasos(const clsComun &comun, clsMandos &mandos);
 /// Help, About, and what opens other programs.
 void fAtenderProgramas(const clsComun &comun, clsMandos &mandos);
+
+/// Gives small pictures of files to windows beside the main one: path, side of the box in device
+/// pixels. On any thread.
+using clsImagenes = std::function<QImage(const std::string &strRuta, int intLado)>;
+[[nodiscard]] clsImagenes fImagenes(const clsComun &comun);
 
 /// Reads the catalogue into the list, which is empty, and before that builds it where that is
 /// wanted or needed. Says what went wrong; the list may still be empty then. The catalogue of an

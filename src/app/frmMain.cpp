@@ -103,6 +103,7 @@ frmMain::frmMain(clsArchivo archivo, clsAjustes &ajustes, clsAjustes &escritorio
     fAtenderCopias(m_comun, m_mandos);
     fAtenderFechas(m_comun, m_mandos);
     fAtenderReparaciones(m_comun, m_mandos);
+    fAtenderDuplicados(m_comun, m_mandos);
     fMostrarEstado();
 }
 

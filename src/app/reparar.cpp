@@ -133,11 +133,7 @@ clsEntornoReparar fEntorno(const clsComun &comun)
     return {
         fLector(comun),
         [](const std::string &strRuta) { return fConsultar(strRuta, false).fError() != ENOENT; },
-        [fuentes = comun.fuentes](const std::string &strRuta, int intLado) {
-            const clsAnulado anulado = false;
-            auto hecho = fPiezaMini(strRuta, intLado, {}, fuentes)(anulado);
-            return (hecho.fSigue ? hecho.fSigue(anulado) : hecho).valor.miniatura.imagen;
-        },
+        fImagenes(comun),
         {},
         comun.mensajes};
 }
@@ -238,6 +234,15 @@ void fVolverAtras(const clsComun &comun)
 }
 
 } // namespace
+
+clsImagenes fImagenes(const clsComun &comun)
+{
+    return [fuentes = comun.fuentes](const std::string &strRuta, int intLado) {
+        const clsAnulado anulado = false;
+        auto hecho = fPiezaMini(strRuta, intLado, {}, fuentes)(anulado);
+        return (hecho.fSigue ? hecho.fSigue(anulado) : hecho).valor.miniatura.imagen;
+    };
+}
 
 void fAtenderReparaciones(const clsComun &comun, clsMandos &mandos)
 {

@@ -134,6 +134,8 @@ constexpr clsComando lstComandos[] = {
     {.strNombre = "deshacer",
      .entrada = {Menu::Mas, "mnuMasDeshacer", "&Deshacer corrección...", "Ctrl+Z"},
      .espera = ALaVista, .fPermitido = fSiempre},
+    {.strNombre = "duplicados",
+     .entrada = {Menu::Mas, "mnuMasDuplicados", "&Buscar duplicados..."}, .espera = ALaVista},
     {.strNombre = "completa", .entrada = {Menu::Mas, "mnuMasCompleta", "&Pantalla completa", "F9"},
      .fPermitido = fSiempre, .fMarca = fEnCompleta},
     {.strNombre = "girarIzquierda",

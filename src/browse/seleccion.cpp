@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cstdlib>
+#include <unordered_set>
 
 namespace {
 
@@ -50,6 +51,14 @@ void fInvertirEntre(clsFilas &filas, int lngUna, int lngOtra)
 {
     const auto [lngMenor, lngMayor] = std::minmax(lngUna, lngOtra);
     fRecorrer(filas, {lngMenor, lngMayor + 1}, fContraria);
+}
+
+void fMarcarSolo(clsFilas &filas, const std::vector<std::string> &lstRutas)
+{
+    const std::unordered_set<std::string> lstCuales(lstRutas.begin(), lstRutas.end());
+    for (int lngPos = 0; lngPos < filas.fCantidad(); ++lngPos) {
+        filas.fMarcar(lngPos, lstCuales.contains(filas.fRuta(lngPos)));
+    }
 }
 
 std::vector<int> fMarcadas(const clsFilas &filas)

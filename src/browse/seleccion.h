@@ -19,6 +19,9 @@ void fSeleccionar(clsFilas &filas, Seleccion seleccion, clsTramo pagina);
 /// Inverts the ticks from one position to another, both included, in whatever order they stand.
 void fInvertirEntre(clsFilas &filas, int lngUna, int lngOtra);
 
+/// Ticks the rows of these paths, and no others.
+void fMarcarSolo(clsFilas &filas, const std::vector<std::string> &lstRutas);
+
 /// Positions of the ticked rows, in list order.
 [[nodiscard]] std::vector<int> fMarcadas(const clsFilas &filas);
 

@@ -40,6 +40,19 @@ TEST(Seleccion, TicksByTheFourCommands)
     }
 }
 
+TEST(Seleccion, TicksTheFilesOfSomePathsOnly)
+{
+    clsFilas filas;
+    for (const char *const strRuta : {"/f/a.jpg", "/f/b.jpg", "/g/a.jpg", "/g/c.jpg"}) {
+        filas.fAgregarFila(strRuta, "", 1);
+    }
+    filas.fMarcar(1, true);
+    fMarcarSolo(filas, {"/g/c.jpg", "/f/a.jpg", "/h/a.jpg"});
+    EXPECT_EQ(fMarcadas(filas), clsLista({0, 3}));
+    fMarcarSolo(filas, {});
+    EXPECT_EQ(fMarcadas(filas), clsLista());
+}
+
 TEST(Seleccion, InvertsFromOneRowToAnotherInEitherDirection)
 {
     clsFilas filas = fCuatro();
