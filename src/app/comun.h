@@ -66,6 +66,8 @@ void fAtenderFechas(const clsComun &comun, clsMandos &mandos);
 void fAtenderReparaciones(const clsComun &comun, clsMandos &mandos);
 /// Files of the same content.
 void fAtenderDuplicados(const clsComun &comun, clsMandos &mandos);
+/// A show of all files, or of the ticked ones.
+void fAtenderPresentacion(const clsComun &comun, clsMandos &mandos);
 /// Moving along the list.
 void fAtenderPasos(const clsComun &comun, clsMandos &mandos);
 /// Help, About, and what opens other programs.

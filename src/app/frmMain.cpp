@@ -104,6 +104,7 @@ frmMain::frmMain(clsArchivo archivo, clsAjustes &ajustes, clsAjustes &escritorio
     fAtenderFechas(m_comun, m_mandos);
     fAtenderReparaciones(m_comun, m_mandos);
     fAtenderDuplicados(m_comun, m_mandos);
+    fAtenderPresentacion(m_comun, m_mandos);
     fMostrarEstado();
 }
 

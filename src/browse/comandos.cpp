@@ -136,6 +136,8 @@ constexpr clsComando lstComandos[] = {
      .espera = ALaVista, .fPermitido = fSiempre},
     {.strNombre = "duplicados",
      .entrada = {Menu::Mas, "mnuMasDuplicados", "&Buscar duplicados..."}, .espera = ALaVista},
+    {.strNombre = "presentacion",
+     .entrada = {Menu::Mas, "mnuMasPresentacion", "Pre&sentación", "F6"}, .espera = ALaVista},
     {.strNombre = "completa", .entrada = {Menu::Mas, "mnuMasCompleta", "&Pantalla completa", "F9"},
      .fPermitido = fSiempre, .fMarca = fEnCompleta},
     {.strNombre = "girarIzquierda",

@@ -111,9 +111,10 @@ TEST(Comandos, ListTheirShortcutsToTheLetter)
 TEST(Comandos, WaitForWhatTheyActOn)
 {
     const std::set<std::string_view> lstALaVista = {
-        "abrir",   "exif",    "buscarFecha", "corregir",   "corregirMas",    "actualizar",
-        "irFecha", "copiar",  "agregar",     "carpeta",    "filtrar",        "quitarFiltro",
-        "reparar", "revisar", "deshacer",    "duplicados", "girarIzquierda", "girarDerecha"};
+        "abrir",      "exif",         "buscarFecha",    "corregir",    "corregirMas",
+        "actualizar", "irFecha",      "copiar",         "agregar",     "carpeta",
+        "filtrar",    "quitarFiltro", "reparar",        "revisar",     "deshacer",
+        "duplicados", "presentacion", "girarIzquierda", "girarDerecha"};
     const std::set<std::string_view> lstPasos = {"primero", "atras", "adelante", "ultimo"};
     for (const clsComando &comando : fComandos()) {
         SCOPED_TRACE(comando.strNombre);
