@@ -1,16 +1,18 @@
 // Time to make the thumbnails of photos: miravel_bench_miniaturas BOX FILE...
 // Photos with an EXIF thumbnail are compared with a bare read-and-decode of that, others with
-// QImageReader and a scaled size; both with vipsthumbnail, and two threads with one.
+// QImageReader and a scaled size, and with what our cache on the disk gives at the next visit; both
+// with vipsthumbnail, if that is there, and two threads with one.
 
 #include "medir.h"
 
 #include "dates/origen.h"
 #include "viewer/cabecera_jpeg.h"
-#include "viewer/extraccion.h"
+#include "viewer/pieza_mini.h"
 
 #include <QCoreApplication>
 #include <QFile>
 #include <QImageReader>
+#include <QTemporaryDir>
 
 #include <algorithm>
 #include <atomic>
@@ -74,6 +76,17 @@ bool fNuestra(const clsFoto &foto, int intLado)
     return fExtraerFoto(foto.strRuta, intLado, bolAnulado).extraccion == Extraccion::Hecha;
 }
 
+/// What a page does with a photo at first; the rest as well, where that is wanted.
+bool fPieza(const clsFoto &foto, int intLado, const clsFuentesMini &fuentes, bool bolTodo)
+{
+    const clsAnulado anulado = false;
+    auto hecho = fPiezaMini(foto.strRuta, intLado, {}, fuentes)(anulado);
+    if (hecho.fSigue && bolTodo) {
+        hecho = hecho.fSigue(anulado);
+    }
+    return !hecho.fSigue && hecho.valor.miniatura.extraccion == Extraccion::Hecha;
+}
+
 } // namespace
 
 int main(int intArgumentos, char **lstArgumentos)
@@ -118,12 +131,25 @@ int main(int intArgumentos, char **lstArgumentos)
          [&] { fEnHilos(1, fReferencia); }                                                    },
         {"ours, one thread",                                       [&] { fEnHilos(1, fOurs); }},
         {"ours, two threads",                                      [&] { fEnHilos(2, fOurs); }},
-        {"vipsthumbnail",
-         [&] {
-             if (std::system(strVips.c_str()) != 0) {
-                 std::exit(1);
-             }
-         }                                                                                    },
     };
+    const QTemporaryDir carpeta;
+    const clsCacheFotos::clsOrigen origen{carpeta.path().toStdString() + '/', {}};
+    const clsFuentesMini fuentes{{}, std::make_shared<clsCacheFotos>(origen)};
+    if (!bolMini) {
+        const auto fVisita = [&](bool bolPrimera) {
+            fEnHilos(
+                1, [&](const clsFoto &foto) { return fPieza(foto, intLado, fuentes, bolPrimera); });
+        };
+        lstPruebas.push_back({"ours, kept for the next visit", [=] { fVisita(true); },
+                              [&] { fuentes.fotos->fVaciar(); }});
+        lstPruebas.push_back({"ours, the next visit", [=] { fVisita(false); }});
+    }
+    if (std::system("command -v vipsthumbnail > /dev/null") == 0) {
+        lstPruebas.push_back({"vipsthumbnail", [&] {
+                                  if (std::system(strVips.c_str()) != 0) {
+                                      std::exit(1);
+                                  }
+                              }});
+    }
     return fComparar(lstPruebas, intVueltas);
 }
