@@ -96,7 +96,7 @@ QImage fSinFranjas(const QImage &imagen, const clsRecorte &recorte)
 /// The EXIF thumbnail in a box; "Pendiente" where there is none that can stand for the picture.
 clsMiniatura fMiniaturaExif(clsLector &lector, const clsCabeceraJpeg &cabecera, int intLado)
 {
-    const clsMiniatura ninguna{Extraccion::Pendiente, {}};
+    clsMiniatura ninguna{Extraccion::Pendiente, {}};
     if (cabecera.lngBytesMini == 0 || cabecera.lngBytesMini > lngMaximoMini ||
         cabecera.bolPerfilPartido) {
         return ninguna;
