@@ -13,6 +13,7 @@
 #include <QScrollArea>
 #include <QScrollBar>
 #include <QTableView>
+#include <QTextDocument>
 #include <QToolButton>
 
 #include <algorithm>
@@ -200,7 +201,12 @@ void frmDuplicados::fPonerFoto(int intFila)
     boton->setIconSize({intLadoFoto, intLadoFoto});
     boton->setFixedWidth(intLadoFoto + 16);
     const QString strNombre = m_modelo.index(intFila, 1).data().toString();
-    boton->setToolTip(m_modelo.index(intFila, 2).data().toString() + strNombre);
+    const QString strCarpeta = m_modelo.index(intFila, 2).data().toString();
+    const QString strSitio =
+        strCarpeta.isEmpty() ? strNombre : strCarpeta + QLatin1Char('/') + strNombre;
+    // A name that looks like markup is still a name.
+    boton->setToolTip(Qt::mightBeRichText(strSitio) ? Qt::convertFromPlainText(strSitio)
+                                                    : strSitio);
     boton->setAccessibleName(QStringLiteral("Se queda: ") + strNombre);
     m_botones->addButton(boton, intFila);
     m_fotos->widget()->layout()->addWidget(boton);
@@ -219,17 +225,20 @@ void frmDuplicados::fMirarElegida()
     const int intCopias = fSumarSobra(m_modelo.fGrupos()).intCopias;
     m_cmdMarcar->setText(fQ(fTextoMarcar(intCopias)));
     m_cmdMarcar->setEnabled(intCopias > 0);
-    for (QAbstractButton *const boton :
-         m_botones != nullptr ? m_botones->buttons() : QList<QAbstractButton *>()) {
+    if (m_botones == nullptr) {
+        return;
+    }
+    for (QAbstractButton *const boton : m_botones->buttons()) {
         const auto [lngGrupo, lngCual] = m_modelo.fSitio(m_botones->id(boton));
         const bool bolQueda = m_modelo.fGrupos()[lngGrupo].lngQueda == lngCual;
         if (bolQueda) {
             boton->setChecked(true); // which unchecks the others
         }
         const QString strNombre = m_modelo.index(m_botones->id(boton), 1).data().toString();
-        boton->setText(
+        QString strTexto =
             fontMetrics().elidedText((bolQueda ? QStringLiteral("\u2713 ") : QString()) + strNombre,
-                                     Qt::ElideMiddle, intLadoFoto));
+                                     Qt::ElideMiddle, intLadoFoto);
+        boton->setText(strTexto.replace(QLatin1Char('&'), QLatin1String("&&")));
     }
 }
 

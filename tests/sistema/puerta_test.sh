@@ -21,5 +21,5 @@ fProhibir "a header of the system outside sistema/" --exclude-dir=sistema "#incl
 fProhibir "a header of the system for everybody" --exclude='*.cpp' --exclude=llamadas.h \
     "#include <$strSistema>" sistema
 fProhibir "the table of calls outside sistema/" --exclude-dir=sistema '#include "sistema/llamadas.h"' .
-fProhibir "another folder in sistema/" '#include "(shared|catalogue|dates|browse|filter|viewer|app)/' sistema
+fProhibir "another folder in sistema/" '#include "(shared|catalogue|dates|browse|filter|viewer|repair|duplicates|app)/' sistema
 exit "$intFin"

@@ -59,7 +59,7 @@ private slots:
             QVERIFY(fTerminada(dialogo));
             // The larger ones first; a right date stays, then a short path.
             QCOMPARE(fColumna(dialogo, 1),
-                     QStringList({"20030101_sol.jpg", "sol.jpg", "brindis.mov", "otro.mov"}));
+                     QStringList({"20030101_sol.jpg", "sol & mar.jpg", "brindis.mov", "otro.mov"}));
             QCOMPARE(fColumna(dialogo, 0), QStringList({"se queda", "copia", "copia", "se queda"}));
             QCOMPARE(fColumna(dialogo, 2), QStringList({"2003/una carpeta", "2004", "2005", ""}));
             QCOMPARE(fColumna(dialogo, 4), QStringList({"sí", "no", "no", "no"}));
@@ -71,9 +71,9 @@ private slots:
         });
         m_sesion->fElegirEntrada(strMenu);
         QVERIFY(cuando.fHecho());
-        QCOMPARE(fMarcados(), QStringList({"2004/sol.jpg", "2005/brindis.mov"}));
+        QCOMPARE(fMarcados(), QStringList({"2004/sol & mar.jpg", "2005/brindis.mov"}));
         QCOMPARE(m_sesion->fNombres(), lstAntes);
-        QVERIFY(!m_arbol->fLeer("2004/sol.jpg").empty());
+        QVERIFY(!m_arbol->fLeer("2004/sol & mar.jpg").empty());
     }
 
     void fAnotherOneCanStay()
@@ -84,6 +84,10 @@ private slots:
             QVERIFY(primera->isChecked());
             QTRY_VERIFY(!primera->icon().isNull()); // the pictures of the group, side by side
             QCOMPARE(primera->accessibleName(), QString("Se queda: 20030101_sol.jpg"));
+            QVERIFY(primera->text().startsWith(QString::fromUtf8("\u2713 ")));
+            QVERIFY(primera->toolTip().contains("2003/una carpeta/20030101_sol.jpg"));
+            const auto *const segunda = dialogo.findChild<QAbstractButton *>("cmdGemelo1");
+            QCOMPARE(segunda->text(), QString("sol && mar.jpg"));
             fPulsarEn(dialogo, "cmdGemelo1");
             QCOMPARE(fColumna(dialogo, 0).mid(0, 2), QStringList({"copia", "se queda"}));
             // By keys in the table; there is always one.
@@ -116,7 +120,7 @@ private:
     {
         const std::string strSol = fJpeg(fCuartos({60, 40}));
         arbol.fCrear("2003/una carpeta/20030101_sol.jpg", strSol, fMomento("2003-01-01 12:00:00"));
-        arbol.fCrear("2004/sol.jpg", strSol, fMomento("2004-01-01 12:00:00"));
+        arbol.fCrear("2004/sol & mar.jpg", strSol, fMomento("2004-01-01 12:00:00"));
         arbol.fCrear("2005/brindis.mov", "no film", fMomento("2005-01-01 12:00:00"));
         arbol.fCrear("otro.mov", "no film", fMomento("2006-01-01 12:00:00"));
         arbol.fCrear("mismo.mov", "as long", fMomento("2007-01-01 12:00:00"));
