@@ -1,8 +1,9 @@
 #pragma once
 
 #include <QApplication>
-#include <QElapsedTimer>
+#include <QEventLoop>
 #include <QKeyEvent>
+#include <QTimer>
 #include <QWidget>
 
 /// Presses a key on a control.
@@ -12,12 +13,10 @@ inline void fPulsar(QWidget *control, int intTecla)
     QApplication::sendEvent(control, &evento);
 }
 
-/// Lets events run for so many milliseconds.
+/// Lets events run for so many milliseconds, and takes no processor time while there are none.
 inline void fDescansar(int intMs)
 {
-    QElapsedTimer reloj;
-    reloj.start();
-    while (reloj.elapsed() < intMs) {
-        QApplication::processEvents(QEventLoop::AllEvents, 10);
-    }
+    QEventLoop bucle;
+    QTimer::singleShot(intMs, Qt::PreciseTimer, &bucle, &QEventLoop::quit);
+    bucle.exec();
 }
