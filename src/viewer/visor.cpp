@@ -130,7 +130,8 @@ std::optional<clsPedido> clsVisor::fPrevia(const std::string &strRuta,
 {
     constexpr qint64 lngGrande = qint64{2} << 20; // bytes of the file
     constexpr QSize recuadro(1280, 1280);
-    if (m_intZoom == 0 || huella.lngBytes < lngGrande) {
+    // Only of JPEG fewer pixels take less time.
+    if (m_intZoom == 0 || huella.lngBytes < lngGrande || fEsOtroFormato(strRuta)) {
         return {};
     }
     return clsPedido{strRuta, recuadro, 0, lngMaximoFoto};

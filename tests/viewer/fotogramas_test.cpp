@@ -187,6 +187,27 @@ TEST_F(Fotogramas, ComeWithWhatTheFileSaysOfItsDate)
     EXPECT_EQ(fDatos("a.mov"), "creation_time=2009-07-14T16:03:22.000000Z\n") << "still alive";
 }
 
+TEST_F(Fotogramas, AreTakenFromTheOtherFormatsAndTheirDatesRead)
+{
+    // Films of 64 x 48 whose upper left quarter is red, from 2019/07/14 16:03:22 universal time.
+    clsFechasVideos fechas(m_strHijo);
+    for (const char *const strNombre :
+         {"roja.mkv", "roja.webm", "roja.mts", "roja.vob", "roja.ogv", "roja.m4v"}) {
+        SCOPED_TRACE(strNombre);
+        std::ifstream semilla(std::string(MIRAVEL_FOTOS_PRUEBA "/") + strNombre, std::ios::binary);
+        const std::string strBytes{std::istreambuf_iterator<char>(semilla), {}};
+        m_arbol.fCrear(strNombre, strBytes.empty() ? fMovRojo({64, 48}, false) : strBytes);
+        const QImage imagen = fTomar(strNombre);
+        EXPECT_EQ(imagen.size(), QSize(64, 48));
+        EXPECT_TRUE(fEs(imagen, Qt::red, {16, 18}));
+        const std::string strFechas =
+            fechas.fDatos(fAbrirRegular(m_arbol.fRuta(strNombre)).value(), bolQuerido);
+        if (std::string_view(strNombre).ends_with("mkv")) {
+            EXPECT_EQ(strFechas, "creation_time=2019-07-14T16:03:22.000000Z\n");
+        }
+    }
+}
+
 TEST_F(Fotogramas, AreNullForWhatIsNoVideo)
 {
     const std::string strAvi = fAviRojo();
