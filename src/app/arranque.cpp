@@ -43,6 +43,7 @@ std::optional<clsAjusteMalo> fLeerPreferencias(clsAjustes &ajustes, clsPreferenc
         {"TAM_MINI",  2,    2, false},
         {"FOTOVIDEO", 2,    2, false},
         {"FORMATOS",  0,    1, true },
+        {"TIEMPO",    0,    1, true },
     };
     std::vector<int> lstValores;
     for (const clsFila &fila : lstFilas) {
@@ -60,6 +61,6 @@ std::optional<clsAjusteMalo> fLeerPreferencias(clsAjustes &ajustes, clsPreferenc
         }
     }
     preferencias = {lstValores[0], lstValores[1], static_cast<Medios>(lstValores[2]),
-                    lstValores[3] == 1};
+                    lstValores[3] == 1, lstValores[4] == 1};
     return {};
 }

@@ -25,6 +25,7 @@ struct clsPreferencias {
     int intTamMini = 2;            ///< index of the thumbnail size
     Medios medios = Medios::Todos; ///< which files the list shows
     bool bolFormatos = false;      ///< and those of other formats, too
+    bool bolTiempo = false;        ///< the strip of time is shown
 };
 
 /// A setting that cannot be used.

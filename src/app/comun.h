@@ -13,6 +13,7 @@
 #include <string>
 
 class clsInformacion;
+struct clsFiltro;
 class clsModeloFotos;
 class QWidget;
 
@@ -87,6 +88,8 @@ using clsImagenes = std::function<QImage(const std::string &strRuta, int intLado
 /// Say why the catalogue is not written: another Miravel works on it; or the reason given.
 void fAvisarOcupada(clsMensajes &mensajes);
 void fAvisarSinCatalogo(clsMensajes &mensajes, const std::string &strMotivo);
+/// Filters the list, as the dialog does, without it.
+void fFiltrarPor(const clsComun &comun, const clsFiltro &filtro);
 /// Counts the files in the Baúl, and shows what the state has become.
 void fContarElBaul(const clsComun &comun);
 /// Opens the current file with its default program.

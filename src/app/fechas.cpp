@@ -47,6 +47,9 @@ void fBuscar(const clsComun &comun)
         return bolSeguir;
     };
     const auto lngHallada = fBuscarIncorrecta(comun.estado.lngActual, preguntas);
+    if (lngHallada) {
+        comun.estado.malas.fAnotar(comun.estado.filas, *lngHallada);
+    }
     if (!comun.estado.fCerrando()) {
         comun.fMostrar(lngHallada.value_or(comun.estado.lngActual));
     }

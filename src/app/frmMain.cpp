@@ -5,6 +5,7 @@
 #include "app/puerta.h"
 #include "app/rueda.h"
 #include "app/sitio_ventana.h"
+#include "app/tiempo.h"
 #include "browse/seleccion.h"
 #include "catalogue/cotejo.h"
 #include "catalogue/lstFotos.h"
@@ -83,7 +84,11 @@ frmMain::frmMain(clsArchivo archivo, clsAjustes &ajustes, clsAjustes &escritorio
       m_toolBar(fCrearBarra(m_cliente, [this](const auto &comando) { fElegido(comando); })),
       m_informacion(
           new clsInformacion(m_cliente, fSignosLocales(), m_toolBar->sizeHint().height())),
-      m_puerta(new clsPuerta(*this, m_estado, m_mandos)), m_comun(fComun())
+      m_puerta(new clsPuerta(*this, m_estado, m_mandos)), m_comun(fComun()),
+      m_tiempo(new clsTiempo(m_cliente, m_lista, m_comun, m_mandos, [this] {
+          fDisponerPanel();
+          fRedibujar();
+      }))
 {
     m_estado.filas.fFijarRaiz(m_archivo.strRaiz);
     if (const auto strSelec = m_ajustes.fConsultar(strSeccionGeneral, "SELEC");
@@ -93,6 +98,7 @@ frmMain::frmMain(clsArchivo archivo, clsAjustes &ajustes, clsAjustes &escritorio
     m_estado.medios = m_archivo.preferencias.medios;
     m_estado.bolFormatos = m_archivo.preferencias.bolFormatos;
     m_estado.intTamMini = m_archivo.preferencias.intTamMini;
+    m_estado.bolTiempo = m_archivo.preferencias.bolTiempo;
     fCrearControles();
     fConectarLista();
     fConectarPanel();
@@ -229,6 +235,7 @@ void frmMain::fMostrarEstado()
 {
     ::fMostrarEstado(*this, m_estado);
     m_informacion->fEtiquetar(m_estado);
+    m_tiempo->fMostrar();
 }
 
 void frmMain::fIniciar()
@@ -343,7 +350,7 @@ void frmMain::fRedimensionar()
     }
     const int intAlto = fNoNegativo(m_cliente->height() - m_lista->y());
     m_lista->resize(m_lista->width(), intAlto);
-    m_visor->fAltura(intAlto);
+    m_visor->fAltura(fNoNegativo(intAlto - m_tiempo->fBajar(m_cliente->height())));
     if (m_bolDispuesta) {
         // What is to vanish from the whole screen does so at once.
         m_Timer1.start(m_estado.bolCompleta == m_bolCompletaDispuesta ? pausa : pausa.zero());
@@ -370,10 +377,10 @@ void frmMain::fDisponerPanel()
     m_tamDispuesto = m_cliente->size();
     m_bolCompletaDispuesta = m_estado.bolCompleta;
     const int intArriba = m_estado.bolCompleta ? 0 : m_informacion->fAbajo();
-    const clsDisposicion sitio =
-        fDisponer({m_cliente->width() * intTwipsPixel, m_cliente->height() * intTwipsPixel,
-                   intArriba * intTwipsPixel, m_estado.bolCompleta ? 0 : m_lngAncho,
-                   m_informacion->fAnchoAviso() * intTwipsPixel});
+    const clsDisposicion sitio = fDisponer(
+        {m_cliente->width() * intTwipsPixel, m_cliente->height() * intTwipsPixel,
+         intArriba * intTwipsPixel, m_estado.bolCompleta ? 0 : m_lngAncho,
+         m_informacion->fAnchoAviso() * intTwipsPixel, m_tiempo->fAlto() * intTwipsPixel});
     m_lista->setGeometry(0, intArriba, sitio.lista.lngAncho / intTwipsPixel,
                          sitio.lista.lngAlto / intTwipsPixel);
     m_visor->fDisponer(sitio, !m_estado.bolMiniaturas);
@@ -382,6 +389,8 @@ void frmMain::fDisponerPanel()
     m_divisor->setGeometry(sitio.divisor.lngIzq / intTwipsPixel, intArriba, cmdAncho::intPixeles,
                            sitio.divisor.lngAlto / intTwipsPixel);
     m_divisor->raise();
+    // Beside the splitter, which reaches a little into the panel.
+    m_tiempo->fDisponer(fPixeles(sitio.franja).adjusted(m_divisor->width() - 1, 0, 0, 0));
     m_toolBar->raise();
     m_informacion->fDisponer(sitio.lngInfo3 / intTwipsPixel);
     if (m_estado.bolCompleta) {
@@ -621,6 +630,7 @@ void frmMain::fDescribir()
 void frmMain::fTerminarMostrar()
 {
     m_lista->fElegir(m_estado.lngActual);
+    m_tiempo->fMostrar();
     fMirarPendiente();
     m_informacion->fMostrar(m_estado);
     fDescribir();

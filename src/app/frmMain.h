@@ -10,6 +10,7 @@
 
 class clsMiniaturas;
 class clsPuerta;
+class clsTiempo;
 class clsVisor;
 class cmdAncho;
 class lstFotos;
@@ -110,4 +111,5 @@ private:
     clsPuerta *m_puerta;
 
     const clsComun m_comun;
+    clsTiempo *m_tiempo;
 };

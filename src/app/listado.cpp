@@ -1,12 +1,16 @@
-#include "app/comun.h"
-#include "app/informacion.h"
+#include "app/al_lado.h"
 #include "browse/seleccion.h"
 #include "catalogue/modelo_fotos.h"
 #include "filter/frmFiltro.h"
+#include "filter/mayusculas.h"
 #include "shared/numeros.h"
 #include "sistema/entorno.h"
 
 #include <QString>
+
+#include <algorithm>
+#include <optional>
+#include <string>
 
 namespace {
 
@@ -42,21 +46,25 @@ void fActualizar(const clsComun &comun)
     }
 }
 
+void fTomarFiltrado(const clsComun &comun, const clsFiltrado &filtrado)
+{
+    const clsOcupado ocupado(comun.ocupacion);
+    comun.informacion.fAnunciar(QStringLiteral("Filtrando..."));
+    comun.modelo.fRellenar([&](clsFilas & /*filas*/) {
+        fTomarFiltradas(comun.estado, filtrado.lstFilas, filtrado.lngTotalKB);
+    });
+    comun.fEstadoCambiado();
+    comun.fMostrar(comun.estado.lngActual);
+}
+
 void fFiltrar(const clsComun &comun, clsValoresFiltro &valores)
 {
     frmFiltro dialogo(comun.ventana, comun.estado.filas, valores, comun.mensajes, comun.fSeguir,
                       comun.estado.bolFormatos);
     const auto filtrado = dialogo.fMostrar();
-    if (!filtrado || comun.estado.fCerrando()) {
-        return;
+    if (filtrado && !comun.estado.fCerrando()) {
+        fTomarFiltrado(comun, *filtrado);
     }
-    const clsOcupado ocupado(comun.ocupacion);
-    comun.informacion.fAnunciar(QStringLiteral("Filtrando..."));
-    comun.modelo.fRellenar([&](clsFilas & /*filas*/) {
-        fTomarFiltradas(comun.estado, filtrado->lstFilas, filtrado->lngTotalKB);
-    });
-    comun.fEstadoCambiado();
-    comun.fMostrar(comun.estado.lngActual);
 }
 
 void fQuitarFiltro(const clsComun &comun)
@@ -83,6 +91,30 @@ void fTotales(const clsComun &comun)
 }
 
 } // namespace
+
+void fFiltrarPor(const clsComun &comun, const clsFiltro &filtro)
+{
+    const clsFilas &filas = comun.estado.filas;
+    const clsOcupado ocupado(comun.ocupacion);
+    std::optional<clsFiltrado> filtrado;
+    {
+        clsTrabajo trabajo(comun, QStringLiteral("Filtrando..."));
+        filtrado = fFiltrar(filas, filtro, fMayusculasCompuestas, [&](int lngMiradas) {
+            comun.informacion.fLugar(std::min(lngMiradas, filas.fCantidad() - 1),
+                                     filas.fCantidad());
+            return trabajo.fSeguir();
+        });
+    }
+    if (comun.estado.fCerrando()) {
+        return;
+    }
+    comun.informacion.fLugar(comun.estado.lngActual, filas.fCantidad());
+    if (filtrado && filtrado->lstFilas.empty()) {
+        comun.mensajes.fAviso(Icono::Problema, std::string(strNingunaImagen));
+    } else if (filtrado) {
+        fTomarFiltrado(comun, *filtrado);
+    }
+}
 
 void fAtenderListado(const clsComun &comun, clsMandos &mandos)
 {

@@ -18,12 +18,15 @@
 
 namespace {
 
-/// Shows the key of a command beside its entry. Letters are the business of the table of keys: to
-/// their entries they are only written.
+/// Shows the key of a command beside its entry. Letters are the business of the table of keys, as
+/// is what another command does with the key: to such entries they are only written.
 void fPonerAtajo(QAction &accion, const clsComando &comando)
 {
     accion.setShortcut(QKeySequence(fQ(comando.entrada.strAtajo)));
     accion.setShortcutVisibleInContextMenu(true);
+    if (comando.entrada.bolOtraTecla) {
+        accion.setShortcutContext(Qt::WidgetShortcut);
+    }
     const int intTecla = comando.tecla.intNumero;
     if (intTecla >= 'A' && intTecla <= 'Z') {
         const auto mayus = comando.tecla.mayus == Mayus::Con ? Qt::ShiftModifier : Qt::NoModifier;

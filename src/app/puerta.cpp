@@ -1,6 +1,7 @@
 #include "app/puerta.h"
 
 #include "browse/teclas.h"
+#include "timeline/frmTiempo.h"
 
 #include <QApplication>
 #include <QDialog>
@@ -130,6 +131,10 @@ bool clsPuerta::fTecla(const QObject &objeto, const QKeyEvent &evento) const
     const auto *const barra = qobject_cast<const QMenuBar *>(&objeto);
     if (&objeto != (control != nullptr ? control : &m_ventana) ||
         (barra != nullptr && barra->activeAction() != nullptr)) {
+        return false;
+    }
+    if (const auto *const franja = qobject_cast<const frmTiempo *>(control);
+        franja != nullptr && frmTiempo::fEsSuya(evento)) {
         return false;
     }
     const int intTecla = fNumeroTecla(evento.key(), evento.modifiers() & Qt::KeypadModifier,

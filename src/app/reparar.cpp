@@ -21,6 +21,8 @@
 #include <memory>
 #include <numeric>
 #include <optional>
+#include <string_view>
+#include <unordered_set>
 
 namespace {
 
@@ -186,13 +188,32 @@ void fReparar(const clsComun &comun, std::vector<std::string> lstRutas)
     }
 }
 
+/// Remembers which files of the list the overview has as dated wrong.
+void fAnotarMalas(const clsComun &comun, const clsResumenFechas &resumen)
+{
+    std::unordered_set<std::string_view> lstMalas;
+    for (const clsAnoResumen &uno : resumen.fAnos()) {
+        const auto &lstSuyas = uno.lstRutas[static_cast<std::size_t>(EstadoFecha::Incorrecta)];
+        lstMalas.insert(lstSuyas.begin(), lstSuyas.end());
+    }
+    const clsFilas &filas = comun.estado.filas;
+    for (int lngPos = 0; !lstMalas.empty() && lngPos < filas.fCantidad(); ++lngPos) {
+        if (lstMalas.contains(filas.fRuta(lngPos))) {
+            comun.estado.malas.fAnotar(filas, lngPos);
+        }
+    }
+    comun.fEstadoCambiado();
+}
+
 void fRevisar(const clsComun &comun)
 {
     std::vector<int> lstTodas(static_cast<std::size_t>(comun.estado.filas.fCantidad()));
     std::iota(lstTodas.begin(), lstTodas.end(), 0);
     frmRevisar ventana(comun.ventana, fRutas(comun, lstTodas), fLector(comun));
     ventana.setWindowIcon(comun.ventana->windowIcon());
-    if (auto lstRutas = ventana.fMostrar(); !lstRutas.empty()) {
+    auto lstRutas = ventana.fMostrar();
+    fAnotarMalas(comun, ventana.fResumen());
+    if (!lstRutas.empty()) {
         fReparar(comun, std::move(lstRutas));
     }
 }

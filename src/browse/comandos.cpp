@@ -16,6 +16,8 @@ bool fConBaul(const clsEstado &estado) { return estado.lngEnBaul > 0; }
 bool fEnMiniaturas(const clsEstado &estado, int /*intValor*/) { return estado.bolMiniaturas; }
 bool fEnCompleta(const clsEstado &estado, int /*intValor*/) { return estado.bolCompleta; }
 bool fConFormatos(const clsEstado &estado, int /*intValor*/) { return estado.bolFormatos; }
+bool fConTiempo(const clsEstado &estado, int /*intValor*/) { return estado.bolTiempo; }
+bool fCabeTiempo(const clsEstado &estado) { return !estado.filas.fVacia() && !estado.bolCompleta; }
 bool fEsZoom(const clsEstado &estado, int intZoom) { return estado.intZoom == intZoom; }
 bool fEsTamMini(const clsEstado &estado, int intTam) { return estado.intTamMini == intTam; }
 bool fSonMedios(const clsEstado &estado, int intMedios)
@@ -134,6 +136,10 @@ constexpr clsComando lstComandos[] = {
     {.strNombre = "deshacer",
      .entrada = {Menu::Mas, "mnuMasDeshacer", "&Deshacer corrección...", "Ctrl+Z"},
      .espera = ALaVista, .fPermitido = fSiempre},
+    {.strNombre = "tiempo",
+     .entrada = {Menu::Mas, "mnuMasTiempo", "&Línea de tiempo", "F4", false, true},
+     .fPermitido = fCabeTiempo, .fMarca = fConTiempo},
+    {.strNombre = "irTiempo", .tecla = {intTeclaF4, Sin}, .fPermitido = fCabeTiempo},
     {.strNombre = "duplicados",
      .entrada = {Menu::Mas, "mnuMasDuplicados", "&Buscar duplicados..."}, .espera = ALaVista},
     {.strNombre = "presentacion",

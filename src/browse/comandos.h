@@ -37,6 +37,7 @@ struct clsComando {
         const char *strTexto = "";  ///< "&" stands before the letter that chooses it in the menu
         const char *strAtajo = "";  ///< the shortcut it shows and answers to
         bool bolRaya = false;       ///< a separator stands above it
+        bool bolOtraTecla = false; ///< the shortcut is only shown: it is the key of another command
     };
     /// Its toolbar button. A number that no command has is a separator.
     struct clsBoton {

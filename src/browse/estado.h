@@ -4,6 +4,7 @@
 #include "browse/mover.h"
 #include "catalogue/filas.h"
 #include "catalogue/orden.h"
+#include "dates/malas.h"
 #include "shared/giros.h"
 #include "shared/medios.h"
 #include "shared/numeros.h"
@@ -45,6 +46,8 @@ struct clsEstado : clsLista {
     Avance avance = Avance::Normal;
     bool bolMiniaturas = false;      ///< the panel shows a page of thumbnails
     bool bolCompleta = false;        ///< the panel has the whole screen
+    bool bolTiempo = false;          ///< the strip of time is wanted beside it
+    clsMalas malas;                  ///< files whose dates were found wrong
     int intTamMini = 2;              ///< index of their size
     int intZoom = 100;               ///< of the single picture, percent; 0 fits
     clsGiros giros;                  ///< how files are seen turned

@@ -8,6 +8,7 @@ inline constexpr int intTeclaEnter = 13;
 inline constexpr int intTeclaEsc = 27;
 inline constexpr int intTeclaMas = 107;   ///< numeric pad
 inline constexpr int intTeclaMenos = 109; ///< numeric pad
+inline constexpr int intTeclaF4 = 115;
 inline constexpr int intTeclaF11 = 122;
 inline constexpr int intTeclaF12 = 123;
 inline constexpr int intTeclaMenor = 226; ///< the key left of Z, with < and >

@@ -2,7 +2,6 @@
 
 #include "catalogue/filas.h"
 
-#include <functional>
 #include <map>
 #include <string>
 #include <unordered_map>
@@ -20,7 +19,7 @@ public:
     [[nodiscard]] std::vector<bool> fEn(const clsFilas &filas) const;
 
 private:
-    using clsCarpeta = std::map<std::string, clsFecha, std::less<>>; ///< date by name
+    using clsCarpeta = std::multimap<clsFecha, std::string>; ///< names by their dates
 
     std::unordered_map<std::string, clsCarpeta> m_mapCarpetas;
     int m_lngCuantas = 0;

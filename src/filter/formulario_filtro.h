@@ -47,5 +47,8 @@ struct clsPeticionFiltro {
 /// comma at its end, unless something is wrong.
 [[nodiscard]] clsPeticionFiltro fPedirFiltro(clsValoresFiltro &valores);
 
+/// What is said when no file passes.
+inline constexpr std::string_view strNingunaImagen = "No se ha encontrado ninguna imagen.";
+
 /// The caption of the dialog.
 [[nodiscard]] std::string fTituloFiltro(int lngFilas);

@@ -279,7 +279,7 @@ void frmFiltro::fFiltrarPor(const clsFiltro &filtro, const clsValoresFiltro &val
     if (foco != nullptr) {
         foco->setFocus();
     }
-    fSeguirAbierto("No se ha encontrado ninguna imagen.");
+    fSeguirAbierto(strNingunaImagen);
 }
 
 /// Shows that the filter runs. Only Cancelar can be pressed meanwhile.

@@ -44,6 +44,8 @@ public:
     /// Shows it and waits until it is closed.
     /// @return the files that are to be repaired; none when it was only closed.
     [[nodiscard]] std::vector<std::string> fMostrar();
+    /// What it has found out until then.
+    [[nodiscard]] const clsResumenFechas &fResumen() const { return m_resumen; }
 
 private:
     void fMostrarLeidas();

@@ -67,13 +67,19 @@ std::vector<clsBarra> fBarras(const clsDias &dias, Unidad unidad)
     if (dias.lngSinFecha > 0) {
         lstBarras.push_back({.lngArchivos = dias.lngSinFecha});
     }
-    const auto lngDias = static_cast<std::ptrdiff_t>(dias.lstArchivos.size());
-    for (std::ptrdiff_t lngDesde = 0, lngHasta = 0; lngDesde < lngDias; lngDesde = lngHasta) {
+    const auto lngDias = std::ssize(dias.lstArchivos);
+    // A single date that is far off makes millions of days without files.
+    const auto fConArchivos = [&dias](std::ptrdiff_t lngDia) {
+        return std::find_if(dias.lstArchivos.begin() + lngDia, dias.lstArchivos.end(),
+                            [](int lngArchivos) { return lngArchivos > 0; }) -
+               dias.lstArchivos.begin();
+    };
+    for (std::ptrdiff_t lngDesde = fConArchivos(0), lngHasta = 0; lngDesde < lngDias;
+         lngDesde = fConArchivos(lngHasta)) {
         const clsPeriodo periodo = fPeriodo(dias.primero + days{lngDesde}, unidad);
         lngHasta = std::min<std::ptrdiff_t>(lngDias, (periodo.hasta - dias.primero).count());
-        if (const int lngArchivos = fSumar(dias.lstArchivos, lngDesde, lngHasta); lngArchivos > 0) {
-            lstBarras.push_back({periodo, lngArchivos, fSumar(dias.lstMalos, lngDesde, lngHasta)});
-        }
+        lstBarras.push_back({periodo, fSumar(dias.lstArchivos, lngDesde, lngHasta),
+                             fSumar(dias.lstMalos, lngDesde, lngHasta)});
     }
     return lstBarras;
 }

@@ -11,7 +11,11 @@ clsDisposicion fDisponer(const clsVentana &ventana)
     const int lngAlto = fNoNegativo(ventana.lngAlto - ventana.lngArriba);
     clsDisposicion sitio;
     sitio.lista = {0, ventana.lngArriba, lngPanel, lngAlto};
-    sitio.fondo = {lngPanel, ventana.lngArriba, fNoNegativo(ventana.lngAncho - lngPanel), lngAlto};
+    const int lngFranja = ventana.lngFranja <= lngAlto / 3 ? ventana.lngFranja : 0;
+    sitio.fondo = {lngPanel, ventana.lngArriba, fNoNegativo(ventana.lngAncho - lngPanel),
+                   lngAlto - lngFranja};
+    sitio.franja = {lngPanel, sitio.fondo.lngArriba + sitio.fondo.lngAlto, sitio.fondo.lngAncho,
+                    lngFranja};
     sitio.divisor = {lngPanel - intTwipsPixel, ventana.lngArriba, 0, lngAlto};
     sitio.recuadro = {sitio.fondo.lngIzq + lngMargen, sitio.fondo.lngArriba + lngMargen,
                       fNoNegativo(sitio.fondo.lngAncho - 2 * lngMargen),

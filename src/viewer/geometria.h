@@ -21,12 +21,14 @@ struct clsVentana {
     int lngArriba = 0;     ///< top of list and viewing panel
     int lngPanel = 0;      ///< panel width: width of the list, left edge of the viewing panel
     int lngAnchoInfo3 = 0; ///< width of the box at the right edge
+    int lngFranja = 0;     ///< height of a strip along the lower edge of the viewing panel
 };
 
 /// Where the controls of the two panels go.
 struct clsDisposicion {
     clsRect lista;    ///< lstFotos
-    clsRect fondo;    ///< lblFondo: the viewing panel
+    clsRect fondo;    ///< lblFondo: the viewing panel, without the strip
+    clsRect franja;   ///< the strip; of no height where the panel is too low for both
     clsRect divisor;  ///< cmdAncho; its width is the control's own
     clsRect recuadro; ///< frmRecuadro
     int lngInfo3 = 0; ///< left edge of txtInfo3

@@ -36,12 +36,6 @@ clsAlmacen<clsFoto>::clsPieza fPieza(const clsPedido &pedido)
     };
 }
 
-QRect fPixeles(const clsRect &rect)
-{
-    return {rect.lngIzq / intTwipsPixel, rect.lngArriba / intTwipsPixel,
-            rect.lngAncho / intTwipsPixel, rect.lngAlto / intTwipsPixel};
-}
-
 /// A neutral dark ground, the same on light and dark desktops: colours of photos read best on it.
 void fFondoNeutro(QWidget &control)
 {
@@ -52,6 +46,12 @@ void fFondoNeutro(QWidget &control)
 }
 
 } // namespace
+
+QRect fPixeles(const clsRect &rect)
+{
+    return {rect.lngIzq / intTwipsPixel, rect.lngArriba / intTwipsPixel,
+            rect.lngAncho / intTwipsPixel, rect.lngAlto / intTwipsPixel};
+}
 
 clsVisor::clsVisor(QWidget *cliente, const clsGiros &giros)
     : QObject(cliente), m_giros(giros), m_lblFondo(new QLabel(cliente)),

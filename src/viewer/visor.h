@@ -19,6 +19,9 @@ class QFrame;
 class QLabel;
 class imgFoto;
 
+/// A rectangle in pixels.
+[[nodiscard]] QRect fPixeles(const clsRect &rect);
+
 /// The viewing panel: its background, the frame and the one picture in it.
 class clsVisor : public QObject {
     Q_OBJECT

@@ -116,6 +116,7 @@ TEST(Preferencias, ThatCannotBeUsedAreNamedAndTheFileStaysAsItIs)
         {"[GENERAL]\nTAM_MINI=3\n", "TAM_MINI", "3"},
         {"[GENERAL]\nTAM_MINI=1\nFOTOVIDEO=-1", "FOTOVIDEO", "-1"},
         {"[GENERAL]\nFORMATOS=2\n", "FORMATOS", "2"},
+        {"[GENERAL]\nTIEMPO=no\n", "TIEMPO", "no"},
         {"[GENERAL]\nFOTOVIDEO=\xF1\n", "FOTOVIDEO", "\u00F1"},
     };
     for (const clsCaso &caso : lstCasos) {

@@ -32,6 +32,7 @@ TEST(Malas, AreFoundInOtherListsAsLongAsNameAndDateAreTheSame)
     malas.fAnotar(despues, 1); // wrong again
     EXPECT_EQ(malas.fCuantas(), 3);
     EXPECT_EQ(malas.fEn(despues), (std::vector<bool>{false, true, false, true}));
+    EXPECT_EQ(malas.fEn(filas), (std::vector<bool>{true, true, false})); // as it was is still wrong
 }
 
 } // namespace

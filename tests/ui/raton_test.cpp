@@ -3,8 +3,6 @@
 
 #include <QAction>
 #include <QMenuBar>
-#include <qtestspontaneevent.h>
-#include <QWheelEvent>
 
 class clsPruebasRaton : public clsPruebasSesion {
     Q_OBJECT
@@ -30,7 +28,7 @@ private slots:
             {"smaller still", -120, Qt::ControlModifier, 0, 60},
         };
         for (const auto &paso : lstPasos) {
-            fGirar(m_sesion->fControl("lblFondo"), paso.intGiro, paso.mayus);
+            m_sesion->fGirar(m_sesion->fControl("lblFondo"), paso.intGiro, paso.mayus);
             const auto fLlegada = [&] {
                 return m_sesion->fPosicion() == paso.lngPosicion &&
                        m_sesion->fTamFoto().width() == paso.intAncho;
@@ -38,12 +36,12 @@ private slots:
             QVERIFY2(QTest::qWaitFor(fLlegada), paso.strFrase);
         }
         // Beside the panel it belongs to what lies there.
-        fGirar(m_sesion->fLista(), -120);
-        fGirar(m_sesion->fControl("toolBar"), -120);
+        m_sesion->fGirar(m_sesion->fLista(), -120);
+        m_sesion->fGirar(m_sesion->fControl("toolBar"), -120);
         QCOMPARE(m_sesion->fPosicion(), 0);
         m_sesion->fTecla(Qt::Key_M);
         QTRY_VERIFY(m_sesion->fControl("cmdMini3")->isVisible());
-        fGirar(m_sesion->fControl("cmdMini1"), -120, Qt::ControlModifier);
+        m_sesion->fGirar(m_sesion->fControl("cmdMini1"), -120, Qt::ControlModifier);
         QTRY_VERIFY(m_sesion->fControl<QAction>("mnuOpcionesThump1")->isChecked());
     }
 
@@ -114,18 +112,6 @@ private slots:
                 m_sesion->fControl("cmdMini0"));
         m_sesion->fTecla(Qt::Key_F9); // its key works with the menu bar out of sight
         QTRY_VERIFY(!m_sesion->ventana->isFullScreen());
-    }
-
-private:
-    /// Turns the wheel over the middle of a control.
-    void fGirar(QWidget *control, int intGiro, Qt::KeyboardModifiers mayus = {})
-    {
-        QWidget *const ventana = m_sesion->ventana.get();
-        const QPoint punto = control->mapTo(ventana, control->rect().center());
-        QWheelEvent evento(punto, ventana->mapToGlobal(punto), {}, {0, intGiro}, Qt::NoButton,
-                           mayus, Qt::NoScrollPhase, false);
-        QSpontaneKeyEvent::setSpontaneous(&evento); // another would not be handed on to parents
-        qApp->notify(ventana->windowHandle(), &evento);
     }
 };
 

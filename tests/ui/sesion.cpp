@@ -10,6 +10,8 @@
 #include <QLineEdit>
 #include <QPainter>
 #include <QTableView>
+#include <qtestspontaneevent.h>
+#include <QWheelEvent>
 #include <QWindow>
 
 #include <cmath>
@@ -237,8 +239,15 @@ bool clsSesion::fEsperarDisposicion()
     const QWidget *const fondo = fControl("lblFondo");
     return QTest::qWaitFor(
         [=, this] {
+            const QWidget *const franja = fControl("frmTiempo"); // below the panel, if there is one
+            const int intAbajo = franja != nullptr && franja->isVisible()
+                                     ? franja->geometry().top() - 1
+                                     : cliente->rect().bottom();
             return fondo->geometry().right() == cliente->rect().right() &&
-                   fondo->geometry().bottom() == cliente->rect().bottom() && !fProcesando();
+                   fondo->geometry().bottom() == intAbajo &&
+                   (franja == nullptr || franja->isHidden() ||
+                    franja->geometry().bottom() == cliente->rect().bottom()) &&
+                   !fProcesando();
         },
         intEspera);
 }
@@ -352,6 +361,15 @@ void clsSesion::fMoverRaton(QWidget *control, QPoint punto)
 void clsSesion::fSoltar(QWidget *control, QPoint punto)
 {
     QTest::mouseRelease(ventana->windowHandle(), Qt::LeftButton, {}, fEnVentana(control, punto));
+}
+
+void clsSesion::fGirar(QWidget *control, int intGiro, Qt::KeyboardModifiers mayus)
+{
+    const QPoint punto = fEnVentana(control, control->rect().center());
+    QWheelEvent evento(punto, ventana->mapToGlobal(punto), {}, {0, intGiro}, Qt::NoButton, mayus,
+                       Qt::NoScrollPhase, false);
+    QSpontaneKeyEvent::setSpontaneous(&evento); // another would not be handed on to parents
+    qApp->notify(ventana->windowHandle(), &evento);
 }
 
 // --- clsPruebasSesion ---

@@ -171,6 +171,8 @@ public:
     void fPulsar(QWidget *control, QPoint punto);
     void fMoverRaton(QWidget *control, QPoint punto);
     void fSoltar(QWidget *control, QPoint punto);
+    /// Turns the wheel over the middle of a control.
+    void fGirar(QWidget *control, int intGiro, Qt::KeyboardModifiers mayus = {});
 
     const std::shared_ptr<const clsArbol> arbol;
     clsMensajesGuion mensajes;

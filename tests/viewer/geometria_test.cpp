@@ -40,6 +40,19 @@ TEST(Disposicion, HasNoNegativeWidthOrHeightHoweverSmallTheWindow)
     }
 }
 
+TEST(Disposicion, GivesAStripTheLowerEdgeOfTheViewingPanel)
+{
+    const clsDisposicion sitio = fDisponer({9000, 6000, 600, 3000, 2000, 900});
+    EXPECT_EQ(sitio.fondo, (clsRect{3000, 600, 6000, 4500}));
+    EXPECT_EQ(sitio.recuadro, (clsRect{3060, 660, 5880, 4380}));
+    EXPECT_EQ(sitio.franja, (clsRect{3000, 5100, 6000, 900}));
+    EXPECT_EQ(sitio.lista, (clsRect{0, 600, 3000, 5400}));
+    EXPECT_EQ(sitio.divisor.lngAlto, 5400);
+    EXPECT_EQ(fDisponer({9000, 3300, 600, 3000, 2000, 900}).franja.lngAlto, 900);
+    EXPECT_EQ(fDisponer({9000, 3299, 600, 3000, 2000, 900}).franja.lngAlto, 0); // too low
+    EXPECT_EQ(fDisponer({9000, 3299, 600, 3000, 2000, 900}).fondo.lngAlto, 2699);
+}
+
 TEST(AnchoPanel, LeavesRoomForOneThumbnailAnd480Twips)
 {
     EXPECT_EQ(fAnchoPanel(-1, 9000, 1000), 0);
