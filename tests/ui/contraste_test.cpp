@@ -2,6 +2,7 @@
 #include "sesion.h"
 
 #include "dates/frmFecha.h"
+#include "timeline/frmTiempo.h"
 #include "viewer/cmdMini.h"
 #include "viewer/fuente.h"
 #include "viewer/marcadores.h"
@@ -80,6 +81,19 @@ QImage fPista()
     return caja->grab(caja->rect().adjusted(4, 4, -4, -4)).toImage();
 }
 
+/// Bars of the timeline, or the years below them.
+QImage fTiempo(bool bolBarras, bool bolMalas)
+{
+    frmTiempo franja(nullptr, {});
+    const int intAlto = frmTiempo::fAlto(franja.fontMetrics());
+    const int intBarras = intAlto - franja.fontMetrics().height() - 8;
+    franja.resize(300, intAlto);
+    franja.fMostrar({.lstArchivos = std::vector<int>(600, 1),
+                     .lstMalos = std::vector<int>(600, bolMalas ? 1 : 0)});
+    return franja.grab(bolBarras ? QRect(0, 0, 300, intBarras) : QRect(0, intBarras + 8, 300, 20))
+        .toImage();
+}
+
 QPalette fOscura()
 {
     QPalette paleta(QColor(0x35, 0x35, 0x35), QColor(0x21, 0x1f, 0x20));
@@ -122,6 +136,9 @@ private slots:
                 {"check box of a row", fCasilla(sesion), dblDibujo},
                 {"label", sesion.fControl("txtEstado2")->grab().toImage(), dblTexto},
                 {"hint of a date", fPista(), dblTexto},
+                {"bars of the timeline", fTiempo(true, false), dblDibujo},
+                {"bars with wrong dates", fTiempo(true, true), dblDibujo},
+                {"years of the timeline", fTiempo(false, false), dblTexto},
                 {"warning about dates", sesion.fControl("txtInfo3")->grab().toImage(), dblTexto},
             };
             for (const auto &caso : lstCasos) {
