@@ -24,7 +24,16 @@ const clsFecha fechaNueva = fFechaDe({2009, 7, 15, 12, 0, 0}).value_or(clsFecha{
     std::_Exit(1);
 }
 
-/// A file written, and flushed with the folder that it lies in.
+void fVolcarCarpeta(const std::string &strCarpeta)
+{
+    const int intCarpeta = open(strCarpeta.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+    if (intCarpeta < 0 || fsync(intCarpeta) != 0) {
+        fFallar("fsync");
+    }
+    close(intCarpeta);
+}
+
+/// A file written, and flushed.
 void fEscribirVolcado(const std::string &strCarpeta, const std::string &strNombre,
                       const std::string &strBytes, bool bolVolcar = true)
 {
@@ -34,12 +43,10 @@ void fEscribirVolcado(const std::string &strCarpeta, const std::string &strNombr
         write(intFd, strBytes.data(), strBytes.size()) != static_cast<ssize_t>(strBytes.size())) {
         fFallar(strRuta.c_str());
     }
-    const int intCarpeta = open(strCarpeta.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
-    if (bolVolcar && (fsync(intFd) != 0 || fsync(intCarpeta) != 0)) {
+    if (bolVolcar && fsync(intFd) != 0) {
         fFallar("fsync");
     }
     close(intFd);
-    close(intCarpeta);
 }
 
 /// The archive: 200 files to a folder.
@@ -77,11 +84,13 @@ struct clsArchivo {
     }
 };
 
-/// Journal, catalogue, each file its time and its name, the folder.
+/// Catalogue, journal, each file its time and its name; flushed as ours: the folder behind the
+/// journal, and at the end, when it carries all that was changed.
 void fBucleDesnudo(const clsArchivo &archivo)
 {
     fEscribirVolcado(archivo.strRaiz, ".catalogo", archivo.strCatalogo);
     fEscribirVolcado(archivo.strRaiz, ".diario", archivo.strCatalogo + archivo.strCatalogo);
+    fVolcarCarpeta(archivo.strRaiz);
     const timespec lstMomentos[2] = {
         {0,                                UTIME_OMIT},
         {fMomento(fechaNueva).value_or(0), 0         }
@@ -98,6 +107,7 @@ void fBucleDesnudo(const clsArchivo &archivo)
                (archivo.strRaiz + "Miravel.dat").c_str()) != 0) {
         fFallar("rename");
     }
+    fVolcarCarpeta(archivo.strRaiz);
 }
 
 } // namespace

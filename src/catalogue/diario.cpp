@@ -90,6 +90,7 @@ std::optional<clsAnotacion> fAnotacion(const clsRegistro &registro)
     const auto &[de, a, datos] = registro.lstLineas;
     clsAnotacion anotacion{std::string(de.strTexto), std::string(a.strTexto), {}, {}, {}};
     const bool bolBien = fRutaValida(anotacion.strDe) && fRutaValida(anotacion.strA) &&
+                         fCarpetaDe(anotacion.strDe) == fCarpetaDe(anotacion.strA) &&
                          datos.strFin == "\r\n" && fLeerDatos(datos.strTexto, anotacion);
     return bolBien ? std::optional(std::move(anotacion)) : std::nullopt;
 }
@@ -120,7 +121,11 @@ bool fEsLaMisma(const clsDatosArchivo &datos, const clsAnotacion &anotacion)
 
 clsResultado<clsVisto> fVer(const std::string &strRuta)
 {
-    const auto nombre = fConsultar(strRuta, false);
+    return fVer(strRuta, fConsultar(strRuta, false));
+}
+
+clsResultado<clsVisto> fVer(const std::string &strRuta, const clsResultado<clsDatosArchivo> &nombre)
+{
     if (!nombre) {
         return nombre.fError();
     }

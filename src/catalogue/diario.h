@@ -20,6 +20,9 @@ struct clsVisto {
 
 /// Looks at a file or a link.
 [[nodiscard]] clsResultado<clsVisto> fVer(const std::string &strRuta);
+/// @param nombre what has that path; of a link, the link.
+[[nodiscard]] clsResultado<clsVisto> fVer(const std::string &strRuta,
+                                          const clsResultado<clsDatosArchivo> &nombre);
 
 /// What a correction has in mind with one file, or what it has made of it.
 struct clsAnotacion {

@@ -6,6 +6,7 @@
 #include "shared/rutas.h"
 #include "sistema/carpeta.h"
 
+#include <cerrno>
 #include <utility>
 
 namespace {
@@ -78,6 +79,9 @@ clsFinCorreccion fCorregir(const std::string &strRaiz, bool bolEscritura,
     const clsCerrojoArchivo cerrojo(strRaiz);
     if (!cerrojo.fTenido()) {
         return {Correccion::Ocupada, {}, {}};
+    }
+    if (!cerrojo.fCarpeta().fAbierto()) { // nothing below it could be changed
+        return {Correccion::Imposible, EIO, {}};
     }
     if (const clsError error = fReanudar(strRaiz)) { // its journal would be lost
         return {Correccion::Imposible, error, {}};

@@ -5,6 +5,7 @@
 #include "dates/reanudacion.h"
 #include "dates/vuelta.h"
 #include "sistema/carpeta.h"
+#include "sistema/recinto.h"
 
 #include <algorithm>
 #include <cerrno>
@@ -91,8 +92,9 @@ private:
         std::string strDe;
         std::string strA;
         clsVuelta vuelta;
-        bool bolLibreA = false;     ///< nothing has the path that the correction gave it
-        std::size_t lngFichero = 0; ///< its place in m_lstFicheros, if there is something to do
+        std::optional<clsVisto> visto; ///< where it lies
+        bool bolLibreA = false;        ///< nothing has the path that the correction gave it
+        std::size_t lngFichero = 0;    ///< its place in m_lstFicheros, if there is something to do
 
         [[nodiscard]] bool fPorHacer() const
         {
@@ -100,8 +102,8 @@ private:
         }
     };
 
-    void fDecidir();
-    static void fMirar(clsVuelto &vuelto, const clsAnotacion &anotacion);
+    void fDecidir(const clsDescriptor &carpeta);
+    static void fMirar(clsVuelto &vuelto, const clsAnotacion &anotacion, clsRecinto &recinto);
     void fEncargar(clsVuelto &vuelto, const clsAnotacion &anotacion);
     [[nodiscard]] bool fSoloCorregido() const;
     [[nodiscard]] bool fMismoRegistro(const clsRegistro &antes, const clsRegistro &ahora) const;
@@ -120,15 +122,16 @@ private:
 };
 
 /// Looks where the files are and what there is to do.
-void clsRetorno::fDecidir()
+void clsRetorno::fDecidir(const clsDescriptor &carpeta)
 {
+    clsRecinto recinto(m_strRaiz, carpeta);
     m_lstVueltos.resize(m_diario.lstAnotaciones.size());
     for (std::size_t lng = 0; lng < m_lstVueltos.size(); ++lng) {
         const clsAnotacion &anotacion = m_diario.lstAnotaciones[lng];
         clsVuelto &vuelto = m_lstVueltos[lng];
         vuelto.strDe = m_strRaiz + anotacion.strDe;
         vuelto.strA = m_strRaiz + anotacion.strA;
-        fMirar(vuelto, anotacion);
+        fMirar(vuelto, anotacion, recinto);
         if (vuelto.fPorHacer()) {
             fEncargar(vuelto, anotacion);
         }
@@ -136,16 +139,19 @@ void clsRetorno::fDecidir()
     }
 }
 
-void clsRetorno::fMirar(clsVuelto &vuelto, const clsAnotacion &anotacion)
+void clsRetorno::fMirar(clsVuelto &vuelto, const clsAnotacion &anotacion, clsRecinto &recinto)
 {
     if (anotacion.fIntacta()) { // whatever has become of it since
         vuelto.vuelta.caso = Caso::Hecha;
         return;
     }
-    const auto vistoDe = fVer(vuelto.strDe);
-    const auto vistoA = anotacion.strA == anotacion.strDe ? vistoDe : fVer(vuelto.strA);
+    const auto vistoDe = fVer(vuelto.strDe, recinto.fConsultar(vuelto.strDe));
+    const auto vistoA = anotacion.strA == anotacion.strDe
+                            ? vistoDe
+                            : fVer(vuelto.strA, recinto.fConsultar(vuelto.strA));
     vuelto.bolLibreA = vistoA.fError() == ENOENT;
     vuelto.vuelta = fVuelta(anotacion, vistoA, vistoDe);
+    vuelto.visto = vuelto.vuelta.caso == Caso::Hora ? vistoDe : vistoA;
 }
 
 void clsRetorno::fEncargar(clsVuelto &vuelto, const clsAnotacion &anotacion)
@@ -156,8 +162,8 @@ void clsRetorno::fEncargar(clsVuelto &vuelto, const clsAnotacion &anotacion)
     fichero.strFilePath = caso == Caso::Hora ? vuelto.strDe : vuelto.strA;
     fichero.fecha = fFechaLocal(anotacion.antes.huella.lngSegundos);
     m_lstFicheros.push_back(std::move(fichero));
-    m_lstMetas.push_back(
-        {vuelto.strDe, anotacion.antes.huella, caso != Caso::Nombre, caso == Caso::Soltar});
+    m_lstMetas.push_back({vuelto.strDe, anotacion.antes.huella, caso != Caso::Nombre,
+                          caso == Caso::Soltar, vuelto.visto});
 }
 
 /// Whether two records are the same, but for what the correction has made of them.
@@ -257,7 +263,7 @@ clsDestinos clsRetorno::fDestinosDeHoy() const
 
 clsFinDeshacer clsRetorno::fHacer(const clsDescriptor &carpeta, const clsSeguir &fSeguir)
 {
-    fDecidir();
+    fDecidir(carpeta);
     const bool bolDeCopia = fSoloCorregido();
     clsCatalogoCorregido catalogo(m_strCatalogo,
                                   bolDeCopia ? m_strRaiz + m_diario.strCopia : m_strCatalogo);
@@ -302,7 +308,7 @@ clsFinDeshacer fDeshacer(const std::string &strRaiz, bool bolEscritura, const cl
     if (!cerrojo.fTenido()) {
         return fNada(Correccion::Ocupada);
     }
-    if (!cerrojo.fCarpeta().fAbierto()) { // no time could be set below it
+    if (!cerrojo.fCarpeta().fAbierto()) { // nothing below it could be changed
         return fNada(Correccion::Imposible, EIO);
     }
     if (const clsError error = fReanudar(strRaiz)) {

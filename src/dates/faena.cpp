@@ -3,7 +3,7 @@
 #include "shared/errores.h"
 #include "shared/rutas.h"
 #include "shared/texto.h"
-#include "sistema/cambios.h"
+#include "sistema/recinto.h"
 
 #include <algorithm>
 #include <cerrno>
@@ -16,14 +16,15 @@ std::string fAvisoSinNombre(const clsCorregido &fichero)
            fTextoPantalla(fichero.strFilePathNew) + "\r\n" + fTextoError(fichero.errorNombre);
 }
 
-clsError fPonerNombre(const std::string &strRuta, const clsMeta &meta)
+clsError fPonerNombre(clsRecinto &recinto, const std::string &strRuta, const clsMeta &meta)
 {
+    const std::string_view strNombre = fNombreDe(meta.strRuta);
     return meta.strRuta == strRuta ? clsError()
-           : meta.bolSoltar        ? fSoltarNombre(strRuta, meta.strRuta)
-                                   : fRenombrar(strRuta, meta.strRuta);
+           : meta.bolSoltar        ? recinto.fSoltarNombre(strRuta, strNombre)
+                                   : recinto.fRenombrar(strRuta, strNombre);
 }
 
-void fTratar(clsCorregido &fichero, const clsMeta &meta, const clsDescriptor &raiz,
+void fTratar(clsCorregido &fichero, const clsMeta &meta, clsRecinto &recinto,
              const clsFalloNombre &fFallo)
 {
     const std::string &strRuta = fichero.strFilePath;
@@ -31,11 +32,11 @@ void fTratar(clsCorregido &fichero, const clsMeta &meta, const clsDescriptor &ra
     // Deliberate: a file whose time cannot be set gets its new name all the same.
     if (meta.bolFechar) {
         fichero.errorFecha =
-            meta.hora ? fFechar(strRuta, meta.hora->lngSegundos, raiz, meta.hora->lngNanosegundos)
+            meta.hora ? recinto.fFechar(strRuta, meta.hora->lngSegundos, meta.hora->lngNanosegundos)
                       : EOVERFLOW;
     }
     fichero.strFilePathNew = meta.strRuta;
-    fichero.errorNombre = fPonerNombre(strRuta, meta);
+    fichero.errorNombre = fPonerNombre(recinto, strRuta, meta);
     if (fichero.errorNombre) {
         const std::string strAviso = fAvisoSinNombre(fichero);
         fichero.strFilePathNew = strRuta;
@@ -56,9 +57,9 @@ void fSuponer(clsFaena &faena, bool bolTratados)
 }
 
 /// What is in mind with a file; of one that is not there, nothing.
-clsAnotacion fPlan(const std::string &strRaiz, const clsCorregido &fichero, const clsMeta &meta)
+clsAnotacion fPlan(const std::string &strRaiz, const clsCorregido &fichero, const clsMeta &meta,
+                   const clsResultado<clsVisto> &antes)
 {
-    const auto antes = fVer(fichero.strFilePath);
     clsAnotacion anotacion{fichero.strFilePath.substr(strRaiz.size()), {}, fichero.fecha, {}, {}};
     anotacion.strA = antes ? meta.strRuta.substr(strRaiz.size()) : anotacion.strDe;
     anotacion.antes = antes.value_or(clsVisto());
@@ -71,13 +72,17 @@ clsAnotacion fPlan(const std::string &strRaiz, const clsCorregido &fichero, cons
 /// Writes down what is in mind, as far as the catalogue can have the files.
 clsError fEscribirPlan(clsFaena &faena)
 {
+    clsRecinto recinto(faena.strRaiz, faena.carpeta);
     for (std::size_t lng = 0; lng < faena.lstFicheros.size(); ++lng) {
         const std::string &strRuta = faena.lstFicheros[lng].strFilePath;
+        const clsMeta &meta = faena.lstMetas[lng];
         if (fBajoRaiz(strRuta, faena.strRaiz) &&
             strRuta.find_first_of("\r\n") == std::string::npos) {
             faena.lstAnotados.push_back(lng);
             faena.diario.lstAnotaciones.push_back(
-                fPlan(faena.strRaiz, faena.lstFicheros[lng], faena.lstMetas[lng]));
+                fPlan(faena.strRaiz, faena.lstFicheros[lng], meta,
+                      meta.visto ? clsResultado<clsVisto>(*meta.visto)
+                                 : fVer(strRuta, recinto.fConsultar(strRuta))));
         }
     }
     return fEscribirDiario(faena.strRaiz, faena.diario);
@@ -123,8 +128,9 @@ clsFinCorreccion fHacerFaena(clsFaena &faena, const clsFalloNombre &fFallo,
         fBorrarDiario(faena.strRaiz);
         return {Correccion::Imposible, error, {}};
     }
+    clsRecinto recinto(faena.strRaiz, faena.carpeta);
     for (std::size_t lng = 0; lng < faena.lstFicheros.size(); ++lng) {
-        fTratar(faena.lstFicheros[lng], faena.lstMetas[lng], faena.carpeta, fFallo);
+        fTratar(faena.lstFicheros[lng], faena.lstMetas[lng], recinto, fFallo);
         if (fSeguir && !fSeguir()) {
             break;
         }

@@ -28,15 +28,17 @@ constinit const clsLlamadas llamadasReales = {
     fstatat,
     fchmod,
     [](int intFd, gid_t grupo) { return fchown(intFd, static_cast<uid_t>(-1), grupo); },
-    [](const char *strRuta, const timespec *lstMomentos) {
-        return utimensat(AT_FDCWD, strRuta, lstMomentos, 0);
-    },
+    utimensat,
     futimens,
-    rename,
-    [](const char *strDe, const char *strA) {
-        return renameat2(AT_FDCWD, strDe, AT_FDCWD, strA, RENAME_NOREPLACE);
+    [](int intCarpeta, const char *strDe, const char *strA) {
+        return renameat(intCarpeta, strDe, intCarpeta, strA);
     },
-    [](const char *strDe, const char *strA) { return linkat(AT_FDCWD, strDe, AT_FDCWD, strA, 0); },
+    [](int intCarpeta, const char *strDe, const char *strA) {
+        return renameat2(intCarpeta, strDe, intCarpeta, strA, RENAME_NOREPLACE);
+    },
+    [](int intCarpeta, const char *strDe, const char *strA) {
+        return linkat(intCarpeta, strDe, intCarpeta, strA, 0);
+    },
     unlinkat,
     mkdir,
     flock,

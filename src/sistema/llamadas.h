@@ -24,13 +24,16 @@ struct clsLlamadas {
     ssize_t (*fListar)(int intFd, void *bytDatos, std::size_t lngBytes); ///< getdents64
     ssize_t (*fLeerEnlace)(const char *strRuta, char *strDestino, std::size_t lngBytes);
     int (*fConsultar)(int intCarpeta, const char *strRuta, struct stat *datos, int intModo);
-    int (*fPermitir)(int intFd, mode_t modo);                         ///< fchmod
-    int (*fAgrupar)(int intFd, gid_t grupo);                          ///< fchown, group only
-    int (*fFechar)(const char *strRuta, const timespec *lstMomentos); ///< utimensat, links followed
-    int (*fFecharAbierto)(int intFd, const timespec *lstMomentos);    ///< futimens
-    int (*fRenombrar)(const char *strDe, const char *strA);           ///< rename: replaces silently
-    int (*fRenombrarLibre)(const char *strDe, const char *strA);      ///< renameat2, never replaces
-    int (*fEnlazar)(const char *strDe, const char *strA); ///< linkat, links not followed
+    int (*fPermitir)(int intFd, mode_t modo); ///< fchmod
+    int (*fAgrupar)(int intFd, gid_t grupo);  ///< fchown, group only
+    int (*fFechar)(int intCarpeta, const char *strRuta, const timespec *lstMomentos,
+                   int intModo);                                   ///< utimensat
+    int (*fFecharAbierto)(int intFd, const timespec *lstMomentos); ///< futimens
+    // Both names in one folder: renameat, which replaces silently; renameat2, which never does;
+    // linkat, links not followed.
+    int (*fRenombrar)(int intCarpeta, const char *strDe, const char *strA);
+    int (*fRenombrarLibre)(int intCarpeta, const char *strDe, const char *strA);
+    int (*fEnlazar)(int intCarpeta, const char *strDe, const char *strA);
     int (*fBorrar)(int intCarpeta, const char *strRuta, int intModo); ///< unlinkat
     int (*fCrearCarpeta)(const char *strRuta, mode_t modo);
     int (*fBloquear)(int intFd, int intModo); ///< flock

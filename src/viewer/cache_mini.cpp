@@ -1,8 +1,8 @@
 #include "viewer/cache_mini.h"
 
-#include "sistema/cambios.h"
 #include "sistema/carpeta.h"
 #include "sistema/entorno.h"
+#include "sistema/recinto.h"
 #include "sistema/reemplazo.h"
 
 #include <algorithm>
@@ -138,7 +138,7 @@ std::string clsCacheMini::fLeer(const std::string &strRuta, const clsHuella &hue
     constexpr std::int64_t lngDia = 86400;
     if (const std::int64_t lngAhora = fAhora(); lngAhora - abierto->huella.lngSegundos > lngDia) {
         if (const auto carpeta = fAbrirCarpeta(m_strCarpeta)) {
-            static_cast<void>(fFechar(strNombre, lngAhora, *carpeta));
+            static_cast<void>(clsRecinto(m_strCarpeta, *carpeta).fFechar(strNombre, lngAhora));
         }
     }
     return std::string(*strImagen);

@@ -333,13 +333,13 @@ TEST(Correccion, MakesFewBackupsOnADiskThatTakesNamesAndSaysTheyWereTaken)
             datos->st_nlink = 1;
             return intFin;
         };
-        disco.fEnlazar = [](const char *, const char *) {
+        disco.fEnlazar = [](int, const char *, const char *) {
             return ++intRenombrados, errno = EEXIST, -1;
         };
         if (bolHace) {
-            disco.fEnlazar = [](const char *strDe, const char *strA) {
+            disco.fEnlazar = [](int intCarpeta, const char *strDe, const char *strA) {
                 ++intRenombrados;
-                llamadasReales.fEnlazar(strDe, strA);
+                llamadasReales.fEnlazar(intCarpeta, strDe, strA);
                 return errno = EEXIST, -1;
             };
         }
@@ -503,10 +503,10 @@ TEST(Correccion, SaysWhichFilesHaveNewNamesWhenTheCatalogueFailsLater)
     arbol.fCrear("20090715_b.jpg", "su nombre");
     arbol.fCrear(strDat, fTexto(arbol, "@a.jpg|f| 4 |@b.jpg|f| 4 |"));
     clsLlamadas disco = discoQuieto;
-    disco.fRenombrarLibre = [](const char *strDe, const char *strA) {
+    disco.fRenombrarLibre = [](int intCarpeta, const char *strDe, const char *strA) {
         return std::string_view(strDe).ends_with("/Miravel.dat")
                    ? (errno = EROFS, -1)
-                   : llamadasReales.fRenombrarLibre(strDe, strA);
+                   : llamadasReales.fRenombrarLibre(intCarpeta, strDe, strA);
     };
     const clsIntento intento(arbol, {"a.jpg", "b.jpg"}, fechaNueva, disco);
     EXPECT_EQ(intento.fin.correccion, Correccion::SinCatalogo);

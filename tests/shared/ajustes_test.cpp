@@ -173,8 +173,8 @@ TEST(Ajustes, DoNotKeepTheProgramFromEndingWhenTheDiskHangs)
         bolContesta.wait();
         return llamadasReales.fVolcar(intFd);
     };
-    atascado.fRenombrar = [](const char *strDe, const char *strA) {
-        const int intResultado = llamadasReales.fRenombrar(strDe, strA);
+    atascado.fRenombrar = [](int intCarpeta, const char *strDe, const char *strA) {
+        const int intResultado = llamadasReales.fRenombrar(intCarpeta, strDe, strA);
         bolFin.set_value();
         return intResultado;
     };

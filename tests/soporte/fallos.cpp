@@ -71,8 +71,10 @@ std::array<timespec, 2> fMomentosFat(const timespec *lstMomentos)
 clsLlamadas fHacerDiscoFat()
 {
     clsLlamadas disco = llamadasReales;
-    disco.fFechar = [](const char *strRuta, const timespec *lstMomentos) {
-        return llamadasReales.fFechar(strRuta, fMomentosFat(lstMomentos).data());
+    disco.fFechar = [](int intCarpeta, const char *strRuta, const timespec *lstMomentos,
+                       int intModo) {
+        return llamadasReales.fFechar(intCarpeta, strRuta, fMomentosFat(lstMomentos).data(),
+                                      intModo);
     };
     disco.fFecharAbierto = [](int intFd, const timespec *lstMomentos) {
         return llamadasReales.fFecharAbierto(intFd, fMomentosFat(lstMomentos).data());
