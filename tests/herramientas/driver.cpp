@@ -20,8 +20,10 @@
 #include "shared/texto.h"
 #include "sistema/archivo.h"
 #include "sistema/entorno.h"
+#include "viewer/fechas_videos.h"
 
 #include <algorithm>
+#include <atomic>
 #include <cerrno>
 #include <cstdio>
 #include <string>
@@ -188,9 +190,12 @@ clsTablaReparacion fProponerTodos(const std::string &strRaiz, const clsArgumento
                                   bool bolPedidos)
 {
     clsTablaReparacion tabla(strRaiz, fFechaLocal(fAhora()));
+    clsFechasVideos videos(fCarpetaPrograma() + "miravel-fotograma");
+    const std::atomic<bool> bolAnulado = false;
+    const auto fVideo = [&](const clsAbierto &video) { return videos.fDatos(video, bolAnulado); };
     for (const std::string &strRuta : lstRutas) {
         const int lngFila = tabla.fFilas();
-        tabla.fAgregar(strRuta, fLeerFechas(strRuta, strRaiz));
+        tabla.fAgregar(strRuta, fLeerFechas(strRuta, strRaiz, fVideo));
         const clsPropuesta &propuesta = tabla.fPropuesta(lngFila);
         if (bolPedidos && propuesta.fHay() && !propuesta.fDudosa()) {
             tabla.fMarcar(lngFila, true);

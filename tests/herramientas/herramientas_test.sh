@@ -123,6 +123,15 @@ fExigir "undo the first" fSale 0 "$driver" undo "$repara"
 fExigir "undo the other" fSale 0 "$driver" undo "$repara"
 fExigir "all is as it was" test "$antes" = "$(fInventario)"
 fExigir "the catalogue, too" cmp "$carpeta/catalogo" "$repara/Miravel.dat"
+# a QuickTime film of a header only, made at 16:03:22 universal time
+{
+    printf '\0\0\0\x14ftypqt  \0\0\0\0qt  \0\0\0\x74moov\0\0\0\x6cmvhd\0\0\0\0'
+    printf '\xc6\x82\x5c\xca\0\0\0\0\0\0\x03\xe8'
+    head -c 84 /dev/zero
+} >"$repara/v.mov"
+fExigir "a video is asked" fSale 0 "$driver" repair "$repara" "$repara/v.mov"
+fExigir "its report" fDice '1 corregido.'
+fExigir "its time" test "$(date -r "$repara/20090714_v.mov" '+%F %T')" = '2009-07-14 18:03:22'
 fExigir "a file from elsewhere is not repaired" fSale 1 "$driver" repair "$repara" "$raiz/uno.jpg"
 
 # copy and baul: names, what is refused, what the error output says
