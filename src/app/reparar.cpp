@@ -247,7 +247,7 @@ void fVolverAtras(const clsComun &comun)
     if (!fin) {
         return;
     }
-    fInformar(comun, fin->fin, fin->lstFicheros, "restaurado");
+    fInformar(comun, fin->fin, fin->lstFicheros, "deshecho");
     if (fHaCambiado(fin->fin) && !comun.estado.fCerrando()) {
         fSeguirNombres(comun.estado, fin->lstFicheros);
         comun.fLlenar(false, fRutaTras(comun, fin->lstFicheros));

@@ -46,13 +46,7 @@ void clsResumenFechas::fAgregar(const std::string &strRuta, const clsFechasFiche
         cual = m_lstAnos.insert(cual, {intAno, {}});
     }
     cual->lstRutas[fIndice(fEstadoFecha(fechas))].push_back(strRuta);
-}
-
-int clsResumenFechas::fMayor() const
-{
-    return std::accumulate(
-        m_lstAnos.begin(), m_lstAnos.end(), 0,
-        [](int intMayor, const clsAnoResumen &uno) { return std::max(intMayor, uno.fTodos()); });
+    m_intMayor = std::max(m_intMayor, cual->fTodos());
 }
 
 std::string fTextoResumen(const clsResumenFechas &resumen)

@@ -33,9 +33,10 @@ public:
     /// The years, the earliest first.
     [[nodiscard]] const std::vector<clsAnoResumen> &fAnos() const { return m_lstAnos; }
     /// The most files of one year.
-    [[nodiscard]] int fMayor() const;
+    [[nodiscard]] int fMayor() const { return m_intMayor; }
 
 private:
+    int m_intMayor = 0;
     std::vector<clsAnoResumen> m_lstAnos;
 };
 

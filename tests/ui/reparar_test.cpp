@@ -301,7 +301,7 @@ private slots:
         QCOMPARE(sesion.fCelda(1, 1), QString("2009/07/14 12:00:00"));
         QTest::keyClick(sesion.ventana.get(), Qt::Key_Z, Qt::ControlModifier);
         QVERIFY(sesion.fEsperarLista());
-        QCOMPARE(sesion.mensajes.lstTextos.back(), QString("1 restaurado."));
+        QCOMPARE(sesion.mensajes.lstTextos.back(), QString("1 deshecho."));
         QCOMPARE(sesion.fNombres(), lstAntes);
         sesion.fElegirEntrada("mnuMasDeshacer");
         QVERIFY(sesion.mensajes.lstTextos.back().contains("No hay ninguna"));
