@@ -93,13 +93,29 @@ int main(int intArgumentos, char **lstArgumentos)
     fMedir("order by the name", [&] { tabla.fOrdenar(ColumnaReparacion::Nombre, false, fRangos); });
     fMedir("order by the new name",
            [&] { tabla.fOrdenar(ColumnaReparacion::NombreNuevo, true, fRangos); });
-    fMedir("ticking one", [&] { tabla.fMarcar(1, bolMarca = !bolMarca); });
-    fMedir("ticking all", [&] { tabla.fMarcarVista(bolMarca = !bolMarca); });
+    // With what the window asks after each change: what to look for, and how many can be corrected.
+    const auto fPie = [&] {
+        lngBytes += fTextoCuentas(tabla.fCuentas()).size() + tabla.fPorComprobar().size() +
+                    static_cast<std::size_t>(tabla.fReparables());
+    };
+    const auto fMedirConPie = [&](const char *strNombre, const std::function<void()> &fHacer) {
+        fMedir(strNombre, [&] {
+            fHacer();
+            fPie();
+        });
+    };
+    std::vector<std::pair<std::string, bool>> lstLibres; // no disk is asked here
+    for (std::string &strRuta : tabla.fPorComprobar()) {
+        lstLibres.emplace_back(std::move(strRuta), false);
+    }
+    tabla.fComprobado(lstLibres);
+    fMedirConPie("ticking one", [&] { tabla.fMarcar(1, bolMarca = !bolMarca); });
+    fMedirConPie("ticking all", [&] { tabla.fMarcarVista(bolMarca = !bolMarca); });
     tabla.fMarcarVista(true);
     fMedir("first and last of a shift",
            [&] { lngBytes += tabla.fTramo(lngMediaHora).datUltima.fHay() ? 1 : 0; });
-    fMedir("a shift", [&] { tabla.fDesplazar(lngMediaHora); });
-    fMedir("names as they are, and back", [&] {
+    fMedirConPie("a shift, new names unknown", [&] { tabla.fDesplazar(lngMediaHora); });
+    fMedirConPie("names as they are, and back", [&] {
         tabla.fNombres(NombreReparado::SinCambio);
         tabla.fNombres(NombreReparado::AnteponerFecha);
     });

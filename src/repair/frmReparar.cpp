@@ -383,9 +383,9 @@ void frmReparar::fMostrarPie()
     const clsCuentasReparacion cuentas = m_tabla.fCuentas();
     m_lblCuentas->setText(fQ(fTextoCuentas(cuentas)));
     // Telling which of them can be corrected takes too long to do it for every file that is read.
-    const std::size_t lngCuantos = bolLeyendo ? 0 : m_tabla.fReparados().size();
-    m_cmdCorregir->setText(fQ(fTextoCorregir(static_cast<int>(lngCuantos))));
-    m_cmdCorregir->setEnabled(lngCuantos > 0 && !m_bolComprobando);
+    const int intCuantos = bolLeyendo ? 0 : m_tabla.fReparables();
+    m_cmdCorregir->setText(fQ(fTextoCorregir(intCuantos)));
+    m_cmdCorregir->setEnabled(intCuantos > 0 && !m_bolComprobando);
     fMostrarFuentes();
 }
 

@@ -4,6 +4,9 @@
 #include "dates/fecha_nombre.h"
 #include "shared/rutas.h"
 
+#include <algorithm>
+#include <functional>
+
 std::string fRutaReparada(std::string_view strRuta, clsFecha fecha, NombreReparado nombre)
 {
     if (nombre == NombreReparado::SinCambio) {
@@ -14,30 +17,59 @@ std::string fRutaReparada(std::string_view strRuta, clsFecha fecha, NombreRepara
     return bolYa ? std::string(strRuta) : fRutaCorregida(strRuta, fecha);
 }
 
-void clsNombresNuevos::fSaber(std::string strRuta, bool bolExiste)
+clsClaveRuta fClaveRuta(std::string_view strRuta)
 {
-    m_mapHay.insert_or_assign(std::move(strRuta), bolExiste);
+    static_assert(sizeof(std::size_t) == sizeof(clsClaveRuta));
+    return std::max<clsClaveRuta>(std::hash<std::string_view>()(strRuta), 1);
 }
 
-bool clsNombresNuevos::fSabido(const std::string &strRuta) const
+void clsNombresNuevos::fSaber(clsClaveRuta clave, bool bolExiste)
 {
-    return m_mapHay.find(strRuta) != m_mapHay.end();
+    m_lstSabidas.emplace_back(clave, bolExiste);
 }
 
-void clsNombresNuevos::fSoltar(const std::string &strA)
+/// Puts what was found out last where it belongs.
+void clsNombresNuevos::fOrdenar()
 {
-    if (const auto pedido = m_mapPedidos.find(strA);
-        pedido != m_mapPedidos.end() && --pedido->second <= 0) {
-        m_mapPedidos.erase(pedido);
+    const auto fAntes = [](const auto &una, const auto &otra) { return una.first < otra.first; };
+    const auto nuevas = m_lstSabidas.begin() + static_cast<std::ptrdiff_t>(m_lngOrdenadas);
+    std::stable_sort(nuevas, m_lstSabidas.end(), fAntes);
+    std::inplace_merge(m_lstSabidas.begin(), nuevas, m_lstSabidas.end(), fAntes);
+    // Of equal ones the last was found out last.
+    const auto primera =
+        std::unique(m_lstSabidas.rbegin(), m_lstSabidas.rend(),
+                    [](const auto &una, const auto &otra) { return una.first == otra.first; });
+    m_lstSabidas.erase(m_lstSabidas.begin(), primera.base());
+    m_lngOrdenadas = m_lstSabidas.size();
+}
+
+std::vector<clsNombresNuevos::clsMirada>
+clsNombresNuevos::fMirar(const std::vector<clsClaveRuta> &lstNuevas)
+{
+    fOrdenar();
+    std::vector<std::pair<clsClaveRuta, std::uint32_t>> lstOrden;
+    for (std::uint32_t lng = 0; lng < lstNuevas.size(); ++lng) {
+        if (lstNuevas[lng] != 0) {
+            lstOrden.emplace_back(lstNuevas[lng], lng);
+        }
     }
-}
-
-Choque clsNombresNuevos::fChoque(const std::string &strA) const
-{
-    const auto hay = m_mapHay.find(strA);
-    if (hay != m_mapHay.end() && hay->second) {
-        return Choque::Existe;
+    std::sort(lstOrden.begin(), lstOrden.end());
+    std::vector<clsMirada> lstMiradas(lstNuevas.size());
+    auto sabida = m_lstSabidas.cbegin();
+    for (auto desde = lstOrden.cbegin(); desde != lstOrden.cend();) {
+        const clsClaveRuta clave = desde->first;
+        const auto hasta = std::find_if(desde, lstOrden.cend(),
+                                        [&](const auto &una) { return una.first != clave; });
+        sabida = std::find_if(sabida, m_lstSabidas.cend(),
+                              [&](const auto &una) { return una.first >= clave; });
+        const bool bolSabido = sabida != m_lstSabidas.cend() && sabida->first == clave;
+        const clsMirada mirada{bolSabido && sabida->second ? Choque::Existe
+                               : hasta - desde > 1         ? Choque::Repetido
+                                                           : Choque::Ninguno,
+                               bolSabido};
+        for (; desde != hasta; ++desde) {
+            lstMiradas[desde->second] = mirada;
+        }
     }
-    const auto pedido = m_mapPedidos.find(strA);
-    return pedido != m_mapPedidos.end() && pedido->second > 1 ? Choque::Repetido : Choque::Ninguno;
+    return lstMiradas;
 }

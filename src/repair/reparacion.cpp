@@ -55,9 +55,10 @@ void clsTablaReparacion::fAgregar(std::string strRuta, clsFechasFichero fechas)
     clsFilaReparacion fila{std::move(strRuta), std::move(fechas), {}, {}, 0, false};
     fila.base = fila.propuesta = fProponer(fila.fechas, m_datAhora, m_reloj);
     if (fila.fechas.bolExiste) {
-        m_nombres.fHay(fila.strRuta);
+        m_nombres.fSaber(fClaveRuta(fila.strRuta), true);
     }
-    fMarcarFila(fila, fila.propuesta.fMarcada());
+    fila.bolMarcada = fila.propuesta.fMarcada();
+    fPonerClave(fila);
     if (fPasa(fila)) {
         m_lstVista.push_back(fFilas());
     }
@@ -175,12 +176,39 @@ std::string clsTablaReparacion::fRutaNueva(int lngFila) const
     return fDestino(m_lstFilas[fIndice(lngFila)]);
 }
 
+void clsTablaReparacion::fPonerClave(clsFilaReparacion &fila) const
+{
+    const std::string strDestino = fDestino(fila);
+    fila.claveNueva = strDestino == fila.strRuta ? 0 : fClaveRuta(strDestino);
+}
+
+/// Something has changed that collisions depend on.
+void clsTablaReparacion::fCambiar()
+{
+    m_bolMirado = false;
+    ++m_lngRevision;
+}
+
+/// Sees to it that m_lstMiradas tells how things are, but for the last rows that were added.
+void clsTablaReparacion::fMirar(std::size_t lngRetraso) const
+{
+    if (m_bolMirado && m_lstFilas.size() <= m_lstMiradas.size() + lngRetraso) {
+        return;
+    }
+    std::vector<clsClaveRuta> lstNuevas(m_lstFilas.size());
+    std::transform(
+        m_lstFilas.begin(), m_lstFilas.end(), lstNuevas.begin(),
+        [](const clsFilaReparacion &fila) { return fila.bolMarcada ? fila.claveNueva : 0; });
+    m_lstMiradas = m_nombres.fMirar(lstNuevas);
+    m_bolMirado = true;
+}
+
 Choque clsTablaReparacion::fChoque(int lngFila) const
 {
-    const clsFilaReparacion &fila = m_lstFilas[fIndice(lngFila)];
-    const std::string strDestino = fDestino(fila);
-    return fila.bolMarcada && strDestino != fila.strRuta ? m_nombres.fChoque(strDestino)
-                                                         : Choque::Ninguno;
+    constexpr std::size_t lngParte = 8;
+    fMirar(m_lstMiradas.size() / lngParte);
+    const std::size_t lngCual = fIndice(lngFila);
+    return lngCual < m_lstMiradas.size() ? m_lstMiradas[lngCual].choque : Choque::Ninguno;
 }
 
 std::string clsTablaReparacion::fTexto(int lngFila, ColumnaReparacion columna) const
@@ -225,43 +253,18 @@ bool clsTablaReparacion::fMarcada(int lngFila) const
     return m_lstFilas[fIndice(lngFila)].bolMarcada;
 }
 
-/// Takes the row's new name, if it gets one.
-void clsTablaReparacion::fApuntar(const clsFilaReparacion &fila)
-{
-    if (const std::string strDestino = fila.bolMarcada ? fDestino(fila) : fila.strRuta;
-        strDestino != fila.strRuta) {
-        m_nombres.fPedir(strDestino);
-    }
-}
-
-/// Gives it back; before anything that it depends on changes.
-void clsTablaReparacion::fTachar(const clsFilaReparacion &fila)
-{
-    if (const std::string strDestino = fila.bolMarcada ? fDestino(fila) : fila.strRuta;
-        strDestino != fila.strRuta) {
-        m_nombres.fSoltar(strDestino);
-    }
-}
-
-void clsTablaReparacion::fMarcarFila(clsFilaReparacion &fila, bool bolMarca)
-{
-    fTachar(fila);
-    fila.bolMarcada = bolMarca;
-    fApuntar(fila);
-}
-
 void clsTablaReparacion::fMarcar(int lngFila, bool bolMarca)
 {
-    fMarcarFila(m_lstFilas[fIndice(lngFila)], bolMarca);
-    ++m_lngRevision;
+    m_lstFilas[fIndice(lngFila)].bolMarcada = bolMarca;
+    fCambiar();
 }
 
 void clsTablaReparacion::fMarcarVista(bool bolMarca)
 {
     for (const int lngFila : m_lstVista) {
-        fMarcarFila(m_lstFilas[fIndice(lngFila)], bolMarca);
+        m_lstFilas[fIndice(lngFila)].bolMarcada = bolMarca;
     }
-    ++m_lngRevision;
+    fCambiar();
 }
 
 /// Does something with the ticked rows.
@@ -272,12 +275,11 @@ template <typename Hacer> int clsTablaReparacion::fCadaMarcada(const Hacer &fHac
     int intHechas = 0;
     for (clsFilaReparacion &fila : m_lstFilas) {
         if (fila.bolMarcada) {
-            fTachar(fila);
             intHechas += fHacer(fila) ? 1 : 0;
-            fApuntar(fila);
+            fPonerClave(fila);
         }
     }
-    ++m_lngRevision;
+    fCambiar();
     return intHechas;
 }
 
@@ -373,12 +375,11 @@ clsTramoFechas clsTablaReparacion::fTramo(std::optional<std::int64_t> lngSegundo
 
 void clsTablaReparacion::fNombres(NombreReparado nombre)
 {
-    std::for_each(m_lstFilas.begin(), m_lstFilas.end(),
-                  [&](const clsFilaReparacion &fila) { fTachar(fila); });
     m_nombre = nombre;
-    std::for_each(m_lstFilas.begin(), m_lstFilas.end(),
-                  [&](const clsFilaReparacion &fila) { fApuntar(fila); });
-    ++m_lngRevision;
+    for (clsFilaReparacion &fila : m_lstFilas) {
+        fPonerClave(fila);
+    }
+    fCambiar();
 }
 
 clsCuentasReparacion clsTablaReparacion::fCuentas() const
@@ -397,11 +398,11 @@ clsCuentasReparacion clsTablaReparacion::fCuentas() const
 
 std::vector<std::string> clsTablaReparacion::fPorComprobar() const
 {
+    fMirar();
     std::vector<std::string> lstRutas;
-    for (const clsFilaReparacion &fila : m_lstFilas) {
-        std::string strDestino = fila.bolMarcada ? fDestino(fila) : fila.strRuta;
-        if (strDestino != fila.strRuta && !m_nombres.fSabido(strDestino)) {
-            lstRutas.push_back(std::move(strDestino));
+    for (std::size_t lng = 0; lng < m_lstFilas.size(); ++lng) {
+        if (!m_lstMiradas[lng].bolSabido) {
+            lstRutas.push_back(fDestino(m_lstFilas[lng]));
         }
     }
     return lstRutas;
@@ -410,17 +411,35 @@ std::vector<std::string> clsTablaReparacion::fPorComprobar() const
 void clsTablaReparacion::fComprobado(const std::vector<std::pair<std::string, bool>> &lstExisten)
 {
     for (const auto &[strRuta, bolExiste] : lstExisten) {
-        m_nombres.fSaber(strRuta, bolExiste);
+        m_nombres.fSaber(fClaveRuta(strRuta), bolExiste);
     }
-    ++m_lngRevision;
+    fCambiar();
+}
+
+bool clsTablaReparacion::fReparable(int lngFila) const
+{
+    const clsFilaReparacion &fila = m_lstFilas[fIndice(lngFila)];
+    return fila.bolMarcada && fila.propuesta.fHay() &&
+           m_lstMiradas[fIndice(lngFila)].choque == Choque::Ninguno;
+}
+
+int clsTablaReparacion::fReparables() const
+{
+    fMirar();
+    int intReparables = 0;
+    for (int lngFila = 0; lngFila < fFilas(); ++lngFila) {
+        intReparables += fReparable(lngFila) ? 1 : 0;
+    }
+    return intReparables;
 }
 
 std::vector<clsReparado> clsTablaReparacion::fReparados() const
 {
+    fMirar();
     std::vector<clsReparado> lstReparados;
     for (int lngFila = 0; lngFila < fFilas(); ++lngFila) {
-        const clsFilaReparacion &fila = m_lstFilas[fIndice(lngFila)];
-        if (fila.bolMarcada && fila.propuesta.fHay() && fChoque(lngFila) == Choque::Ninguno) {
+        if (fReparable(lngFila)) {
+            const clsFilaReparacion &fila = m_lstFilas[fIndice(lngFila)];
             lstReparados.push_back({fila.strRuta, fDestino(fila), fila.propuesta.fecha});
         }
     }

@@ -68,6 +68,8 @@ public:
     /// A column's text for the screen (UTF-8); of Marca none.
     [[nodiscard]] std::string fTexto(int lngFila, ColumnaReparacion columna) const;
     [[nodiscard]] std::string fRutaNueva(int lngFila) const;
+    /// What keeps a ticked row from its new name. While rows are added it may know less, by an
+    /// eighth of them: looking at all of them for each would take too long.
     [[nodiscard]] Choque fChoque(int lngFila) const;
 
     // Ticks. A row without a proposal takes one, too: so it gets a date from the user.
@@ -104,6 +106,8 @@ public:
 
     /// What is to be done: the ticked rows that have a new date and no collision, by their number.
     [[nodiscard]] std::vector<clsReparado> fReparados() const;
+    /// How many that are.
+    [[nodiscard]] int fReparables() const;
 
     /// Raised by every change of what is shown, its order or its texts.
     [[nodiscard]] std::uint64_t fRevision() const { return m_lngRevision; }
@@ -115,6 +119,7 @@ private:
         clsPropuesta base;      ///< without a shift
         clsPropuesta propuesta; ///< with it
         std::int64_t lngDesfase = 0;
+        clsClaveRuta claveNueva = 0; ///< of the path it is to get; 0: it keeps its own
         bool bolMarcada = false;
     };
     [[nodiscard]] static std::size_t fIndice(int lng) { return static_cast<std::size_t>(lng); }
@@ -123,9 +128,10 @@ private:
     void fOrdenarPorTexto(ColumnaReparacion columna, bool bolDescendente, const clsRangos &fRangos);
     [[nodiscard]] std::string fDestino(const clsFilaReparacion &fila) const;
     [[nodiscard]] static std::string fTextoOrigen(const clsFilaReparacion &fila);
-    void fApuntar(const clsFilaReparacion &fila);
-    void fTachar(const clsFilaReparacion &fila);
-    void fMarcarFila(clsFilaReparacion &fila, bool bolMarca);
+    void fPonerClave(clsFilaReparacion &fila) const;
+    void fMirar(std::size_t lngRetraso = 0) const;
+    [[nodiscard]] bool fReparable(int lngFila) const;
+    void fCambiar();
     template <typename Hacer> int fCadaMarcada(const Hacer &fHacer);
     bool fPonerBase(clsFilaReparacion &fila, clsFecha fecha, Fuente fuente) const;
     [[nodiscard]] static std::optional<clsFecha> fDesplazada(const clsFilaReparacion &fila,
@@ -138,6 +144,9 @@ private:
     std::vector<int> m_lstVista;
     VistaReparacion m_vista = VistaReparacion::Todas;
     NombreReparado m_nombre = NombreReparado::AnteponerFecha;
-    clsNombresNuevos m_nombres;
     std::uint64_t m_lngRevision = 0;
+    // Looked for when somebody asks.
+    mutable clsNombresNuevos m_nombres;
+    mutable std::vector<clsNombresNuevos::clsMirada> m_lstMiradas; ///< of the rows there were then
+    mutable bool m_bolMirado = false;
 };

@@ -228,6 +228,32 @@ TEST(TablaReparacion, TakesTheUsersDatesForTheTickedRows)
     EXPECT_EQ(tabla.fTexto(0, ColumnaReparacion::Nueva), "14/07/2009 18:03:22");
 }
 
+TEST(TablaReparacion, TellsHowManyCanBeCorrectedWhileRowsAreAdded)
+{
+    constexpr int intFilas = 20;
+    clsTablaReparacion tabla("/f/", fDia("22/11/2026"));
+    const auto fAgregar = [&](int intNombre) {
+        tabla.fAgregar("/f/" + std::to_string(intNombre) + ".jpg",
+                       fConFuentes(fExif("2009-07-14T18:03:22")));
+    };
+    for (int intFila = 0; intFila < intFilas; ++intFila) {
+        fAgregar(intFila);
+        EXPECT_EQ(tabla.fChoque(0), Choque::Ninguno);
+        EXPECT_EQ(tabla.fReparables(), intFila + 1);
+    }
+    fAgregar(0);
+    EXPECT_EQ(tabla.fReparables(), intFilas - 1) << "neither of the two";
+    EXPECT_EQ(tabla.fReparados().size(), std::size_t{intFilas - 1});
+    EXPECT_EQ(tabla.fChoque(0), Choque::Repetido);
+    tabla.fMarcar(intFilas, false);
+    for (const bool bolExiste : {true, false}) { // the last answer counts
+        tabla.fComprobado({{"/f/20090714_0.jpg", bolExiste}});
+        EXPECT_EQ(tabla.fChoque(0), bolExiste ? Choque::Existe : Choque::Ninguno);
+        EXPECT_EQ(tabla.fPorComprobar().size(), std::size_t{intFilas - 1});
+    }
+    EXPECT_EQ(tabla.fReparables(), intFilas);
+}
+
 TEST(TablaReparacion, LeavesOutNamesThatCannotBe)
 {
     clsTablaReparacion tabla("/f/", fDia("22/11/2026"));
