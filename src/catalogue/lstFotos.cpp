@@ -1,17 +1,12 @@
 #include "catalogue/lstFotos.h"
 
+#include "catalogue/delegados.h"
 #include "shared/twips.h"
 
 #include <QAccessible>
 #include <QHeaderView>
-#include <QHelpEvent>
 #include <QMouseEvent>
-#include <QPainter>
-#include <QProxyStyle>
 #include <QScrollBar>
-#include <QStyledItemDelegate>
-#include <QTextDocument>
-#include <QToolTip>
 
 #include <algorithm>
 #include <iterator>
@@ -33,82 +28,13 @@ constexpr clsColumna lstColumnas[] = {
 
 constexpr int intColumnaCarpeta = 3;
 
-/// Whether the controls look as Qt's own style paints them, alone or inside another one.
-bool fEsFusion(const QStyle *estilo)
-{
-    while (const auto *const envoltura = qobject_cast<const QProxyStyle *>(estilo)) {
-        estilo = envoltura->baseStyle();
-    }
-    return estilo->inherits("QFusionStyle");
-}
-
-/// Rows whose check boxes can be seen: Qt's own style draws them on dark grounds without an edge.
-class clsDelegado : public QStyledItemDelegate {
-public:
-    using QStyledItemDelegate::QStyledItemDelegate;
-
-    /// A text that is cut can be read as a whole.
-    bool helpEvent(QHelpEvent *evento, QAbstractItemView *lista, const QStyleOptionViewItem &opcion,
-                   const QModelIndex &indice) override
-    {
-        if (evento->type() != QEvent::ToolTip) {
-            return QStyledItemDelegate::helpEvent(evento, lista, opcion, indice);
-        }
-        const QString strTexto = indice.data().toString();
-        const bool bolCabe = sizeHint(opcion, indice).width() <= opcion.rect.width();
-        // A name that looks like markup is still a name.
-        QToolTip::showText(evento->globalPos(),
-                           bolCabe                         ? QString()
-                           : Qt::mightBeRichText(strTexto) ? Qt::convertFromPlainText(strTexto)
-                                                           : strTexto,
-                           lista);
-        return true;
-    }
-
-    void paint(QPainter *pintor, const QStyleOptionViewItem &opcion,
-               const QModelIndex &indice) const override
-    {
-        QStyledItemDelegate::paint(pintor, opcion, indice);
-        const QStyle *const estilo = opcion.widget->style();
-        if (indice.column() != 0 || !fEsFusion(estilo)) {
-            return;
-        }
-        QStyleOptionViewItem fila(opcion);
-        initStyleOption(&fila, indice);
-        const QRect casilla =
-            estilo->subElementRect(QStyle::SE_ItemViewItemCheckIndicator, &fila, opcion.widget);
-        const bool bolElegida = fila.state.testFlag(QStyle::State_Selected);
-        QColor borde = fila.palette.color(bolElegida ? QPalette::HighlightedText : QPalette::Text);
-        borde.setAlphaF(0.6F);
-        pintor->save();
-        pintor->setRenderHint(QPainter::Antialiasing);
-        pintor->setPen(borde);
-        pintor->setBrush(Qt::NoBrush);
-        pintor->drawRoundedRect(QRectF(casilla).adjusted(0.5, 0.5, -0.5, -0.5), 2, 2);
-        pintor->restore();
-    }
-};
-
-/// The folders of a list mostly differ at their ends: what is cut is the beginning.
-class clsDelegadoCarpeta : public clsDelegado {
-public:
-    using clsDelegado::clsDelegado;
-
-protected:
-    void initStyleOption(QStyleOptionViewItem *opcion, const QModelIndex &indice) const override
-    {
-        clsDelegado::initStyleOption(opcion, indice);
-        opcion->textElideMode = Qt::ElideLeft;
-    }
-};
-
 } // namespace
 
 lstFotos::lstFotos(QWidget *padre) : QTableView(padre)
 {
     setObjectName(QStringLiteral("lstFotos"));
     setAccessibleName(QStringLiteral("Lista de archivos"));
-    setItemDelegate(new clsDelegado(this));
+    setItemDelegate(new clsDelegadoFilas(this));
     setItemDelegateForColumn(intColumnaCarpeta, new clsDelegadoCarpeta(this));
     setSelectionBehavior(SelectRows);
     setSelectionMode(SingleSelection);

@@ -1,6 +1,7 @@
 #include "repair/frmReparar.h"
 
 #include "catalogue/cotejo.h"
+#include "catalogue/delegados.h"
 #include "dates/formulario_fecha.h"
 #include "repair/frmDesfase.h"
 #include "repair/textos_reparar.h"
@@ -126,6 +127,9 @@ QWidget *frmReparar::fCrearTabla()
     m_tblReparar->setObjectName(QStringLiteral("tblReparar"));
     m_tblReparar->setAccessibleName(QStringLiteral("Archivos y fechas propuestas"));
     m_tblReparar->setModel(&m_modelo);
+    m_tblReparar->setItemDelegate(new clsDelegadoFilas(m_tblReparar));
+    m_tblReparar->setItemDelegateForColumn(static_cast<int>(ColumnaReparacion::Carpeta),
+                                           new clsDelegadoCarpeta(m_tblReparar));
     m_tblReparar->setSelectionBehavior(QAbstractItemView::SelectRows);
     m_tblReparar->setEditTriggers(QAbstractItemView::NoEditTriggers);
     m_tblReparar->setTabKeyNavigation(false);
@@ -202,6 +206,7 @@ QLayout *frmReparar::fCrearCambios()
 QLayout *frmReparar::fCrearPie()
 {
     m_lblCuentas->setObjectName(QStringLiteral("lblCuentas"));
+    m_lblCuentas->setWordWrap(true); // else small screens would have to be as wide as that
     m_cmdCorregir = fCrearBoton("cmdCorregir", "&Corregir", [this] { fCorregir(); });
     auto *const caja = new QHBoxLayout;
     caja->addWidget(m_lblCuentas, 1);

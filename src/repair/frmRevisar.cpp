@@ -37,10 +37,11 @@ const clsAnoResumen &fAno(const QModelIndex &indice)
 QRect fTrozo(const QRect &sitio, const QModelIndex &indice, EstadoFecha estado)
 {
     const clsAnoResumen &ano = fAno(indice);
+    constexpr int intMargen = 6; // from the number before it
     const int intMayor = std::max(indice.data(intPapelMayor).toInt(), 1);
+    const qint64 lngAncho = std::max(sitio.width() - 2 * intMargen, 0);
     const auto fX = [&](int intCuantos) {
-        return sitio.left() +
-               static_cast<int>(static_cast<qint64>(sitio.width()) * intCuantos / intMayor);
+        return sitio.left() + intMargen + static_cast<int>(lngAncho * intCuantos / intMayor);
     };
     int intAntes = 0;
     for (int intCual = 0; intCual < static_cast<int>(estado); ++intCual) {
@@ -165,7 +166,7 @@ frmRevisar::frmRevisar(QWidget *padre, std::vector<std::string> lstRutas, clsLec
     m_tblResumen->installEventFilter(this);
     m_tblResumen->viewport()->installEventFilter(this);
     auto *const lblAyuda = new QLabel(
-        QStringLiteral("Un click en una cantidad o en una barra (o Enter) abre esos archivos en "
+        QStringLiteral("Un clic en una cantidad o en una barra (o Enter) abre esos archivos en "
                        "'Reparar fechas'."),
         this);
     lblAyuda->setObjectName(QStringLiteral("lblAyudaRevisar"));

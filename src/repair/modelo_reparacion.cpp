@@ -43,7 +43,6 @@ QVariant clsModeloReparacion::data(const QModelIndex &indice, int intPapel) cons
     const bool bolMarca = columna == ColumnaReparacion::Marca;
     switch (intPapel) {
     case Qt::DisplayRole:
-    case Qt::ToolTipRole:
         return bolMarca ? QVariant() : fQ(m_tabla.fTexto(lngFila, columna));
     case Qt::AccessibleTextRole:
         return bolMarca ? QVariant(fTextoMarca(m_tabla.fMarcada(lngFila))) : QVariant();

@@ -32,8 +32,8 @@ std::string fTextoDesfase(std::int64_t lngSegundos)
 
 std::string_view fTextoChoque(Choque choque)
 {
-    return choque == Choque::Existe     ? "Ya hay un fichero con el nombre nuevo"
-           : choque == Choque::Repetido ? "Otro fichero tendría el mismo nombre"
+    return choque == Choque::Existe     ? "Ya hay un archivo con el nombre nuevo"
+           : choque == Choque::Repetido ? "Otro archivo tendría el mismo nombre"
                                         : "";
 }
 

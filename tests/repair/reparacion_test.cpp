@@ -265,17 +265,17 @@ TEST(TablaReparacion, LeavesOutNamesThatCannotBe)
     const auto fReparo = [&](int lngFila) {
         return tabla.fTexto(lngFila, ColumnaReparacion::Reparo);
     };
-    EXPECT_EQ(fReparo(0), "Ya hay un fichero con el nombre nuevo") << "another row has it";
+    EXPECT_EQ(fReparo(0), "Ya hay un archivo con el nombre nuevo") << "another row has it";
     EXPECT_EQ(fReparo(2), "");
-    EXPECT_EQ(fReparo(3), "Otro fichero tendría el mismo nombre");
-    EXPECT_EQ(fReparo(4), "Otro fichero tendría el mismo nombre");
+    EXPECT_EQ(fReparo(3), "Otro archivo tendría el mismo nombre");
+    EXPECT_EQ(fReparo(4), "Otro archivo tendría el mismo nombre");
     EXPECT_EQ(
         tabla.fPorComprobar(),
         (std::vector<std::string>{"/f/20090714_b.jpg", "/f/20090714_c.jpg", "/f/20090714_c.jpg"}));
     EXPECT_EQ(tabla.fReparados().size(), 1U);
 
     tabla.fComprobado({{"/f/20090714_b.jpg", true}, {"/f/20090714_c.jpg", false}});
-    EXPECT_EQ(fReparo(2), "Ya hay un fichero con el nombre nuevo");
+    EXPECT_EQ(fReparo(2), "Ya hay un archivo con el nombre nuevo");
     EXPECT_TRUE(tabla.fPorComprobar().empty());
     EXPECT_TRUE(tabla.fReparados().empty());
 
@@ -286,7 +286,7 @@ TEST(TablaReparacion, LeavesOutNamesThatCannotBe)
     tabla.fNombres(NombreReparado::AnteponerFecha);
     EXPECT_EQ(tabla.fReparados().size(), 1U);
     tabla.fMarcar(4, true);
-    EXPECT_EQ(fReparo(3), "Otro fichero tendría el mismo nombre");
+    EXPECT_EQ(fReparo(3), "Otro archivo tendría el mismo nombre");
     tabla.fFechar(fDia("01/05/2001"));
     EXPECT_EQ(fReparo(0), "") << "the name is another one now";
 }

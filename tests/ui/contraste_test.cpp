@@ -2,6 +2,7 @@
 #include "sesion.h"
 
 #include "dates/frmFecha.h"
+#include "repair/frmReparar.h"
 #include "timeline/frmTiempo.h"
 #include "viewer/cmdMini.h"
 #include "viewer/fuente.h"
@@ -9,6 +10,7 @@
 
 #include <QHash>
 #include <QLineEdit>
+#include <QTableView>
 
 #include <algorithm>
 #include <cmath>
@@ -69,6 +71,24 @@ QImage fCasilla(clsSesion &sesion)
     sesion.fTecla(Qt::Key_F12);
     const QRect fila = sesion.fLista()->visualRect(sesion.fLista()->model()->index(0, 0));
     return sesion.fLista()->viewport()->grab(fila.adjusted(0, 0, 22 - fila.width(), 0)).toImage();
+}
+
+/// The check box of a row of the window that repairs dates.
+QImage fCasillaReparar()
+{
+    clsMensajesGuion mensajes;
+    frmReparar ventana(nullptr, {"/a/uno.jpg", "/a/dos.jpg"}, clsTablaReparacion("/"),
+                       {[](const std::string &) { return clsFechasFichero{}; },
+                        [](const std::string &) { return false; },
+                        [](const std::string &, int) { return QImage(); },
+                        {},
+                        mensajes});
+    ventana.show();
+    auto *const tabla = ventana.findChild<QTableView *>("tblReparar");
+    if (!QTest::qWaitFor([&] { return tabla->model()->rowCount() == 2; })) {
+        return {};
+    }
+    return tabla->viewport()->grab(tabla->visualRect(tabla->model()->index(1, 0))).toImage();
 }
 
 /// The box for a date with nothing in it but what says how to write one.
@@ -134,6 +154,7 @@ private slots:
                  fCelda(fVacio(133, 1, true), "", false, todo), dblDibujo},
                 {"no image", fNoImagen().imagen, dblDibujo},
                 {"check box of a row", fCasilla(sesion), dblDibujo},
+                {"check box of a repair", fCasillaReparar(), dblDibujo},
                 {"label", sesion.fControl("txtEstado2")->grab().toImage(), dblTexto},
                 {"hint of a date", fPista(), dblTexto},
                 {"bars of the timeline", fTiempo(true, false), dblDibujo},
