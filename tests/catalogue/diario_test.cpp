@@ -72,6 +72,8 @@ TEST(Diario, TakesNoPathThatLeadsOutOfTheRootAndNoLink)
         return fLeerDiario(arbol.fRaiz()).has_value();
     };
     EXPECT_TRUE(fVale("a\r\nb" + strDatos + strFin));
+    EXPECT_TRUE(fVale("c/a\r\nc/b" + strDatos + strFin));
+    EXPECT_FALSE(fVale("c/a\r\nd/b" + strDatos + strFin)) << "a correction moves nothing";
     for (const char *const strMala :
          {"", "/etc/passwd", "../a", "c/../a", "c/..", "./a", ".", "..", "c/", "//a"}) {
         SCOPED_TRACE(strMala);

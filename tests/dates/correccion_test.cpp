@@ -2,6 +2,7 @@
 
 #include "catalogue/diario.h"
 #include "catalogue/registro.h"
+#include "dates/deshacer.h"
 #include "shared/errores.h"
 #include "sistema/carpeta.h"
 #include "soporte/arbol.h"
@@ -493,6 +494,32 @@ TEST(Correccion, TouchesNothingWhereTheNewCatalogueHasNoRoom)
         EXPECT_EQ(clsIntento(arbol, {"a.jpg"}).fin.correccion, Correccion::Hecha);
         EXPECT_EQ(fMotivoSinCatalogo({}, intento.lstFicheros), "");
     }
+}
+
+TEST(Correccion, HasItsPlanOnTheDiskBeforeItChangesAFile)
+{
+    static std::string strHecho; // a file flushed, a folder, a time set
+    const clsArbol arbol;
+    arbol.fCrear("a.jpg", "foto");
+    arbol.fCrear(strDat, fTexto(arbol, "@a.jpg|f| 4 |"));
+    clsLlamadas disco = llamadasReales;
+    disco.fVolcar = [](int intFd) {
+        struct stat datos {};
+        strHecho += fstat(intFd, &datos) == 0 && S_ISDIR(datos.st_mode) ? 'c' : 'a';
+        return 0;
+    };
+    disco.fFechar = [](int intCarpeta, const char *strRuta, const timespec *lstMomentos,
+                       int intModo) {
+        strHecho += 't';
+        return llamadasReales.fFechar(intCarpeta, strRuta, lstMomentos, intModo);
+    };
+    // Catalogue and journal, then the folder for their names; at the end it again.
+    const clsIntento intento(arbol, {"a.jpg"}, fechaNueva, disco);
+    EXPECT_EQ(strHecho, "aactc");
+    strHecho.clear();
+    const clsOtrasLlamadas otras(disco);
+    EXPECT_EQ(fDeshacer(arbol.fRaiz(), true).fin.correccion, Correccion::Hecha);
+    EXPECT_EQ(strHecho, "aactc");
 }
 
 TEST(Correccion, SaysWhichFilesHaveNewNamesWhenTheCatalogueFailsLater)
