@@ -522,6 +522,42 @@ TEST(Correccion, HasItsPlanOnTheDiskBeforeItChangesAFile)
     EXPECT_EQ(strHecho, "aactc");
 }
 
+TEST(Correccion, TouchesNothingWhenTheRootCannotBeOpened)
+{
+    const clsArbol arbol;
+    arbol.fCrear("a.jpg", "foto");
+    arbol.fCrear(strDat, fTexto(arbol, "@a.jpg|f| 4 |"));
+    clsLlamadas disco = discoQuieto;
+    disco.fAbrir = [](int intCarpeta, const char *strRuta, int intModo, mode_t modo) {
+        const bool bolRaiz = std::string_view(strRuta).ends_with('/');
+        return bolRaiz ? (errno = EACCES, -1)
+                       : llamadasReales.fAbrir(intCarpeta, strRuta, intModo, modo);
+    };
+    const clsIntento intento(arbol, {"a.jpg"}, fechaNueva, disco);
+    EXPECT_EQ(intento.fin.correccion, Correccion::Imposible);
+    EXPECT_EQ(arbol.fNombres(), (Textos{strDat, "a.jpg"}));
+    EXPECT_EQ(arbol.fLeer(strDat), fTexto(arbol, "@a.jpg|f| 4 |"));
+}
+
+TEST(Correccion, CanBeTakenBackBeforeItsCatalogueIsThere)
+{
+    const clsArbol arbol;
+    arbol.fCrear("a.jpg", "foto");
+    arbol.fCrear(strDat, fTexto(arbol, "@a.jpg|f| 4 |"));
+    clsLlamadas disco = discoQuieto;
+    disco.fRenombrarLibre = [](int intCarpeta, const char *strDe, const char *strA) {
+        return std::string_view(strDe).ends_with("/Miravel.dat")
+                   ? (errno = EROFS, -1)
+                   : llamadasReales.fRenombrarLibre(intCarpeta, strDe, strA);
+    };
+    const clsIntento intento(arbol, {"a.jpg"}, fechaNueva, disco);
+    EXPECT_EQ(intento.fin.correccion, Correccion::SinCatalogo);
+    const clsOtrasLlamadas otras(discoQuieto);
+    EXPECT_EQ(fDeshacer(arbol.fRaiz(), true).fin.correccion, Correccion::Hecha);
+    EXPECT_EQ(arbol.fLeer("a.jpg"), "foto");
+    EXPECT_EQ(arbol.fLeer(strDat), fTexto(arbol, "@a.jpg|f| 4 |"));
+}
+
 TEST(Correccion, SaysWhichFilesHaveNewNamesWhenTheCatalogueFailsLater)
 {
     const clsArbol arbol;
