@@ -22,7 +22,8 @@ const clsFecha fechaPuesta = fFechaDe({2009, 7, 15, 12, 0, 0}).value_or(clsFecha
 // --- What is to be done with a file ---
 
 /// A look at a file: "-" nothing there, "v" as before the correction, "n" as after it, "c" changed,
-/// "r" a link to it that leads nowhere, "x" it cannot be looked at; "2" behind it: two names.
+/// "g" another file that is like it then, "r" a link to it that leads nowhere, "x" it cannot be
+/// looked at; "2" behind it: two names.
 clsResultado<clsVisto> fMirada(std::string_view strForma, const clsAnotacion &anotacion)
 {
     if (strForma == "-" || strForma == "x") {
@@ -31,6 +32,7 @@ clsResultado<clsVisto> fMirada(std::string_view strForma, const clsAnotacion &an
     clsVisto visto = anotacion.antes;
     visto.lngNombres = strForma.ends_with('2') ? 2 : 1;
     visto.bolRoto = strForma[0] == 'r';
+    visto.identidad.lngNumero += strForma[0] == 'g' ? 1 : 0;
     visto.huella = strForma[0] == 'v' ? anotacion.antes.huella : anotacion.despues;
     visto.huella.lngSegundos += strForma[0] == 'c' || strForma[0] == 'r' ? 1000 : 0;
     return visto;
@@ -55,6 +57,7 @@ TEST(Vuelta, GoesByWhatLiesAtBothPaths)
                                 {"c", "v", Hecha, 0},
                                 {"c", "n", Hora, 0},
                                 {"n2", "n2", Soltar, 0},
+                                {"n2", "g", Dejar, EEXIST},
                                 {"n", "n", Dejar, EEXIST},
                                 {"n", "v", Dejar, EEXIST},
                                 {"v", "c", Dejar, EEXIST},
