@@ -76,7 +76,7 @@ TEST(Recinto, ReportsWhatIsNoFileOrHasNoSuchTime)
         SCOPED_TRACE(caso.strNombre);
         EXPECT_EQ(fFechar(arbol.fRuta(caso.strNombre), 1, raiz, arbol.fRaiz()), caso.intError);
     }
-    EXPECT_EQ(arbol.fNombres(), (Textos{"a.jpg", "c.jpg", "rota.jpg", "t.jpg"}));
+    EXPECT_EQ(arbol.fNombres(), (std::vector<std::string>{"a.jpg", "c.jpg", "rota.jpg", "t.jpg"}));
     // The oldest and the last date have a moment, whatever the file system makes of it.
     for (const std::int64_t lngMomento : {-59'000'000'000, 253'402'300'799}) { // years 100, 9999
         const clsError error = fFechar(arbol.fRuta("a.jpg"), lngMomento, raiz, arbol.fRaiz());
