@@ -3,8 +3,9 @@
 //   matar_correccion [points]
 //
 // A child process works; SIGKILL ends it before the k-th system call that changes the disk, or
-// in the middle of a write. The points are spread over the whole correction; 0 takes all there are.
-// The kill comes from inside, so that a point that fails once fails every time.
+// in the middle of a write. Or the power goes there, and takes along what was not flushed. The
+// points are spread over the whole correction; 0 takes all there are. The kill comes from inside,
+// so that a point that fails once fails every time.
 
 #include "catalogue/constructor.h"
 #include "catalogue/diario.h"
@@ -13,6 +14,7 @@
 #include "dates/deshacer.h"
 #include "sistema/reemplazo.h"
 #include "soporte/arbol.h"
+#include "soporte/corte.h"
 #include "soporte/fallos.h"
 #include "soporte/proceso.h"
 
@@ -22,6 +24,7 @@
 #include <cstdio>
 #include <cstdlib>
 #include <fcntl.h>
+#include <optional>
 #include <set>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -37,11 +40,18 @@ const clsFecha fechaNueva = fFechaDe({2009, 7, 15, 12, 0, 0}).value_or(clsFecha{
 int intPaso = 0;   // points passed in this process
 int intMuerte = 0; // the one to die at; 0: none
 int intFallos = 0;
-int intPunto = 0; // the one the correction was killed at
+int intPunto = 0;            // the one the correction was killed at
+std::optional<Olvido> corte; // whether the power goes there, and what with it
+
+/// The disk that is worked on.
+const clsLlamadas &fDisco() { return corte ? fDiscoOlvidadizo() : llamadasReales; }
 
 void fPunto()
 {
     if (++intPaso == intMuerte) {
+        if (corte) {
+            fCortarLuz(*corte);
+        }
         kill(getpid(), SIGKILL);
     }
 }
@@ -50,7 +60,7 @@ void fPunto()
 template <auto fMiembro, class... Argumentos> auto fMortal(Argumentos... argumentos)
 {
     fPunto();
-    return (llamadasReales.*fMiembro)(argumentos...);
+    return (fDisco().*fMiembro)(argumentos...);
 }
 
 ssize_t fEscribirAMedias(int intFd, const void *bytDatos, std::size_t lngBytes)
@@ -58,16 +68,16 @@ ssize_t fEscribirAMedias(int intFd, const void *bytDatos, std::size_t lngBytes)
     fPunto();
     const bool bolUltimo = intPaso + 1 == intMuerte;
     const ssize_t lngEscritos =
-        llamadasReales.fEscribir(intFd, bytDatos, bolUltimo ? lngBytes / 2 : lngBytes);
+        fDisco().fEscribir(intFd, bytDatos, bolUltimo ? lngBytes / 2 : lngBytes);
     fPunto();
     return lngEscritos;
 }
 
 /// What is killed loses nothing that waits for the disk.
-int fSinVolcar(int /*intFd*/)
+int fSinVolcar(int intFd)
 {
     fPunto();
-    return 0;
+    return corte ? fDisco().fVolcar(intFd) : 0;
 }
 
 clsLlamadas fLlamadasMortales()
@@ -363,42 +373,57 @@ std::set<int> fPuntos(int intTodos, int intCuantos)
     return lstPuntos;
 }
 
-/// Kills something at a point of it.
-template <typename Hacer> void fMatarEn(int intEste, const Hacer &fHacer)
+using clsCorte = std::optional<Olvido>;
+
+/// Kills something at a point of it, or has the power go.
+template <typename Hacer> void fMatarEn(int intEste, clsCorte este, const Hacer &fHacer)
 {
     intPaso = 0;
     intPunto = intEste;
     intMuerte = intEste;
-    clsHijo hijo(fHacer);
+    clsHijo hijo([&] {
+        corte = este;
+        fHacer();
+    });
     fExigir(hijo.fEsperar() == -SIGKILL, "it was not killed");
 }
 
-void fMatarCorreccion(int intEste, const clsLlamadas &disco)
+void fMatarCorreccion(int intEste, clsCorte este, const clsLlamadas &disco)
 {
     clsCampo campo;
-    fMatarEn(intEste, [&] { campo.fCorregirTodo(disco); });
+    fMatarEn(intEste, este, [&] { campo.fCorregirTodo(disco); });
     campo.fComprobar(false, disco);
 }
 
-void fMatarVuelta(int intEste, const clsLlamadas &disco)
+void fMatarVuelta(int intEste, clsCorte este, const clsLlamadas &disco)
 {
     clsCampo campo;
     intMuerte = 0;
     campo.fCorregirTodo(disco);
-    fMatarEn(intEste, [&] { campo.fDeshacerTodo(disco); });
+    fMatarEn(intEste, este, [&] { campo.fDeshacerTodo(disco); });
     campo.fComprobarVuelta(disco, intEste % 2 == 0);
 }
 
 void fProbarPuntos(const std::string &strFrase, int intTodos, int intCuantos,
-                   const clsLlamadas &disco, void (*fMatar)(int, const clsLlamadas &))
+                   const clsLlamadas &disco, void (*fMatar)(int, clsCorte, const clsLlamadas &))
 {
+    const struct {
+        const char *strFrase;
+        clsCorte corte;
+    } lstFinales[] = {
+        {"killed", {}},
+        {"power lost, and contents", Olvido::Contenidos},
+        {"power lost, names and contents", Olvido::Todo},
+    };
     const std::set<int> lstPuntos = fPuntos(intTodos, intCuantos);
-    const int intAntes = intFallos;
-    for (const int intEste : lstPuntos) {
-        fMatar(intEste, disco);
+    for (const auto &final : lstFinales) {
+        const int intAntes = intFallos;
+        for (const int intEste : lstPuntos) {
+            fMatar(intEste, final.corte, disco);
+        }
+        std::printf("%s: %s at %zu of %d points, %d faults\n", strFrase.c_str(), final.strFrase,
+                    lstPuntos.size(), intTodos, intFallos - intAntes);
     }
-    std::printf("%s: killed at %zu of %d points, %d faults\n", strFrase.c_str(), lstPuntos.size(),
-                intTodos, intFallos - intAntes);
 }
 
 void fProbar(const std::string &strFrase, int intCuantos, const clsLlamadas &disco)
