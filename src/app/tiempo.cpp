@@ -105,12 +105,15 @@ void clsTiempo::fDejar() { m_lista->setFocus(); }
 bool clsTiempo::fIr(const clsBarra &barra)
 {
     clsEstado &estado = m_comun.estado;
+    if (estado.bolOcupado) {
+        return true; // what the user did before that is dropped, as all is meanwhile
+    }
     if (estado.bolPaso || estado.intDibujos > 0) {
         ++estado.lngGeneracion; // ends what is being drawn: nobody looks at it any more
         return false;
     }
     const auto lngPos = fPrimera(estado.filas, barra);
-    if (lngPos && *lngPos != estado.lngActual && !estado.bolOcupado) {
+    if (lngPos && *lngPos != estado.lngActual) {
         const QScopedValueRollback<bool> enPaso(estado.bolPaso, true);
         m_comun.fMostrar(*lngPos);
     }

@@ -173,7 +173,10 @@ void frmTiempo::wheelEvent(QWheelEvent *evento)
     const QPoint giro = evento->angleDelta();
     m_dblRaton = evento->position().x();
     m_tira.fCorrer(-giro.x());
-    fAmpliar(*m_dblRaton, std::exp2(giro.y() / dblDoble));
+    m_tira.fAmpliar(*m_dblRaton, std::exp2(giro.y() / dblDoble));
+    if (const int lngCursor = fCursor(); lngCursor >= 0) { // months may be days now
+        m_cursor = m_tira.fBarras()[static_cast<std::size_t>(lngCursor)];
+    }
     fDecirRaton();
     evento->accept(); // else it would step through the files
 }
@@ -243,10 +246,7 @@ void frmTiempo::fMoverCursor(int lngBarra)
 void frmTiempo::fAmpliar(double dblX, double dblFactor)
 {
     m_tira.fAmpliar(dblX, dblFactor);
-    if (hasFocus()) {
-        fMoverCursor(fCursor());
-    }
-    update();
+    fMoverCursor(fCursor());
 }
 
 /// Goes to a bar, now or as soon as that may be.
