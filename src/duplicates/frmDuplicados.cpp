@@ -51,7 +51,7 @@ frmDuplicados::frmDuplicados(QWidget *padre, clsCandidatos candidatos, const std
     setWindowTitle(QStringLiteral("Buscar duplicados"));
     auto *const lblAyuda = new QLabel(
         QStringLiteral("De cada grupo de archivos iguales se queda uno. La barra espaciadora, o un "
-                       "click en la foto, elige otro. No se borra nada: las copias se marcan en la "
+                       "clic en la foto, elige otro. No se borra nada: las copias se marcan en la "
                        "lista."),
         this);
     lblAyuda->setObjectName(QStringLiteral("lblAyudaDuplicados"));

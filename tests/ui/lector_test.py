@@ -62,7 +62,7 @@ PRINCIPAL = [
     ("image", "Fotografía: Globos 01.jpg (2019/06/08 07:45:12)"),
     *[("menu item", s) for s in ("Baúl (0)", "Opciones", "Más", "Ayuda")],
 ]
-ENTRADAS = {"Baúl (0)": 3, "Opciones": 20, "Más": 4, "Ayuda": 2}  # separators count
+ENTRADAS = {"Baúl (0)": 3, "Opciones": 20, "Más": 14, "Ayuda": 2}  # separators count
 DIALOGOS = {
     "f": ("Filtro (6 archivos)", [
         ("text", "Desde"), ("text", "Hasta  "), ("text", "Texto"), ("check box", "Incluir carpeta"),
