@@ -127,14 +127,15 @@ QWidget *frmFiltro::fCrearOpciones()
     caja->setContentsMargins(0, 0, 0, 0);
     caja->addWidget(m_chkCarpeta);
     caja->addStretch();
-    for (std::size_t lng = 0; lng < m_lstModos.size(); ++lng) {
-        m_lstModos[lng] = fNombrar(new QRadioButton(QString::fromLatin1(lstModos[lng][1]), fila),
-                                   lstModos[lng][0]);
-        m_lstModos[lng]->setToolTip(QString::fromUtf8(lstModos[lng][2]));
-        caja->addWidget(m_lstModos[lng]);
+    for (std::size_t lng = 0; const auto &[strNombre, strTexto, strConsejo] : lstModos) {
+        auto *const opt =
+            fNombrar(new QRadioButton(QString::fromLatin1(strTexto), fila), strNombre);
+        m_lstModos[lng++] = opt;
+        opt->setToolTip(QString::fromUtf8(strConsejo));
+        caja->addWidget(opt);
         // Tab stops at the button that is set, also before the focus has been there.
-        m_lstModos[lng]->setFocusPolicy(Qt::ClickFocus);
-        connect(m_lstModos[lng], &QRadioButton::toggled, this, [opt = m_lstModos[lng]](bool bolSi) {
+        opt->setFocusPolicy(Qt::ClickFocus);
+        connect(opt, &QRadioButton::toggled, this, [opt](bool bolSi) {
             opt->setFocusPolicy(bolSi ? Qt::StrongFocus : Qt::ClickFocus);
         });
     }

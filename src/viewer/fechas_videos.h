@@ -12,11 +12,11 @@ public:
     explicit clsFechasVideos(std::string strPrograma,
                              std::chrono::milliseconds plazo = std::chrono::seconds(5));
 
-    /// @param bolAnulado see clsHijo.
+    /// @param bolAnulado see clsProgramaHijo.
     /// @return for fFechaDeVideo; empty when the video says nothing, or cannot be read.
     [[nodiscard]] std::string fDatos(const clsAbierto &video, const std::atomic<bool> &bolAnulado);
 
 private:
     std::mutex m_cerrojo;
-    clsHijo m_hijo;
+    clsProgramaHijo m_hijo;
 };

@@ -21,12 +21,12 @@ constexpr std::uint32_t lngLadoFotograma = 4096;
 /// Waits with one of the two functions of the channel.
 /// @return Imagen when it may be used, else Anulado, Tarde or Roto.
 template <typename Esperar>
-Fin fEsperar(Esperar fCanal, const clsDescriptor &canal, clsHijo::clsReloj::time_point limite,
-             const std::atomic<bool> &bolAnulado)
+Fin fEsperar(Esperar fCanal, const clsDescriptor &canal,
+             clsProgramaHijo::clsReloj::time_point limite, const std::atomic<bool> &bolAnulado)
 {
     for (;;) {
         const auto queda =
-            std::chrono::ceil<std::chrono::milliseconds>(limite - clsHijo::clsReloj::now());
+            std::chrono::ceil<std::chrono::milliseconds>(limite - clsProgramaHijo::clsReloj::now());
         if (bolAnulado) {
             return Fin::Anulado;
         }
@@ -42,13 +42,13 @@ Fin fEsperar(Esperar fCanal, const clsDescriptor &canal, clsHijo::clsReloj::time
 
 } // namespace
 
-clsHijo::clsHijo(std::string strPrograma, std::chrono::milliseconds plazo)
+clsProgramaHijo::clsProgramaHijo(std::string strPrograma, std::chrono::milliseconds plazo)
     : m_strPrograma(std::move(strPrograma)), m_plazo(plazo)
 {
 }
 
-clsCuadroHijo clsHijo::fPedir(const clsAbierto &video, int intLado,
-                              const std::atomic<bool> &bolAnulado)
+clsCuadroHijo clsProgramaHijo::fPedir(const clsAbierto &video, int intLado,
+                                      const std::atomic<bool> &bolAnulado)
 {
     const auto lngLado =
         std::clamp<std::uint32_t>(static_cast<std::uint32_t>(intLado), 1, lngLadoFotograma);
@@ -59,8 +59,8 @@ clsCuadroHijo clsHijo::fPedir(const clsAbierto &video, int intLado,
                       bolAnulado);
 }
 
-clsCuadroHijo clsHijo::fPedirImagen(const clsAbierto &foto, PeticionHijo cual, clsMarcoHijo marco,
-                                    const std::atomic<bool> &bolAnulado)
+clsCuadroHijo clsProgramaHijo::fPedirImagen(const clsAbierto &foto, PeticionHijo cual,
+                                            clsMarcoHijo marco, const std::atomic<bool> &bolAnulado)
 {
     marco.lngAncho = std::clamp<std::uint32_t>(marco.lngAncho, 1, lngLadoMaximo);
     marco.lngAlto = std::clamp<std::uint32_t>(marco.lngAlto, 1, lngLadoMaximo);
@@ -68,7 +68,8 @@ clsCuadroHijo clsHijo::fPedirImagen(const clsAbierto &foto, PeticionHijo cual, c
     return fPreguntar(foto, {cual, marco}, bolAnulado);
 }
 
-std::string clsHijo::fPedirFechas(const clsAbierto &video, const std::atomic<bool> &bolAnulado)
+std::string clsProgramaHijo::fPedirFechas(const clsAbierto &video,
+                                          const std::atomic<bool> &bolAnulado)
 {
     constexpr std::uint32_t lngPuntos = lngTextoMaximo / sizeof(std::uint32_t);
     const clsCuadroHijo cuadro =
@@ -82,8 +83,8 @@ std::string clsHijo::fPedirFechas(const clsAbierto &video, const std::atomic<boo
     return std::string(strBytes.substr(0, strBytes.find('\0')));
 }
 
-clsCuadroHijo clsHijo::fPreguntar(const clsAbierto &archivo, const clsPregunta &pregunta,
-                                  const std::atomic<bool> &bolAnulado)
+clsCuadroHijo clsProgramaHijo::fPreguntar(const clsAbierto &archivo, const clsPregunta &pregunta,
+                                          const std::atomic<bool> &bolAnulado)
 {
     clsCuadroHijo cuadro;
     if (bolAnulado) {
@@ -106,8 +107,8 @@ clsCuadroHijo clsHijo::fPreguntar(const clsAbierto &archivo, const clsPregunta &
     return cuadro;
 }
 
-clsCuadroHijo clsHijo::fIntentar(const clsAbierto &archivo, const clsPregunta &pregunta,
-                                 clsEspera espera)
+clsCuadroHijo clsProgramaHijo::fIntentar(const clsAbierto &archivo, const clsPregunta &pregunta,
+                                         clsEspera espera)
 {
     clsCuadroHijo cuadro;
     cuadro.fin = Fin::NoArranca;
@@ -133,7 +134,7 @@ clsCuadroHijo clsHijo::fIntentar(const clsAbierto &archivo, const clsPregunta &p
     return cuadro;
 }
 
-bool clsHijo::fPreparar()
+bool clsProgramaHijo::fPreparar()
 {
     if (m_proceso.fIniciado()) {
         return true;
@@ -148,8 +149,8 @@ bool clsHijo::fPreparar()
     return m_proceso.fIniciar({m_strPrograma}, extremos->suyo);
 }
 
-Fin clsHijo::fEnviar(const clsPeticionHijo &peticion, const clsDescriptor &video,
-                     const clsEspera &espera) const
+Fin clsProgramaHijo::fEnviar(const clsPeticionHijo &peticion, const clsDescriptor &video,
+                             const clsEspera &espera) const
 {
     const std::string_view strBytes(reinterpret_cast<const char *>(&peticion), sizeof peticion);
     for (bool bolHecho = false; !bolHecho;) {
@@ -166,8 +167,8 @@ Fin clsHijo::fEnviar(const clsPeticionHijo &peticion, const clsDescriptor &video
     return Fin::Imagen;
 }
 
-Fin clsHijo::fRecibir(void *datos, std::size_t lngBytes, const clsEspera &espera,
-                      std::size_t &lngHechos) const
+Fin clsProgramaHijo::fRecibir(void *datos, std::size_t lngBytes, const clsEspera &espera,
+                              std::size_t &lngHechos) const
 {
     for (lngHechos = 0; lngHechos < lngBytes;) {
         const Fin fin = fEsperar(fEsperarLectura, m_canal, espera.limite, espera.bolAnulado);
@@ -184,7 +185,7 @@ Fin clsHijo::fRecibir(void *datos, std::size_t lngBytes, const clsEspera &espera
     return Fin::Imagen;
 }
 
-clsCuadroHijo clsHijo::fRespuesta(const clsMarcoHijo &marco, clsEspera &espera)
+clsCuadroHijo clsProgramaHijo::fRespuesta(const clsMarcoHijo &marco, clsEspera &espera)
 {
     clsCuadroHijo cuadro;
     for (;;) {
@@ -224,7 +225,7 @@ clsCuadroHijo clsHijo::fRespuesta(const clsMarcoHijo &marco, clsEspera &espera)
     }
 }
 
-void clsHijo::fDerribar(Fin &fin)
+void clsProgramaHijo::fDerribar(Fin &fin)
 {
     // The channel closes a moment before the end can be seen.
     for (int intVez = 0; intVez < 50 && fin == Fin::Roto; ++intVez) {

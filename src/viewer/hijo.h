@@ -31,13 +31,13 @@ struct clsCuadroHijo {
 
 /// One of our child programs: started at the first request, kept for the next, killed when it
 /// hangs, dies or answers nonsense. For one thread at a time.
-class clsHijo {
+class clsProgramaHijo {
 public:
     using clsReloj = std::chrono::steady_clock;
 
     /// @param strPrograma path of the program.
     /// @param plazo       time for one file, from request to answer.
-    clsHijo(std::string strPrograma, std::chrono::milliseconds plazo);
+    clsProgramaHijo(std::string strPrograma, std::chrono::milliseconds plazo);
 
     /// Asks for a frame of a video, no larger than a box, and waits for it. The child gets the open
     /// file and nothing else.

@@ -17,7 +17,7 @@ clsHijos::clsHijos(const std::string &strPrograma, std::chrono::milliseconds pla
 {
     m_lstPuestos.resize(std::max(intCuantos, 1U));
     for (auto &puesto : m_lstPuestos) {
-        puesto.reset(new clsPuesto{clsHijo(strPrograma, plazo), false});
+        puesto.reset(new clsPuesto{clsProgramaHijo(strPrograma, plazo), false});
     }
 }
 
@@ -32,7 +32,7 @@ clsHijos::clsTurno clsHijos::fTomar(const std::atomic<bool> &bolAnulado)
         clsPuesto &puesto = **std::ranges::min_element(m_lstPuestos, {}, fPeso);
         if (!puesto.bolOcupado) {
             puesto.bolOcupado = true;
-            return {&puesto.hijo, [this, &puesto](clsHijo * /*suyo*/) {
+            return {&puesto.hijo, [this, &puesto](clsProgramaHijo * /*suyo*/) {
                         {
                             const std::lock_guard cierre(m_cerrojo);
                             puesto.bolOcupado = false;

@@ -19,14 +19,14 @@ public:
     clsHijos(const std::string &strPrograma, std::chrono::milliseconds plazo, unsigned intCuantos);
 
     /// A child that a call has for itself; it is given back at the end.
-    using clsTurno = std::unique_ptr<clsHijo, std::function<void(clsHijo *)>>;
+    using clsTurno = std::unique_ptr<clsProgramaHijo, std::function<void(clsProgramaHijo *)>>;
     /// Waits as long as all are at work.
     /// @return nothing when the call was given up meanwhile.
     [[nodiscard]] clsTurno fTomar(const std::atomic<bool> &bolAnulado);
 
 private:
     struct clsPuesto {
-        clsHijo hijo;
+        clsProgramaHijo hijo;
         bool bolOcupado = false;
     };
     std::mutex m_cerrojo; ///< guards what follows, but not the children that are at work
