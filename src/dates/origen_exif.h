@@ -29,7 +29,7 @@ private:
 /// The EXIF data inside a file of another format than JPEG and TIFF, as a TIFF file: of PNG, WEBP,
 /// HEIC and AVIF, of CR3 (its two parts as one) and of ORF and RW2 (which are TIFF under another
 /// number); of RAF the JPEG file in it. Whatever the bytes claim, only those that exist are asked
-/// for. Sources: PNG 3rd edition 11.3.2.4; WebP container specification; ISO/IEC 14496-12 and
+/// for. Sources: PNG 3rd edition 11.3.2.4; WebP container format; ISO/IEC 14496-12 and
 /// 23008-12 annex A; what is known of the raw formats of Canon, Fujifilm, Olympus and Panasonic.
 /// @param origen must outlive what is returned.
 /// @return nullptr: none of these, or without EXIF data.

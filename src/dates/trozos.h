@@ -26,7 +26,7 @@ struct clsFormaTrozos {
     int intPar;  ///< contents fill up whole multiples of it
 };
 extern const clsFormaTrozos formaPng;  ///< PNG, 3rd edition, 5.3
-extern const clsFormaTrozos formaRiff; ///< RIFF, as in the WebP container specification
+extern const clsFormaTrozos formaRiff; ///< RIFF, as in the WebP container format
 extern const clsFormaTrozos formaIso;  ///< boxes, ISO/IEC 14496-12, 4.2
 
 /// The first part of a kind between two positions.
