@@ -1,6 +1,7 @@
 // What a colour profile adds to decoding a photo, in processor time:
 // miravel_bench_colores WIDTH HEIGHT PHOTO [ROUNDS]. The photo is stored in several colour spaces
-// and decoded for the fit view in a box of that size, at 100 %, and as a thumbnail of 133 pixels.
+// and decoded for the fit view in a box of that size, at 100 % with what such a box shows of it in
+// a corner, at 100 % with all pixels, and as a thumbnail of 133 pixels.
 
 #include "viewer/extraccion.h"
 #include "viewer/fuente.h"
@@ -79,12 +80,20 @@ int main(int intArgumentos, char **lstArgumentos)
         lstFotos.emplace_back(strNombre, strRuta.toStdString());
     }
     const std::atomic<bool> bolAnulado{false};
-    for (const int intZoom : {0, 100}) {
-        fComparar(intZoom == 0 ? "fit view" : "100 %", lstFotos, intVueltas,
-                  [&](const auto &strRuta) {
-                      const clsPedido pedido{strRuta, recuadro, intZoom, lngMaximoFoto};
-                      return !fDecodificar(pedido, bolAnulado).imagen.isNull();
-                  });
+    fComparar("fit view", lstFotos, intVueltas, [&](const auto &strRuta) {
+        return !fDecodificar({strRuta, recuadro, 0, lngMaximoFoto}, bolAnulado).imagen.isNull();
+    });
+    // At 100 % the decoder leaves what lies aside in its own colours.
+    for (const QRect visible : {QRect({}, recuadro), foto.rect()}) {
+        fComparar(
+            visible == foto.rect() ? "100 %, all" : "100 %", lstFotos, intVueltas,
+            [&](const auto &strRuta) {
+                const auto fuente = fDecodificar({strRuta, {}, 100, lngMaximoFoto}, bolAnulado);
+                if (fuente.tinte) {
+                    fuente.tinte->fTenir(fuente.imagen, visible);
+                }
+                return !fuente.imagen.isNull();
+            });
     }
     fComparar("thumbnail", lstFotos, intVueltas, [&](const auto &strRuta) {
         constexpr int intLado = 133;

@@ -1,19 +1,14 @@
 #include "viewer/colores.h"
 
+#include "viewer/conversion_color.h"
+
 #include <QColorSpace>
-#include <QColorTransform>
-#include <qrgbafloat.h>
 
 #include <algorithm>
-#include <array>
-#include <cmath>
-#include <memory>
-#include <mutex>
+#include <span>
 #include <utility>
 
 namespace {
-
-using clsLuz = std::array<float, 3>; ///< red, green, blue; 1 is white
 
 /// Whether it is sRGB to the eye. The profiles that cameras embed are not equal to
 /// QColorSpace::SRgb.
@@ -23,190 +18,20 @@ bool fEsSrgb(const QColorSpace &espacio)
            espacio.transferFunction() == QColorSpace::TransferFunction::SRgb;
 }
 
-// Light in whole numbers: so many make white. Colours of larger spaces reach below and above what
-// the screen has.
-constexpr int intBlanco = 8192;
-constexpr int intDebajo = 2 * intBlanco;
-constexpr int intPuntos = 5 * intBlanco;
-constexpr int intBits = 21; ///< for one colour of the three that share a number
-constexpr quint64 lngMascara = (quint64{1} << intBits) - 1;
-
-using clsSalida = std::array<uchar, intPuntos>;
-
-/// The screen's values of light; what it has not is cut off. Source: IEC 61966-2-1.
-const clsSalida &fSalida()
+std::span<QRgb> fPuntos(QImage &imagen, int intX, int intY, int intCuantos)
 {
-    static const clsSalida *const salida = [] {
-        auto *const lstValores = new clsSalida; // threads may outlive the end of main()
-        for (int int1 = 0; int1 < intPuntos; ++int1) {
-            const double dblLuz = std::clamp((int1 - intDebajo) / double{intBlanco}, 0.0, 1.0);
-            const double dblValor =
-                dblLuz <= 0.0031308 ? 12.92 * dblLuz : 1.055 * std::pow(dblLuz, 1 / 2.4) - 0.055;
-            (*lstValores)[static_cast<std::size_t>(int1)] =
-                static_cast<uchar>(std::lround(dblValor * 255));
-        }
-        return lstValores;
-    }();
-    return *salida;
-}
-
-/// The least and the most light of each colour.
-using clsAlcance = std::array<std::pair<float, float>, 3>;
-
-/// Whether sums of light so far apart can be looked up.
-bool fCabe(const std::pair<float, float> &luz)
-{
-    constexpr float fltRedondeo = 0.01F;
-    return luz.first > -intDebajo / float{intBlanco} + fltRedondeo &&
-           luz.second < (intPuntos - intDebajo) / float{intBlanco} - fltRedondeo;
-}
-
-/// Widens a reach; false for light beyond all measure, or none that is a number.
-bool fAnotar(const clsLuz &luz, clsAlcance &alcance)
-{
-    constexpr float fltMaxima = 16;
-    for (std::size_t lng = 0; lng < luz.size(); ++lng) {
-        if (!(std::abs(luz[lng]) < fltMaxima)) {
-            return false;
-        }
-        alcance[lng].first = std::min(alcance[lng].first, luz[lng]);
-        alcance[lng].second = std::max(alcance[lng].second, luz[lng]);
-    }
-    return true;
-}
-
-/// The three colours of light in one number, red lowest. Negative ones borrow from the next; the
-/// sum of three of them, one of which is raised, has none left.
-quint64 fSumando(const clsLuz &luz, bool bolAlzada)
-{
-    quint64 lngSumando = 0;
-    for (std::size_t lng = luz.size(); lng-- > 0;) {
-        lngSumando =
-            (lngSumando << intBits) +
-            static_cast<quint64>(std::llround(luz[lng] * intBlanco) + (bolAlzada ? intDebajo : 0));
-    }
-    return lngSumando;
-}
-
-/// From the values of a colour space to those of the screen, for pixels of 8 bits a colour. Light
-/// adds up: what each value of red, green and blue gives is looked up, three sums in one number.
-/// QImage's own conversion takes more than twice as long, and threads that are not ours.
-class clsConversion {
-public:
-    explicit clsConversion(const QColorSpace &espacio)
-        : m_espacio(espacio), m_aLuz(espacio.transformationToColorSpace(QColorSpace::SRgbLinear)),
-          m_bolVale(fLlenar())
-    {
-    }
-    [[nodiscard]] const QColorSpace &fEspacio() const { return m_espacio; }
-    /// Whether light adds up in that space, and stays within bounds.
-    [[nodiscard]] bool fVale() const { return m_bolVale; }
-    void fConvertir(QImage &imagen) const;
-
-private:
-    [[nodiscard]] clsLuz fLuz(const clsLuz &valores) const
-    {
-        const QRgbaFloat32 luz = m_aLuz.map(QRgbaFloat32{valores[0], valores[1], valores[2], 1});
-        return {luz.r, luz.g, luz.b};
-    }
-    [[nodiscard]] bool fLlenar();
-    [[nodiscard]] bool fSuma() const;
-
-    const QColorSpace m_espacio;
-    const QColorTransform m_aLuz;
-    std::array<std::array<quint64, 256>, 3> m_lstSumandos{};
-    const bool m_bolVale;
-};
-
-/// Whether the light of mixed colours is the sum of what their parts give.
-bool clsConversion::fSuma() const
-{
-    for (const auto &[fltRojo, fltVerde, fltAzul] : {
-             clsLuz{1,    1,    1   },
-             clsLuz{0.5,  0.5,  0.5 },
-             clsLuz{0.8F, 0.3F, 0.1F},
-             clsLuz{0.1F, 0.7F, 0.9F}
-    }) {
-        const clsLuz junta = fLuz({fltRojo, fltVerde, fltAzul});
-        const clsLuz roja = fLuz({fltRojo, 0, 0});
-        const clsLuz verde = fLuz({0, fltVerde, 0});
-        const clsLuz azul = fLuz({0, 0, fltAzul});
-        for (std::size_t lng = 0; lng < junta.size(); ++lng) {
-            constexpr float fltMargen = 0.005F;
-            if (!(std::abs(roja[lng] + verde[lng] + azul[lng] - junta[lng]) < fltMargen)) {
-                return false;
-            }
-        }
-    }
-    return true;
-}
-
-bool clsConversion::fLlenar()
-{
-    clsAlcance todo{};
-    for (std::size_t lngColor = 0; lngColor < m_lstSumandos.size(); ++lngColor) {
-        clsAlcance deEste{};
-        for (std::size_t lngValor = 0; lngValor < m_lstSumandos[lngColor].size(); ++lngValor) {
-            clsLuz valores{};
-            valores[lngColor] = static_cast<float>(lngValor) / 255;
-            const clsLuz luz = fLuz(valores);
-            if (!fAnotar(luz, deEste)) {
-                return false;
-            }
-            m_lstSumandos[lngColor][lngValor] = fSumando(luz, lngColor == 0);
-        }
-        for (std::size_t lng = 0; lng < todo.size(); ++lng) {
-            todo[lng].first += deEste[lng].first;
-            todo[lng].second += deEste[lng].second;
-        }
-    }
-    return std::all_of(todo.begin(), todo.end(), fCabe) && fSuma();
-}
-
-void clsConversion::fConvertir(QImage &imagen) const
-{
-    const clsSalida &salida = fSalida();
-    const auto &[rojos, verdes, azules] = m_lstSumandos;
-    const int intAncho = imagen.width();
-    for (int intFila = 0; intFila < imagen.height(); ++intFila) {
-        auto *const lstFila = reinterpret_cast<QRgb *>(imagen.scanLine(intFila));
-        for (int intX = 0; intX < intAncho; ++intX) {
-            const QRgb color = lstFila[intX];
-            const quint64 lngLuz =
-                rojos[color >> 16 & 0xFF] + verdes[color >> 8 & 0xFF] + azules[color & 0xFF];
-            lstFila[intX] = 0xFF000000U | QRgb{salida[lngLuz & lngMascara]} << 16 |
-                            QRgb{salida[lngLuz >> intBits & lngMascara]} << 8 |
-                            salida[lngLuz >> 2 * intBits];
-        }
-    }
-}
-
-/// The conversion from a space. The last one is kept: the photos of a folder mostly have the same.
-std::shared_ptr<const clsConversion> fConversion(const QColorSpace &espacio)
-{
-    static auto *const cerrojo = new std::mutex;
-    static auto *const ultima = new std::shared_ptr<const clsConversion>;
-    const std::lock_guard guarda(*cerrojo);
-    if (*ultima == nullptr || (*ultima)->fEspacio() != espacio) {
-        *ultima = std::make_shared<const clsConversion>(espacio);
-    }
-    return *ultima;
+    return {reinterpret_cast<QRgb *>(imagen.scanLine(intY)) + intX,
+            static_cast<std::size_t>(intCuantos)};
 }
 
 void fASrgb(QImage &imagen)
 {
-    const QColorSpace espacio = imagen.colorSpace();
-    if (!espacio.isValid() || fEsSrgb(espacio)) {
-        return;
+    if (const auto tinte = clsTinte::fCrear(imagen)) {
+        tinte->fTenir(imagen, imagen.rect());
+    } else if (const QColorSpace espacio = imagen.colorSpace();
+               espacio.isValid() && !fEsSrgb(espacio)) {
+        imagen.convertToColorSpace(QColorSpace::SRgb);
     }
-    if (imagen.format() == QImage::Format_RGB32) {
-        if (const auto conversion = fConversion(espacio); conversion->fVale()) {
-            conversion->fConvertir(imagen);
-            imagen.setColorSpace(QColorSpace::SRgb);
-            return;
-        }
-    }
-    imagen.convertToColorSpace(QColorSpace::SRgb);
 }
 
 } // namespace
@@ -218,4 +43,59 @@ QImage fParaPantalla(QImage imagen)
         imagen.hasAlphaChannel() ? QImage::Format_ARGB32_Premultiplied : QImage::Format_RGB32;
     imagen.setDevicePixelRatio(1); // whatever density the file claims
     return imagen.format() == formato ? imagen : std::move(imagen).convertToFormat(formato);
+}
+
+clsTinte::clsTinte(std::shared_ptr<const clsConversion> conversion, QSize tam)
+    : m_conversion(std::move(conversion)), m_teselas(tam.width(), tam.height())
+{
+}
+
+std::unique_ptr<clsTinte> clsTinte::fCrear(QImage &imagen)
+{
+    const QColorSpace espacio = imagen.colorSpace();
+    if (imagen.format() != QImage::Format_RGB32 || !espacio.isValid() || fEsSrgb(espacio)) {
+        return nullptr;
+    }
+    auto conversion = fConversion(espacio);
+    if (!conversion->fVale()) {
+        return nullptr;
+    }
+    imagen.setColorSpace(QColorSpace::SRgb);
+    return std::unique_ptr<clsTinte>(new clsTinte(std::move(conversion), imagen.size()));
+}
+
+void clsTinte::fTenir(QImage &imagen, QRect parte)
+{
+    for (const clsTesela &tesela :
+         m_teselas.fNuevas({parte.x(), parte.y(), parte.width(), parte.height()})) {
+        for (int intY = tesela.intY; intY < tesela.intY + tesela.intAlto; ++intY) {
+            m_conversion->fConvertir(fPuntos(imagen, tesela.intX, intY, tesela.intAncho));
+        }
+    }
+}
+
+QImage clsTinte::fMuestra(const QImage &imagen, QRect parte, int intPaso) const
+{
+    const auto fCuantos = [intPaso](int intPixeles) {
+        return (intPixeles + intPaso - 1) / intPaso;
+    };
+    QImage muestra(fCuantos(parte.width()), fCuantos(parte.height()), QImage::Format_RGB32);
+    for (int intY = 0; intY < muestra.height(); ++intY) {
+        const int intSuyaY = parte.y() + intY * intPaso;
+        const auto *const lstSuyos =
+            reinterpret_cast<const QRgb *>(imagen.constScanLine(intSuyaY)) + parte.x();
+        for (int intX = 0; intX < muestra.width();) { // square by square
+            const int intSuyaX = parte.x() + intX * intPaso;
+            const int intResto = clsTeselas::intLado - intSuyaX % clsTeselas::intLado;
+            const auto lstPuntos =
+                fPuntos(muestra, intX, intY, std::min(fCuantos(intResto), muestra.width() - intX));
+            for (QRgb &punto : lstPuntos) {
+                punto = lstSuyos[intX++ * intPaso];
+            }
+            if (!m_teselas.fDada(intSuyaX, intSuyaY)) {
+                m_conversion->fConvertir(lstPuntos);
+            }
+        }
+    }
+    return muestra;
 }

@@ -22,6 +22,20 @@ QSize fTamEscalado(QSize tam, int intOctavos)
     return {fLado(tam.width()), fLado(tam.height())};
 }
 
+/// For a picture that is seen in parts, of which the middle comes first: that has the screen's
+/// colours at once.
+std::unique_ptr<clsTinte> fTinteParaZoom(QImage &imagen)
+{
+    constexpr QSize pantalla(2048, 2048); // large ones, however the picture is turned
+    auto tinte = clsTinte::fCrear(imagen);
+    if (tinte) {
+        QRect medio({}, pantalla);
+        medio.moveCenter(imagen.rect().center());
+        tinte->fTenir(imagen, medio);
+    }
+    return tinte;
+}
+
 } // namespace
 
 int fOctavos(QSize tam, const clsPedido &pedido)
@@ -79,14 +93,12 @@ clsFuente fDecodificar(const clsPedido &pedido, const std::atomic<bool> &bolAnul
     if (intOctavos == 0) {
         return {};
     }
-    clsFuente fuente;
-    fuente.imagen =
-        fParaPantalla(decodificador.fLeer(intOctavos < 8 ? fTamEscalado(tam, intOctavos) : tam));
-    if (fuente.imagen.isNull()) {
+    QImage imagen = decodificador.fLeer(intOctavos < 8 ? fTamEscalado(tam, intOctavos) : tam);
+    if (imagen.isNull()) {
         return {};
     }
-    fuente.natural = bolGirada ? tam.transposed() : tam;
-    return fuente;
+    auto tinte = pedido.intZoom != 0 ? fTinteParaZoom(imagen) : nullptr;
+    return {fParaPantalla(std::move(imagen)), bolGirada ? tam.transposed() : tam, std::move(tinte)};
 }
 
 clsFuente fNoImagen()

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "sistema/archivo.h"
+#include "viewer/colores.h"
 
 #include <QImage>
 #include <QSize>
@@ -12,8 +13,11 @@
 /// A picture ready to be painted: pixels, perhaps fewer than the file holds, and the size it has by
 /// right.
 struct clsFuente {
-    QImage imagen; ///< upright; null when the file could not be shown
-    QSize natural; ///< size of the upright picture in picture pixels
+    mutable QImage imagen; ///< upright; null when the file could not be shown
+    QSize natural;         ///< size of the upright picture in picture pixels
+    /// Gives it the screen's colours as parts of it are painted, in one thread; it has them where
+    /// there is none.
+    std::unique_ptr<clsTinte> tinte{};
 };
 
 /// A picture as it is kept.

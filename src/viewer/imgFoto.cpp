@@ -88,18 +88,20 @@ void imgFoto::fAplicar()
     update();
 }
 
-void imgFoto::paintEvent(QPaintEvent *)
+void imgFoto::paintEvent(QPaintEvent *evento)
 {
     if (!m_fuente || m_fuente->imagen.isNull()) {
         return;
     }
     QPainter pintor(this);
-    const bool bolExacta = m_intZoom == 100 && m_fuente->imagen.size() == m_fuente->natural;
-    if (!bolExacta) {
+    const QSize suyo = m_fuente->imagen.size();
+    if (m_intZoom != 100 || suyo != m_fuente->natural) {
         pintor.setRenderHint(QPainter::SmoothPixmapTransform);
         const QSizeF tam = fTamGirado(size(), m_intCuartos);
         pintor.setTransform(fGiro(m_intCuartos, tam), true);
-        pintor.drawImage(QRectF({0, 0}, tam), m_fuente->imagen);
+        if (fTenir(pintor, tam, evento->rect())) {
+            pintor.drawImage(QRectF({0, 0}, tam), m_fuente->imagen);
+        }
         return;
     }
     // On a scaled screen the control can begin between two device pixels; the picture must not.
@@ -108,8 +110,42 @@ void imgFoto::paintEvent(QPaintEvent *)
     pintor.translate((std::round(origen.x()) - origen.x()) / dblRazon,
                      (std::round(origen.y()) - origen.y()) / dblRazon);
     pintor.scale(1 / dblRazon, 1 / dblRazon);
-    pintor.setTransform(fGiro(m_intCuartos, m_fuente->imagen.size()), true);
-    pintor.drawImage(0, 0, m_fuente->imagen);
+    pintor.setTransform(fGiro(m_intCuartos, suyo), true);
+    if (fTenir(pintor, suyo, evento->rect())) {
+        pintor.drawImage(0, 0, m_fuente->imagen);
+    }
+}
+
+/// Sees to it that what is about to be painted has the screen's colours.
+/// @param tam     size that the picture is painted in, in the painter's units.
+/// @param visible part of the control.
+/// @return false when that was too much to do, and the part is painted with fewer pixels.
+bool imgFoto::fTenir(QPainter &pintor, QSizeF tam, QRect visible) const
+{
+    if (!m_fuente->tinte) {
+        return true;
+    }
+    QImage &imagen = m_fuente->imagen;
+    const QTransform aControl =
+        QTransform::fromScale(tam.width() / imagen.width(), tam.height() / imagen.height()) *
+        pintor.transform();
+    constexpr int intBorde = 2; // what smooth scaling mixes in
+    const QRect parte = aControl.inverted()
+                            .mapRect(QRectF(visible))
+                            .toAlignedRect()
+                            .adjusted(-intBorde, -intBorde, intBorde, intBorde) &
+                        imagen.rect();
+    const auto intPaso = static_cast<int>(
+        std::lround(1 / (std::sqrt(std::abs(aControl.determinant())) * devicePixelRatioF())));
+    if (intPaso < 2) {
+        m_fuente->tinte->fTenir(imagen, parte);
+        return true;
+    }
+    // A picture with too many pixels for what shows is shown but until there is a smaller one.
+    const QImage muestra = m_fuente->tinte->fMuestra(imagen, parte, intPaso);
+    pintor.setTransform(aControl);
+    pintor.drawImage(QRectF(parte.topLeft(), muestra.size() * intPaso), muestra);
+    return false;
 }
 
 void imgFoto::mousePressEvent(QMouseEvent *evento)

@@ -30,6 +30,7 @@ protected:
 
 private:
     [[nodiscard]] clsTam fRecuadro() const;
+    [[nodiscard]] bool fTenir(QPainter &pintor, QSizeF tam, QRect visible) const;
     void fAplicar();
     void fTerminarArrastre();
 
