@@ -47,7 +47,7 @@ void fOrdenarPor(clsFilas &filas, bool bolDescendente, const clsRangos &fRangos,
         lstClaves.emplace_back(fClave(lngFila), lngFila);
     }
     const auto fMenor = [](const auto &una, const auto &otra) { return una.first < otra.first; };
-    std::stable_sort(lstClaves.begin(), lstClaves.end(), fMenor);
+    std::sort(lstClaves.begin(), lstClaves.end());
     std::vector<std::uint32_t> lstOrden(lstClaves.size());
     std::transform(lstClaves.begin(), lstClaves.end(), lstOrden.begin(),
                    [](const auto &clave) { return clave.second; });

@@ -4,7 +4,6 @@
 #include "shared/texto.h"
 
 #include <cstddef>
-#include <string>
 
 namespace {
 
@@ -42,11 +41,17 @@ std::string_view fExtensionesVisibles(Medios medios, bool bolFormatos)
 
 bool fExtensionEn(std::string_view strRuta, std::string_view strExtensiones)
 {
-    // Every extension known here has two to four characters, between two bars.
     const std::string_view strExtension = fExtensionDe(strRuta);
-    return strExtension.size() >= 2 && strExtension.size() <= 4 &&
-           strExtensiones.find('/' + fMayusculasAscii(strExtension) + '/') !=
-               std::string_view::npos;
+    // The blank between photos and videos is none.
+    for (std::size_t lng = 1; strExtension != " " && lng < strExtensiones.size();) {
+        const std::size_t lngFin = strExtensiones.find('/', lng);
+        if (lngFin - lng == strExtension.size() &&
+            fIgualSinCaja(strExtensiones.substr(lng, lngFin - lng), strExtension)) {
+            return true;
+        }
+        lng = lngFin + 1;
+    }
+    return false;
 }
 
 bool fEsVideo(std::string_view strRuta) { return fExtensionEn(strRuta, strVideos); }
