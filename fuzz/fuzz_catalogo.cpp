@@ -97,7 +97,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *bytDatos, std::size_t 
     const std::string_view strExtensiones = fExtensionesVisibles(medios);
 
     clsFilas filas;
-    const clsLectura lectura = fLeer(strCatalogo, strExtensiones, 1 << 18, filas);
+    const clsLectura lectura = fLeer(strCatalogo, strExtensiones, 1 << 16, filas);
     clsFilas otras;
     const clsLectura otra = fLeer(strCatalogo, strExtensiones, 16, otras);
     fExigir(lectura.fallo.has_value() == otra.fallo.has_value());
