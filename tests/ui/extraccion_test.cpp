@@ -339,6 +339,13 @@ private slots:
         QCOMPARE(superficie.GetPicture(0, 0, -1, -1).pixelColor(10, 10).alpha(), 0);
         QCOMPARE(toda.pixelColor(95, 71), colFoto); // a picture of its own
         QCOMPARE(toda.pixelColor(96, 71), QColor(Qt::green));
+        const QImage dada = fLlano({200, 100}, colFoto);
+        superficie.CreateFromHBitmap(dada); // all of it
+        const QImage antes = superficie.GetPicture(0, 0, -1, -1);
+        superficie.hDC().fill(Qt::green);
+        QCOMPARE(dada.pixelColor(10, 10), colFoto); // each has pixels of its own
+        QCOMPARE(antes.pixelColor(10, 10), colFoto);
+        QCOMPARE(superficie.GetPicture(0, 0, 1, 1).pixelColor(0, 0), QColor(Qt::green));
         QImage otra = fLlano({20, 20}, Qt::white);
         {
             pcMemDC pequena;
