@@ -1,5 +1,7 @@
 #include "viewer/cache_fotos.h"
 
+#include "viewer/mini_exif.h"
+
 #include <QBuffer>
 
 #include <algorithm>

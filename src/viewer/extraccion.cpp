@@ -6,9 +6,9 @@
 #include "viewer/decodificador.h"
 #include "viewer/enderezar.h"
 #include "viewer/imagenes.h"
+#include "viewer/mini_exif.h"
 #include "viewer/recorte_mini.h"
 
-#include <QColorSpace>
 #include <QPainter>
 
 #include <algorithm>
@@ -16,9 +16,6 @@
 #include <cmath>
 
 namespace {
-
-/// Bytes and pixels a thumbnail has at most; by right its segment has 64 KiB.
-constexpr std::uint32_t lngMaximoMini = 1 << 20;
 
 /// Size of a picture in the box, keeping its proportions; not larger than it is.
 QSize fEnCaja(QSize tam, int intLado)
@@ -58,60 +55,14 @@ QImage fAjustar(const QImage &imagen, QSize tam)
     return ajustada;
 }
 
-/// The profile that a photo embeds; not valid when it cannot be used.
-QColorSpace fPerfil(clsLector &lector, const clsCabeceraJpeg &cabecera)
-{
-    return QColorSpace::fromIccProfile(
-        QByteArray::fromStdString(lector.fCopiar(cabecera.lngPerfil, cabecera.lngBytesPerfil)));
-}
-
-/// Whether a stripe at the edge of a thumbnail is a bar. The line next to the picture is not looked
-/// at: it may show half of it.
-bool fEsFranja(const QImage &imagen, QRect franja)
-{
-    const QImage puntos = imagen.copy(franja).convertToFormat(QImage::Format_RGB32);
-    return fOscura({reinterpret_cast<const std::uint32_t *>(puntos.constBits()),
-                    static_cast<std::size_t>(puntos.sizeInBytes()) / sizeof(std::uint32_t)});
-}
-
-/// The middle of a thumbnail; null when something else than bars lies beside it.
-QImage fSinFranjas(const QImage &imagen, const clsRecorte &recorte)
-{
-    const QRect sitio(recorte.intX, recorte.intY, recorte.intAncho, recorte.intAlto);
-    if (imagen.rect() == sitio) {
-        return imagen;
-    }
-    QSize tam = imagen.size();
-    if (recorte.intX > 0) {
-        tam.setWidth(std::max(recorte.intX - 1, 1));
-    } else {
-        tam.setHeight(std::max(recorte.intY - 1, 1));
-    }
-    QRect opuesta(QPoint(), tam);
-    opuesta.moveBottomRight(imagen.rect().bottomRight());
-    return fEsFranja(imagen, {QPoint(), tam}) && fEsFranja(imagen, opuesta) ? imagen.copy(sitio)
-                                                                            : QImage();
-}
-
 /// The EXIF thumbnail in a box; "Pendiente" where there is none that can stand for the picture.
 clsMiniatura fMiniaturaExif(clsLector &lector, const clsCabeceraJpeg &cabecera, int intLado)
 {
-    clsMiniatura ninguna{Extraccion::Pendiente, {}};
-    if (cabecera.lngBytesMini == 0 || cabecera.lngBytesMini > lngMaximoMini ||
-        cabecera.bolPerfilPartido) {
-        return ninguna;
-    }
-    QImage imagen = fLeerJpeg(lector.fCopiar(cabecera.lngMiniatura, cabecera.lngBytesMini));
-    const clsLados foto{cabecera.intAncho, cabecera.intAlto};
-    const auto recorte = fRecorteMini({imagen.width(), imagen.height()}, foto);
-    imagen = recorte ? fSinFranjas(imagen, *recorte) : QImage();
+    QImage imagen = fMiniExif(lector, cabecera);
     if (imagen.isNull()) {
-        return ninguna;
+        return {Extraccion::Pendiente, {}};
     }
-    if (!imagen.colorSpace().isValid() && cabecera.lngBytesPerfil > 0) {
-        // Cameras and programs make it from the picture's values, and its profile holds for both.
-        imagen.setColorSpace(fPerfil(lector, cabecera));
-    }
+    const clsLados foto{cabecera.intAncho, cabecera.intAlto};
     const bool bolFina = fBastanPixeles({imagen.width(), imagen.height()}, foto, intLado);
     imagen = fAjustar(imagen, fEnCaja({foto.intAncho, foto.intAlto}, intLado));
     return {Extraccion::Hecha, fParaPantalla(fEnderezar(imagen, cabecera.intOrientacion)), bolFina};
@@ -129,20 +80,6 @@ QImage fMiniaturaAjena(const clsAbierto &foto, const std::string &strRuta, int i
 }
 
 } // namespace
-
-QImage fLeerJpeg(const std::string &strBytes)
-{
-    clsOrigenMemoria memoria(strBytes);
-    clsLector lector(memoria);
-    // Its own head first: what claims to be larger than a thumbnail is not worth decoding.
-    const auto esfuerzo = strBytes.size() <= lngMaximoMini ? fMedirJpeg(lector) : std::nullopt;
-    if (!esfuerzo || esfuerzo->lngPixeles > lngMaximoMini ||
-        !fDecodificable(*esfuerzo, static_cast<std::int64_t>(strBytes.size()))) {
-        return {};
-    }
-    return QImage::fromData(reinterpret_cast<const uchar *>(strBytes.data()),
-                            static_cast<int>(strBytes.size()), "JPG");
-}
 
 QImage fEncajada(const QImage &imagen, int intLado)
 {
@@ -188,10 +125,7 @@ clsMiniatura fMirarFoto(const std::string &strRuta, int intLado, const clsMiniat
     if (otra.imagen.isNull() || (bolHay && exif.bolFina)) {
         return exif;
     }
-    constexpr int intGirada = 5; // from this orientation on the picture lies on its side
-    const QSize natural(cabecera.intAncho, cabecera.intAlto);
-    clsMiniatura hecha = fDeOtra(
-        otra, cabecera.intOrientacion < intGirada ? natural : natural.transposed(), intLado);
+    clsMiniatura hecha = fDeOtra(otra, fTamDerecho(cabecera), intLado);
     return bolHay && !hecha.bolFina ? exif : hecha;
 }
 

@@ -44,9 +44,6 @@ struct clsMiniatura {
 [[nodiscard]] clsMiniatura fExtraerFoto(const std::string &strRuta, int intLado,
                                         const std::atomic<bool> &bolAnulado);
 
-/// A thumbnail's JPEG file; null when it is none, or takes more than a thumbnail may.
-[[nodiscard]] QImage fLeerJpeg(const std::string &strBytes);
-
 /// Makes of a thumbnail one for another box.
 /// @param natural size of the upright picture, empty where it is not known.
 [[nodiscard]] clsMiniatura fDeOtra(const clsMiniatura &otra, QSize natural, int intLado);
