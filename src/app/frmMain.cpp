@@ -75,7 +75,8 @@ frmMain::frmMain(clsArchivo archivo, clsAjustes &ajustes, clsAjustes &escritorio
       m_fuentes{fDeVideos(), std::make_shared<clsCacheFotos>()},
       m_lngAncho(m_archivo.preferencias.lngAncho), m_cliente(new QWidget(this)),
       m_modelo(new clsModeloFotos(m_estado.filas, fSignosLocales(), this)),
-      m_lista(new lstFotos(m_cliente)), m_visor(new clsVisor(m_cliente, m_estado.giros)),
+      m_lista(new lstFotos(m_cliente)),
+      m_visor(new clsVisor(m_cliente, m_estado.giros, m_fuentes.fotos)),
       m_miniaturas(new clsMiniaturas(
           m_cliente, m_estado.filas, fSignosLocales(),
           [this](const std::string &strTexto) { return fQueja(strTexto); }, m_fuentes,
@@ -600,6 +601,7 @@ bool frmMain::fDibujar()
                               "Actualiza la lista de archivos. Se han detectado incidencias.");
         }
     };
+    entorno.bolPaso = m_estado.bolPaso;
     if (m_estado.bolMiniaturas) {
         return m_miniaturas->fMostrar(m_estado.lngActual, entorno);
     }

@@ -2,6 +2,7 @@
 
 #include "shared/hilos.h"
 
+#include <chrono>
 #include <cstdint>
 #include <functional>
 #include <iterator>
@@ -90,6 +91,18 @@ public:
             return nullptr;
         }
         return it->second.resultado ? &*it->second.resultado : fGuardado(strClave);
+    }
+
+    /// Waits without letting events run until more has come of an order of the last fEncargar.
+    /// @return false when nothing has in time, or nothing is to come.
+    bool fEsperar(const std::string &strClave, std::chrono::milliseconds plazo)
+    {
+        const auto it = m_mapTrabajos.find(strClave);
+        if (it == m_mapTrabajos.end() || it->second.bolHecho) {
+            return false;
+        }
+        const clsHilos::clsOrden orden = it->second.orden;
+        return (it->second.bolLento ? m_lentos : m_hilos).fEsperar(orden, plazo);
     }
 
     /// What is kept under a key, whatever is ordered; nullptr when there is nothing. Counts as

@@ -9,4 +9,5 @@ struct clsEntorno {
     std::function<void(int)> fCeder;
     std::function<bool()> fVigente; ///< whether this drawing is still wanted
     std::function<void()> fFalta;   ///< a file is not on the disk
+    bool bolPaso = false;           ///< it is drawn for a step, and others may follow at once
 };

@@ -3,12 +3,11 @@
 #include "shared/medios.h"
 #include "shared/qhilos.h"
 #include "viewer/imgFoto.h"
+#include "viewer/vistazo.h"
 
 #include <QFrame>
 #include <QLabel>
 #include <QMouseEvent>
-
-#include <QElapsedTimer>
 
 #include <algorithm>
 #include <chrono>
@@ -53,8 +52,9 @@ QRect fPixeles(const clsRect &rect)
             rect.lngAncho / intTwipsPixel, rect.lngAlto / intTwipsPixel};
 }
 
-clsVisor::clsVisor(QWidget *cliente, const clsGiros &giros)
-    : QObject(cliente), m_giros(giros), m_lblFondo(new QLabel(cliente)),
+clsVisor::clsVisor(QWidget *cliente, const clsGiros &giros,
+                   std::shared_ptr<const clsCacheFotos> fotos)
+    : QObject(cliente), m_giros(giros), m_fotos(std::move(fotos)), m_lblFondo(new QLabel(cliente)),
       m_frmRecuadro(new QFrame(cliente)), m_imgFoto(new imgFoto(m_frmRecuadro)),
       m_almacen({.lngBytes = lngMaximoFotos,
                  .intHilos = 2, // the visible picture and one neighbour at a time
@@ -71,6 +71,9 @@ clsVisor::clsVisor(QWidget *cliente, const clsGiros &giros)
         control->installEventFilter(this);
     }
     m_imgFoto->installEventFilter(this);
+    m_reposo.setSingleShot(true);
+    m_reposo.setInterval(reposoUsual);
+    connect(&m_reposo, &QTimer::timeout, this, &clsVisor::fReposar);
 }
 
 void clsVisor::fDisponer(const clsDisposicion &sitio, bool bolRecuadro)
@@ -87,6 +90,7 @@ void clsVisor::fVaciar()
 {
     m_imgPuente.reset();
     m_bolPendiente = false;
+    m_reposo.stop();
     m_miradas.fAnular();
     m_strRuta.clear();
     m_imgFoto->fPoner(nullptr);
@@ -138,37 +142,68 @@ std::optional<clsPedido> clsVisor::fPrevia(const std::string &strRuta,
 }
 
 /// Orders what the shown file and its neighbours lack for the present zoom and frame; the shown one
-/// comes first.
+/// comes first. As long as they are only passed by, that is a glance at each.
 /// @param bolPrevia whether fewer pixels of a large photo serve meanwhile.
 void clsVisor::fEncargar(bool bolPrevia)
 {
     std::vector<clsAlmacen<clsFoto>::clsEncargo> lstEncargos;
-    const auto fAnadir = [&](const clsPedido &pedido, const clsHuella &huella) {
-        std::string strClave = fClave(pedido, huella);
+    const auto fAnadir = [&](std::string strClave, clsAlmacen<clsFoto>::clsPieza fHacer) {
         const bool bolHay = m_almacen.fGuardado(strClave) != nullptr;
-        lstEncargos.push_back({std::move(strClave), bolHay ? nullptr : fPieza(pedido)});
+        lstEncargos.push_back({std::move(strClave), bolHay ? nullptr : std::move(fHacer)});
+    };
+    const auto fUna = [&](const clsPedido &pedido, const clsHuella &huella) {
+        std::string strClave = fClave(pedido, huella);
+        if (m_bolDePaso && !fEnteraDePaso(huella.lngBytes) &&
+            m_almacen.fGuardado(strClave) == nullptr) {
+            fAnadir(fClaveVistazo(pedido.strRuta, huella),
+                    fPiezaVistazo(pedido.strRuta, huella, m_fotos));
+        } else {
+            fAnadir(std::move(strClave), fPieza(pedido));
+        }
     };
     if (!m_strRuta.empty()) {
-        if (const auto previa = fPrevia(m_strRuta, m_huella); previa && bolPrevia) {
-            fAnadir(*previa, m_huella);
+        if (const auto previa = fPrevia(m_strRuta, m_huella); previa && bolPrevia && !m_bolDePaso) {
+            fAnadir(fClave(*previa, m_huella), fPieza(*previa));
         }
-        fAnadir(fPedido(m_strRuta, lngMaximoFoto), m_huella);
+        fUna(fPedido(m_strRuta, lngMaximoFoto), m_huella);
     }
     for (const std::string &strRuta : m_lstVecinas) {
         if (const auto it = m_mapHuellas.find(strRuta); it != m_mapHuellas.end()) {
             clsPedido pedido = fPedido(strRuta, lngMaximoVecina);
             pedido.bolVecina = true;
-            fAnadir(pedido, it->second);
+            fUna(pedido, it->second);
         }
     }
     m_almacen.fEncargar(std::move(lstEncargos));
 }
 
-/// What there is of the shown photo for a request.
-std::shared_ptr<const clsFuente> clsVisor::fGuardada(const clsPedido &pedido)
+/// What the shown photo is kept under for the present zoom and frame.
+std::string clsVisor::fClaveEntera() const
 {
-    const clsFoto *const foto = m_almacen.fGuardado(fClave(pedido, m_huella));
+    return fClave(fPedido(m_strRuta, lngMaximoFoto), m_huella);
+}
+
+/// What is kept, if it is.
+std::shared_ptr<const clsFuente> clsVisor::fGuardada(const std::string &strClave)
+{
+    const clsFoto *const foto = m_almacen.fGuardado(strClave);
     return foto != nullptr ? foto->fuente : nullptr;
+}
+
+/// What was decoded of the shown photo: for the present zoom and frame, else with fewer pixels.
+std::shared_ptr<const clsFuente> clsVisor::fDescifrada()
+{
+    const auto fuente = fGuardada(fClaveEntera());
+    const auto previa = fuente ? std::nullopt : fPrevia(m_strRuta, m_huella);
+    const auto menor = previa ? fGuardada(fClave(*previa, m_huella)) : nullptr;
+    return menor && !menor->imagen.isNull() ? menor : fuente;
+}
+
+/// The best there is of it by now: decoded, else a glance at it.
+std::shared_ptr<const clsFuente> clsVisor::fMejor()
+{
+    auto fuente = fDescifrada();
+    return fuente ? fuente : fGuardada(fClaveVistazo(m_strRuta, m_huella));
 }
 
 std::shared_ptr<const clsFuente> clsVisor::fCargar(const std::string &strRuta,
@@ -182,7 +217,7 @@ std::shared_ptr<const clsFuente> clsVisor::fCargar(const std::string &strRuta,
                                                 fTomarMirada(strRuta, huella, entorno);
                                             }
                                         });
-    if (!m_miradas.fEsperar(orden, pacienciaMirada)) {
+    if (!m_miradas.fEsperar(orden, m_bolDePaso ? plazoDePaso : pacienciaMirada)) {
         m_strRuta.clear();
         return nullptr;
     }
@@ -197,31 +232,54 @@ std::shared_ptr<const clsFuente> clsVisor::fCargar(const std::string &strRuta,
     m_strRuta = strRuta;
     m_huella = *huella;
     m_lstVecinas.clear();
-    auto fuente = fGuardada(fPedido(strRuta, lngMaximoFoto));
+    auto fuente = fGuardada(fClaveEntera());
+    m_bolDePaso = m_bolDePaso && !fuente;
     if (!fuente) {
-        // Painted before the load: the user sees that something is under way.
-        m_imgFoto->hide();
-        m_imgFoto->fPoner(nullptr);
-        m_imgPuente.reset(); // two large ones would be too much
-        entorno.fCeder(0);
+        fuente = m_bolDePaso ? fOjear() : fEsperar(entorno);
     }
+    return fuente && fuente->imagen.isNull() ? m_imgNoImagen : fuente;
+}
+
+/// Waits for the picture of the file that is to be shown.
+/// @return nothing when the disk does not give it in time, or it is not wanted any more.
+std::shared_ptr<const clsFuente> clsVisor::fEsperar(const clsEntorno &entorno)
+{
+    // Painted before the load: the user sees that something is under way.
+    m_imgFoto->hide();
+    m_imgFoto->fPoner(nullptr);
+    m_imgPuente.reset(); // two large ones would be too much
+    entorno.fCeder(0);
+    std::shared_ptr<const clsFuente> fuente;
     QElapsedTimer espera;
     espera.start();
     while (!fuente && entorno.fVigente() && !espera.hasExpired(lngPaciencia)) {
         // Looked for and ordered at every turn: while events run, the picture can have come, its
-        // order can have been given up, and zoom and frame can have changed.
-        const auto previa = fPrevia(strRuta, *huella);
-        fuente = fGuardada(fPedido(strRuta, lngMaximoFoto));
-        if (!fuente && previa) {
-            // Fewer pixels in the right place now; fLlegar brings the others.
-            fuente = fGuardada(*previa);
-        }
+        // order can have been given up, and zoom and frame can have changed. Fewer pixels in the
+        // right place serve now; fLlegar brings the others.
+        fuente = fDescifrada();
         if (!fuente) {
             fEncargar(true);
             entorno.fCeder(static_cast<int>(lngPaciencia));
         }
     }
-    return fuente && fuente->imagen.isNull() ? m_imgNoImagen : fuente;
+    return fuente;
+}
+
+/// What there is at once of the file that is passed by.
+/// @return nothing when there is nothing in time.
+std::shared_ptr<const clsFuente> clsVisor::fOjear()
+{
+    const auto limite = std::chrono::steady_clock::now() + plazoDePaso;
+    fEncargar(false);
+    const std::string strClave =
+        fEnteraDePaso(m_huella.lngBytes) ? fClaveEntera() : fClaveVistazo(m_strRuta, m_huella);
+    auto fuente = fMejor();
+    while (!fuente &&
+           m_almacen.fEsperar(strClave, std::chrono::ceil<std::chrono::milliseconds>(
+                                            limite - std::chrono::steady_clock::now()))) {
+        fuente = fMejor();
+    }
+    return fuente;
 }
 
 /// Goes on with the file that is to be shown, when the disk has told of it too late for fCargar.
@@ -250,6 +308,11 @@ bool clsVisor::fMostrar(const std::string &strRuta, const clsEntorno &entorno)
 {
     m_miradas.fAnular();
     m_bolPendiente = false;
+    m_bolDePaso = entorno.bolPaso &&
+                  fDePaso(m_desdePaso.isValid()
+                              ? std::optional<std::chrono::milliseconds>(m_desdePaso.elapsed())
+                              : std::nullopt,
+                          m_bolNitida, m_reposo.intervalAsDuration());
     if (!m_imgNoImagen) {
         m_imgNoImagen = std::make_shared<const clsFuente>(fNoImagen());
     }
@@ -259,12 +322,27 @@ bool clsVisor::fMostrar(const std::string &strRuta, const clsEntorno &entorno)
         return false;
     }
     m_bolPendiente = fuente == nullptr;
+    m_bolNitida = false;
     if (m_bolPendiente) {
         m_imgFoto->hide();
     } else {
         fPoner(std::move(fuente));
     }
+    m_desdePaso.invalidate();
+    if (entorno.bolPaso) {
+        m_desdePaso.start();
+    }
+    if (m_bolDePaso) {
+        m_reposo.start();
+    }
     return true;
+}
+
+/// The key rests: what it led to is to be seen as it is.
+void clsVisor::fReposar()
+{
+    m_bolDePaso = false;
+    fEncargar(true);
 }
 
 void clsVisor::fPoner(std::shared_ptr<const clsFuente> fuente)
@@ -273,7 +351,8 @@ void clsVisor::fPoner(std::shared_ptr<const clsFuente> fuente)
     m_imgFoto->fPoner(m_imgPuente);
     fColocar();
     m_imgFoto->show();
-    if (m_imgPuente != m_imgNoImagen) {
+    m_bolNitida = m_imgPuente == m_imgNoImagen;
+    if (!m_bolNitida) {
         fEncargar(false); // the zoom may have changed while the picture was decoded
         fAfinar();
     }
@@ -344,10 +423,10 @@ void clsVisor::fRecolocar()
 /// Something that was ordered has come, or nothing came of it.
 void clsVisor::fLlegar(const std::string &strClave)
 {
-    if (m_strRuta.empty() || strClave != fClave(fPedido(m_strRuta, lngMaximoFoto), m_huella)) {
+    if (m_strRuta.empty()) {
         return;
     }
-    if (m_almacen.fGuardado(strClave) == nullptr) {
+    if (strClave == fClaveEntera() && m_almacen.fGuardado(strClave) == nullptr) {
         fEncargar(false); // it was ordered as a neighbour, with a smaller limit
     }
     fAfinar();
@@ -357,16 +436,39 @@ void clsVisor::fLlegar(const std::string &strClave)
 /// did not give in time, else those that were missing.
 void clsVisor::fAfinar()
 {
-    const auto fuente = m_strRuta.empty() ? nullptr : fGuardada(fPedido(m_strRuta, lngMaximoFoto));
+    if (m_strRuta.empty()) {
+        return;
+    }
+    const auto entera = fGuardada(fClaveEntera());
+    const auto fuente = entera ? entera : fMejor();
+    m_bolNitida = entera != nullptr;
     if (fuente == nullptr) {
         return;
     }
     if (m_bolPendiente) {
         fPonerTarde(fuente->imagen.isNull() ? m_imgNoImagen : fuente);
-    } else if (m_imgPuente != nullptr && m_imgPuente != m_imgNoImagen && fuente != m_imgPuente &&
-               !fuente->imagen.isNull()) {
-        m_imgPuente = fuente;
-        m_imgFoto->fPoner(fuente);
+    } else if (m_imgPuente == nullptr || m_imgPuente == m_imgNoImagen) {
+        return;
+    } else if (!fuente->imagen.isNull()) {
+        fCambiar(fuente, entera != nullptr);
+    } else if (m_imgPuente == fGuardada(fClaveVistazo(m_strRuta, m_huella))) {
+        fPonerTarde(m_imgNoImagen); // there is no more of it than a thumbnail
+    }
+}
+
+/// Shows other pixels of the same file in their place.
+/// @param bolEntera whether these are all that are to be seen; else they serve if they are more.
+void clsVisor::fCambiar(const std::shared_ptr<const clsFuente> &fuente, bool bolEntera)
+{
+    if (fuente == m_imgPuente ||
+        (!bolEntera && fuente->imagen.width() <= m_imgPuente->imagen.width())) {
+        return;
+    }
+    const bool bolOtroTam = fuente->natural != m_imgPuente->natural; // its head does not agree
+    m_imgPuente = fuente;
+    m_imgFoto->fPoner(fuente);
+    if (bolOtroTam) {
+        fColocar();
     }
 }
 

@@ -3,11 +3,15 @@
 #include "shared/giros.h"
 #include "shared/hilos.h"
 #include "viewer/almacen.h"
+#include "viewer/cache_fotos.h"
+#include "viewer/de_paso.h"
 #include "viewer/entorno.h"
 #include "viewer/fuente.h"
 #include "viewer/geometria.h"
 
+#include <QElapsedTimer>
 #include <QObject>
+#include <QTimer>
 
 #include <map>
 #include <memory>
@@ -27,7 +31,8 @@ class clsVisor : public QObject {
     Q_OBJECT
 public:
     /// @param giros how files are seen turned; must outlive it.
-    clsVisor(QWidget *cliente, const clsGiros &giros);
+    /// @param fotos thumbnails on the disk; null: there are none.
+    clsVisor(QWidget *cliente, const clsGiros &giros, std::shared_ptr<const clsCacheFotos> fotos);
 
     /// Places background and frame and hides the picture, which fills the frame until it is drawn.
     /// @param bolRecuadro whether the frame is shown: it is not beside the page of thumbnails.
@@ -45,7 +50,9 @@ public:
     void fVaciar();
     /// Shows a file as one picture: loads, places and shows it. Missing files, videos and what
     /// cannot be decoded show the no-image picture. What the disk does not give in time leaves the
-    /// frame empty and appears when it comes, as long as the drawing is up to date.
+    /// frame empty and appears when it comes, as long as the drawing is up to date. Steps that
+    /// quickly follow each other show what there is at once, and no picture is decoded for them
+    /// before the last one.
     /// @return false when it was superseded or the window closes: nothing of it is shown then.
     [[nodiscard]] bool fMostrar(const std::string &strRuta, const clsEntorno &entorno);
     /// Whether the disk has not given it in time.
@@ -54,6 +61,9 @@ public:
     void fAnticipar(const std::string &strRuta);
     /// Has the files that are likely to come next decoded ahead.
     void fAdelantar(const std::vector<std::string> &lstRutas);
+
+    /// How long a key rests before what it led to is decoded.
+    void fFijarReposo(std::chrono::milliseconds reposo) { m_reposo.setInterval(reposo); }
 
     /// Percentage of the natural size; 0 fits.
     void fFijarZoom(int intZoom);
@@ -77,6 +87,12 @@ private:
     [[nodiscard]] clsPedido fPedido(const std::string &strRuta, qint64 lngMaximo) const;
     [[nodiscard]] std::shared_ptr<const clsFuente> fCargar(const std::string &strRuta,
                                                            const clsEntorno &entorno);
+    [[nodiscard]] std::shared_ptr<const clsFuente> fEsperar(const clsEntorno &entorno);
+    [[nodiscard]] std::shared_ptr<const clsFuente> fOjear();
+    [[nodiscard]] std::shared_ptr<const clsFuente> fDescifrada();
+    [[nodiscard]] std::shared_ptr<const clsFuente> fMejor();
+    void fCambiar(const std::shared_ptr<const clsFuente> &fuente, bool bolEntera);
+    void fReposar();
     void fColocar();
     void fRecolocar();
     void fPoner(std::shared_ptr<const clsFuente> fuente);
@@ -86,11 +102,13 @@ private:
     [[nodiscard]] std::optional<clsPedido> fPrevia(const std::string &strRuta,
                                                    const clsHuella &huella) const;
     void fEncargar(bool bolPrevia);
-    [[nodiscard]] std::shared_ptr<const clsFuente> fGuardada(const clsPedido &pedido);
+    [[nodiscard]] std::shared_ptr<const clsFuente> fGuardada(const std::string &strClave);
+    [[nodiscard]] std::string fClaveEntera() const;
     void fLlegar(const std::string &strClave);
     void fAfinar();
 
     const clsGiros &m_giros;
+    const std::shared_ptr<const clsCacheFotos> m_fotos;
     QLabel *m_lblFondo;
     QFrame *m_frmRecuadro;
     imgFoto *m_imgFoto;
@@ -105,5 +123,9 @@ private:
     clsHilos m_miradas;    ///< at size and time of files: a disk that wakes up takes seconds for it
     QString m_strDescrito; ///< what the picture was last said to be of
     bool m_bolPendiente = false; ///< the picture is still to come
+    bool m_bolNitida = false;    ///< the last file was seen with all the pixels it needs
+    bool m_bolDePaso = false;    ///< the shown file is only passed by
+    QElapsedTimer m_desdePaso;   ///< since the last step was done; not valid: that was none
+    QTimer m_reposo;             ///< until the key has rested
     int m_intZoom = 100;
 };

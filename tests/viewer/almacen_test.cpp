@@ -136,6 +136,19 @@ TEST_F(Almacen, TakesASecondStepForWhatIsSlow)
     EXPECT_EQ(fGuardado("lenta"), "al fin");
 }
 
+TEST_F(Almacen, IsWaitedForWithoutItsNotices)
+{
+    EXPECT_FALSE(almacen.fEsperar("a", lngDeSobra)) << "not ordered";
+    fEncargar({"b", "lenta", "!"});
+    EXPECT_TRUE(almacen.fEsperar("lenta", lngDeSobra));
+    EXPECT_EQ(fTomado("b") + fTomado("lenta"), "baun no");
+    EXPECT_TRUE(almacen.fEsperar("lenta", lngDeSobra)) << "its second step";
+    EXPECT_EQ(fTomado("lenta"), "al fin");
+    EXPECT_FALSE(almacen.fEsperar("lenta", lngDeSobra)) << "nothing is to come";
+    EXPECT_FALSE(almacen.fEsperar("!", std::chrono::milliseconds(1))) << "it hangs";
+    atasco->fAbrir();
+}
+
 TEST_F(Almacen, HasWhatThereIsAtOnceAndTheRestByTurns)
 {
     fEncargar({"~!"});
