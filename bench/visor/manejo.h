@@ -3,6 +3,7 @@
 #include <QApplication>
 #include <QEventLoop>
 #include <QKeyEvent>
+#include <QObject>
 #include <QTimer>
 #include <QWidget>
 
@@ -20,3 +21,17 @@ inline void fDescansar(int intMs)
     QTimer::singleShot(intMs, Qt::PreciseTimer, &bucle, &QEventLoop::quit);
     bucle.exec();
 }
+
+/// Notes when a control is painted.
+class clsVigia : public QObject {
+public:
+    explicit clsVigia(QWidget *control) { control->installEventFilter(this); }
+    bool bolPintado = false;
+
+protected:
+    bool eventFilter(QObject *, QEvent *evento) override
+    {
+        bolPintado = bolPintado || evento->type() == QEvent::Paint;
+        return false;
+    }
+};

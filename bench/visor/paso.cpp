@@ -15,24 +15,6 @@
 #include <string>
 #include <vector>
 
-namespace {
-
-/// Notes when a control has been painted.
-class clsVigia : public QObject {
-public:
-    using QObject::QObject;
-    bool bolPintado = false;
-
-protected:
-    bool eventFilter(QObject *, QEvent *evento) override
-    {
-        bolPintado = bolPintado || evento->type() == QEvent::Paint;
-        return false;
-    }
-};
-
-} // namespace
-
 int main(int intArgumentos, char **lstArgumentos)
 {
     QApplication aplicacion(intArgumentos, lstArgumentos);
@@ -53,8 +35,7 @@ int main(int intArgumentos, char **lstArgumentos)
     fDescansar(intReposo);
     auto *const lista = ventana.findChild<QWidget *>(QStringLiteral("lstFotos"));
     auto *const foto = ventana.findChild<QWidget *>(QStringLiteral("imgFoto"));
-    clsVigia vigia;
-    foto->installEventFilter(&vigia);
+    clsVigia vigia(foto);
     fPulsar(lista, Qt::Key_J);
     std::vector<double> lstMs;
     for (int intVez = 0; intVez < intPulsaciones; ++intVez) {
