@@ -9,6 +9,7 @@
 #include "viewer/mini_exif.h"
 #include "viewer/recorte_mini.h"
 
+#include <QColorSpace>
 #include <QPainter>
 
 #include <algorithm>
