@@ -634,7 +634,7 @@ void frmMain::fTerminarMostrar()
     m_lista->fElegir(m_estado.lngActual);
     m_tiempo->fMostrar();
     fMirarPendiente();
-    m_informacion->fMostrar(m_estado);
+    m_informacion->fMostrar(m_estado, !m_estado.bolMiniaturas && m_visor->fPasando());
     fDescribir();
     if (m_bolGuardarSelec) {
         m_bolGuardarSelec = false;

@@ -3,6 +3,7 @@
 #include "dates/clsFile.h"
 #include "shared/qhilos.h"
 #include "shared/qtexto.h"
+#include "viewer/de_paso.h"
 
 #include <QHelpEvent>
 #include <QLineEdit>
@@ -152,10 +153,13 @@ void clsInformacion::fCrearEtiquetas()
     }
 }
 
-void clsInformacion::fMostrar(const clsEstado &estado)
+void clsInformacion::fMostrar(const clsEstado &estado, bool bolDePaso)
 {
+    constexpr std::chrono::milliseconds usual{200};
     // A disk that has not given the picture has not answered a moment ago: it is not waited for.
-    fJuzgar(estado.filas.fRutaDisco(estado.lngActual), estado.fSinFoto());
+    fJuzgar(estado.filas.fRutaDisco(estado.lngActual), estado.fSinFoto() ? usual.zero()
+                                                       : bolDePaso       ? plazoDePaso
+                                                                         : usual);
     fLugar(estado.lngActual, estado.filas.fCantidad());
     fNombrar(estado);
 }
@@ -221,9 +225,8 @@ void clsInformacion::fDisponer(int intAviso)
 
 /// Has a file's date judged. As a rule that takes no time worth mentioning; a disk that does not
 /// answer must not hold the window up.
-void clsInformacion::fJuzgar(const std::string &strRuta, bool bolCallado)
+void clsInformacion::fJuzgar(const std::string &strRuta, std::chrono::milliseconds paciencia)
 {
-    const std::chrono::milliseconds paciencia(bolCallado ? 0 : 200);
     m_jueces.fAnular();
     const auto orden = m_jueces.fPedir([strRuta] { return fFechaCorrecta(strRuta); },
                                        [this](bool bolCorrecta) { fAvisar(!bolCorrecta); });

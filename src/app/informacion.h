@@ -7,6 +7,8 @@
 #include <QObject>
 
 #include <array>
+#include <chrono>
+#include <string>
 #include <tuple>
 
 class clsCajaInfo;
@@ -21,7 +23,8 @@ public:
     clsInformacion(QWidget *cliente, clsSignos signos, int intArriba);
 
     /// Tells of the current file. The list must not be empty.
-    void fMostrar(const clsEstado &estado);
+    /// @param bolDePaso it is only passed by.
+    void fMostrar(const clsEstado &estado, bool bolDePaso);
     /// Tells of it anew: its picture has come, or what was said in its place is done.
     void fNombrar(const clsEstado &estado);
     /// Tells beside the warning what the panels do not show by themselves.
@@ -45,7 +48,7 @@ public:
 private:
     void fCrearAviso();
     void fCrearEtiquetas();
-    void fJuzgar(const std::string &strRuta, bool bolCallado);
+    void fJuzgar(const std::string &strRuta, std::chrono::milliseconds paciencia);
     void fAvisar(bool bolMal);
     void fDisponerEtiquetas();
 

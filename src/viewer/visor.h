@@ -57,6 +57,8 @@ public:
     [[nodiscard]] bool fMostrar(const std::string &strRuta, const clsEntorno &entorno);
     /// Whether the disk has not given it in time.
     [[nodiscard]] bool fPendiente() const { return m_bolPendiente; }
+    /// Whether that file is only passed by, and not decoded yet.
+    [[nodiscard]] bool fPasando() const { return m_bolDePaso; }
     /// Begins to decode the file that is going to be shown first, while the window is being built.
     void fAnticipar(const std::string &strRuta);
     /// Has the files that are likely to come next decoded ahead.

@@ -3,6 +3,7 @@
 #include "app/arranque.h"
 #include "dates/tiff_prueba.h"
 #include "shared/texto.h"
+#include "viewer/visor.h"
 
 #include <QBuffer>
 #include <QElapsedTimer>
@@ -180,6 +181,8 @@ clsSesion::clsSesion(std::shared_ptr<const clsArbol> deQuien, bool bolEscritura,
       ventana(std::make_unique<frmMain>(clsArchivo{arbol->fRaiz(), bolEscritura, fPreferencias()},
                                         ajustes, escritorio, mensajes))
 {
+    // Keys of tests come as fast as those that are held: each counts as a step of its own.
+    ventana->findChild<clsVisor *>()->fFijarReposo({});
 }
 
 clsSesion::clsSesion(const clsArbol &deQuien, bool bolEscritura, const std::string &strEscritorio)
