@@ -7,6 +7,7 @@
 #include "sistema/reemplazo.h"
 
 #include <algorithm>
+#include <array>
 #include <cerrno>
 #include <charconv>
 #include <tuple>
@@ -24,12 +25,15 @@ std::string fFin(const clsDiario &diario)
 
 void fAnadir(std::string &strTexto, const clsAnotacion &anotacion)
 {
-    strTexto += anotacion.strDe + "\r\n" + anotacion.strA + "\r\n";
+    strTexto.append(anotacion.strDe).append("\r\n").append(anotacion.strA).append("\r\n");
     strTexto += fEscribirFecha(anotacion.fecha);
     const auto fNumero = [&strTexto](auto lngNumero) {
-        strTexto += ' ' + std::to_string(lngNumero);
+        std::array<char, 24> lstCifras{' '};
+        char *const chrFin = lstCifras.data() + lstCifras.size();
+        strTexto.append(lstCifras.data(),
+                        std::to_chars(lstCifras.data() + 1, chrFin, lngNumero).ptr);
     };
-    const auto &[huella, identidad, lngNombres, bolRoto] = anotacion.antes;
+    const auto &[huella, identidad, lngNombres, bolRoto, bolArchivo] = anotacion.antes;
     fNumero(anotacion.despues.lngSegundos);
     fNumero(anotacion.despues.lngNanosegundos);
     fNumero(huella.lngSegundos);
@@ -70,7 +74,7 @@ bool fLeerDatos(std::string_view strTexto, clsAnotacion &anotacion)
     }
     anotacion.fecha = *fecha;
     strTexto.remove_prefix(strFormaCatalogo.size());
-    auto &[huella, identidad, lngNombres, bolRoto] = anotacion.antes;
+    auto &[huella, identidad, lngNombres, bolRoto, bolArchivo] = anotacion.antes;
     const bool bolBien = fTomarHora(strTexto, anotacion.despues) && fTomarHora(strTexto, huella) &&
                          fTomar(strTexto, huella.lngBytes) && fTomar(strTexto, lngNombres) &&
                          fTomar(strTexto, identidad.lngDisco) &&
@@ -132,6 +136,7 @@ clsResultado<clsVisto> fVer(const std::string &strRuta, const clsResultado<clsDa
     clsVisto visto{nombre->huella, nombre->identidad, nombre->lngNombres};
     const auto archivo = nombre->tipo == TipoArchivo::Enlace ? fConsultar(strRuta) : nombre;
     visto.bolRoto = !archivo;
+    visto.bolArchivo = nombre->tipo == TipoArchivo::Archivo;
     if (archivo) {
         visto.huella.lngSegundos = archivo->huella.lngSegundos;
         visto.huella.lngNanosegundos = archivo->huella.lngNanosegundos;
@@ -150,7 +155,9 @@ bool fParecida(const clsHuella &una, const clsHuella &otra)
 
 clsError fEscribirDiario(const std::string &strRaiz, const clsDiario &diario)
 {
+    constexpr std::size_t lngUsual = 200; // bytes for a file, its two paths among them
     std::string strTexto;
+    strTexto.reserve(diario.lstAnotaciones.size() * lngUsual);
     for (const clsAnotacion &anotacion : diario.lstAnotaciones) {
         fAnadir(strTexto, anotacion);
     }

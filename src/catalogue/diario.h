@@ -15,6 +15,7 @@ struct clsVisto {
     clsIdentidad identidad;       ///< which file it is, or which link
     std::uint64_t lngNombres = 0; ///< names it has
     bool bolRoto = false;         ///< a link that leads nowhere, so that the time is its own
+    bool bolArchivo = false;      ///< a regular file, by a look in this run
     friend bool operator==(const clsVisto &, const clsVisto &) = default;
 };
 

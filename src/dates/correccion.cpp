@@ -11,10 +11,10 @@
 
 namespace {
 
-clsMeta fMeta(const clsCorregido &fichero)
+clsMeta fMeta(const clsCorregido &fichero, clsMomentosLocales &momentos)
 {
     const std::string &strRuta = fichero.strFilePath;
-    const auto lngMomento = fMomento(fichero.fecha);
+    const auto lngMomento = momentos.fMomento(fichero.fecha);
     return {fichero.bolNombre ? fRutaCorregida(strRuta, fichero.fecha) : strRuta,
             lngMomento ? std::optional(clsHuella{0, *lngMomento, 0}) : std::nullopt};
 }
@@ -23,8 +23,9 @@ std::vector<clsMeta> fMetas(const std::vector<clsCorregido> &lstFicheros)
 {
     std::vector<clsMeta> lstMetas;
     lstMetas.reserve(lstFicheros.size());
+    clsMomentosLocales momentos;
     for (const clsCorregido &fichero : lstFicheros) {
-        lstMetas.push_back(fMeta(fichero));
+        lstMetas.push_back(fMeta(fichero, momentos));
     }
     return lstMetas;
 }

@@ -107,7 +107,8 @@ private:
     void fEncargar(clsVuelto &vuelto, const clsAnotacion &anotacion);
     [[nodiscard]] bool fSoloCorregido() const;
     [[nodiscard]] bool fMismoRegistro(const clsRegistro &antes, const clsRegistro &ahora) const;
-    [[nodiscard]] clsCorregido fQuedo(std::size_t lng) const;
+    [[nodiscard]] bool fComoAntes(const clsVuelto &vuelto) const;
+    [[nodiscard]] clsCorregido fQuedo(std::size_t lng);
     [[nodiscard]] clsDestinos fDestinosDeCopia() const;
     [[nodiscard]] clsDestinos fDestinosDeHoy() const;
     [[nodiscard]] clsDestino fDestinoDe(std::size_t lng) const;
@@ -126,6 +127,9 @@ void clsRetorno::fDecidir(const clsDescriptor &carpeta)
 {
     clsRecinto recinto(m_strRaiz, carpeta);
     m_lstVueltos.resize(m_diario.lstAnotaciones.size());
+    m_mapDe.reserve(m_lstVueltos.size());
+    m_lstFicheros.reserve(m_lstVueltos.size());
+    m_lstMetas.reserve(m_lstVueltos.size());
     for (std::size_t lng = 0; lng < m_lstVueltos.size(); ++lng) {
         const clsAnotacion &anotacion = m_diario.lstAnotaciones[lng];
         clsVuelto &vuelto = m_lstVueltos[lng];
@@ -197,17 +201,23 @@ bool clsRetorno::fSoloCorregido() const
     return antes == nullptr && ahora == nullptr && copia.fBien() && actual.fBien();
 }
 
-/// What became of a file.
-clsCorregido clsRetorno::fQuedo(std::size_t lng) const
+/// Whether a file is as it was before the correction.
+bool clsRetorno::fComoAntes(const clsVuelto &vuelto) const
+{
+    return vuelto.fPorHacer() ? m_lstFicheros[vuelto.lngFichero].fBien()
+                              : vuelto.vuelta.caso == Caso::Hecha;
+}
+
+/// What became of a file; to be asked once, in the end.
+clsCorregido clsRetorno::fQuedo(std::size_t lng)
 {
     const clsVuelto &vuelto = m_lstVueltos[lng];
     if (vuelto.fPorHacer()) {
-        return m_lstFicheros[vuelto.lngFichero];
+        return std::move(m_lstFicheros[vuelto.lngFichero]);
     }
     clsCorregido fichero;
-    const bool bolHecha = vuelto.vuelta.caso == Caso::Hecha;
     fichero.strFilePath = vuelto.strA;
-    fichero.strFilePathNew = bolHecha ? vuelto.strDe : vuelto.strA;
+    fichero.strFilePathNew = fComoAntes(vuelto) ? vuelto.strDe : vuelto.strA;
     fichero.fecha = fFechaLocal(m_diario.lstAnotaciones[lng].antes.huella.lngSegundos);
     fichero.errorNombre = vuelto.vuelta.error;
     fichero.bolTratado = true;
@@ -235,7 +245,7 @@ clsDestinos clsRetorno::fDestinosDeCopia() const
 {
     clsDestinos destinos;
     for (std::size_t lng = 0; lng < m_lstVueltos.size(); ++lng) {
-        if (!fQuedo(lng).fBien()) {
+        if (!fComoAntes(m_lstVueltos[lng])) {
             destinos.emplace(m_lstVueltos[lng].strDe, fDestinoDe(lng));
         }
     }
@@ -276,6 +286,7 @@ clsFinDeshacer clsRetorno::fHacer(const clsDescriptor &carpeta, const clsSeguir 
     if (fin.fin.correccion == Correccion::SinCatalogo && catalogo.fErrorViejo() == ENOENT) {
         fin.fin = {}; // there is none; the next one is built anew
     }
+    fin.lstFicheros.reserve(m_lstVueltos.size());
     for (std::size_t lng = 0; lng < m_lstVueltos.size(); ++lng) {
         fin.lstFicheros.push_back(fQuedo(lng));
         fin.bolPendiente |= fPendiente(fin.lstFicheros.back());

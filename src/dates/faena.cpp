@@ -32,7 +32,8 @@ void fTratar(clsCorregido &fichero, const clsMeta &meta, clsRecinto &recinto,
     // Deliberate: a file whose time cannot be set gets its new name all the same.
     if (meta.bolFechar) {
         fichero.errorFecha =
-            meta.hora ? recinto.fFechar(strRuta, meta.hora->lngSegundos, meta.hora->lngNanosegundos)
+            meta.hora ? recinto.fFechar(strRuta, meta.hora->lngSegundos, meta.hora->lngNanosegundos,
+                                        meta.visto && meta.visto->bolArchivo)
                       : EOVERFLOW;
     }
     fichero.strFilePathNew = meta.strRuta;
@@ -57,14 +58,13 @@ void fSuponer(clsFaena &faena, bool bolTratados)
 }
 
 /// What is in mind with a file; of one that is not there, nothing.
-clsAnotacion fPlan(const std::string &strRaiz, const clsCorregido &fichero, const clsMeta &meta,
-                   const clsResultado<clsVisto> &antes)
+clsAnotacion fPlan(const std::string &strRaiz, const clsCorregido &fichero, const clsMeta &meta)
 {
     clsAnotacion anotacion{fichero.strFilePath.substr(strRaiz.size()), {}, fichero.fecha, {}, {}};
-    anotacion.strA = antes ? meta.strRuta.substr(strRaiz.size()) : anotacion.strDe;
-    anotacion.antes = antes.value_or(clsVisto());
-    anotacion.despues =
-        antes && meta.bolFechar ? meta.hora.value_or(antes->huella) : anotacion.antes.huella;
+    anotacion.strA = meta.visto ? meta.strRuta.substr(strRaiz.size()) : anotacion.strDe;
+    anotacion.antes = meta.visto.value_or(clsVisto());
+    anotacion.despues = meta.visto && meta.bolFechar ? meta.hora.value_or(meta.visto->huella)
+                                                     : anotacion.antes.huella;
     anotacion.despues.lngBytes = anotacion.antes.huella.lngBytes;
     return anotacion;
 }
@@ -73,16 +73,19 @@ clsAnotacion fPlan(const std::string &strRaiz, const clsCorregido &fichero, cons
 clsError fEscribirPlan(clsFaena &faena)
 {
     clsRecinto recinto(faena.strRaiz, faena.carpeta);
+    faena.lstAnotados.reserve(faena.lstFicheros.size());
+    faena.diario.lstAnotaciones.reserve(faena.lstFicheros.size());
     for (std::size_t lng = 0; lng < faena.lstFicheros.size(); ++lng) {
         const std::string &strRuta = faena.lstFicheros[lng].strFilePath;
-        const clsMeta &meta = faena.lstMetas[lng];
+        clsMeta &meta = faena.lstMetas[lng];
         if (fBajoRaiz(strRuta, faena.strRaiz) &&
             strRuta.find_first_of("\r\n") == std::string::npos) {
+            if (!meta.visto) {
+                meta.visto = fVer(strRuta, recinto.fConsultar(strRuta));
+            }
             faena.lstAnotados.push_back(lng);
             faena.diario.lstAnotaciones.push_back(
-                fPlan(faena.strRaiz, faena.lstFicheros[lng], meta,
-                      meta.visto ? clsResultado<clsVisto>(*meta.visto)
-                                 : fVer(strRuta, recinto.fConsultar(strRuta))));
+                fPlan(faena.strRaiz, faena.lstFicheros[lng], meta));
         }
     }
     return fEscribirDiario(faena.strRaiz, faena.diario);

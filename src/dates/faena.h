@@ -15,7 +15,7 @@ struct clsMeta {
     std::optional<clsHuella> hora;   ///< the time it gets; none: the system has no such moment
     bool bolFechar = true;           ///< false: its time is right
     bool bolSoltar = false;          ///< it has that path already, and loses the other one
-    std::optional<clsVisto> visto{}; ///< what was seen of it; none: it is looked at
+    std::optional<clsVisto> visto{}; ///< what was seen of it; none yet: it is looked at
 };
 
 /// Files that get other times and names, and the catalogue that follows them: what correcting and

@@ -138,6 +138,20 @@ std::optional<std::time_t> fMomento(clsFecha fecha)
     return tm.tm_wday == -1 ? std::optional<std::time_t>{} : lngMomento;
 }
 
+std::optional<std::time_t> clsMomentosLocales::fMomento(clsFecha fecha)
+{
+    const std::chrono::sys_days dia = fDia(fecha);
+    if (m_dia != dia) {
+        m_dia = dia;
+        m_inicio = ::fMomento(fMedianoche(dia));
+        const auto fin = ::fMomento(fMedianoche(dia + std::chrono::days{1}));
+        const bool bolParejo = m_inicio && fin && *fin - *m_inicio == 86400;
+        m_inicio = bolParejo ? m_inicio : std::nullopt;
+    }
+    return m_inicio ? *m_inicio + (fecha.lngSegundos - fMedianoche(dia).lngSegundos)
+                    : ::fMomento(fecha);
+}
+
 void fEscribirFecha(clsFecha fecha, std::string_view strForma, char *chrDestino)
 {
     clsPartesFecha partes = fPartes(fecha);

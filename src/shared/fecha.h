@@ -59,6 +59,18 @@ inline constexpr std::chrono::sys_days datDiaCero =
            std::chrono::floor<std::chrono::days>(std::chrono::seconds{fecha.lngSegundos});
 }
 
+/// Moments of many local dates, the same that fMomento gives. That looks each time whether the
+/// system has another zone by now; here one day is remembered. On a day that is as long as it
+/// should be, clocks were not changed.
+class clsMomentosLocales {
+public:
+    [[nodiscard]] std::optional<std::time_t> fMomento(clsFecha fecha);
+
+private:
+    std::optional<std::chrono::sys_days> m_dia;
+    std::optional<std::time_t> m_inicio; ///< of that day; none where clocks were changed
+};
+
 /// The forms of date texts. Each letter of y M d H m s stands for one digit of year, month, day,
 /// hour, minute and second; every other character for itself.
 inline constexpr std::string_view strFormaCatalogo = "yyyy/MM/dd HH:mm:ss"; ///< and of the list

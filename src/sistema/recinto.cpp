@@ -16,9 +16,13 @@ std::string_view fSinNombre(std::string_view strRuta)
     return strRuta.substr(0, strRuta.rfind('/') + 1);
 }
 
-std::string fNombre(std::string_view strRuta)
+using clsTiempos = std::array<timespec, 2>; ///< of the last access and of the last change
+
+clsTiempos fTiemposDe(std::int64_t lngMomento, long lngNanosegundos)
 {
-    return std::string(strRuta.substr(fSinNombre(strRuta).size()));
+    return {
+        {{0, UTIME_OMIT}, {lngMomento, lngNanosegundos}}
+    };
 }
 
 constexpr int intModoCarpeta = O_PATH | O_DIRECTORY | O_CLOEXEC;
@@ -95,26 +99,37 @@ clsError fNoEsArchivo(const clsResultado<clsDatosArchivo> &datos)
                                                  : clsError(EINVAL);
 }
 
-/// Sets the time of what is open, and looks what it has then.
-clsError fPonerFecha(const clsDescriptor &abierto, std::int64_t lngMomento, long lngNanosegundos,
-                     clsResultado<clsDatosArchivo> &visto)
+/// Sets the time of a name in an open folder; of a link there, its own.
+clsError fPonerFechaEn(const clsDescriptor &carpeta, const std::string &strNombre,
+                       const clsTiempos &lstTiempos)
 {
-    constexpr std::int64_t lngHolgura = 2; // FAT has even seconds only
-    const std::array<timespec, 2> lstMomentos = {
-        {{0, UTIME_OMIT}, {lngMomento, lngNanosegundos}}
-    };
+    return fInsistir<&clsLlamadas::fFechar>(carpeta.fFd(), strNombre.c_str(), lstTiempos.data(),
+                                            AT_SYMLINK_NOFOLLOW) == 0
+               ? 0
+               : errno;
+}
+
+/// Sets the time of what is open.
+clsError fPonerFecha(const clsDescriptor &abierto, const clsTiempos &lstTiempos)
+{
     int intFin =
-        fInsistir<&clsLlamadas::fFechar>(abierto.fFd(), "", lstMomentos.data(), AT_EMPTY_PATH);
+        fInsistir<&clsLlamadas::fFechar>(abierto.fFd(), "", lstTiempos.data(), AT_EMPTY_PATH);
     if (intFin != 0 && errno == EINVAL) { // before Linux 5.8
         intFin = fInsistir<&clsLlamadas::fFechar>(AT_FDCWD, fRutaAbierto(abierto).c_str(),
-                                                  lstMomentos.data(), 0);
+                                                  lstTiempos.data(), 0);
     }
-    const clsError error = intFin == 0 ? 0 : errno;
-    visto = fConsultar(abierto);
-    const std::int64_t lngPuesto = !error && visto ? visto->huella.lngSegundos : lngMomento;
+    return intFin == 0 ? 0 : errno;
+}
+
+/// ERANGE when what got a time without an error has another one.
+clsError fEsLaPuesta(const clsResultado<clsDatosArchivo> &visto, const clsTiempos &lstTiempos)
+{
+    constexpr std::int64_t lngHolgura = 2; // FAT has even seconds only
+    const std::int64_t lngMomento = lstTiempos[1].tv_sec;
+    const std::int64_t lngPuesto = visto ? visto->huella.lngSegundos : lngMomento;
     const bool bolCerca =
         lngPuesto >= lngMomento - lngHolgura && lngPuesto <= lngMomento + lngHolgura;
-    return bolCerca ? error : ERANGE;
+    return bolCerca ? 0 : ERANGE;
 }
 
 } // namespace
@@ -129,10 +144,11 @@ const clsDescriptor &clsRecinto::fCarpeta() const
     return m_carpeta.fAbierto() ? m_carpeta : m_raiz;
 }
 
-/// Opens the folder of a path, unless it is the one that is entered.
+/// Opens the folder of a path, unless it is the one that is entered, and notes the name in it.
 clsError clsRecinto::fEntrar(const std::string &strRuta)
 {
     const std::string_view strCarpeta = fSinNombre(strRuta);
+    m_strNombre.assign(strRuta, strCarpeta.size());
     if (m_strCarpeta == strCarpeta) {
         return {};
     }
@@ -160,47 +176,48 @@ clsResultado<clsDatosArchivo> clsRecinto::fConsultar(const std::string &strRuta)
     if (const clsError error = fEntrar(strRuta)) {
         return error;
     }
-    return fConsultarEn(fCarpeta(), fNombre(strRuta), false);
+    return fConsultarEn(fCarpeta(), m_strNombre, false);
 }
 
-/// The same for a link: wherever it leads to is opened, then looked at.
-clsError clsRecinto::fFecharDestino(const std::string &strRuta, std::int64_t lngMomento,
-                                    long lngNanosegundos) const
+/// The same for a link: wherever it leads to is opened, then looked at. So what is looked at is
+/// what is changed, whatever becomes of its names meanwhile.
+clsError clsRecinto::fFecharDestino(std::int64_t lngMomento, long lngNanosegundos) const
 {
-    const auto archivo = fSenalar(fCarpeta().fFd(), fNombre(strRuta), O_PATH | O_CLOEXEC);
+    const auto archivo = fSenalar(fCarpeta().fFd(), m_strNombre, O_PATH | O_CLOEXEC);
     if (!archivo) {
         return archivo.fError();
     }
-    auto visto = ::fConsultar(*archivo);
-    clsError error = fNoEsArchivo(visto);
+    clsError error = fNoEsArchivo(::fConsultar(*archivo));
     error = error ? error : fEstaEn(*archivo, m_raiz);
-    return error ? error : fPonerFecha(*archivo, lngMomento, lngNanosegundos, visto);
+    const clsTiempos lstTiempos = fTiemposDe(lngMomento, lngNanosegundos);
+    error = error ? error : fPonerFecha(*archivo, lstTiempos);
+    return error ? error : fEsLaPuesta(::fConsultar(*archivo), lstTiempos);
 }
 
 clsError clsRecinto::fFechar(const std::string &strRuta, std::int64_t lngMomento,
-                             long lngNanosegundos)
+                             long lngNanosegundos, bool bolArchivo)
 {
     m_fechado.reset();
     if (const clsError error = fEntrar(strRuta)) {
         return error;
     }
-    // What is looked at is what is changed, whatever becomes of its names meanwhile.
-    const auto archivo =
-        fSenalar(fCarpeta().fFd(), fNombre(strRuta), O_PATH | O_NOFOLLOW | O_CLOEXEC);
-    if (!archivo) {
-        return archivo.fError();
+    if (!bolArchivo) {
+        const auto visto = fConsultarEn(fCarpeta(), m_strNombre, false);
+        if (visto && visto->tipo == TipoArchivo::Enlace) {
+            return fFecharDestino(lngMomento, lngNanosegundos);
+        }
+        if (const clsError error = fNoEsArchivo(visto)) {
+            return error;
+        }
     }
-    auto visto = ::fConsultar(*archivo);
-    if (visto && visto->tipo == TipoArchivo::Enlace) {
-        return fFecharDestino(strRuta, lngMomento, lngNanosegundos);
-    }
-    clsError error = fNoEsArchivo(visto);
-    if (!error) {
-        error = fPonerFecha(*archivo, lngMomento, lngNanosegundos, visto);
-        m_fechado = visto ? std::optional(*visto) : std::nullopt;
-        m_strFechado = strRuta;
-    }
-    return error;
+    // By its name, in half the calls of opening it; no link is followed, whoever puts one there.
+    const clsTiempos lstTiempos = fTiemposDe(lngMomento, lngNanosegundos);
+    clsError error = fPonerFechaEn(fCarpeta(), m_strNombre, lstTiempos);
+    const auto puesto = fConsultarEn(fCarpeta(), m_strNombre, false);
+    m_fechado = puesto;
+    m_strFechado = strRuta;
+    error = error || !puesto ? error : fNoEsArchivo(puesto);
+    return error ? error : fEsLaPuesta(puesto, lstTiempos);
 }
 
 clsError clsRecinto::fRenombrar(const std::string &strRuta, std::string_view strNombre)
@@ -208,12 +225,12 @@ clsError clsRecinto::fRenombrar(const std::string &strRuta, std::string_view str
     const auto visto = std::exchange(m_fechado, {});
     const clsError error = fEntrar(strRuta);
     return error ? error
-                 : fRenombrarEn(fCarpeta(), fNombre(strRuta), std::string(strNombre),
+                 : fRenombrarEn(fCarpeta(), m_strNombre, std::string(strNombre),
                                 m_strFechado == strRuta ? visto : std::nullopt);
 }
 
 clsError clsRecinto::fSoltarNombre(const std::string &strRuta, std::string_view strOtro)
 {
     const clsError error = fEntrar(strRuta);
-    return error ? error : fSoltarNombreEn(fCarpeta(), fNombre(strRuta), std::string(strOtro));
+    return error ? error : fSoltarNombreEn(fCarpeta(), m_strNombre, std::string(strOtro));
 }

@@ -27,9 +27,12 @@ public:
     /// that the list shows.
     /// @param lngMomento      whole seconds since 1970, universal time.
     /// @param lngNanosegundos the rest of the time.
+    /// @param bolArchivo      it was seen to be a regular file a while ago, and is not looked at
+    ///                        before. What has taken its place meanwhile has its own time changed
+    ///                        instead: in this folder, of a link the link's; that is an error.
     /// @return ERANGE when the file system took a time more than 2 seconds off: it has fewer years.
     [[nodiscard]] clsError fFechar(const std::string &strRuta, std::int64_t lngMomento,
-                                   long lngNanosegundos = 0);
+                                   long lngNanosegundos = 0, bool bolArchivo = false);
 
     /// Gives a file or a link another name in its folder, as the function of that name in
     /// cambios.h. Right behind fFechar it takes the file for what that has seen.
@@ -39,14 +42,14 @@ public:
 
 private:
     [[nodiscard]] clsError fEntrar(const std::string &strRuta);
-    [[nodiscard]] clsError fFecharDestino(const std::string &strRuta, std::int64_t lngMomento,
-                                          long lngNanosegundos) const;
+    [[nodiscard]] clsError fFecharDestino(std::int64_t lngMomento, long lngNanosegundos) const;
     [[nodiscard]] const clsDescriptor &fCarpeta() const;
 
     const std::string m_strRaiz;
     const clsDescriptor &m_raiz;
     std::optional<std::string> m_strCarpeta;  ///< path of the folder that is entered
     clsDescriptor m_carpeta;                  ///< it, open; of the root folder not
+    std::string m_strNombre;                  ///< in there, of the path that was asked for last
     std::optional<clsDatosArchivo> m_fechado; ///< what fFechar has seen last
     std::string m_strFechado;                 ///< and its path
 };

@@ -116,4 +116,22 @@ TEST(Fecha, FollowsDaylightSavingAndComesBack)
     EXPECT_TRUE(nada == 1238286600 || nada == 1238290200);
 }
 
+TEST(Fecha, ManyMomentsAreThoseOfEachDate)
+{
+    for (const char *const strZona : {"Europe/Madrid", "America/Sao_Paulo", "Australia/Lord_Howe",
+                                      "Pacific/Apia", "America/St_Johns", "UTC"}) {
+        SCOPED_TRACE(strZona);
+        const clsZona zona(strZona);
+        clsMomentosLocales momentos;
+        const clsFecha primera = fFechaDe({2009, 1, 1}).value_or(clsFecha{});
+        for (clsFecha fecha = primera; fecha.lngSegundos < primera.lngSegundos + 700 * 86400;
+             fecha.lngSegundos += 1800) {
+            const auto lngMomento = momentos.fMomento(fecha);
+            const bool bolUno = lngMomento && fFechaLocal(*lngMomento) == fecha; // of two, perhaps
+            ASSERT_TRUE(bolUno || lngMomento == fMomento(fecha)) << fEscribirFecha(fecha);
+        }
+        EXPECT_EQ(momentos.fMomento(clsFecha{-1}), fMomento(clsFecha{-1}));
+    }
+}
+
 } // namespace

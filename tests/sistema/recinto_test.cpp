@@ -64,6 +64,11 @@ TEST(Recinto, ReportsWhatIsNoFileOrHasNoSuchTime)
     arbol.fCarpeta("c.jpg");
     arbol.fTuberia("t.jpg");
     arbol.fEnlace("rota.jpg", "nada");
+    const auto fHora = [&](const char *strNombre) {
+        struct stat datos {};
+        EXPECT_EQ(lstat(arbol.fRuta(strNombre).c_str(), &datos), 0);
+        return datos.st_mtime;
+    };
     struct clsCaso {
         const char *strNombre;
         int intError;
@@ -76,7 +81,21 @@ TEST(Recinto, ReportsWhatIsNoFileOrHasNoSuchTime)
         SCOPED_TRACE(caso.strNombre);
         EXPECT_EQ(fFechar(arbol.fRuta(caso.strNombre), 1, raiz, arbol.fRaiz()), caso.intError);
     }
-    EXPECT_EQ(arbol.fNombres(), (std::vector<std::string>{"a.jpg", "c.jpg", "rota.jpg", "t.jpg"}));
+    for (const char *const strNombre : {"rota.jpg", "c.jpg", "t.jpg"}) {
+        EXPECT_NE(fHora(strNombre), 1) << strNombre;
+    }
+    // What takes the place of a file behind its look has its own time changed, at worst.
+    arbol.fEnlace("e.jpg", "a.jpg");
+    clsRecinto recinto(arbol.fRaiz(), raiz);
+    for (const clsCaso &caso :
+         {clsCaso{"a.jpg", 0}, {"e.jpg", EINVAL}, {"c.jpg", EISDIR}, {"falta.jpg", ENOENT}}) {
+        SCOPED_TRACE(caso.strNombre);
+        EXPECT_EQ(recinto.fFechar(arbol.fRuta(caso.strNombre), 9, 0, true), caso.intError);
+    }
+    EXPECT_EQ(fHora("e.jpg"), 9);
+    EXPECT_EQ(recinto.fFechar(arbol.fRuta("a.jpg"), 1000), 0);
+    EXPECT_EQ(arbol.fNombres(),
+              (std::vector<std::string>{"a.jpg", "c.jpg", "e.jpg", "rota.jpg", "t.jpg"}));
     // The oldest and the last date have a moment, whatever the file system makes of it.
     for (const std::int64_t lngMomento : {-59'000'000'000, 253'402'300'799}) { // years 100, 9999
         const clsError error = fFechar(arbol.fRuta("a.jpg"), lngMomento, raiz, arbol.fRaiz());
@@ -215,16 +234,19 @@ TEST(Recinto, GainsNothingForWhoSwapsANameMeanwhile)
     const clsLlamadas disco = fDiscoConTrueque();
     struct clsCaso {
         const char *strFrase;
-        const char *strNombre; ///< what is swapped
-        const char *strOtro;   ///< with that
-        int intLlamadas;       ///< at least
+        const char *strNombre;   ///< what is swapped
+        const char *strOtro;     ///< with that
+        int intLlamadas;         ///< at least
+        bool bolArchivo = false; ///< it was seen to be a file
     };
     for (const clsCaso &caso :
          {clsCaso{"a file for a link that leads out", "c/a.jpg", "fuera.jpg", 6},
+          {"a file that was seen for such a link", "c/a.jpg", "fuera.jpg", 5, true},
           {"a link that leads out for a file", "c/fuera.jpg", "a.jpg", 3},
           {"a link for one that leads out", "c/e.jpg", "fuera.jpg", 9},
           {"one that leads out for a link", "c/fuera.jpg", "e.jpg", 9},
           {"the folder for a link that leads out", "c", "carpeta", 6},
+          {"the folder of a file that was seen", "c", "carpeta", 5, true},
           {"a link that leads out for a folder", "carpeta", "c", 4}}) {
         int intLlamada = 0;
         do {
@@ -249,7 +271,7 @@ TEST(Recinto, GainsNothingForWhoSwapsANameMeanwhile)
             {
                 const clsOtrasLlamadas otras(disco);
                 clsRecinto recinto(arbol.fRaiz(), raiz);
-                static_cast<void>(recinto.fFechar(strRuta, 1000));
+                static_cast<void>(recinto.fFechar(strRuta, 1000, 0, caso.bolArchivo));
                 static_cast<void>(recinto.fRenombrar(strRuta, "n.jpg"));
             }
             EXPECT_EQ(otra.fNombres(),
@@ -267,6 +289,7 @@ TEST(Recinto, SetsTimesWhereTheKernelTakesPathsOnly)
     const clsArbol arbol;
     const clsDescriptor raiz = fRaiz(arbol);
     arbol.fCrear("c/a.jpg");
+    arbol.fEnlace("e.jpg", "c/a.jpg"); // what it leads to is opened
     clsLlamadas disco = llamadasReales;
     disco.fFechar = [](int intCarpeta, const char *strRuta, const timespec *lstMomentos,
                        int intModo) {
@@ -275,7 +298,7 @@ TEST(Recinto, SetsTimesWhereTheKernelTakesPathsOnly)
                    : llamadasReales.fFechar(intCarpeta, strRuta, lstMomentos, intModo);
     };
     const clsOtrasLlamadas otras(disco);
-    EXPECT_EQ(fFechar(arbol.fRuta("c/a.jpg"), 1000, raiz, arbol.fRaiz()), 0);
+    EXPECT_EQ(fFechar(arbol.fRuta("e.jpg"), 1000, raiz, arbol.fRaiz()), 0);
     EXPECT_EQ(fDatos(arbol.fRuta("c/a.jpg"))->st_mtime, 1000);
 }
 
