@@ -139,4 +139,41 @@ TEST(Diario, ThoseThatAreKeptComeByTheTimeTheyWereWritten)
                                         ".Miravel.diario.20201025024000"}));
 }
 
+TEST(Diario, TellsByNamesAndNumbersWhetherAFileWasRenamed)
+{
+    struct clsCaso {
+        const char *strFrase;
+        const char
+            *strVieja; ///< what its old name means: "s" the file, "o" another one, "" nothing
+        const char *strNueva; ///< and its new one; "m" one of another size
+        bool bolRenombrado;
+    };
+    for (const clsCaso &caso : {clsCaso{"the old name only", "s", "", false},
+                                {"the new name only", "", "s", true},
+                                {"neither", "", "", false},
+                                {"another size", "", "m", false},
+                                {"both are names of the file", "s", "s", false},
+                                {"both, the new one of another", "s", "o", false},
+                                {"both, the old one of another", "o", "s", true},
+                                {"both, none of them the file", "o", "o", false}}) {
+        SCOPED_TRACE(caso.strFrase);
+        const clsArbol arbol;
+        arbol.fCrear("fichero", "foto");
+        arbol.fCrear("otro", "otra");
+        arbol.fCrear("mayor", "otra mayor");
+        const clsAnotacion anotacion{
+            "a.jpg", "20090715_a.jpg", fechaDiario, *fVer(arbol.fRuta("fichero")), {}};
+        for (const auto &[strCual, strNombre] :
+             {std::pair(caso.strVieja, "a.jpg"), {caso.strNueva, "20090715_a.jpg"}}) {
+            const std::string strQue = *strCual == 's'   ? "fichero"
+                                       : *strCual == 'o' ? "otro"
+                                                         : "mayor";
+            if (*strCual != '\0') {
+                ASSERT_EQ(link(arbol.fRuta(strQue).c_str(), arbol.fRuta(strNombre).c_str()), 0);
+            }
+        }
+        EXPECT_EQ(fRenombrado(arbol.fRaiz(), anotacion), caso.bolRenombrado);
+    }
+}
+
 } // namespace

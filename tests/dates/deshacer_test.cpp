@@ -318,6 +318,72 @@ TEST(Deshacer, TakesNothingFromDamagedOrForeignJournals)
     EXPECT_TRUE(album.fComoAntes());
 }
 
+TEST(Deshacer, TakesTheBackupOnlyWhereNothingElseHasChanged)
+{
+    struct clsCaso {
+        const char *strFrase;
+        std::string_view strDe; ///< in the catalogue after the correction
+        std::string_view strA;  ///< takes its place, and stays
+    };
+    for (const clsCaso &caso : {clsCaso{"another size", " 7 \na", " 9 \na"},
+                                {"another end of a line", " 7 \na", " 7 \r\na"},
+                                {"another record", "un registro\r\n", "otro registro\r\n"},
+                                {"one more", "a medias\r\n", "uno\r\nmas\r\n 1 \r\n"}}) {
+        SCOPED_TRACE(caso.strFrase);
+        const clsAlbum album({"a.jpg", "b.jpg"});
+        album.fCorregirTodo();
+        std::string strCatalogo = album.fCatalogo();
+        const std::size_t lngDonde = strCatalogo.find(caso.strDe);
+        ASSERT_NE(lngDonde, std::string::npos);
+        strCatalogo.replace(lngDonde, caso.strDe.size(), caso.strA);
+        album.arbol.fCrear(strCatalogoVuelta, strCatalogo);
+        EXPECT_EQ(fInforme(album.fVolver().lstFicheros, "deshecho"), "2 deshechos.");
+        EXPECT_NE(album.fCatalogo().find(caso.strA), std::string::npos);
+        EXPECT_EQ(album.fCatalogo().find("una fecha"), std::string::npos);
+        EXPECT_EQ(album.fCatalogo().find("20090715_"), std::string::npos);
+    }
+}
+
+TEST(Deshacer, KnowsTheFileItTakesBackWhenItIsKilledThen)
+{
+    const clsAlbum album({"a.jpg"});
+    album.fCorregirTodo();
+    const clsArbol &arbol = album.arbol;
+    ASSERT_EQ(rename(arbol.fRuta("20090715_a.jpg").c_str(), arbol.fRuta("a.jpg").c_str()), 0);
+    arbol.fCrear("20090715_a.jpg", "de otro, y de otro tamano");
+    const std::string strDiario(strFicheroDiario);
+    const std::string strAntes = album.fCatalogo();
+    std::string strPlan;
+    const clsFinDeshacer fin = fDeshacer(arbol.fRaiz(), true, [&] {
+        strPlan = arbol.fLeer(strDiario);
+        return true;
+    });
+    EXPECT_EQ(fInforme(fin.lstFicheros, "deshecho"), "1 deshecho.");
+    // As it is when it was killed behind the file: the next start goes by what was planned.
+    arbol.fCrear(strCatalogoVuelta, arbol.fRuta("a.jpg") + "\r\nuna fecha\r\n 7 \n");
+    arbol.fCrear(strDiario, strPlan);
+    fTerminarCorreccion(arbol.fRaiz());
+    EXPECT_NE(album.fCatalogo().find("/a.jpg\r\n1970/01/12 "), std::string::npos);
+    EXPECT_EQ(arbol.fLeer("20090715_a.jpg"), "de otro, y de otro tamano");
+}
+
+TEST(Deshacer, TellsNamesAFileAlwaysHadFromThoseOfACorrection)
+{
+    const clsAlbum album({"a.jpg"});
+    const clsArbol &arbol = album.arbol;
+    ASSERT_EQ(link(arbol.fRuta("a.jpg").c_str(), arbol.fRuta("20090715_a.jpg").c_str()), 0);
+    const auto antes = fVer(arbol.fRuta("a.jpg"));
+    clsAnotacion anotacion{"a.jpg", "20090715_a.jpg", fechaPuesta, *antes, antes->huella};
+    anotacion.despues.lngSegundos = *fMomento(fechaPuesta);
+    ASSERT_EQ(fEscribirDiario(arbol.fRaiz(), {"Miravel.dat.20200101000000", {anotacion}}), 0);
+    const timespec lstMomentos[2] = {{0, UTIME_OMIT}, {anotacion.despues.lngSegundos, 0}};
+    ASSERT_EQ(utimensat(AT_FDCWD, arbol.fRuta("a.jpg").c_str(), lstMomentos, 0), 0);
+    fTerminarCorreccion(arbol.fRaiz()); // it was killed before the name, which could not be given
+    EXPECT_EQ(fInforme(album.fVolver().lstFicheros, "deshecho"), "1 deshecho.");
+    EXPECT_EQ(fHuella(arbol.fRuta("a.jpg"))->lngNanosegundos, 123'456'789);
+    EXPECT_EQ(arbol.fLeer("20090715_a.jpg"), "bytes de a.jpg");
+}
+
 TEST(Deshacer, WorksOnFat)
 {
     const clsOtrasLlamadas otras(fDiscoFat());
