@@ -209,6 +209,7 @@ std::shared_ptr<const clsFuente> clsVisor::fMejor()
 std::shared_ptr<const clsFuente> clsVisor::fCargar(const std::string &strRuta,
                                                    const clsEntorno &entorno)
 {
+    const auto limite = std::chrono::steady_clock::now() + plazoDePaso;
     const auto mirada = std::make_shared<std::optional<clsHuella>>();
     const auto orden = m_miradas.fPedir([strRuta] { return fHuella(strRuta); },
                                         [=, this](const std::optional<clsHuella> &huella) {
@@ -235,7 +236,7 @@ std::shared_ptr<const clsFuente> clsVisor::fCargar(const std::string &strRuta,
     auto fuente = fGuardada(fClaveEntera());
     m_bolDePaso = m_bolDePaso && !fuente;
     if (!fuente) {
-        fuente = m_bolDePaso ? fOjear() : fEsperar(entorno);
+        fuente = m_bolDePaso ? fOjear(limite) : fEsperar(entorno);
     }
     return fuente && fuente->imagen.isNull() ? m_imgNoImagen : fuente;
 }
@@ -267,9 +268,8 @@ std::shared_ptr<const clsFuente> clsVisor::fEsperar(const clsEntorno &entorno)
 
 /// What there is at once of the file that is passed by.
 /// @return nothing when there is nothing in time.
-std::shared_ptr<const clsFuente> clsVisor::fOjear()
+std::shared_ptr<const clsFuente> clsVisor::fOjear(std::chrono::steady_clock::time_point limite)
 {
-    const auto limite = std::chrono::steady_clock::now() + plazoDePaso;
     fEncargar(false);
     const std::string strClave =
         fEnteraDePaso(m_huella.lngBytes) ? fClaveEntera() : fClaveVistazo(m_strRuta, m_huella);

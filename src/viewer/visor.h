@@ -13,6 +13,7 @@
 #include <QObject>
 #include <QTimer>
 
+#include <chrono>
 #include <map>
 #include <memory>
 #include <optional>
@@ -90,7 +91,8 @@ private:
     [[nodiscard]] std::shared_ptr<const clsFuente> fCargar(const std::string &strRuta,
                                                            const clsEntorno &entorno);
     [[nodiscard]] std::shared_ptr<const clsFuente> fEsperar(const clsEntorno &entorno);
-    [[nodiscard]] std::shared_ptr<const clsFuente> fOjear();
+    [[nodiscard]] std::shared_ptr<const clsFuente>
+    fOjear(std::chrono::steady_clock::time_point limite);
     [[nodiscard]] std::shared_ptr<const clsFuente> fDescifrada();
     [[nodiscard]] std::shared_ptr<const clsFuente> fMejor();
     void fCambiar(const std::shared_ptr<const clsFuente> &fuente, bool bolEntera);

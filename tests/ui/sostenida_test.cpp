@@ -194,14 +194,14 @@ private:
         QCOMPARE(m_sesion->fLista()->currentIndex().row(), lngPos);
         QCOMPARE(m_sesion->fTexto("txtInfo1"),
                  QStringLiteral("%1 de %2").arg(lngPos + 1).arg(intFotos));
-        QTRY_COMPARE(m_sesion->fPosicion(), lngPos); // a busy machine may be late
+        QTRY_COMPARE(m_sesion->fPosicion(), lngPos);
         QCOMPARE(fEnMedio(), fDeMini(lngPos));
     }
     void fIrA(int lngPos)
     {
         m_sesion->fTecla(Qt::Key_F12);
         m_sesion->fTecla(Qt::Key_F12);
-        QCOMPARE(m_sesion->fPosicion(), 2);
+        QTRY_COMPARE(m_sesion->fPosicion(), 2); // a busy machine may be late
         for (int lngSiguiente = 3; lngSiguiente <= lngPos; ++lngSiguiente) {
             fPaso(lngSiguiente);
         }
