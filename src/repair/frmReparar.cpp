@@ -3,6 +3,7 @@
 #include "catalogue/cotejo.h"
 #include "catalogue/delegados.h"
 #include "dates/formulario_fecha.h"
+#include "repair/anchos.h"
 #include "repair/frmDesfase.h"
 #include "repair/textos_reparar.h"
 #include "shared/qhilos.h"
@@ -18,6 +19,7 @@
 #include <QLineEdit>
 #include <QPushButton>
 #include <QScreen>
+#include <QShowEvent>
 #include <QTableView>
 
 #include <algorithm>
@@ -26,17 +28,20 @@
 
 namespace {
 
-constexpr int intLadoImagen = 200; ///< of the small picture, in pixels
+constexpr int intLadoImagen = 180; ///< of the small picture, in pixels
+constexpr int intCasilla = 16;     ///< of a check box
 constexpr const char *lstVistas[] = {"todas", "con propuesta", "dudosas", "sin propuesta"};
-/// A text that fits each column.
-constexpr const char *lstMuestras[] = {"",
-                                       "IMG-20190714-WA0012.jpg",
-                                       "2009/2009-07-14 Playa",
-                                       "14/07/2009 18:03:22",
-                                       "14/07/2009 18:03:22",
-                                       "EXIF (digitalizada)",
-                                       "20190714_IMG_0012.jpg",
-                                       "El nombre dice 08/05/2008"};
+/// A text that fits each column, and one that has to where the window is narrow.
+constexpr const char *lstMuestras[][2] = {
+    {"",                                      ""                         },
+    {"IMG-20190714-WA0012.jpg",               "IMG_0012.j"               },
+    {"2009/2009-07-14 Playa",                 "07-14 Pl"                 },
+    {"14/07/2009 18:03:22",                   "14/07/2009 18:03:22"      },
+    {"14/07/2009 18:03:22",                   "14/07/2009 18:03:22"      },
+    {"EXIF (digitalizada)",                   "EXIF (t"                  },
+    {"20190714_IMG_0012.jpg",                 "20190714"                 },
+    {"Ya hay un archivo con el nombre nuevo", "El nombre dice 08/05/2008"}
+};
 static_assert(std::size(lstMuestras) == intColumnasReparacion);
 
 } // namespace
@@ -146,18 +151,34 @@ QWidget *frmReparar::fCrearTabla()
     titulos->setStretchLastSection(true);
     titulos->setSortIndicator(-1, Qt::AscendingOrder); // as the list is
     titulos->setSortIndicatorShown(true);
-    for (int intColumna = 0; intColumna < intColumnasReparacion; ++intColumna) {
-        const int intTexto =
-            fontMetrics().horizontalAdvance(QString::fromUtf8(lstMuestras[intColumna]));
-        m_tblReparar->setColumnWidth(intColumna, intTexto + 2 * fontMetrics().averageCharWidth() +
-                                                     (intColumna == 0 ? 16 : 0));
-    }
     connect(titulos, &QHeaderView::sectionClicked, this, &frmReparar::fOrdenar);
     connect(&m_modelo, &clsModeloReparacion::fMarcaCambiada, this, &frmReparar::fMostrarPie);
     connect(m_tblReparar->selectionModel(), &QItemSelectionModel::currentRowChanged, this,
             &frmReparar::fMostrarActual);
     m_tblReparar->installEventFilter(this);
     return m_tblReparar;
+}
+
+/// Shares the room out among the columns, so that remarks can be read in small windows, too.
+void frmReparar::showEvent(QShowEvent *evento)
+{
+    QDialog::showEvent(evento);
+    if (evento->spontaneous()) {
+        return; // it was put away for a while
+    }
+    std::vector<clsAncho> lstAnchos;
+    for (const auto &[strIdeal, strMinimo] : lstMuestras) {
+        const int intMargen =
+            2 * fontMetrics().averageCharWidth() + (lstAnchos.empty() ? intCasilla : 0);
+        const auto fAncho = [&](const char *strTexto) {
+            return fontMetrics().horizontalAdvance(QString::fromUtf8(strTexto)) + intMargen;
+        };
+        lstAnchos.push_back({fAncho(strIdeal), fAncho(strMinimo)});
+    }
+    int intColumna = 0;
+    for (const int intAncho : fAnchos(lstAnchos, m_tblReparar->viewport()->width())) {
+        m_tblReparar->setColumnWidth(intColumna++, intAncho);
+    }
 }
 
 QLayout *frmReparar::fCrearDetalle()

@@ -76,6 +76,7 @@ private:
     void fMostrarPie();
     void fMostrarFuentes();
     void fMostrarActual();
+    void showEvent(QShowEvent *evento) override;
     bool eventFilter(QObject *objeto, QEvent *evento) override;
 
     clsTablaReparacion m_tabla;
