@@ -103,7 +103,7 @@ clsAlmacen<clsDiapositiva>::clsPieza frmPresentacion::fPieza(std::size_t lngLuga
             fuente.imagen = fFotograma(pedido.strRuta, *huella, intLadoVideo, anulado);
             fuente.natural = fuente.imagen.size();
         }
-        hecho.valor.fuente = std::make_shared<const clsFuente>(std::move(fuente));
+        hecho.valor.fuente = fCompartida(std::move(fuente));
         return hecho;
     };
 }

@@ -1,5 +1,6 @@
 #include "viewer/fuente.h"
 
+#include "shared/hilos.h"
 #include "sistema/archivo.h"
 #include "viewer/colores.h"
 #include "viewer/decodificador.h"
@@ -10,6 +11,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 namespace {
 
@@ -34,6 +36,20 @@ std::unique_ptr<clsTinte> fTinteParaZoom(QImage &imagen)
         tinte->fTenir(imagen, medio);
     }
     return tinte;
+}
+
+/// Ends a picture that nobody has any more; on any thread.
+void fSoltar(const clsFuente *fuente)
+{
+    constexpr qint64 lngGrande = qint64{16} << 20;
+    std::shared_ptr<const clsFuente> suya(fuente);
+    if (suya->imagen.sizeInBytes() > lngGrande) {
+        // Threads may outlive the end of main().
+        static auto *const hilos = new clsHilos({.intHilos = 1, .intMaximo = 1});
+        while (hilos->fAtender()) {
+        }
+        hilos->fPedir([suya = std::move(suya)] { return suya == nullptr; }, [](bool) {});
+    }
 }
 
 } // namespace
@@ -99,6 +115,11 @@ clsFuente fDecodificar(const clsPedido &pedido, const std::atomic<bool> &bolAnul
     }
     auto tinte = pedido.intZoom != 0 ? fTinteParaZoom(imagen) : nullptr;
     return {fParaPantalla(std::move(imagen)), bolGirada ? tam.transposed() : tam, std::move(tinte)};
+}
+
+std::shared_ptr<const clsFuente> fCompartida(clsFuente fuente)
+{
+    return {new clsFuente(std::move(fuente)), fSoltar};
 }
 
 clsFuente fNoImagen()

@@ -30,7 +30,7 @@ protected:
 
 private:
     [[nodiscard]] clsTam fRecuadro() const;
-    [[nodiscard]] bool fTenir(QPainter &pintor, QSizeF tam, QRect visible) const;
+    void fPintar(QPainter &pintor, QRect visible) const;
     void fAplicar();
     void fTerminarArrastre();
 

@@ -28,7 +28,7 @@ constexpr qint64 lngMaximoFotos = qint64{256} << 20;
 clsAlmacen<clsFoto>::clsPieza fPieza(const clsPedido &pedido)
 {
     return [pedido](const clsAnulado &anulado) {
-        clsFoto foto{std::make_shared<const clsFuente>(fDecodificar(pedido, anulado))};
+        clsFoto foto{fCompartida(fDecodificar(pedido, anulado))};
         // None because of a small limit says nothing about a larger one.
         const bool bolVale = !pedido.bolVecina || !foto.fuente->imagen.isNull();
         return clsAlmacen<clsFoto>::clsHecho{std::move(foto), bolVale};

@@ -1,8 +1,6 @@
 // The one picture: fit and zoom, sharpness, orientation, dragging, its menu.
 #include "sesion.h"
 
-#include "viewer/fuente.h"
-
 #include <QMenu>
 
 #include <algorithm>
@@ -248,29 +246,6 @@ private slots:
         }
     }
 
-    void fAHundredMegapixelsFit()
-    {
-        QImage enorme(10000, 10000, QImage::Format_Grayscale8);
-        enorme.fill(0x60);
-        clsSesion sesion({{"a.jpg", m_strCuartos}, {"b.jpg", fJpeg(enorme)}});
-        enorme = {};
-        QVERIFY(sesion.fAbrir());
-        sesion.fTecla(Qt::Key_J);
-        sesion.fTecla(Qt::Key_F12);
-        QTRY_COMPARE_WITH_TIMEOUT(sesion.fPosicion(), 1, 30000);
-        const QSize recuadro = sesion.fControl("frmRecuadro")->size();
-        const int intLado = std::min(recuadro.width(), recuadro.height());
-        QCOMPARE(sesion.fControl("imgFoto")->size(), QSize(intLado, intLado));
-        const QImage imagen = sesion.fRecuadro();
-        QVERIFY(fParecidos(imagen.pixelColor(imagen.rect().center()), QColor(0x60, 0x60, 0x60)));
-        sesion.fElegirEntrada("mnuFotoValor0");
-        const double dblRazon = sesion.ventana->devicePixelRatioF();
-        QCOMPARE(sesion.fControl("imgFoto")->width(), static_cast<int>(40000 / dblRazon));
-        const QImage ampliada = sesion.fRecuadro();
-        QVERIFY(
-            fParecidos(ampliada.pixelColor(ampliada.rect().center()), QColor(0x60, 0x60, 0x60)));
-    }
-
     void fDraggingMovesInSteps()
     {
         struct {
@@ -345,18 +320,6 @@ private slots:
             QVERIFY(!menu->isVisible());
         }
         QCOMPARE(sesion.fTamFoto(), QSize(160, 100));
-    }
-
-    void fALargeNeighbourIsNotDecodedSmallerThanItIsShown()
-    {
-        const QSize tam(7000, 5000); // 140 MB of pixels
-        clsPedido pedido{"", {}, 100, lngMaximoFoto, false};
-        QCOMPARE(fOctavos(tam, pedido), 8);
-        pedido.lngMaximo = lngMaximoVecina;
-        pedido.bolVecina = true;
-        QCOMPARE(fOctavos(tam, pedido), 0);
-        pedido.intZoom = 50;
-        QCOMPARE(fOctavos(tam, pedido), 4);
     }
 
 private:
