@@ -2,6 +2,7 @@
 
 #include "shared/hilos.h"
 #include "sistema/archivo.h"
+#include "sistema/memoria.h"
 #include "viewer/colores.h"
 #include "viewer/decodificador.h"
 #include "viewer/imagenes.h"
@@ -11,6 +12,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <span>
 #include <utility>
 
 namespace {
@@ -38,6 +40,18 @@ std::unique_ptr<clsTinte> fTinteParaZoom(QImage &imagen)
     return tinte;
 }
 
+/// Gives the memory of pixels back that nobody else has.
+/// @return whether there were some.
+bool fDevolver(QImage &imagen)
+{
+    const bool bolSuyos = imagen.isDetached();
+    if (bolSuyos) {
+        fDesocupar(std::as_writable_bytes(
+            std::span(imagen.bits(), static_cast<std::size_t>(imagen.sizeInBytes()))));
+    }
+    return bolSuyos;
+}
+
 /// Ends a picture that nobody has any more; on any thread.
 void fSoltar(const clsFuente *fuente)
 {
@@ -48,7 +62,7 @@ void fSoltar(const clsFuente *fuente)
         static auto *const hilos = new clsHilos({.intHilos = 1, .intMaximo = 1});
         while (hilos->fAtender()) {
         }
-        hilos->fPedir([suya = std::move(suya)] { return suya == nullptr; }, [](bool) {});
+        hilos->fPedir([suya = std::move(suya)] { return fDevolver(suya->imagen); }, [](bool) {});
     }
 }
 
