@@ -87,9 +87,9 @@ int fComparar(const std::vector<clsPrueba> &lstPruebas, int intVueltas)
     return 0;
 }
 
-long fMemoria(const char *strLinea)
+long fMemoria(const char *strLinea, const std::string &strProceso)
 {
-    std::ifstream archivo("/proc/self/status");
+    std::ifstream archivo("/proc/" + strProceso + "/status");
     const std::string strInicio = std::string(strLinea) + ':';
     for (std::string strTexto; std::getline(archivo, strTexto);) {
         if (strTexto.starts_with(strInicio)) {

@@ -24,4 +24,5 @@ using clsRutas = std::vector<std::string>;
 [[nodiscard]] clsRutas fRutas(const char *strCarpeta);
 
 /// Kilobytes of a line of /proc/self/status, such as "VmRSS"; -1 when there is none.
-[[nodiscard]] long fMemoria(const char *strLinea);
+/// @param strProceso another process' number.
+[[nodiscard]] long fMemoria(const char *strLinea, const std::string &strProceso = "self");
