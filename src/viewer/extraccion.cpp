@@ -70,14 +70,17 @@ clsMiniatura fMiniaturaExif(clsLector &lector, const clsCabeceraJpeg &cabecera, 
 }
 
 /// A thumbnail of a photo that is not for this program to decode.
-QImage fMiniaturaAjena(const clsAbierto &foto, const std::string &strRuta, int intLado,
-                       const std::atomic<bool> &bolAnulado)
+clsMiniatura fMiniaturaAjena(const clsAbierto &foto, const std::string &strRuta, int intLado,
+                             const std::atomic<bool> &bolAnulado)
 {
     clsPedido pedido;
     pedido.strRuta = strRuta;
     pedido.recuadro = QSize(intLado, intLado);
     pedido.lngMaximo = qint64{intLado} * intLado * 4;
-    return fDecodificarAjena(foto, pedido, bolAnulado).imagen;
+    bool bolPasajero = false;
+    QImage imagen = fDecodificarAjena(foto, pedido, bolAnulado, &bolPasajero).imagen;
+    const bool bolHay = !imagen.isNull();
+    return {bolHay ? Extraccion::Hecha : Extraccion::SinImagen, std::move(imagen), !bolPasajero};
 }
 
 } // namespace
@@ -138,9 +141,7 @@ clsMiniatura fDecodificarMini(const std::string &strRuta, int intLado,
         return {fSinAbrir(abierto.fError()), {}};
     }
     if (fAjena(*abierto, strRuta)) {
-        QImage ajena = fMiniaturaAjena(*abierto, strRuta, intLado, bolAnulado);
-        const bool bolHay = !ajena.isNull();
-        return {bolHay ? Extraccion::Hecha : Extraccion::SinImagen, std::move(ajena)};
+        return fMiniaturaAjena(*abierto, strRuta, intLado, bolAnulado);
     }
     clsDecodificador decodificador(*abierto, bolAnulado);
     const QSize tam = decodificador.fTam();

@@ -22,7 +22,8 @@ enum class Extraccion {
 struct clsMiniatura {
     Extraccion extraccion = Extraccion::SinImagen;
     QImage imagen; ///< upright, no larger than the box, with one pixel per device pixel
-    /// false: enlarged from fewer pixels than the box can show, until there are sharper ones
+    /// false: enlarged from fewer pixels than the box can show, until there are sharper ones;
+    /// without an image: there may be one another time
     bool bolFina = true;
 };
 

@@ -42,6 +42,12 @@ Fin fEsperar(Esperar fCanal, const clsDescriptor &canal,
 
 } // namespace
 
+bool fPasajero(Fin fin)
+{
+    return fin == Fin::NoSeLee || fin == Fin::Tarde || fin == Fin::Roto || fin == Fin::NoArranca ||
+           fin == Fin::Anulado;
+}
+
 clsProgramaHijo::clsProgramaHijo(std::string strPrograma, std::chrono::milliseconds plazo)
     : m_strPrograma(std::move(strPrograma)), m_plazo(plazo)
 {
@@ -97,7 +103,8 @@ clsCuadroHijo clsProgramaHijo::fPreguntar(const clsAbierto &archivo, const clsPr
     cuadro = fIntentar(archivo, pregunta, {limite, bolAnulado});
     // Its failure over an older request says nothing about this file; neither does the death of a
     // child that served before: it may have died of old age.
-    const bool bolPorVieja = bolDebia && (cuadro.fin == Fin::Tarde || cuadro.fin == Fin::Roto);
+    const bool bolPorVieja = bolDebia && (cuadro.fin == Fin::Tarde || cuadro.fin == Fin::Agotado ||
+                                          cuadro.fin == Fin::Roto);
     if (bolPorVieja) {
         return fIntentar(archivo, pregunta, {clsReloj::now() + m_plazo, bolAnulado});
     }
@@ -230,7 +237,7 @@ void clsProgramaHijo::fDerribar(Fin &fin)
     // The channel closes a moment before the end can be seen.
     for (int intVez = 0; intVez < 50 && fin == Fin::Roto; ++intVez) {
         if (const auto codigo = m_proceso.fFin()) {
-            fin = *codigo == intTarde                        ? Fin::Tarde
+            fin = *codigo == intTarde                        ? Fin::Agotado
                   : *codigo == intNoArranca && m_bolRecien   ? Fin::NoArranca
                   : *codigo == intSinEncierro && m_bolRecien ? Fin::SinEncierro
                                                              : fin;

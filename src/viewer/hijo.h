@@ -17,6 +17,7 @@ struct clsCuadroHijo {
         SinImagen,   ///< no image comes out of this file
         NoSeLee,     ///< the file could not be opened, or is none
         Tarde,       ///< no answer within the time limit
+        Agotado,     ///< the child gave the file up: it takes too much of the processors
         Roto,        ///< the child died or answered nonsense
         NoArranca,   ///< the child program is missing or cannot run
         SinEncierro, ///< this system cannot lock it in, so it decodes nothing
@@ -28,6 +29,9 @@ struct clsCuadroHijo {
     std::vector<std::uint32_t> lstPuntos; ///< 0xffRRGGBB, row by row
     clsMedidaHijo natural{};              ///< of a picture
 };
+
+/// Whether the same request may end otherwise another time: a disk wakes up, memory is free again.
+[[nodiscard]] bool fPasajero(clsCuadroHijo::Fin fin);
 
 /// One of our child programs: started at the first request, kept for the next, killed when it
 /// hangs, dies or answers nonsense. For one thread at a time.

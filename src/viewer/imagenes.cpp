@@ -46,7 +46,7 @@ bool fAjena(const clsAbierto &foto, const std::string &strRuta)
 }
 
 clsFuente fDecodificarAjena(const clsAbierto &foto, const clsPedido &pedido,
-                            const std::atomic<bool> &bolAnulado)
+                            const std::atomic<bool> &bolAnulado, bool *bolPasajero)
 {
     const clsHijos::clsTurno hijo = fHijosImagen().fTomar(bolAnulado);
     if (hijo == nullptr) {
@@ -55,6 +55,9 @@ clsFuente fDecodificarAjena(const clsAbierto &foto, const clsPedido &pedido,
     clsCuadroHijo cuadro = hijo->fPedirImagen(
         foto, fEsCruda(pedido.strRuta) ? PeticionHijo::Cruda : PeticionHijo::Imagen, fMarco(pedido),
         bolAnulado);
+    if (bolPasajero != nullptr) {
+        *bolPasajero = fPasajero(cuadro.fin);
+    }
     if (cuadro.fin != clsCuadroHijo::Fin::Imagen) {
         return {};
     }

@@ -13,5 +13,7 @@
 /// and 40 ms for each megabyte of the file. Safe on several threads; a call waits as long as all
 /// children are at work. Null also where there is no child program, or it cannot lock itself in.
 /// @param pedido what for; at zoom 0 the picture fits into the frame and is never enlarged.
+/// @param bolPasajero set to whether there may be one another time.
 [[nodiscard]] clsFuente fDecodificarAjena(const clsAbierto &foto, const clsPedido &pedido,
-                                          const std::atomic<bool> &bolAnulado);
+                                          const std::atomic<bool> &bolAnulado,
+                                          bool *bolPasajero = nullptr);

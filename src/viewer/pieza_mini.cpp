@@ -83,9 +83,10 @@ clsHecho fHacerFoto(const clsHallazgo &suyo, const clsMiniatura &otra,
         clsMiniatura fina = fDescifrar(suyo, cache.get(), anulado);
         const bool bolNinguna = fina.extraccion == Extraccion::SinImagen;
         if (bolNinguna && vista.extraccion == Extraccion::Hecha) {
-            fina = {vista.extraccion, vista.imagen}; // nothing sharper will come
+            fina = {vista.extraccion, vista.imagen, fina.bolFina}; // nothing sharper comes now
         }
-        return fHecho(fina, suyo, fina.extraccion == Extraccion::Hecha || bolNinguna);
+        const bool bolFirme = bolNinguna && fina.bolFina;
+        return fHecho(fina, suyo, fina.extraccion == Extraccion::Hecha || bolFirme);
     });
 }
 

@@ -3,6 +3,8 @@
 
 #include "soporte/arbol.h"
 #include "viewer/extraccion.h"
+#include "viewer/hijo.h"
+#include "viewer/pieza_mini.h"
 
 #include <QBuffer>
 #include <QColorSpace>
@@ -11,11 +13,16 @@
 
 #include <algorithm>
 #include <array>
+#include <chrono>
+#include <csignal>
 #include <cstdlib>
+#include <filesystem>
 #include <fstream>
+#include <future>
 #include <gtest/gtest.h>
 #include <iterator>
 #include <set>
+#include <sys/stat.h>
 
 namespace {
 
@@ -227,6 +234,64 @@ TEST(Imagenes, ThatAreNoneLeaveTheNextOneAlone)
               Extraccion::SinImagen);
     arbol.fCrear("dibujo.png", "<svg xmlns='http://www.w3.org/2000/svg' width='4' height='4'/>");
     EXPECT_TRUE(fNatural(arbol.fRuta("dibujo.png")).imagen.isNull());
+}
+
+/// Kills the children of this program.
+void fMatarHijos()
+{
+    for (const auto &hilo : std::filesystem::directory_iterator("/proc/self/task")) {
+        std::ifstream hijos(hilo.path() / "children");
+        for (pid_t pid = 0; hijos >> pid;) {
+            kill(pid, SIGKILL);
+        }
+    }
+}
+
+TEST(Imagenes, AreTriedAgainOnlyWhereTheirFileIsNotToBlame)
+{
+    const clsArbol arbol;
+    arbol.fCrear("grande.png", fEscrita(fCuatro({6000, 4000}), "png"));
+    arbol.fCrear("rota.png", fEscrita(fCuatro({60, 40}), "png").substr(0, 60));
+    const auto fMini = [&](const char *strNombre) {
+        return fPiezaMini(arbol.fRuta(strNombre), 133, {}, {})(bolSinAnular).fSigue(bolSinAnular);
+    };
+    EXPECT_TRUE(fMini("rota.png").bolGuardar);
+    auto hecho = std::async(std::launch::async, [&] { return fMini("grande.png"); });
+    while (hecho.wait_for(std::chrono::milliseconds(1)) != std::future_status::ready) {
+        fMatarHijos(); // as a system does that has no memory left
+    }
+    const auto matada = hecho.get();
+    EXPECT_EQ(matada.valor.miniatura.extraccion, Extraccion::SinImagen);
+    EXPECT_FALSE(matada.bolGuardar);
+    EXPECT_EQ(fMini("grande.png").valor.miniatura.extraccion, Extraccion::Hecha);
+}
+
+TEST(Imagenes, HaveAReasonToBeMissing)
+{
+    using Fin = clsCuadroHijo::Fin;
+    const struct {
+        const char *strHace;
+        Fin fin;
+        bool bolPasajero;
+    } lstCasos[] = {
+        {"exit 124", Fin::Agotado, false},  {"exit 125", Fin::SinEncierro, false},
+        {"exit 127", Fin::NoArranca, true}, {"exit 1", Fin::Roto, true},
+        {"kill -9 $$", Fin::Roto, true},    {"exec sleep 60", Fin::Tarde, true},
+    };
+    const clsArbol arbol;
+    arbol.fCrear("foto");
+    const auto foto = fAbrirRegular(arbol.fRuta("foto"));
+    ASSERT_TRUE(foto);
+    for (const auto &caso : lstCasos) {
+        arbol.fCrear("hijo", std::string("#!/bin/sh\n") + caso.strHace + '\n');
+        chmod(arbol.fRuta("hijo").c_str(), S_IRWXU);
+        clsProgramaHijo hijo(arbol.fRuta("hijo"),
+                             std::chrono::milliseconds(caso.fin == Fin::Tarde ? 100 : 20000));
+        const Fin fin =
+            hijo.fPedirImagen(*foto, PeticionHijo::Imagen, marcoMayor, bolSinAnular).fin;
+        EXPECT_EQ(fin, caso.fin) << caso.strHace;
+        EXPECT_EQ(fPasajero(fin), caso.bolPasajero) << caso.strHace;
+    }
 }
 
 /// The libraries that are loaded into this program.
