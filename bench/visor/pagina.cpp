@@ -29,9 +29,9 @@
 namespace {
 
 /// Notes when cells have been painted.
-class clsVigia : public QObject {
+class clsRelojPagina : public QObject {
 public:
-    clsVigia() { m_reloj.start(); }
+    clsRelojPagina() { m_reloj.start(); }
     void fEmpezar()
     {
         m_reloj.start();
@@ -143,7 +143,7 @@ int main(int intArgumentos, char **lstArgumentos)
     otra.setMinimumSize(otra.screen()->availableSize());
     otra.fIniciar();
     fDescansar(intReposo);
-    clsVigia vigia;
+    clsRelojPagina vigia;
     qApp->installEventFilter(&vigia);
     auto *const otraLista = otra.findChild<QTableView *>(QStringLiteral("lstFotos"));
     vigia.fEmpezar();
