@@ -178,6 +178,8 @@ std::optional<clsDiario> fLeerDiario(const std::string &strRaiz, std::string_vie
     }
     clsRegistros registros(fBytesDe(archivo->descriptor));
     clsDiario diario;
+    constexpr std::int64_t lngCorta = 100; // bytes of a file; the paths can be shorter
+    diario.lstAnotaciones.reserve(static_cast<std::size_t>(archivo->huella.lngBytes / lngCorta));
     const clsRegistro *registro = registros.fSiguiente();
     for (; registro != nullptr && registro->lngLineas == 3; registro = registros.fSiguiente()) {
         auto anotacion = fAnotacion(*registro);
